@@ -1,0 +1,19 @@
+# Everything that all targets share: language level, warnings, sanitizers.
+set(VISTRUM_SANITIZE "" CACHE STRING "Value of -fsanitize, such as address,undefined")
+option(VISTRUM_FUZZ "Build the fuzzing targets (clang only)" OFF)
+
+add_library(project_options INTERFACE)
+target_compile_features(project_options INTERFACE cxx_std_20)
+target_include_directories(project_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_definitions(project_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+# Contracted multiply-add would make the last bit of a result depend on the processor.
+target_compile_options(project_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
+  -ffp-contract=off)
+
+if(VISTRUM_SANITIZE)
+  target_compile_options(project_options INTERFACE
+    -fsanitize=${VISTRUM_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(project_options INTERFACE -fsanitize=${VISTRUM_SANITIZE})
+endif()

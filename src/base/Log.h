@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+/// The program's log file: plain lines without time stamp or level.
+///
+/// Several instances may write to one file, since each line is opened, appended and closed: what was logged survives a
+/// crash. A file that cannot be written loses the line silently. Receivers of a `Log *` may be given null: no log.
+class Log {
+public:
+    explicit Log(QString fileName = QStringLiteral("./Vistrum2013.log"));
+
+    /// Leaves an empty file, so that each run of the program starts a log of its own.
+    void clear() const;
+
+    /// Appends the text and a line end.
+    void write(const QString &text) const;
+
+    /// Appends several lines in one opening, for callers that have many at once.
+    void write(const QStringList &lines) const;
+
+private:
+    QString m_fileName;
+};

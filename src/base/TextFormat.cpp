@@ -1,0 +1,50 @@
+#include "base/TextFormat.h"
+
+#include <QTime>
+
+#include <cmath>
+#include <limits>
+
+namespace text {
+
+namespace {
+
+QString number(double value, char format, int precision)
+{
+    const double unsignedZero = value == 0.0 ? 0.0 : value;
+    return QString::number(unsignedZero, format, precision);
+}
+
+} // namespace
+
+QString general6(double value)
+{
+    return number(value, 'g', 6);
+}
+
+QString fixed(double value, int decimals)
+{
+    return number(value, 'f', decimals);
+}
+
+QString decimalComma(QString number)
+{
+    return number.replace(u'.', u',');
+}
+
+QString clockTime(qint64 timeMs, const QString &format)
+{
+    constexpr qint64 dayMs = 24 * 60 * 60 * 1000;
+    return QTime(0, 0, 0).addMSecs(static_cast<int>(timeMs % dayMs)).toString(format);
+}
+
+int truncated(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    constexpr double lowest = std::numeric_limits<int>::min();
+    constexpr double highest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(value, lowest, highest));
+}
+
+} // namespace text

@@ -1,0 +1,7 @@
+#include "commands/CommandStack.h"
+
+CommandStack &CommandStack::instance()
+{
+    static CommandStack stack;
+    return stack;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QList>
+
+struct Examination;
+
+/// What commands and panels need of the main window, so that none of them includes the application.
+class IMainWindow {
+public:
+    virtual ~IMainWindow() = default;
+
+    /// Adds the row of a new examination to the table and rebuilds what lists images and properties.
+    virtual void addTableRow(const Examination &examination) = 0;
+
+    /// Removes the table rows of the examinations with these numbers: for each row from the top, the numbers are
+    /// compared in order, and a match removes the row at this place before the next number is tried.
+    virtual void removeTableRows(const QList<int> &numbers) = 0;
+
+    /// An examination was imported: the plain background is drawn anew if it is the one shown.
+    virtual void refreshPlainBackground() = 0;
+
+    /// Width of the picture that is shown behind the drawing, in pixels.
+    virtual int stimulusWidthPx() const = 0;
+
+    virtual void redraw() = 0;
+};

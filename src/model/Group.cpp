@@ -1,0 +1,39 @@
+#include "model/Group.h"
+
+#include <QPalette>
+
+Group::Group(QString name_, const ColorTable &colors) : name(std::move(name_))
+{
+    static constexpr struct {
+        const char *entry;
+        const char *key;
+    } kinds[] = {
+        {"gazepoints", "GazepointVisualization"},
+        {"fixations", "FixationVisualization"},
+        {"fixationClusters", "FixationclusterVisualization"},
+        {"saccades", "SaccadeVisualization"},
+    };
+    for (const auto &kind : kinds) {
+        const QString entry = QString::fromLatin1(kind.entry);
+        const QString key = QString::fromLatin1(kind.key);
+        colorsDominant[key] = colors.value(entry + QStringLiteral("Dominant"));
+        colorsLeft[key] = colors.value(entry + QStringLiteral("Left"));
+        colorsRight[key] = colors.value(entry + QStringLiteral("Right"));
+    }
+}
+
+QColor shaded(const QColor &fill, Group::Shade shade)
+{
+    if (!fill.isValid())
+        return {};
+    const QPalette palette(fill);
+    switch (shade) {
+    case Group::Shade::Light:
+        return palette.light().color();
+    case Group::Shade::Midlight:
+        return palette.midlight().color();
+    case Group::Shade::Dark:
+        break;
+    }
+    return palette.dark().color();
+}

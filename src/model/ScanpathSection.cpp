@@ -1,0 +1,130 @@
+#include "model/ScanpathSection.h"
+
+#include "base/Log.h"
+#include "base/TextFormat.h"
+
+#include <opencv2/core.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using text::truncated;
+
+constexpr qsizetype fewestSamplesForAxes = 4;
+
+QVector2D scaledAxis(const cv::PCA &pca, int row)
+{
+    const double length = std::sqrt(std::max(0.0, pca.eigenvalues.at<double>(row)));
+    return {static_cast<float>(pca.eigenvectors.at<double>(row, 0) * length),
+            static_cast<float>(pca.eigenvectors.at<double>(row, 1) * length)};
+}
+
+/// The middle of the sequence in time. Downstream results are defined by it, so it must not become a sorted median.
+QPoint middleInTime(const QList<GazePoint> &samples)
+{
+    const qsizetype middle = samples.size() / 2;
+    const GazePoint &upper = samples[middle];
+    if (samples.size() % 2 == 1)
+        return {truncated(upper.x), truncated(upper.y)};
+    const GazePoint &lower = samples[middle - 1];
+    return {truncated((upper.x + lower.x) / 2), truncated((upper.y + lower.y) / 2)};
+}
+
+QPoint varianceAbout(QPoint center, const QList<GazePoint> &samples)
+{
+    double sumX = 0;
+    double sumY = 0;
+    for (const GazePoint &sample : samples) {
+        sumX += (sample.x - center.x()) * (sample.x - center.x());
+        sumY += (sample.y - center.y()) * (sample.y - center.y());
+    }
+    const auto count = static_cast<double>(samples.size());
+    return {truncated(sumX / count), truncated(sumY / count)};
+}
+
+QPoint centroidOf(const QList<GazePoint> &samples)
+{
+    double sumX = 0;
+    double sumY = 0;
+    for (const GazePoint &sample : samples) {
+        sumX += sample.x;
+        sumY += sample.y;
+    }
+    const auto count = static_cast<double>(samples.size());
+    return {truncated(sumX / count), truncated(sumY / count)};
+}
+
+void sortByTime(QList<GazePoint> &samples)
+{
+    const auto earlier = [](const GazePoint &a, const GazePoint &b) { return a.time < b.time; };
+    if (!std::is_sorted(samples.cbegin(), samples.cend(), earlier))
+        std::stable_sort(samples.begin(), samples.end(), earlier);
+}
+
+} // namespace
+
+PrincipalAxes principalAxes(const QList<GazePoint> &samples)
+{
+    if (samples.size() < fewestSamplesForAxes)
+        return {};
+    cv::Mat positions(static_cast<int>(samples.size()), 2, CV_64F);
+    auto *cell = positions.ptr<double>();
+    for (const GazePoint &sample : samples) {
+        *cell++ = sample.x;
+        *cell++ = sample.y;
+    }
+    const cv::PCA pca(positions, cv::noArray(), cv::PCA::DATA_AS_ROW, 2);
+    return {scaledAxis(pca, 0), scaledAxis(pca, 1)};
+}
+
+int ScanpathSection::duration() const
+{
+    return samples.isEmpty() ? 0 : static_cast<int>(samples.last().time - samples.first().time);
+}
+
+void ScanpathSection::extend(const QList<GazePoint> &further)
+{
+    samples.append(further);
+    sortByTime(samples);
+}
+
+Fixation::Fixation(QList<GazePoint> samples_, const QString &type_, QPoint centroid, int number_)
+{
+    samples = std::move(samples_);
+    mean = centroid;
+    type = type_;
+    number = number_;
+    if (samples.isEmpty()) {
+        qWarning("WARNING: Fixation of size zero constructed!");
+        return;
+    }
+    median = middleInTime(samples);
+    variance = varianceAbout(mean, samples); // about the centroid as given, even where it is replaced below
+    if (mean.isNull())
+        mean = centroidOf(samples);
+    const PrincipalAxes axes = principalAxes(samples);
+    majorAxis = axes.major;
+    minorAxis = axes.minor;
+}
+
+Saccade::Saccade(QList<GazePoint> samples_, const QString &type_, int number_, const Log *log)
+{
+    samples = std::move(samples_);
+    type = type_;
+    number = number_;
+    if (samples.isEmpty() && log)
+        log->write(QStringLiteral("Error: Saccade of size zero constructed!"));
+    sortByTime(samples);
+    timeSorted = true;
+}
+
+Invalid::Invalid(QList<GazePoint> samples_, const QString &type_, int number_, const Log *log)
+{
+    samples = std::move(samples_);
+    type = type_;
+    number = number_;
+    if (samples.isEmpty() && log)
+        log->write(QStringLiteral("Error: Invalid of size zero constructed!"));
+}

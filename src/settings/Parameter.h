@@ -1,0 +1,88 @@
+#pragma once
+
+#include "settings/SettingsStore.h"
+
+#include <QColor>
+#include <QLatin1StringView>
+#include <QString>
+
+#include <tuple>
+#include <type_traits>
+
+/// One parameter, declared once: this row is the only place that knows its key, its value at construction and its
+/// texts. Records are plain structs; loading, storing, the undo command and the tests run over the rows.
+template <class R, class T>
+struct Parameter {
+    using Record = R;
+    using Value = T;
+
+    T R::*member;
+    QLatin1StringView key;       ///< settings key; a leading '/' makes it a suffix of the record's settingsPath
+    T initial;                   ///< value at construction, before the store is read
+    QLatin1StringView text{};    ///< undo view; "%1" is the new value; empty where no command exists
+    QLatin1StringView command{}; ///< class name of the command, as the log shows it
+};
+
+template <class R, class T>
+Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView, QLatin1StringView) -> Parameter<R, T>;
+template <class R, class T>
+Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>) -> Parameter<R, T>;
+
+/// The key under which the value of this record stands in the store.
+template <class Row>
+QString storedKey(const typename Row::Record &record, const Row &row)
+{
+    if constexpr (requires { record.settingsPath; }) {
+        if (row.key.startsWith(u'/'))
+            return record.settingsPath + row.key;
+    }
+    return row.key;
+}
+
+/// How a value stands in the store and in log lines: colours as their names, numbers and flags in Qt's own form.
+template <class T>
+QVariant toStored(const T &value)
+{
+    if constexpr (std::is_same_v<T, QColor>)
+        return value.name();
+    else
+        return QVariant::fromValue(value);
+}
+
+/// The typed reading of a stored value. What is missing or has no such form reads as 0, false, an empty text or an
+/// invalid colour.
+template <class T>
+T fromStored(const QVariant &stored)
+{
+    if constexpr (std::is_same_v<T, QColor>)
+        return QColor(stored.toString());
+    else
+        return stored.value<T>();
+}
+
+/// Sets the value in the record and in the store, at once: the store always holds the current value.
+template <class Row>
+void setParameter(typename Row::Record &record, const Row &row, const typename Row::Value &value)
+{
+    record.*row.member = value;
+    SettingsStore().setValue(storedKey(record, row), toStored(value));
+}
+
+/// Gives every member of the rows its value at construction.
+template <class Record, class... Rows>
+void setInitialValues(Record &record, const std::tuple<Rows...> &rows)
+{
+    std::apply([&](const auto &...row) { ((record.*row.member = row.initial), ...); }, rows);
+}
+
+/// Reads every member of the rows from the store.
+template <class Record, class... Rows>
+void loadParameters(Record &record, const std::tuple<Rows...> &rows)
+{
+    const SettingsStore store;
+    const auto load = [&](const auto &row) {
+        using Value = typename std::remove_cvref_t<decltype(row)>::Value;
+        record.*row.member = fromStored<Value>(store.value(storedKey(record, row)));
+    };
+    std::apply([&](const auto &...row) { (load(row), ...); }, rows);
+}

@@ -1,0 +1,99 @@
+#include "base/TextDecoding.h"
+#include "base/TextFormat.h"
+
+#include <QTest>
+
+#include <limits>
+
+class TestTextFormat : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void general6_data();
+    void general6();
+    void truncated_data();
+    void truncated();
+    void clockTime_data();
+    void clockTime();
+    void decodesUtf8AndOtherwiseLatin1_data();
+    void decodesUtf8AndOtherwiseLatin1();
+};
+
+void TestTextFormat::general6_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("plain") << 10.75 << QStringLiteral("10.75");
+    QTest::newRow("a tie goes away from zero") << 100000.5 << QStringLiteral("100001");
+    QTest::newRow("a million takes the exponent form") << 1e6 << QStringLiteral("1e+06");
+    QTest::newRow("just below stays plain") << 999999.0 << QStringLiteral("999999");
+    QTest::newRow("zero has no sign") << -0.0 << QStringLiteral("0");
+    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << QStringLiteral("nan");
+    QTest::newRow("infinity") << std::numeric_limits<double>::infinity() << QStringLiteral("inf");
+}
+
+void TestTextFormat::general6()
+{
+    QFETCH(double, value);
+    QTEST(text::general6(value), "expected");
+}
+
+void TestTextFormat::truncated_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("towards zero from above") << 2.9 << 2;
+    QTest::newRow("towards zero from below") << -2.9 << -2;
+    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 0;
+    QTest::newRow("beyond int") << 1e300 << std::numeric_limits<int>::max();
+    QTest::newRow("below int") << -std::numeric_limits<double>::infinity() << std::numeric_limits<int>::min();
+}
+
+void TestTextFormat::truncated()
+{
+    QFETCH(double, value);
+    QTEST(text::truncated(value), "expected");
+}
+
+void TestTextFormat::clockTime_data()
+{
+    QTest::addColumn<qint64>("timeMs");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("hours to milliseconds") << qint64(3723045) << "hh:mm:ss.zzz"
+                                           << "01:02:03.045";
+    QTest::newRow("after a day the clock starts anew") << qint64(86400000 + 5) << "hh:mm:ss.zzz"
+                                                       << "00:00:00.005";
+    QTest::newRow("before zero") << qint64(-1) << "hh:mm:ss.zzz"
+                                 << "23:59:59.999";
+    QTest::newRow("beyond 32 bits") << qint64(86400000) * 1000 + 7 << "ss.zzz"
+                                    << "00.007";
+}
+
+void TestTextFormat::clockTime()
+{
+    QFETCH(qint64, timeMs);
+    QFETCH(QString, format);
+    QTEST(text::clockTime(timeMs, format), "expected");
+}
+
+void TestTextFormat::decodesUtf8AndOtherwiseLatin1_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("utf-8") << QByteArray("M\xc3\xbcller") << QStringLiteral(u"M\u00fcller");
+    QTest::newRow("latin-1") << QByteArray("M\xfcller") << QStringLiteral(u"M\u00fcller");
+    QTest::newRow("utf-8 with mark") << QByteArray("\xef\xbb\xbf"
+                                                   "a")
+                                     << QStringLiteral("a");
+    QTest::newRow("empty") << QByteArray() << QString();
+}
+
+void TestTextFormat::decodesUtf8AndOtherwiseLatin1()
+{
+    QFETCH(QByteArray, bytes);
+    const QString decoded = decodeText(bytes);
+    QTEST(decoded, "expected");
+}
+
+QTEST_GUILESS_MAIN(TestTextFormat)
+#include "TestTextFormat.moc"
