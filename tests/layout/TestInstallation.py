@@ -1,0 +1,53 @@
+import os
+import re
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+from sample_tree import REAL_ROOT
+
+
+class TestInstallation(unittest.TestCase):
+    """Everything that the programs look for stands in the installed tree."""
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory(prefix="installed tree ")
+        cls.addClassCleanup(folder.cleanup)
+        cls.prefix = Path(folder.name)
+        subprocess.run(["cmake", "--install", os.environ["VISTRUM_BINARY_DIR"], "--prefix", folder.name],
+                       check=True, stdout=subprocess.DEVNULL)
+
+    def test_programs(self):
+        for name in ("vistrum", "vistrum-batch", "gaze-simulator"):
+            with self.subTest(name):
+                self.assertTrue(os.access(self.prefix / "bin" / name, os.X_OK))
+
+    def test_batch_program_starts(self):
+        answer = subprocess.run([self.prefix / "bin/vistrum-batch", "--help"], check=True, capture_output=True, text=True)
+        self.assertIn("--calculate", answer.stdout + answer.stderr)
+
+    def test_data_is_that_of_the_sources(self):
+        for installed, source in (("vistrum/factory_settings.ini", "data/factory_settings.ini"),
+                                  ("applications/vistrum.desktop", "data/vistrum.desktop"),
+                                  ("icons/hicolor/scalable/apps/vistrum.svg", "data/icons/vistrum.svg")):
+            with self.subTest(installed):
+                self.assertEqual((self.prefix / "share" / installed).read_bytes(), (REAL_ROOT / source).read_bytes())
+
+    def test_examples(self):
+        def recordings(folder):
+            return sorted(path.name for path in folder.glob("study/*.data"))
+        self.assertTrue(recordings(REAL_ROOT / "examples"))
+        self.assertEqual(recordings(self.prefix / "share/vistrum/examples"), recordings(REAL_ROOT / "examples"))
+
+    def test_desktop_entry_names_what_is_installed(self):
+        entry = (REAL_ROOT / "data/vistrum.desktop").read_text(encoding="utf-8")
+        program = re.search(r"^Exec=(\S+)$", entry, re.MULTILINE)[1]
+        icon = re.search(r"^Icon=(\S+)$", entry, re.MULTILINE)[1]
+        self.assertTrue((self.prefix / "bin" / program).is_file())
+        self.assertTrue((self.prefix / f"share/icons/hicolor/scalable/apps/{icon}.svg").is_file())
+
+
+if __name__ == "__main__":
+    unittest.main()
