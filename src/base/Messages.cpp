@@ -12,17 +12,17 @@ std::unique_ptr<IHandler> &handler()
     return installed;
 }
 
-void show(Severity severity, const QString &title, const QString &text)
-{
-    if (handler())
-        handler()->show(severity, title, text);
-}
-
 } // namespace
 
 std::unique_ptr<IHandler> install(std::unique_ptr<IHandler> next)
 {
     return std::exchange(handler(), std::move(next));
+}
+
+void show(Severity severity, const QString &title, const QString &text)
+{
+    if (handler())
+        handler()->show(severity, title, text);
 }
 
 void information(const QString &title, const QString &text)

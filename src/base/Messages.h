@@ -20,6 +20,9 @@ public:
 /// Makes `handler` the receiver of all messages and returns the one before; null means that messages are dropped.
 std::unique_ptr<IHandler> install(std::unique_ptr<IHandler> handler);
 
+/// Tells the installed handler. The three below are its short forms.
+void show(Severity severity, const QString &title, const QString &text);
+
 void information(const QString &title, const QString &text);
 void warning(const QString &title, const QString &text);
 void critical(const QString &title, const QString &text);

@@ -15,7 +15,8 @@ struct PrincipalAxes {
 };
 
 /// Principal axes of the positions of n samples, valid or not; with n < 4 they stay (1,0) and (0,0).
-/// Rounding or samples on one line can make an eigenvalue negative: it counts as 0.
+/// Rounding or samples on one line can make an eigenvalue negative: it counts as 0. Where a coordinate is not a number,
+/// or so large that the variance is not, both axes are (0,0).
 PrincipalAxes principalAxes(const QList<GazePoint> &samples);
 
 /// A stretch of consecutive samples of one eye: what fixations, saccades and invalid sections have in common.
@@ -29,7 +30,8 @@ struct ScanpathSection {
     qint64 firstTime() const { return samples.isEmpty() ? -1 : samples.first().time; }
     qint64 lastTime() const { return samples.isEmpty() ? -1 : samples.last().time; }
 
-    /// Appends samples and sorts all by time, stable. The statistics stay those of the construction.
+    /// Appends samples and sorts all by time, stable; a section that was sorted before pays only for the new ones. The
+    /// statistics stay those of the construction.
     void extend(const QList<GazePoint> &further);
 
     bool operator==(const ScanpathSection &) const = default;

@@ -61,11 +61,16 @@ T fromStored(const QVariant &stored)
 }
 
 /// Sets the value in the record and in the store, at once: the store always holds the current value.
+///
+/// A record of which some values follow from others declares `void updateDerived(Record &, QLatin1StringView key)`
+/// beside itself; it is called with the key of the row that was set.
 template <class Row>
 void setParameter(typename Row::Record &record, const Row &row, const typename Row::Value &value)
 {
     record.*row.member = value;
     SettingsStore().setValue(storedKey(record, row), toStored(value));
+    if constexpr (requires { updateDerived(record, row.key); })
+        updateDerived(record, row.key);
 }
 
 /// Gives every member of the rows its value at construction.

@@ -1,0 +1,47 @@
+#include "import/RecordingText.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
+
+bool isAscii(QByteArrayView bytes)
+{
+    return std::all_of(bytes.cbegin(), bytes.cend(), [](char byte) { return (byte & 0x80) == 0; });
+}
+
+} // namespace
+
+std::optional<QByteArray> utf8OfWideText(QByteArrayView bytes)
+{
+    const auto encoding = QStringConverter::encodingForData(bytes);
+    if (!encoding || *encoding == QStringConverter::Utf8)
+        return std::nullopt;
+    QStringDecoder decoder(*encoding);
+    const QString text = decoder(bytes);
+    return text.toUtf8();
+}
+
+RecordingText::RecordingText(QByteArrayView bytes)
+    : m_bytes(bytes.startsWith(utf8Mark) ? bytes.sliced(utf8Mark.size()) : bytes)
+{
+}
+
+QString RecordingText::decoded(QByteArrayView part)
+{
+    if (isAscii(part) || !isUtf8())
+        return QString::fromLatin1(part);
+    // Only at the start of a file is U+FEFF a byte order mark.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(part);
+}
+
+bool RecordingText::isUtf8()
+{
+    if (!m_isUtf8)
+        m_isUtf8 = m_bytes.isValidUtf8();
+    return *m_isUtf8;
+}

@@ -1,0 +1,148 @@
+#include "import/SampleLine.h"
+
+#include <charconv>
+#include <limits>
+
+namespace {
+
+bool isDigit(char byte)
+{
+    return byte >= '0' && byte <= '9';
+}
+
+/// The longest run of digits that a 64-bit number takes whatever the digits are.
+constexpr std::ptrdiff_t safeDigits = 18;
+
+/// Where a mantissa up to 2^53 meets a power of ten up to 10^22, both are exact doubles, and their quotient is rounded
+/// once: it is the double nearest to the decimal.
+/// Source: Clinger (1990), How to read floating point numbers accurately, PLDI.
+constexpr quint64 largestExactMantissa = quint64(1) << 53;
+constexpr std::array<double, 23> powersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                             1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// Digits with an optional sign before and an optional point between them.
+std::optional<double> plainDecimal(QByteArrayView field)
+{
+    const char *at = field.begin();
+    const char *const end = field.end();
+    const bool negative = at != end && *at == '-';
+    if (negative)
+        ++at;
+    const char *const firstDigit = at;
+    quint64 mantissa = 0;
+    for (; at != end && isDigit(*at); ++at)
+        mantissa = mantissa * 10 + static_cast<quint64>(*at - '0');
+    std::ptrdiff_t digits = at - firstDigit;
+    if (digits == 0)
+        return std::nullopt;
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.') {
+        const char *const firstDecimal = ++at;
+        for (; at != end && isDigit(*at); ++at)
+            mantissa = mantissa * 10 + static_cast<quint64>(*at - '0');
+        decimals = at - firstDecimal;
+        digits += decimals;
+        if (decimals == 0)
+            return std::nullopt;
+    }
+    if (at != end)
+        return std::nullopt;
+    if (digits <= safeDigits && mantissa <= largestExactMantissa) {
+        const double value = static_cast<double>(mantissa) / powersOfTen[static_cast<std::size_t>(decimals)];
+        return negative ? -value : value;
+    }
+    double value = 0;
+    const auto result = std::from_chars(field.begin(), end, value, std::chars_format::fixed);
+    return result.ec == std::errc() ? std::optional(value) : std::nullopt;
+}
+
+/// The two ways in which programs write that there is no value; half of a recording can be made of them.
+std::optional<double> missingValue(QByteArrayView field)
+{
+    if (field.isEmpty())
+        return 0.0;
+    if (field.compare("nan", Qt::CaseInsensitive) == 0)
+        return std::numeric_limits<double>::quiet_NaN();
+    return std::nullopt;
+}
+
+/// Digits with an optional sign, too few to leave 64 bits.
+std::optional<qint64> plainInteger(QByteArrayView field)
+{
+    const char *at = field.begin();
+    const char *const end = field.end();
+    const bool negative = at != end && *at == '-';
+    if (negative)
+        ++at;
+    if (at == end || end - at > safeDigits)
+        return std::nullopt;
+    qint64 value = 0;
+    for (; at != end; ++at) {
+        if (!isDigit(*at))
+            return std::nullopt;
+        value = value * 10 + (*at - '0');
+    }
+    return negative ? -value : value;
+}
+
+} // namespace
+
+LineClass lineClass(QByteArrayView line)
+{
+    if (!line.isEmpty() && isDigit(line.front())) // nearly every line, and none of the others
+        return LineClass::Sample;
+    if (line.startsWith('#'))
+        return LineClass::Header;
+    if (line.startsWith("time"))
+        return LineClass::ColumnNames;
+    if (line.startsWith("\xFD\xFD\xFD\xFD") || line.startsWith("\xC3\xBD\xC3\xBD\xC3\xBD\xC3\xBD"))
+        return LineClass::Filler;
+    return LineClass::Other;
+}
+
+std::optional<SampleFields> splitSampleLine(QByteArrayView line)
+{
+    SampleFields fields;
+    std::size_t count = 0;
+    const char *first = line.begin();
+    for (const char *at = line.begin(); at != line.end(); ++at) {
+        if (*at != '\t')
+            continue;
+        if (count + 1 == sampleFieldCount)
+            return std::nullopt;
+        fields[count++] = QByteArrayView(first, at);
+        first = at + 1;
+    }
+    if (count + 1 != sampleFieldCount)
+        return std::nullopt;
+    fields[count] = QByteArrayView(first, line.end());
+    return fields;
+}
+
+double FieldReader::toDouble(QByteArrayView field)
+{
+    if (const auto plain = plainDecimal(field))
+        return *plain;
+    if (const auto missing = missingValue(field))
+        return *missing;
+    return textOf(field).toDouble();
+}
+
+qint64 FieldReader::toLongLong(QByteArrayView field)
+{
+    if (const auto plain = plainInteger(field))
+        return *plain;
+    return textOf(field).toLongLong();
+}
+
+int FieldReader::toInt(QByteArrayView field)
+{
+    const qint64 value = toLongLong(field);
+    const bool fits = value >= std::numeric_limits<int>::min() && value <= std::numeric_limits<int>::max();
+    return fits ? static_cast<int>(value) : 0;
+}
+
+QString FieldReader::textOf(QByteArrayView field)
+{
+    return field.size() > longestFieldBytes ? QString() : m_text.decoded(field);
+}

@@ -1,0 +1,67 @@
+#include "import/panel/DataWidget.h"
+
+#include "commands/CommandStack.h"
+#include "ui_DataWidget.h"
+
+#include <QFileDialog>
+#include <QShortcut>
+
+namespace {
+
+QStringList askForRecordings(QWidget *parent, const QString &folder)
+{
+    QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder, QStringLiteral("Data Files (*.data)"));
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+} // namespace
+
+DataWidget::DataWidget(QWidget *parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::DataWidget>())
+    , m_choose([this](const QString &folder) { return askForRecordings(this, folder); })
+{
+    ui->setupUi(this);
+    connect(ui->SM_addButton, &QPushButton::clicked, this, &DataWidget::sltAdd);
+    connect(ui->SM_removeButton, &QPushButton::clicked, this, &DataWidget::sltRemove);
+    connect(ui->SM_importButton, &QPushButton::clicked, this, &DataWidget::sltImport);
+    auto *deleteKey = new QShortcut(QKeySequence::Delete, ui->listView);
+    deleteKey->setContext(Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, this, [this] {
+        if (!selectedFiles().isEmpty())
+            sltRemove();
+    });
+}
+
+DataWidget::~DataWidget() = default;
+
+void DataWidget::sltAdd()
+{
+    CommandStack::instance().push(new CommandDataAdd(*ui->listView, m_choose, m_log));
+}
+
+void DataWidget::sltRemove()
+{
+    CommandStack::instance().push(new CommandDataRemove(*ui->listView, selectedFiles(), m_log));
+}
+
+void DataWidget::sltImport()
+{
+    if (!m_model || !m_window)
+        return;
+    CommandStack::instance().push(new CommandDataImport(*m_model, *m_window, *ui->listView, m_log));
+    Q_EMIT sigLoadTimeline();
+}
+
+/// In the order of the list, whatever the order of selection.
+QStringList DataWidget::selectedFiles() const
+{
+    QStringList files;
+    for (int row = 0; row < ui->listView->count(); ++row) {
+        const QListWidgetItem *item = ui->listView->item(row);
+        if (item->isSelected())
+            files << item->text();
+    }
+    return files;
+}

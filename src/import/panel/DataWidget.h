@@ -1,0 +1,47 @@
+#pragma once
+
+#include "import/panel/DataCommands.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class DataWidget;
+}
+
+/// The panel of the files: the list of recordings to be imported, and the buttons that fill it, thin it out and import
+/// it. Model and window are set after construction, before the first click.
+class DataWidget : public QWidget {
+    Q_OBJECT
+public:
+    explicit DataWidget(QWidget *parent = nullptr);
+    ~DataWidget() override;
+
+    void setModel(DataModel *model) { m_model = model; }
+    void setMainWindow(IMainWindow *window) { m_window = window; }
+    void setLog(const Log *log) { m_log = log; }
+
+    /// Replaces the file dialog.
+    void setRecordingChooser(RecordingChooser choose) { m_choose = std::move(choose); }
+
+Q_SIGNALS:
+    /// Recordings were imported.
+    void sigLoadTimeline();
+    void sigAddExamination(const QString &path);
+    void sigAddEllipses(const QList<QString> &lines);
+
+public Q_SLOTS:
+    void sltAdd();
+    void sltRemove();
+    void sltImport();
+
+private:
+    QStringList selectedFiles() const;
+
+    std::unique_ptr<Ui::DataWidget> ui;
+    DataModel *m_model = nullptr;
+    IMainWindow *m_window = nullptr;
+    const Log *m_log = nullptr;
+    RecordingChooser m_choose;
+};

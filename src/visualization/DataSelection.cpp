@@ -1,0 +1,17 @@
+#include "visualization/DataSelection.h"
+
+QList<SelectedEye> eyesToDraw(const Examination &examination, EyeMode mode)
+{
+    const bool ownColor = mode == EyeMode::showAll || mode == EyeMode::showLeft || mode == EyeMode::showRight;
+    const auto colorOf = [&](const EyeData *data) {
+        if (data == &examination.leftEye && ownColor)
+            return EyeColor::Left;
+        if (data == &examination.rightEye && ownColor)
+            return EyeColor::Right;
+        return EyeColor::Dominant;
+    };
+    QList<SelectedEye> eyes;
+    for (const EyeData *data : selectedEyes(examination, mode))
+        eyes << SelectedEye{data, colorOf(data)};
+    return eyes;
+}

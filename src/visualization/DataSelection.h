@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/Examination.h"
+#include "visualization/TimeFrame.h"
+
+#include <algorithm>
+
+/// Whose colours a stream is drawn in. The mean of both eyes takes those of the dominant eye.
+enum class EyeColor { Dominant, Left, Right };
+
+struct SelectedEye {
+    const EyeData *data; ///< never null; valid as long as the examination
+    EyeColor color;
+};
+
+/// The streams of an examination that are drawn, in drawing order.
+QList<SelectedEye> eyesToDraw(const Examination &examination, EyeMode mode);
+
+/// Whether a raw sample takes part in the drawing: it is valid and inside the frame.
+inline bool isDrawn(const GazePoint &sample, TimeFrame frame)
+{
+    return sample.validFlag && frame.contains(sample.time);
+}
+
+/// Indices of a list of sections, the last one not included.
+struct SectionRange {
+    qsizetype begin = 0;
+    qsizetype end = 0;
+
+    bool operator==(const SectionRange &) const = default;
+};
+
+/// The sections that the frame shows: from the first one that does not end before it, up to the first one that begins
+/// after it. Sections in between are taken as they come. A section without samples stands at -1 ms.
+template <class Section>
+SectionRange sectionsInFrame(const QList<Section> &sections, TimeFrame frame)
+{
+    const auto first = std::find_if(sections.cbegin(), sections.cend(),
+                                    [&](const Section &section) { return section.lastTime() >= frame.startMs; });
+    const auto stop =
+        std::find_if(first, sections.cend(), [&](const Section &section) { return section.firstTime() > frame.endMs; });
+    return {first - sections.cbegin(), stop - sections.cbegin()};
+}

@@ -1,0 +1,64 @@
+#include "visualization/Drawing.h"
+
+#include "base/TextFormat.h"
+
+#include <QCryptographicHash>
+#include <QStringList>
+
+namespace {
+
+QString numbers(std::initializer_list<double> values)
+{
+    QStringList texts;
+    for (const double value : values)
+        texts << text::general6(value);
+    return texts.join(u' ');
+}
+
+QString styleText(const QPen &pen, const QBrush &brush)
+{
+    const QString fill = brush.style() == Qt::NoBrush ? QStringLiteral("none") : brush.color().name(QColor::HexArgb);
+    return QStringLiteral(" pen %1 %2 brush %3").arg(pen.color().name(), text::general6(pen.widthF()), fill);
+}
+
+QString toolTipText(QString toolTip)
+{
+    return toolTip.isEmpty()
+               ? QString()
+               : QStringLiteral(" tip ") + toolTip.replace(QLatin1StringView("\r\n"), QLatin1StringView(" | "));
+}
+
+QString lineOf(const EllipseShape &shape)
+{
+    return QStringLiteral("ellipse %1 major %2 minor %3")
+               .arg(numbers({double(shape.center.x()), double(shape.center.y())}),
+                    numbers({shape.major.x(), shape.major.y()}), numbers({shape.minor.x(), shape.minor.y()})) +
+           styleText(shape.pen, shape.brush) + toolTipText(shape.toolTip);
+}
+
+QString lineOf(const OvalShape &shape)
+{
+    const QRectF &rect = shape.rect;
+    return QStringLiteral("oval ") + numbers({rect.x(), rect.y(), rect.width(), rect.height()}) +
+           styleText(shape.pen, shape.brush) + toolTipText(shape.toolTip);
+}
+
+QString lineOf(const RasterShape &shape)
+{
+    const QByteArrayView bytes(shape.image.constBits(), shape.image.sizeInBytes());
+    const QByteArray sum = QCryptographicHash::hash(bytes.toByteArray(), QCryptographicHash::Sha1).toHex();
+    return QStringLiteral("raster %1 %2 sha1 %3")
+        .arg(shape.image.width())
+        .arg(shape.image.height())
+        .arg(QLatin1StringView(sum));
+}
+
+} // namespace
+
+QString toText(const Drawing &drawing)
+{
+    QString lines;
+    for (const Shape &shape : drawing)
+        lines += std::visit([](const auto &kind) { return lineOf(kind); }, shape) + u'\n';
+    return lines;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QBrush>
+#include <QImage>
+#include <QList>
+#include <QPen>
+#include <QRectF>
+#include <QVector2D>
+
+#include <variant>
+
+/// An ellipse at any angle, given by its semi-axes.
+struct EllipseShape {
+    QPoint center;
+    QVector2D major; ///< px
+    QVector2D minor; ///< px
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+};
+
+/// An ellipse whose axes are those of the canvas, such as a circle or the dot of a sample.
+struct OvalShape {
+    QRectF rect;
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+};
+
+/// A picture of the canvas's size; what is transparent in it lets through what lies below.
+struct RasterShape {
+    QImage image;
+};
+
+using Shape = std::variant<EllipseShape, OvalShape, RasterShape>;
+
+/// A picture as data: shapes from back to front, in canvas pixels.
+using Drawing = QList<Shape>;
+
+/// The drawing in words, one shape a line, for comparisons in tests:
+///
+///     ellipse 640 400 major 30 0 minor 0 20 pen #ff0000 1 brush #7fff0000 tip Fixation ID: 0 | ...
+///     oval 10 20 5 5 pen #000000 1 brush none
+///     raster 2560 1600 sha1 ...
+QString toText(const Drawing &drawing);

@@ -1,0 +1,165 @@
+#include "visualization/GazePointRaster.h"
+
+#include "visualization/Canvas.h"
+#include "visualization/DataSelection.h"
+
+#include <QThread>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <span>
+
+namespace {
+
+constexpr QRgb transparentWhite = qRgba(255, 255, 255, 0);
+
+/// A contiguous part of the canvas as linear indices y * width + x, `end` not included.
+struct Stripe {
+    qint64 begin;
+    qint64 end;
+};
+
+/// The steps j of a square that are written, both included.
+struct Steps {
+    qint64 first;
+    qint64 last;
+};
+
+qint64 floorQuotient(qint64 dividend, qint64 divisor)
+{
+    const qint64 quotient = dividend / divisor;
+    return dividend % divisor < 0 ? quotient - 1 : quotient;
+}
+
+/// Of the pixels of a step, (x-n, y+j) or (x+j, y-n) has the lowest index, (x+n, y+j) or (x+j, y+n) the highest; all
+/// four grow with j, so that the steps inside the canvas are one interval. Index 0 counts as outside.
+Steps stepsInsideCanvas(const GazePointRecord &record, qint64 n)
+{
+    constexpr qint64 lowest = 1;
+    constexpr qint64 highest = canvas::pixels - 1;
+    const qint64 x = record.x;
+    const qint64 y = record.y;
+    return {
+        std::max({-n, -floorQuotient(x - n - lowest, canvas::width) - y, lowest - x - (y - n) * canvas::width}),
+        std::min({n - 1, floorQuotient(highest - x - n, canvas::width) - y, highest - x - (y + n) * canvas::width})};
+}
+
+void fillRun(QRgb *pixels, Stripe stripe, Stripe run, QRgb color)
+{
+    const qint64 begin = std::max(run.begin, stripe.begin);
+    const qint64 end = std::min(run.end, stripe.end);
+    if (begin < end)
+        std::fill(pixels + begin, pixels + end, color);
+}
+
+/// Writes the part of a square that lies in the stripe.
+void drawSquare(QRgb *pixels, Stripe stripe, const GazePointRecord &record, qint64 n)
+{
+    const qint64 center = qint64(record.y) * canvas::width + record.x;
+    const qint64 reach = n * canvas::width + n;
+    if (center + reach < stripe.begin || center - reach >= stripe.end)
+        return;
+    const Steps steps = stepsInsideCanvas(record, n);
+    for (const qint64 row : {n, -n, n - 1, -n + 1}) {
+        const qint64 middle = center + row * canvas::width;
+        fillRun(pixels, stripe, {middle + steps.first, middle + steps.last + 1}, record.color);
+    }
+    const qint64 firstRow = std::max(steps.first, floorQuotient(stripe.begin - center - n, canvas::width));
+    const qint64 lastRow = std::min(steps.last, floorQuotient(stripe.end - center + n, canvas::width));
+    for (qint64 row = firstRow; row <= lastRow; ++row) {
+        const qint64 middle = center + row * canvas::width;
+        fillRun(pixels, stripe, {middle - n, middle - n + 2}, record.color);
+        fillRun(pixels, stripe, {middle + n - 1, middle + n + 1}, record.color);
+    }
+}
+
+/// Draws all squares into one stripe of the canvas, in their order. No other worker touches the stripe, so that the
+/// picture does not depend on who comes first.
+class worker_gazepoints : public QThread { // NOLINT(readability-identifier-naming): named like its fellow workers
+public:
+    worker_gazepoints(std::span<const GazePointRecord> records, int halfSize, QRgb *pixels, Stripe stripe)
+        : m_records(records)
+        , m_halfSize(halfSize)
+        , m_pixels(pixels)
+        , m_stripe(stripe)
+    {
+    }
+
+protected:
+    void run() override
+    {
+        std::fill(m_pixels + m_stripe.begin, m_pixels + m_stripe.end, transparentWhite);
+        for (const GazePointRecord &record : m_records)
+            drawSquare(m_pixels, m_stripe, record, m_halfSize);
+    }
+
+private:
+    std::span<const GazePointRecord> m_records;
+    int m_halfSize;
+    QRgb *m_pixels; ///< of the whole canvas
+    Stripe m_stripe;
+};
+
+QRgb colorOf(EyeColor eye, const VisualizationParameters &parameters)
+{
+    switch (eye) {
+    case EyeColor::Left:
+        return parameters.fillColorLeft.rgba();
+    case EyeColor::Right:
+        return parameters.fillColorRight.rgba();
+    case EyeColor::Dominant:
+        break;
+    }
+    return parameters.fillColor.rgba();
+}
+
+bool isOnCanvas(const GazePoint &sample)
+{
+    return sample.x >= 1 && sample.x < canvas::width && sample.y >= 1 && sample.y < canvas::height;
+}
+
+} // namespace
+
+std::vector<GazePointRecord> gazePointRecords(const DrawingContext &context)
+{
+    const qsizetype stride = std::max(1, context.gazePoints.stepSize);
+    std::vector<GazePointRecord> records;
+    for (const Examination *examination : context.model.checkedExaminations()) {
+        for (const SelectedEye &eye : eyesToDraw(*examination, context.eyeMode)) {
+            const QRgb color = colorOf(eye.color, context.gazePoints);
+            const QList<GazePoint> &samples = eye.data->gazePoints;
+            for (qsizetype i = 0; i < samples.size(); i += stride) {
+                const GazePoint &sample = samples[i];
+                if (isDrawn(sample, context.frame) && isOnCanvas(sample))
+                    records.push_back({static_cast<int>(sample.x), static_cast<int>(sample.y), color});
+            }
+        }
+    }
+    return records;
+}
+
+QImage gazePointImage(const std::vector<GazePointRecord> &records, int halfSize, int workers)
+{
+    QImage image(canvas::width, canvas::height, QImage::Format_ARGB32);
+    auto *pixels = reinterpret_cast<QRgb *>(image.bits());
+    std::vector<std::unique_ptr<worker_gazepoints>> threads;
+    for (qint64 i = 0; i < workers; ++i) {
+        const Stripe stripe{canvas::pixels * i / workers, canvas::pixels * (i + 1) / workers};
+        threads.push_back(std::make_unique<worker_gazepoints>(records, halfSize, pixels, stripe));
+        threads.back()->start();
+    }
+    for (const auto &thread : threads)
+        thread->wait();
+    return image;
+}
+
+Drawing gazePointSquares(const DrawingContext &context)
+{
+    constexpr int defaultHalfSize = 10;
+    const std::vector<GazePointRecord> records = gazePointRecords(context);
+    if (records.empty())
+        return {};
+    const int halfSize = context.gazePoints.size < 1 ? defaultHalfSize : context.gazePoints.size;
+    return {RasterShape{gazePointImage(records, halfSize)}};
+}

@@ -1,0 +1,95 @@
+#include "visualization/panel/ZoomPanGraphicsView.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QOpenGLContext>
+#include <QOpenGLWidget>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr int zoomLimit = 30;
+constexpr double zoomFactor = 1.15;
+
+/// Some platforms have no OpenGL at all, and a remote desktop may offer it without being able to.
+bool hasOpenGl()
+{
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QLatin1StringView("offscreen") || platform.startsWith(QLatin1StringView("minimal")) ||
+        platform == QLatin1StringView("vnc") || platform == QLatin1StringView("linuxfb"))
+        return false;
+    return QOpenGLContext().create();
+}
+
+QOpenGLWidget *multisampledWidget(QWidget *parent)
+{
+    constexpr int samplesPerPixel = 4;
+    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
+    format.setSamples(samplesPerPixel);
+    auto *widget = new QOpenGLWidget(parent);
+    widget->setFormat(format);
+    return widget;
+}
+
+} // namespace
+
+ZoomPanGraphicsView::ZoomPanGraphicsView(QWidget *parent) : QGraphicsView(parent)
+{
+    setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    setDragMode(ScrollHandDrag);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void ZoomPanGraphicsView::setUpOnce()
+{
+    if (m_isSetUp)
+        return;
+    m_isSetUp = true;
+    if (hasOpenGl())
+        setViewport(multisampledWidget(this));
+    setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    setTransformationAnchor(AnchorUnderMouse);
+    setCacheMode(CacheBackground);
+    setViewportUpdateMode(FullViewportUpdate);
+    setAutoFillBackground(false);
+}
+
+void ZoomPanGraphicsView::fit(const QRectF &rect)
+{
+    fitInView(rect, Qt::KeepAspectRatio);
+    m_zoomSteps = 0;
+}
+
+void ZoomPanGraphicsView::wheelEvent(QWheelEvent *event)
+{
+    setTransformationAnchor(AnchorUnderMouse);
+    const int delta = event->angleDelta().y();
+    if (delta >= 1)
+        zoom(Zoom::In);
+    else if (delta < 0)
+        zoom(Zoom::Out);
+    event->accept();
+}
+
+void ZoomPanGraphicsView::keyPressEvent(QKeyEvent *event)
+{
+    const bool isIn = event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal;
+    if (!isIn && event->key() != Qt::Key_Minus) {
+        QGraphicsView::keyPressEvent(event);
+        return;
+    }
+    setTransformationAnchor(AnchorViewCenter);
+    zoom(isIn ? Zoom::In : Zoom::Out);
+    setTransformationAnchor(AnchorUnderMouse);
+}
+
+/// Steps beyond the limit are not kept: the first step back acts at once.
+void ZoomPanGraphicsView::zoom(Zoom direction)
+{
+    m_zoomSteps += direction == Zoom::In ? 1 : -1;
+    if (std::abs(m_zoomSteps) <= zoomLimit) {
+        const double factor = direction == Zoom::In ? zoomFactor : 1 / zoomFactor;
+        scale(factor, factor);
+    }
+    m_zoomSteps = std::clamp(m_zoomSteps, -zoomLimit, zoomLimit);
+}

@@ -1,0 +1,65 @@
+#include "visualization/scene/ArbitraryEllipseItem.h"
+
+#include "base/TextFormat.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <numbers>
+
+ArbitraryEllipseItem::ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, QBrush brush)
+    : m_major(a)
+    , m_minor(b)
+    , m_center(center)
+    , m_pen(std::move(pen))
+    , m_brush(std::move(brush))
+{
+    if (m_minor.length() > m_major.length()) {
+        qWarning("WARNING: Ellipse major axis smaller than minor axis. Swapped automatically.");
+        std::swap(m_major, m_minor);
+    }
+    const double angle = std::atan2(-double(m_major.y()), double(m_major.x()));
+    // Moved and turned by the item's own transformation, so that position and rotation stay zero: the origin set here
+    // serves those who rotate the item later and does not shift the ellipse from its centre.
+    setTransform(QTransform::fromTranslate(center.x(), center.y()), true);
+    setTransformOriginPoint(double(center.x()) + double(m_major.length()),
+                            double(center.y()) + double(m_minor.length()));
+    setTransform(QTransform().rotate(-(angle * 180 / std::numbers::pi)), true);
+}
+
+QRectF ArbitraryEllipseItem::boundingRect() const
+{
+    const double largerX = std::max(std::abs(m_major.x()), std::abs(m_minor.x()));
+    const double largerY = std::max(std::abs(m_major.y()), std::abs(m_minor.y()));
+    return {pos().x() - largerY, pos().y() - largerX, 2 * largerY, 2 * largerX};
+}
+
+void ArbitraryEllipseItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    const double major = m_major.length();
+    const double minor = m_minor.length();
+    painter->setPen(m_pen);
+    painter->setBrush(m_brush);
+    painter->drawEllipse(-text::truncated(major), -text::truncated(minor), text::truncated(2 * major),
+                         text::truncated(2 * minor));
+}
+
+QPolygon ArbitraryEllipseItem::polygon(int steps) const
+{
+    if (steps < 1)
+        return {};
+    constexpr double fullTurn = 2 * std::numbers::pi;
+    const double major = m_major.length();
+    const double minor = m_minor.length();
+    const QVector2D upward = m_major.y() < 0 ? -m_major : m_major;
+    double r = std::atan2(-double(upward.y()), double(upward.x()));
+    if (r < 0)
+        r = fullTurn - r;
+    QPolygon points;
+    for (double t = 0; t < fullTurn; t += fullTurn / steps) {
+        const double x = std::cos(t) * major * std::cos(r) - std::sin(t) * minor * std::sin(r);
+        const double y = std::cos(t) * major * std::sin(r) + std::sin(t) * minor * std::cos(r);
+        points << QPoint(text::truncated(m_center.x() + x), text::truncated(m_center.y() + y));
+    }
+    return points;
+}

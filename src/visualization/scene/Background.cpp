@@ -1,0 +1,38 @@
+#include "visualization/scene/Background.h"
+
+#include "visualization/Canvas.h"
+
+#include <QGraphicsPixmapItem>
+#include <QGraphicsScene>
+#include <QPainter>
+
+namespace {
+
+QPixmap plainPixmap()
+{
+    QPixmap pixmap(canvas::width, canvas::height);
+    pixmap.fill(Qt::white);
+    return pixmap;
+}
+
+} // namespace
+
+QPixmap backgroundPixmap(const QString &imagePath, Border border)
+{
+    constexpr int frameWidth = 10; // px; half of it falls outside the picture
+    QPixmap pixmap = imagePath.isEmpty() ? plainPixmap() : QPixmap(imagePath);
+    if (border == Border::Black && !pixmap.isNull()) {
+        QPainter painter(&pixmap);
+        painter.setPen(QPen(Qt::black, frameWidth));
+        painter.drawRect(0, 0, pixmap.width(), pixmap.height());
+    }
+    return pixmap;
+}
+
+QGraphicsPixmapItem *addBackground(QGraphicsScene &scene, const QPixmap &pixmap)
+{
+    constexpr double behindEverything = -1;
+    QGraphicsPixmapItem *item = scene.addPixmap(pixmap);
+    item->setZValue(behindEverything);
+    return item;
+}

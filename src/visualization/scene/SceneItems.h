@@ -1,0 +1,8 @@
+#pragma once
+
+#include "visualization/Drawing.h"
+
+class QGraphicsScene;
+
+/// Adds an item for each shape, on top of what the scene holds already. The scene owns the items.
+void addItems(QGraphicsScene &scene, const Drawing &drawing);

@@ -1,0 +1,267 @@
+#include "commands/CommandStack.h"
+#include "export/panel/ExportWidget.h"
+#include "ExportSamples.h"
+#include "model/DataModel.h"
+#include "settings/SettingsStore.h"
+#include "TestMessages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+class TestExportWidget : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void startsWithTheStoredFolderAndNothingToExport();
+    void buttonFollowsTheCheckBoxes();
+    void exportsEachCheckedKindInOrder();
+    void eyeSelection_data();
+    void eyeSelection();
+    void undoLeavesTheFilesAndRedoWritesThemAnew();
+    void emptyFolderIsAskedFor();
+    void browsingStoresTheFolder();
+    void cancelledBrowsingChangesNothing();
+    void typedFolderIsStored();
+    void withoutModelNothingHappens();
+
+private:
+    template <class Widget>
+    Widget *child(const char *name)
+    {
+        auto *found = m_widget->findChild<Widget *>(QLatin1StringView(name));
+        Q_ASSERT(found);
+        return found;
+    }
+    void click(const char *name) { QTest::mouseClick(child<QAbstractButton>(name), Qt::LeftButton); }
+    /// Clicks at the left end, where the box is: the rest of the widget's width does not react.
+    void tick(const char *name) { QTest::mouseClick(child<QCheckBox>(name), Qt::LeftButton, {}, {8, 8}); }
+    void type(const char *name, const QString &text)
+    {
+        auto *line = child<QLineEdit>(name);
+        line->clear();
+        QTest::keyClicks(line, text);
+        QTest::keyClick(line, Qt::Key_Return);
+    }
+    QStringList exportedNames() const
+    {
+        return QDir(m_folder->path()).entryList({QStringLiteral("*.csv")}, QDir::Files);
+    }
+    QStringList newCommands() const
+    {
+        QStringList texts;
+        for (int i = m_commandsBefore; i < CommandStack::instance().count(); ++i)
+            texts << CommandStack::instance().text(i);
+        return texts;
+    }
+    static QString storedFolder()
+    {
+        return SettingsStore().value(QStringLiteral("Visualization/Export/pathdata")).toString();
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<DataModel> m_model;
+    std::unique_ptr<ExportWidget> m_widget;
+    int m_commandsBefore = 0;
+};
+
+void TestExportWidget::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    SettingsStore::useFile(m_folder->filePath(QStringLiteral("settings.ini")));
+    SettingsStore().setValue(QStringLiteral("Visualization/Export/pathdata"), m_folder->path());
+    m_model = std::make_unique<DataModel>();
+    m_model->examinations() << samples::examination(QStringLiteral("A"), QString());
+    m_model->examinations()[0].leftEye.gazePoints << samples::valid(0);
+    m_model->examinations()[0].leftEye.scanpath << samples::fixation({0}, {1, 2});
+    m_widget = std::make_unique<ExportWidget>();
+    m_widget->setModel(m_model.get());
+    m_widget->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_widget.get()));
+    m_commandsBefore = CommandStack::instance().count();
+}
+
+void TestExportWidget::cleanup()
+{
+    CommandStack::instance().clear(); // its commands hold on to this test's model
+    m_widget.reset();
+    SettingsStore::useFile(QString());
+}
+
+void TestExportWidget::startsWithTheStoredFolderAndNothingToExport()
+{
+    QCOMPARE(child<QLineEdit>("dataFolderLineEdit")->text(), m_folder->path());
+    QVERIFY(!child<QCheckBox>("fixationCheckBox")->isEnabled());
+    QVERIFY(!child<QCheckBox>("eventCheckBox")->isEnabled());
+    QVERIFY(!child<QPushButton>("dataExportButton")->isEnabled());
+    tick("fixationCheckBox");
+    click("dataExportButton");
+    QCOMPARE(exportedNames(), QStringList());
+}
+
+void TestExportWidget::buttonFollowsTheCheckBoxes()
+{
+    auto *button = child<QPushButton>("dataExportButton");
+    m_widget->sltEnableFixationExport();
+    QVERIFY(child<QCheckBox>("fixationCheckBox")->isEnabled());
+    QVERIFY(!child<QCheckBox>("eventCheckBox")->isEnabled());
+    QVERIFY(!button->isEnabled());
+    m_widget->sltEnableEventExport();
+    QVERIFY(child<QCheckBox>("eventCheckBox")->isEnabled());
+    tick("fixationCheckBox");
+    QVERIFY(button->isEnabled());
+    tick("eventCheckBox");
+    tick("fixationCheckBox");
+    QVERIFY(button->isEnabled()); // the other one is still on
+    tick("eventCheckBox");
+    QVERIFY(!button->isEnabled());
+}
+
+void TestExportWidget::exportsEachCheckedKindInOrder()
+{
+    const RecordedMessages messages;
+    m_widget->sltEnableFixationExport();
+    m_widget->sltEnableEventExport();
+    tick("eventCheckBox");
+    tick("fixationCheckBox");
+    type("dataPrefixLineEdit", QStringLiteral("study"));
+    child<QComboBox>("dataEyeComboBox")->setCurrentText(QStringLiteral("left only"));
+    click("dataExportButton");
+    const QString where = QStringLiteral("[exportdir=%1, prefix=study]").arg(m_folder->path());
+    QCOMPARE(newCommands(),
+             QStringList({QStringLiteral("Export fixations ") + where, QStringLiteral("Export events ") + where}));
+    QCOMPARE(exportedNames(), QStringList({QStringLiteral("study_events_left.csv"),
+                                           QStringLiteral("study_fixations__fixations_left.csv")}));
+    QCOMPARE(messages.texts().size(), 2);
+    QVERIFY(messages.texts()[0].startsWith(QStringLiteral("Fixation Export|")));
+    QVERIFY(messages.texts()[1].startsWith(QStringLiteral("Event Export|")));
+}
+
+void TestExportWidget::eyeSelection_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("words");
+    QTest::newRow("left and right") << "for all eyes"
+                                    << "left right";
+    QTest::newRow("dominant") << "dominant only"
+                              << "dominant";
+    QTest::newRow("left") << "left only"
+                          << "left";
+    QTest::newRow("right") << "right only"
+                           << "right";
+    QTest::newRow("mean") << "mean only"
+                          << "mean";
+    QTest::newRow("any other text is all eyes") << "both"
+                                                << "left right";
+}
+
+void TestExportWidget::eyeSelection()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, words);
+    auto *eyes = child<QComboBox>("dataEyeComboBox");
+    if (eyes->findText(text) < 0)
+        eyes->addItem(text);
+    eyes->setCurrentText(text);
+    m_widget->sltEnableEventExport();
+    tick("eventCheckBox");
+    click("dataExportButton");
+    QStringList names;
+    for (const QString &word : words.split(u' '))
+        names << QStringLiteral("vistrum_events_%1.csv").arg(word);
+    QCOMPARE(exportedNames(), names);
+}
+
+void TestExportWidget::undoLeavesTheFilesAndRedoWritesThemAnew()
+{
+    child<QComboBox>("dataEyeComboBox")->setCurrentText(QStringLiteral("left only"));
+    m_widget->sltEnableFixationExport();
+    tick("fixationCheckBox");
+    click("dataExportButton");
+    const QString path = m_folder->filePath(QStringLiteral("vistrum_fixations__fixations_left.csv"));
+    const QByteArray written = samples::bytesOf(path);
+    QVERIFY(written.size() > 2);
+    CommandStack::instance().undo();
+    QCOMPARE(samples::bytesOf(path), written);
+    QVERIFY(QFile::remove(path));
+    CommandStack::instance().redo();
+    QCOMPARE(samples::bytesOf(path), written);
+}
+
+void TestExportWidget::emptyFolderIsAskedFor()
+{
+    m_widget->sltEnableFixationExport();
+    tick("fixationCheckBox");
+    child<QLineEdit>("dataFolderLineEdit")->clear();
+    QString text;
+    QTimer::singleShot(0, this, [&text] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        text = box->text();
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    click("dataExportButton");
+    QCOMPARE(text, QStringLiteral("Please specifie a folder!!!"));
+    QCOMPARE(newCommands(), QStringList());
+    QCOMPARE(exportedNames(), QStringList());
+}
+
+void TestExportWidget::browsingStoresTheFolder()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("chosen")));
+    const QString chosen = m_folder->filePath(QStringLiteral("chosen"));
+    QString title;
+    QString start;
+    QTimer::singleShot(0, this, [&] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        title = dialog->windowTitle();
+        start = dialog->directory().path();
+        dialog->selectFile(chosen);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    click("dataBrowseButton");
+    QCOMPARE(title, QStringLiteral("Select export folder"));
+    QCOMPARE(start, m_folder->path());
+    QCOMPARE(child<QLineEdit>("dataFolderLineEdit")->text(), chosen);
+    QCOMPARE(storedFolder(), chosen);
+}
+
+void TestExportWidget::cancelledBrowsingChangesNothing()
+{
+    QTimer::singleShot(0, this, [] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        dialog->reject();
+    });
+    click("dataBrowseButton");
+    QCOMPARE(child<QLineEdit>("dataFolderLineEdit")->text(), m_folder->path());
+    QCOMPARE(storedFolder(), m_folder->path());
+}
+
+void TestExportWidget::typedFolderIsStored()
+{
+    type("dataFolderLineEdit", QStringLiteral("/typed"));
+    QCOMPARE(storedFolder(), QStringLiteral("/typed"));
+}
+
+void TestExportWidget::withoutModelNothingHappens()
+{
+    m_widget->setModel(nullptr);
+    m_widget->sltEnableFixationExport();
+    tick("fixationCheckBox");
+    click("dataExportButton");
+    QCOMPARE(newCommands(), QStringList());
+}
+
+QTEST_MAIN(TestExportWidget)
+#include "TestExportWidget.moc"

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "visualization/DrawingContext.h"
+
+/// Small recordings made by hand, and parameters as a new program has them.
+namespace toy {
+
+inline GazePoint sample(qint64 timeMs, double x, double y, int validity = 1)
+{
+    return {timeMs, x, y, 0, 0, validity};
+}
+
+/// A fixation with given statistics, without fitting.
+inline Fixation fixation(QPoint mean, QVector2D major, QVector2D minor, const QList<GazePoint> &samples)
+{
+    Fixation fixation;
+    fixation.mean = mean;
+    fixation.majorAxis = major;
+    fixation.minorAxis = minor;
+    fixation.samples = samples;
+    return fixation;
+}
+
+inline VisualizationParameters parameters(const QString &settingsName = QStringLiteral("FixationVisualization"))
+{
+    VisualizationParameters parameters;
+    parameters.settingsName = settingsName;
+    setInitialValues(parameters, rows::visualization);
+    return parameters;
+}
+
+/// A model and the parameters of all kinds, with a context that refers to them.
+struct Scenery {
+    DrawingContext context() const { return {model, eyeMode, frame, gazePoints, fixations, clusters, saccades}; }
+
+    DataModel model;
+    EyeMode eyeMode = EyeMode::showAll;
+    TimeFrame frame{0, 1000};
+    VisualizationParameters gazePoints = parameters(QStringLiteral("GazepointVisualization"));
+    VisualizationParameters fixations = parameters(QStringLiteral("FixationVisualization"));
+    VisualizationParameters clusters = parameters(QStringLiteral("FixationclusterVisualization"));
+    VisualizationParameters saccades = parameters(QStringLiteral("SaccadeVisualization"));
+};
+
+} // namespace toy
