@@ -49,7 +49,7 @@ build() {
     local preset="$1"
     shift
     if [ ! -f "$root/build/$preset/build.ninja" ]; then
-        (cd "$root" && cmake --preset "$preset")
+        (cd "$root" && cmake --log-level=NOTICE --preset "$preset")
     fi
     (cd "$root" && cmake --build --preset "$preset" ${1:+--target "$@"})
 }
