@@ -3,6 +3,8 @@
 #include "base/Log.h"
 #include "base/TextFormat.h"
 
+#include <opencv2/core.hpp>
+
 #include <algorithm>
 #include <cmath>
 
@@ -12,63 +14,16 @@ using text::truncated;
 
 constexpr qsizetype fewestSamplesForAxes = 4;
 
-/// Population covariance of the positions, px^2.
-struct Covariance {
-    double xx = 0;
-    double xy = 0;
-    double yy = 0;
-};
-
-Covariance covarianceOf(const QList<GazePoint> &samples)
+QVector2D scaledAxis(const cv::PCA &pca, int row)
 {
-    const auto count = static_cast<double>(samples.size());
-    double meanX = 0;
-    double meanY = 0;
-    for (const GazePoint &sample : samples) {
-        meanX += sample.x;
-        meanY += sample.y;
-    }
-    meanX /= count;
-    meanY /= count;
-    Covariance sum;
-    for (const GazePoint &sample : samples) {
-        const double dx = sample.x - meanX;
-        const double dy = sample.y - meanY;
-        sum.xx += dx * dx;
-        sum.xy += dx * dy;
-        sum.yy += dy * dy;
-    }
-    return {sum.xx / count, sum.xy / count, sum.yy / count};
+    const double length = std::sqrt(std::max(0.0, pca.eigenvalues.at<double>(row)));
+    return {static_cast<float>(pca.eigenvectors.at<double>(row, 0) * length),
+            static_cast<float>(pca.eigenvectors.at<double>(row, 1) * length)};
 }
 
-QVector2D toAxis(double x, double y)
+bool isFinite(QVector2D axis)
 {
-    return {static_cast<float>(x), static_cast<float>(y)};
-}
-
-/// The axes of a covariance matrix in closed form: a general solver would cost more than all the samples of a short
-/// fixation. The directions have the signs that such a solver returns.
-PrincipalAxes axesOf(const Covariance &c)
-{
-    const double center = (c.xx + c.yy) / 2;
-    const double halfDifference = (c.xx - c.yy) / 2;
-    const double radius = std::hypot(halfDifference, c.xy);
-    if (!std::isfinite(center) || !std::isfinite(radius))
-        return {{}, {}};
-    const double variance = center + radius;
-    // As determinant over major variance, without the cancellation of center - radius.
-    const double minorVariance = variance > 0 ? c.xx * (c.yy / variance) - c.xy * (c.xy / variance) : 0;
-    const double major = std::sqrt(variance);
-    const double minor = std::sqrt(std::max(0.0, minorVariance));
-    if (c.xy == 0)
-        return c.xx > c.yy ? PrincipalAxes{toAxis(major, 0), toAxis(0, minor)}
-                           : PrincipalAxes{toAxis(0, major), toAxis(minor, 0)};
-    // Half-angle formulas: the turn from the coordinate axis of the larger variance, at most 45 degrees.
-    const double along = std::sqrt((1 + std::abs(halfDifference) / radius) / 2);
-    const double across = c.xy / radius / (2 * along);
-    if (c.xx >= c.yy)
-        return {toAxis(major * along, major * across), toAxis(-minor * across, minor * along)};
-    return {toAxis(-major * across, -major * along), toAxis(-minor * along, minor * across)};
+    return std::isfinite(axis.x()) && std::isfinite(axis.y());
 }
 
 /// The middle of the sequence in time. Downstream results are defined by it, so it must not become a sorted median.
@@ -123,7 +78,15 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
 {
     if (samples.size() < fewestSamplesForAxes)
         return {};
-    return axesOf(covarianceOf(samples));
+    cv::Mat positions(static_cast<int>(samples.size()), 2, CV_64F);
+    auto *cell = positions.ptr<double>();
+    for (const GazePoint &sample : samples) {
+        *cell++ = sample.x;
+        *cell++ = sample.y;
+    }
+    const cv::PCA pca(positions, cv::noArray(), cv::PCA::DATA_AS_ROW, 2);
+    const PrincipalAxes axes{scaledAxis(pca, 0), scaledAxis(pca, 1)};
+    return isFinite(axes.major) && isFinite(axes.minor) ? axes : PrincipalAxes{{}, {}};
 }
 
 int ScanpathSection::duration() const

@@ -8,6 +8,7 @@
 
 #include <tuple>
 #include <type_traits>
+#include <utility>
 
 /// One parameter, declared once: this row is the only place that knows its key, its value at construction and its
 /// texts. Records are plain structs; loading, storing, the undo command and the tests run over the rows.
@@ -54,10 +55,14 @@ QVariant toStored(const T &value)
 template <class T>
 T fromStored(const QVariant &stored)
 {
-    if constexpr (std::is_same_v<T, QColor>)
+    if constexpr (std::is_same_v<T, QColor>) {
         return QColor(stored.toString());
-    else
+    } else if constexpr (std::is_same_v<T, int>) {
+        const qint64 number = stored.toLongLong(); // toInt() would cut off the upper digits of a longer number
+        return std::in_range<int>(number) ? static_cast<int>(number) : 0;
+    } else {
         return stored.value<T>();
+    }
 }
 
 /// Sets the value in the record and in the store, at once: the store always holds the current value.

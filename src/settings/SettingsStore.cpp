@@ -29,7 +29,10 @@ QString SettingsStore::fileName() const
 
 QVariant SettingsStore::value(const QString &key) const
 {
-    return m_settings.value(key);
+    const QVariant stored = m_settings.value(key);
+    if (stored.typeId() == QMetaType::QStringList)
+        return stored.toStringList().join(QStringLiteral(", "));
+    return stored;
 }
 
 void SettingsStore::setValue(const QString &key, const QVariant &value)

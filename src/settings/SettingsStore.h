@@ -18,7 +18,8 @@ public:
     /// Path of the file in which the store is kept.
     QString fileName() const;
 
-    /// A missing key gives an invalid variant, which reads as 0, false or an empty text.
+    /// A missing key gives an invalid variant, which reads as 0, false or an empty text. No value is a list: text with
+    /// commas that was written into the file by hand, without quotes, is text here as well.
     QVariant value(const QString &key) const;
     void setValue(const QString &key, const QVariant &value);
     bool contains(const QString &key) const;

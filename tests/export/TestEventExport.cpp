@@ -313,7 +313,5 @@ void TestEventExport::longRecording()
     QCOMPARE(events.sums.saccadeDurationMs, count / 2 - 1);
 }
 
-Q_DECLARE_METATYPE(TimeSpan)
-
 QTEST_GUILESS_MAIN(TestEventExport)
 #include "TestEventExport.moc"

@@ -39,7 +39,8 @@ private:
     Widget *child(const char *name)
     {
         auto *found = m_widget->findChild<Widget *>(QLatin1StringView(name));
-        Q_ASSERT(found);
+        if (!found)
+            qFatal("The form has no %s", name);
         return found;
     }
     void click(const char *name) { QTest::mouseClick(child<QAbstractButton>(name), Qt::LeftButton); }

@@ -12,7 +12,7 @@ constexpr double returnMs = 500;           // how fast the eye comes back to its
 constexpr double microsaccadeDeg = 0.3;    // mean; Martinez-Conde et al. (2004), Nature Reviews Neuroscience 5
 constexpr double microsaccadeSpread = 0.4; // standard deviation of the logarithm
 constexpr double microsaccadeAimDeg = 0.2; // deviation from the target that turns a microsaccade back to it
-constexpr double landingError = 0.06;      // of the amplitude; standard deviation, each axis
+constexpr double landingError = 0.05;      // of the amplitude; standard deviation, each axis
 
 double length(const QPointF &way)
 {

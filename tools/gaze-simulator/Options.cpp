@@ -70,11 +70,10 @@ void addNumberOptions(QCommandLineParser &parser)
     const SimulationParameters defaults;
     for (const NumberOption &option : numberOptions) {
         const QString initial = QString::number(defaults.*option.member);
-        parser.addOption(
-            {latin1(option.name),
-             QStringLiteral("%1, %2 to %3. Default: %4.")
-                 .arg(latin1(option.help), QString::number(option.least), QString::number(option.greatest)),
-             latin1(option.unit), initial});
+        const QString help =
+            QStringLiteral("%1, %2 to %3. Default: %4.")
+                .arg(latin1(option.help), QString::number(option.least), QString::number(option.greatest), initial);
+        parser.addOption({latin1(option.name), help, latin1(option.unit), initial});
     }
 }
 
@@ -242,6 +241,8 @@ std::variant<Options, HelpText, UsageFault> parseOptions(const QStringList &argu
     readFiles(reader, parser, options);
     options.canvas = reader.size("size");
     options.parameters = readParameters(reader);
+    if (options.parameters.durationS * options.parameters.rateHz < 1)
+        reader.setFault(QStringLiteral("--duration is too short for a single sample; choose 1 / rate or more."));
     options.entries = readEntries(reader, parser, options.name);
     if (parser.isSet(QStringLiteral("truth")))
         options.truth = recording::Truth::Write;

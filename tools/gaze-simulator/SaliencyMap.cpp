@@ -7,10 +7,12 @@
 namespace {
 
 constexpr int cellsOnLongSide = 96;
-constexpr int centerRadius = 1;                       // cells
-constexpr std::array<int, 2> surroundRadii = {4, 10}; // cells
-constexpr double leastContrast = 0.03;                // of the greatest: even plain sky is looked at now and then
-constexpr double centerBiasWidth = 0.45;              // of the canvas, each axis
+constexpr int centerRadius = 1;                      // cells
+constexpr std::array<int, 2> surroundRadii = {3, 7}; // cells
+constexpr double halfContrast = 0.55; // of the greatest: above it one object is hardly better than another
+constexpr double leastVisible = 10;   // sum of colour levels; a plain picture is not looked at for its rounding errors
+constexpr double leastWeight = 0.004; // of the greatest: even plain sky is looked at now and then
+constexpr double centerBiasWidth = 0.45; // of the canvas, each axis
 
 /// One feature of the picture on the grid, with sums for boxes of any size at constant cost.
 class FeaturePlane {
@@ -142,7 +144,7 @@ SaliencyMap imageSaliency(const QImage &image)
         return {};
     SaliencyMap map = emptyMap(image.size());
     const std::array<FeaturePlane, 3> planes = features(image, map);
-    double greatest = 0;
+    double greatest = leastVisible;
     for (int row = 0; row < map.rows; ++row) {
         for (int column = 0; column < map.columns; ++column) {
             double &weight = map.weights[static_cast<size_t>(row * map.columns + column)];
@@ -151,8 +153,9 @@ SaliencyMap imageSaliency(const QImage &image)
         }
     }
     for (double &weight : map.weights) {
-        const double contrast = greatest > 0 ? weight / greatest : 0;
-        weight = contrast * contrast + leastContrast * leastContrast;
+        const double contrast = weight / greatest;
+        const double cubed = contrast * contrast * contrast;
+        weight = cubed / (cubed + halfContrast * halfContrast * halfContrast) + leastWeight;
         weight = std::min(weight, 1.0);
     }
     applyCenterBias(map);

@@ -10,11 +10,16 @@ namespace {
 constexpr double tremorHz = 90;       // Martinez-Conde et al. (2004), Nature Reviews Neuroscience 5
 constexpr double tremorMemoryMs = 20; // how long an oscillation keeps its phase
 constexpr double wanderMs = 3000;
-constexpr double wanderDeg = 0.03; // standard deviation, each axis
+constexpr double wanderPart = 0.1; // of the constant offset; standard deviation, each axis
 constexpr double lidPullDeg = 3;
 constexpr double lidFlattening = 0.8;   // part of the pupil's height that a shut lid hides before the eye is lost
 constexpr double pupilRoundness = 0.97; // height over width
 constexpr double pupilNoisePx = 0.08;
+
+double length(const QPointF &way)
+{
+    return std::sqrt(QPointF::dotProduct(way, way));
+}
 
 QPointF normalPoint(RandomSource &random)
 {
@@ -30,7 +35,7 @@ SimulatedEye::SimulatedEye(const SimulationParameters &parameters, const QPointF
     , m_offset(offset)
     , m_tremor(tremorOf(parameters))
     , m_wanderKept(portable::exponential(-1000 / parameters.rateHz / wanderMs))
-    , m_wanderFresh(wanderDeg * parameters.pixelsPerDegree * std::sqrt(1 - m_wanderKept * m_wanderKept))
+    , m_wanderFresh(wanderPart * length(offset) * std::sqrt(1 - m_wanderKept * m_wanderKept))
     , m_noise(parameters.noiseDeg * parameters.pixelsPerDegree)
     , m_lidPull(lidPullDeg * parameters.pixelsPerDegree)
 {

@@ -4,9 +4,9 @@
 
 namespace {
 
-constexpr double inhibitionRadiusDeg = 2;
-constexpr double inhibitionKept = 0.85;  // from one fixation to the next
-constexpr double saccadeReachDeg = 7;    // half the chance at about two thirds of it
+constexpr double inhibitionRadiusDeg = 2.5;
+constexpr double inhibitionKept = 0.92;  // from one fixation to the next
+constexpr double saccadeReachDeg = 9;    // half the chance at about two thirds of it
 constexpr double shortestSaccadeDeg = 1; // smaller ones become rare
 constexpr double leastChance = 1e-12;
 

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "model/EyeMode.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <optional>
+#include <variant>
+
+/// How the batch tool ends.
+enum class ExitCode {
+    AllDone = 0,
+    SomethingFailed = 1, ///< the rest is done
+    Usage = 2            ///< nothing was started
+};
+
+/// The command line of the batch tool, checked as far as it can be without opening a file.
+struct BatchOptions {
+    enum class Detector { Standard = 0 }; ///< the values are those of the stored calculation type
+    enum class Calculation { Fixations };
+    enum class Table { Fixations, Events };
+
+    /// One key of the settings store and the text that it gets.
+    struct Setting {
+        QString key;
+        QString value;
+        bool operator==(const Setting &) const = default;
+    };
+    /// In ms, both ends included; the start is not after the end.
+    struct TimeFrame {
+        qint64 startMs = 0;
+        qint64 endMs = 0;
+        bool operator==(const TimeFrame &) const = default;
+    };
+
+    bool operator==(const BatchOptions &) const = default;
+
+    QStringList recordings; ///< never empty unless help or version is asked for
+    QStringList settingsFiles;
+    QList<Setting> settings;          ///< to be set after the files, in this order
+    std::optional<Detector> detector; ///< else as the settings say
+    QString background;
+    std::optional<TimeFrame> time;   ///< else from 0 to the longest duration
+    QList<Calculation> calculations; ///< each once, in the order in which they run
+    QList<Table> tables;             ///< each once, in the order in which they are written
+    EyeMode eyes = EyeMode::showAll;
+    QString outputFolder = QStringLiteral(".");
+    QString prefix = QStringLiteral("vistrum");
+    QStringList images;
+    QString reportFile;
+    std::optional<int> jobs; ///< at least 1; else as many as there are cores
+    bool quiet = false;
+    bool help = false;    ///< to be answered before anything else; what follows it was not read
+    bool version = false; ///< the same
+};
+
+/// What is wrong with a command line, in one line for the user.
+struct UsageError {
+    QString text;
+};
+
+/// Reads the arguments behind the program's name, from left to right, until the first error. A value follows its option
+/// as the next argument or after "="; "--" ends the options. Options and list entries of what this version cannot do
+/// are refused by name, and so is a second value for an option that takes one.
+std::variant<BatchOptions, UsageError> parseBatchOptions(const QStringList &arguments);

@@ -1,0 +1,130 @@
+#include "batch/BatchReport.h"
+
+#include "batch/OptionWords.h"
+#include "settings/SettingsStore.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+QLatin1StringView severityName(messages::Severity severity)
+{
+    switch (severity) {
+    case messages::Severity::Information:
+        return QLatin1StringView("information");
+    case messages::Severity::Warning:
+        return QLatin1StringView("warning");
+    case messages::Severity::Critical:
+        break;
+    }
+    return QLatin1StringView("critical");
+}
+
+QJsonObject toJson(const ReportedFile &file)
+{
+    return {{QStringLiteral("path"), file.path},
+            {QStringLiteral("bytes"), file.bytes},
+            {QStringLiteral("sha256"), file.sha256.isEmpty() ? QJsonValue() : QJsonValue(file.sha256)}};
+}
+
+QJsonArray toJson(const QList<ShownMessage> &messages)
+{
+    QJsonArray array;
+    for (const ShownMessage &message : messages)
+        array << QJsonObject{{QStringLiteral("severity"), severityName(message.severity)},
+                             {QStringLiteral("title"), message.title},
+                             {QStringLiteral("text"), message.text}};
+    return array;
+}
+
+template <class T>
+QJsonObject toJson(const QMap<QString, T> &map)
+{
+    QJsonObject object;
+    for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
+        object.insert(entry.key(), entry.value());
+    return object;
+}
+
+QJsonObject toJson(const ReportedInput &input)
+{
+    QJsonObject object = toJson(input.file);
+    object.insert(QStringLiteral("kind"), input.kind);
+    object.insert(QStringLiteral("used"), input.used);
+    object.insert(QStringLiteral("counts"), toJson(input.counts));
+    object.insert(QStringLiteral("messages"), toJson(input.messages));
+    return object;
+}
+
+template <class T>
+QJsonArray toJsonArray(const QList<T> &list)
+{
+    QJsonArray array;
+    for (const T &each : list)
+        array << toJson(each);
+    return array;
+}
+
+QString valueText(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(u',') : value.toString();
+}
+
+template <class T, size_t N>
+QString wordsFor(const QList<T> &meanings, const optionwords::Word<T> (&vocabulary)[N])
+{
+    QStringList words;
+    for (const T &meaning : meanings)
+        words << optionwords::wordFor(meaning, vocabulary);
+    return words.join(u',');
+}
+
+} // namespace
+
+ReportedFile reportedFile(const QString &path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+        return {path, 0, QString()};
+    return {path, file.pos(), QString::fromLatin1(hash.result().toHex())};
+}
+
+QMap<QString, QString> storedParameters(const SettingsStore &store)
+{
+    QMap<QString, QString> parameters;
+    for (const QString &key : store.allKeys())
+        parameters.insert(key, valueText(store.value(key)));
+    return parameters;
+}
+
+QMap<QString, QString> reportedOptions(const BatchOptions &options)
+{
+    using namespace optionwords;
+    QMap<QString, QString> reported{{QStringLiteral("calculate"), wordsFor(options.calculations, calculations)},
+                                    {QStringLiteral("export"), wordsFor(options.tables, tables)},
+                                    {QStringLiteral("eyes"), wordFor(options.eyes, eyes)}};
+    if (options.detector)
+        reported.insert(QStringLiteral("detector"), wordFor(*options.detector, detectors));
+    if (options.time)
+        reported.insert(QStringLiteral("time"),
+                        QStringLiteral("%1:%2").arg(options.time->startMs).arg(options.time->endMs));
+    return reported;
+}
+
+QJsonDocument toJson(const BatchReport &report)
+{
+    return QJsonDocument(QJsonObject{
+        {QStringLiteral("program"), QStringLiteral("vistrum-batch")},
+        {QStringLiteral("version"), report.version},
+        {QStringLiteral("options"), toJson(report.options)},
+        {QStringLiteral("parameters"), toJson(report.parameters)},
+        {QStringLiteral("inputs"), toJsonArray(report.inputs)},
+        {QStringLiteral("messages"), toJson(report.messages)},
+        {QStringLiteral("outputs"), toJsonArray(report.outputs)},
+    });
+}

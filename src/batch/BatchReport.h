@@ -1,0 +1,50 @@
+#pragma once
+
+#include "batch/BatchOptions.h"
+#include "batch/MessageRecord.h"
+
+#include <QMap>
+
+class QJsonDocument;
+class SettingsStore;
+
+/// A file and its contents at the time of the run.
+struct ReportedFile {
+    bool operator==(const ReportedFile &) const = default;
+
+    QString path; ///< as the user gave it
+    qint64 bytes = 0;
+    QString sha256; ///< hexadecimal; empty if the file could not be read
+};
+
+/// A file that the run read.
+struct ReportedInput {
+    ReportedFile file;
+    QString kind;                 ///< "recording", "set file", "settings", "background"
+    bool used = true;             ///< false for a recording that was left out
+    QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
+    QList<ShownMessage> messages; ///< about this file
+};
+
+/// What a result rests on, so that others can repeat it. It holds no time and nothing else that differs from run to
+/// run: the same inputs and options give the same bytes.
+struct BatchReport {
+    QString version;
+    QMap<QString, QString> options;    ///< what the command line asked for beyond the parameters
+    QMap<QString, QString> parameters; ///< every key of the settings store
+    QList<ReportedInput> inputs;       ///< in the order of the command line
+    QList<ShownMessage> messages;      ///< those that are about no input
+    QList<ReportedFile> outputs;       ///< in the order in which they were written
+};
+
+/// Size and SHA-256 of the file, read piece by piece.
+ReportedFile reportedFile(const QString &path);
+
+/// Every key and value of the store, as text.
+QMap<QString, QString> storedParameters(const SettingsStore &store);
+
+/// The options that shape the results and are no parameters; not how many jobs do the work or what the terminal shows.
+QMap<QString, QString> reportedOptions(const BatchOptions &options);
+
+/// The report as JSON, the keys of each object in alphabetical order.
+QJsonDocument toJson(const BatchReport &report);

@@ -1,0 +1,44 @@
+#include "batch/Terminal.h"
+
+#include <QIODevice>
+
+#include <unistd.h>
+
+void Terminal::writeLine(const QString &text)
+{
+    const std::lock_guard lock(m_mutex);
+    const QString status = m_status;
+    eraseStatus();
+    write(text + u'\n');
+    write(status);
+    m_status = status;
+}
+
+void Terminal::setStatus(const QString &text)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_kind == Kind::Stream || text == m_status)
+        return;
+    eraseStatus();
+    write(text);
+    m_status = text;
+}
+
+Terminal::Kind Terminal::kindOfStandardError()
+{
+    return isatty(STDERR_FILENO) == 1 ? Kind::Screen : Kind::Stream;
+}
+
+void Terminal::write(const QString &text)
+{
+    m_device.write(text.toLocal8Bit());
+}
+
+/// With blanks rather than a control sequence, which not every terminal knows.
+void Terminal::eraseStatus()
+{
+    if (m_status.isEmpty())
+        return;
+    write(u'\r' + QString(m_status.size(), u' ') + u'\r');
+    m_status.clear();
+}

@@ -1,0 +1,38 @@
+#include "settings/Registry.h"
+
+#include "base/Messages.h"
+#include "settings/SettingsFile.h"
+#include "settings/StoredKeys.h"
+
+Registry::Registry(Log log) : m_log(std::move(log)) {}
+
+void Registry::saveSettings(QString path) const
+{
+    const SettingsStore store;
+    QList<SettingsLine> lines;
+    for (const QString &key : store.allKeys()) {
+        if (key != keys::eyetrackerModel.key)
+            lines.append({key, store.value(key).toString()});
+    }
+    writeSettingsFile(path, lines);
+}
+
+bool Registry::loadSettings(QString path) const
+{
+    const auto lines = readSettingsFile(path);
+    if (!lines) {
+        messages::information(QStringLiteral("Information"), QStringLiteral("Error: The file could not be opened!"));
+        m_log.write(QStringLiteral("ERROR: Could not open registry file!"));
+        return false;
+    }
+    SettingsStore store;
+    QStringList changes;
+    for (const SettingsLine &line : *lines) {
+        if (store.contains(line.key)) {
+            store.setValue(line.key, line.value);
+            changes.append(QStringLiteral("RegistryImport: ") + line.key + QStringLiteral(" -> ") + line.value);
+        }
+    }
+    m_log.write(changes);
+    return true;
+}

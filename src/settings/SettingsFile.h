@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+/// One line of a settings file.
+struct SettingsLine {
+    QString key;
+    QString value;
+
+    bool operator==(const SettingsLine &) const = default;
+};
+
+/// The lines of a settings file: a key, "=" and its value, nothing else. There are no sections and no comments, and
+/// nothing is trimmed. A line that holds no "=" or more than one, or no key, is left out.
+///
+/// @return nothing where the file cannot be opened.
+std::optional<QList<SettingsLine>> readSettingsFile(const QString &path);
+
+/// Replaces the file by one of these lines. A file that cannot be written is no error: the caller has nobody to tell.
+void writeSettingsFile(const QString &path, const QList<SettingsLine> &lines);

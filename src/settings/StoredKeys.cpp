@@ -1,0 +1,9 @@
+#include "settings/StoredKeys.h"
+
+EyeMode eyeMode()
+{
+    constexpr int first = static_cast<int>(EyeMode::showAll);
+    constexpr int last = static_cast<int>(EyeMode::showMean);
+    const int stored = readStored(keys::eyeMode);
+    return stored < first || stored > last ? EyeMode::showAll : static_cast<EyeMode>(stored);
+}

@@ -1,0 +1,315 @@
+#include "batch/BatchHelp.h"
+#include "batch/BatchOptions.h"
+#include "batch/Suggestion.h"
+
+#include <QTest>
+
+class TestBatchOptions : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void accepted_data();
+    void accepted();
+    void refused_data();
+    void refused();
+    void suggestions_data();
+    void suggestions();
+    void helpNamesWhatIsBuilt();
+    void exitCodes();
+};
+
+namespace {
+
+using O = BatchOptions;
+using Change = std::function<void(BatchOptions &)>;
+
+/// The options of a command line that names one recording, with a change on top.
+BatchOptions expected(const Change &change)
+{
+    BatchOptions options;
+    options.recordings = QStringList{QStringLiteral("a.data")};
+    change(options);
+    return options;
+}
+
+/// The arguments of a command line without quotes.
+QStringList arguments(const QString &line)
+{
+    return line.isEmpty() ? QStringList() : line.split(u' ');
+}
+
+void acceptedRow(const char *name, const char *line, const Change &change)
+{
+    QTest::newRow(name) << QString::fromLatin1(line) << change;
+}
+
+void acceptedArguments()
+{
+    acceptedRow("one recording and defaults", "a.data", [](O &) {});
+    acceptedRow("several recordings in their order", "a.data c.data b.data",
+                [](O &o) { o.recordings << QStringLiteral("c.data") << QStringLiteral("b.data"); });
+    acceptedRow("options may follow recordings", "a.data --quiet", [](O &o) { o.quiet = true; });
+    acceptedRow("after two dashes all are recordings", "a.data -- --quiet -x",
+                [](O &o) { o.recordings << QStringLiteral("--quiet") << QStringLiteral("-x"); });
+    acceptedRow("a single dash is a name", "a.data -", [](O &o) { o.recordings << QStringLiteral("-"); });
+    acceptedRow("settings files in their order", "--settings 2.ini --settings=1.ini a.data", [](O &o) {
+        o.settingsFiles = QStringList{QStringLiteral("2.ini"), QStringLiteral("1.ini")};
+    });
+    acceptedRow("single settings in their order", "--set K=2 --set K=1 a.data", [](O &o) {
+        o.settings = {{QStringLiteral("K"), QStringLiteral("2")}, {QStringLiteral("K"), QStringLiteral("1")}};
+    });
+    acceptedRow("a setting's value may hold equals signs", "--set=A/B=c=d a.data", [](O &o) {
+        o.settings = {{QStringLiteral("A/B"), QStringLiteral("c=d")}};
+    });
+    acceptedRow("a setting may be emptied", "--set K= a.data", [](O &o) {
+        o.settings = {{QStringLiteral("K"), QString()}};
+    });
+    acceptedRow("help needs no recording", "--help", [](O &o) {
+        o.recordings.clear();
+        o.help = true;
+    });
+    acceptedRow("what follows help is not read", "a.data --help --nonsense", [](O &o) { o.help = true; });
+    acceptedRow("version needs no recording", "--version", [](O &o) {
+        o.recordings.clear();
+        o.version = true;
+    });
+}
+
+void acceptedChoices()
+{
+    acceptedRow("detector", "--detector standard a.data", [](O &o) { o.detector = O::Detector::Standard; });
+    acceptedRow("background", "--background p.png a.data", [](O &o) { o.background = QStringLiteral("p.png"); });
+    acceptedRow("calculation", "--calculate fixations a.data",
+                [](O &o) { o.calculations = {O::Calculation::Fixations}; });
+    acceptedRow("a calculation named twice runs once", "--calculate fixations,fixations a.data",
+                [](O &o) { o.calculations = {O::Calculation::Fixations}; });
+    acceptedRow("exports in the order in which they are written", "--export events,fixations a.data", [](O &o) {
+        o.tables = {O::Table::Fixations, O::Table::Events};
+    });
+    acceptedRow("one export", "--export events a.data", [](O &o) { o.tables = {O::Table::Events}; });
+    acceptedRow("all eyes", "--eyes all a.data", [](O &o) { o.eyes = EyeMode::showAll; });
+    acceptedRow("dominant eye", "--eyes dominant a.data", [](O &o) { o.eyes = EyeMode::showDominant; });
+    acceptedRow("left eye", "--eyes left a.data", [](O &o) { o.eyes = EyeMode::showLeft; });
+    acceptedRow("right eye", "--eyes right a.data", [](O &o) { o.eyes = EyeMode::showRight; });
+    acceptedRow("mean of the eyes", "--eyes=mean a.data", [](O &o) { o.eyes = EyeMode::showMean; });
+}
+
+void acceptedFilesAndNumbers()
+{
+    acceptedRow("time frame", "--time 100:2000 a.data", [](O &o) { o.time = O::TimeFrame{100, 2000}; });
+    acceptedRow("time frame of one moment", "--time 5:5 a.data", [](O &o) { o.time = O::TimeFrame{5, 5}; });
+    acceptedRow("time before zero", "--time -5:-1 a.data", [](O &o) { o.time = O::TimeFrame{-5, -1}; });
+    acceptedRow("time beyond 32 bits", "--time 0:9000000000 a.data", [](O &o) {
+        o.time = O::TimeFrame{0, 9000000000};
+    });
+    acceptedRow("folder and prefix", "--out results --prefix study a.data", [](O &o) {
+        o.outputFolder = QStringLiteral("results");
+        o.prefix = QStringLiteral("study");
+    });
+    acceptedRow("no prefix", "--prefix= a.data", [](O &o) { o.prefix.clear(); });
+    acceptedRow("a value may begin with a dash", "--prefix -x- a.data", [](O &o) { o.prefix = QStringLiteral("-x-"); });
+    acceptedRow("a value behind an equals sign may look like an option", "--prefix=--quiet a.data",
+                [](O &o) { o.prefix = QStringLiteral("--quiet"); });
+    acceptedRow("images in all formats", "--image a.png --image b.svg --image c.tiff --image d.JPG a.data",
+                [](O &o) { o.images = QStringLiteral("a.png b.svg c.tiff d.JPG").split(u' '); });
+    acceptedRow("report", "--report r.json a.data", [](O &o) { o.reportFile = QStringLiteral("r.json"); });
+    acceptedRow("one job", "--jobs 1 a.data", [](O &o) { o.jobs = 1; });
+    acceptedRow("many jobs", "--jobs=64 a.data", [](O &o) { o.jobs = 64; });
+    acceptedRow("quiet may be said again", "--quiet --quiet a.data", [](O &o) { o.quiet = true; });
+}
+
+void refusedRow(const char *name, const char *line, const char *text)
+{
+    QTest::newRow(name) << QString::fromLatin1(line) << QString::fromLatin1(text);
+}
+
+void refusedArguments()
+{
+    refusedRow("nothing at all", "", "no recording given");
+    refusedRow("options alone", "--quiet", "no recording given");
+    refusedRow("two dashes alone", "--", "no recording given");
+
+    refusedRow("unknown option", "--frobnicate a.data", "unknown option --frobnicate");
+    refusedRow("unknown option near a known one", "--exprot fixations a.data",
+               "unknown option --exprot; did you mean --export?");
+    refusedRow("unknown option that begins a known one", "--calc=fixations a.data",
+               "unknown option --calc; did you mean --calculate?");
+    refusedRow("one dash where two belong", "-quiet a.data", "unknown option -quiet; did you mean --quiet?");
+    refusedRow("the case counts", "--Eyes left a.data", "unknown option --Eyes; did you mean --eyes?");
+    refusedRow("a short option", "-h", "unknown option -h");
+
+    refusedRow("value missing at the end", "a.data --out", "--out: needs a value, DIR");
+    refusedRow("value missing before an option", "--out --quiet a.data", "--out: needs a value, DIR");
+    refusedRow("empty value", "--out= a.data", "--out: the value is empty");
+    refusedRow("empty report name", "--report= a.data", "--report: the value is empty");
+    refusedRow("value for a flag", "--quiet=1 a.data", "--quiet: takes no value");
+    refusedRow("folder given twice", "--out a --out b a.data", "--out: given twice");
+    refusedRow("eyes given twice, the same", "--eyes left --eyes left a.data", "--eyes: given twice");
+    refusedRow("list given twice", "--export events --export fixations a.data", "--export: given twice");
+}
+
+void refusedChoices()
+{
+    refusedRow("setting without equals sign", "--set KEY a.data", "--set KEY: not of the form KEY=VALUE");
+    refusedRow("setting without key", "--set =1 a.data", "--set =1: not of the form KEY=VALUE");
+    refusedRow("unknown eye", "--eyes both a.data", "--eyes both: not one of all, dominant, left, right, mean");
+    refusedRow("nearly an eye", "--eyes domnant a.data",
+               "--eyes domnant: not one of all, dominant, left, right, mean; did you mean dominant?");
+    refusedRow("unknown detector", "--detector best a.data",
+               "--detector best: not one of standard, gaussian, velocity");
+    refusedRow("unknown calculation", "--calculate fixation a.data",
+               "--calculate fixation: not one of fixations, clusters, cumulative-clusters, saccade-clusters, "
+               "general-statistics, aoi-statistics; did you mean fixations?");
+    refusedRow(
+        "empty list entry", "--export fixations,,events a.data",
+        "--export : not one of fixations, clusters, events, cumulative-clusters, general-statistics, aoi-statistics, "
+        "transitions, anglestar");
+}
+
+void refusedTimes()
+{
+    const char *form = "not of the form START:END in whole milliseconds";
+    const auto badTime = [&](const char *name, const QString &value) {
+        QTest::newRow(name) << u"--time %1 a.data"_qs.arg(value)
+                            << u"--time %1: %2"_qs.arg(value, QLatin1StringView(form));
+    };
+    badTime("time without colon", QStringLiteral("100"));
+    badTime("time without start", QStringLiteral(":100"));
+    badTime("time without end", QStringLiteral("100:"));
+    badTime("time of three parts", QStringLiteral("1:2:3"));
+    badTime("time with decimals", QStringLiteral("0.5:1"));
+    badTime("time in words", QStringLiteral("start:end"));
+    badTime("time beyond 64 bits", QStringLiteral("0:99999999999999999999"));
+    refusedRow("start after end", "--time 2:1 a.data", "--time 2:1: the start is after the end");
+}
+
+void refusedNumbersAndNames()
+{
+    for (const char *jobs : {"0", "-1", "2.5", "two", "99999999999"}) {
+        QTest::addRow("jobs: %s", jobs) << u"--jobs %1 a.data"_qs.arg(QLatin1StringView(jobs))
+                                        << u"--jobs %1: not a whole number from 1 on"_qs.arg(QLatin1StringView(jobs));
+    }
+    for (const char *image : {"a.bmp", "a", "png", "a.png.gz"}) {
+        QTest::addRow("image: %s", image)
+            << u"--image %1 a.data"_qs.arg(QLatin1StringView(image))
+            << u"--image %1: the name does not end in .png, .svg, .tiff or .jpg"_qs.arg(QLatin1StringView(image));
+    }
+}
+
+void notBuilt()
+{
+    for (const char *option : {"velocity-unit", "aois", "video", "video-step"}) {
+        QTest::addRow("not built: %s", option)
+            << u"--%1 x a.data"_qs.arg(QLatin1StringView(option))
+            << u"--%1: not available in this version"_qs.arg(QLatin1StringView(option));
+    }
+    const auto refuse = [](const char *option, const char *word) {
+        const QString call = u"--%1 %2"_qs.arg(QLatin1StringView(option), QLatin1StringView(word));
+        QTest::addRow("not built: %s %s", option, word)
+            << call + QStringLiteral(" a.data") << call + QStringLiteral(": not available in this version");
+    };
+    refuse("detector", "gaussian");
+    refuse("detector", "velocity");
+    for (const char *word :
+         {"clusters", "cumulative-clusters", "saccade-clusters", "general-statistics", "aoi-statistics"})
+        refuse("calculate", word);
+    for (const char *word :
+         {"clusters", "cumulative-clusters", "general-statistics", "aoi-statistics", "transitions", "anglestar"})
+        refuse("export", word);
+    refusedRow("one entry of a list is not built", "--export fixations,clusters a.data",
+               "--export clusters: not available in this version");
+    refusedRow("not built, without its value", "--video", "--video: not available in this version");
+}
+
+} // namespace
+
+void TestBatchOptions::accepted_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<Change>("change");
+    acceptedArguments();
+    acceptedChoices();
+    acceptedFilesAndNumbers();
+}
+
+void TestBatchOptions::accepted()
+{
+    QFETCH(QString, line);
+    QFETCH(Change, change);
+    const auto parsed = parseBatchOptions(arguments(line));
+    const auto *error = std::get_if<UsageError>(&parsed);
+    QVERIFY2(!error, error ? qPrintable(error->text) : "");
+    QVERIFY(std::get<BatchOptions>(parsed) == expected(change));
+}
+
+void TestBatchOptions::refused_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("text");
+    refusedArguments();
+    refusedChoices();
+    refusedTimes();
+    refusedNumbersAndNames();
+    notBuilt();
+}
+
+void TestBatchOptions::refused()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, text);
+    const auto parsed = parseBatchOptions(arguments(line));
+    QVERIFY(std::holds_alternative<UsageError>(parsed));
+    QCOMPARE(std::get<UsageError>(parsed).text, text);
+}
+
+void TestBatchOptions::suggestions_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("begins one known word") << "sacc"
+                                           << "saccades";
+    QTest::newRow("begins one, in another case") << "SACC"
+                                                 << "saccades";
+    QTest::newRow("begins two, and is near none") << "cl"
+                                                  << "";
+    QTest::newRow("a letter missing") << "clustrs"
+                                      << "clusters";
+    QTest::newRow("a letter too many") << "clussters"
+                                       << "clusters";
+    QTest::newRow("a letter changed") << "clusterz"
+                                      << "clusters";
+    QTest::newRow("letters swapped") << "lcusters"
+                                     << "clusters";
+    QTest::newRow("too far") << "transitions"
+                             << "";
+    QTest::newRow("nothing") << ""
+                             << "";
+}
+
+void TestBatchOptions::suggestions()
+{
+    QFETCH(QString, word);
+    QTEST(suggestion(word, {QStringLiteral("clusters"), QStringLiteral("clocks"), QStringLiteral("saccades")}),
+          "expected");
+}
+
+void TestBatchOptions::helpNamesWhatIsBuilt()
+{
+    const QString help = batchHelp();
+    for (const char *option : {"settings", "set", "detector", "background", "time", "calculate", "export", "eyes",
+                               "out", "prefix", "image", "report", "jobs", "quiet", "help", "version"})
+        QVERIFY2(help.contains(u"\n  --%1 "_qs.arg(QLatin1StringView(option))), option);
+    for (const char *option : {"video", "aois", "velocity"})
+        QVERIFY2(!help.contains(QLatin1StringView(option)), option);
+    for (const QString &line : help.split(u'\n'))
+        QVERIFY2(line.size() < 100, qPrintable(line));
+}
+
+void TestBatchOptions::exitCodes()
+{
+    QCOMPARE(static_cast<int>(ExitCode::AllDone), 0);
+    QCOMPARE(static_cast<int>(ExitCode::SomethingFailed), 1);
+    QCOMPARE(static_cast<int>(ExitCode::Usage), 2);
+}
+
+QTEST_GUILESS_MAIN(TestBatchOptions)
+#include "TestBatchOptions.moc"

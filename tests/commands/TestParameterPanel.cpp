@@ -1,0 +1,250 @@
+#include "commands/panel/ParameterPanel.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+struct Record {
+    int whole = 3;
+    double real = 0.5;
+    bool flag = false;
+    int choice = 0;
+    int unbound = 0;
+};
+
+constexpr Parameter wholeRow{&Record::whole, QLatin1StringView("Whole"), 3, QLatin1StringView("Whole changed: %1"),
+                             QLatin1StringView("CommandChangeWhole")};
+constexpr Parameter realRow{&Record::real, QLatin1StringView("Real"), 0.5, QLatin1StringView("Real changed: %1"),
+                            QLatin1StringView("CommandChangeReal")};
+constexpr Parameter flagRow{&Record::flag, QLatin1StringView("Flag"), false, QLatin1StringView("Flag changed: %1"),
+                            QLatin1StringView("CommandChangeFlag")};
+constexpr Parameter choiceRow{&Record::choice, QLatin1StringView("Choice"), 0, QLatin1StringView("Choice changed: %1"),
+                              QLatin1StringView("CommandChangeChoice")};
+constexpr Parameter unboundRow{&Record::unbound, QLatin1StringView("Unbound"), 0};
+constexpr auto recordRows = std::tie(wholeRow, realRow, flagRow, choiceRow, unboundRow);
+
+/// A command that differs from its row's in what it shows.
+class CommandChangeChoice : public ParameterCommand<choiceRow> {
+public:
+    using ParameterCommand::ParameterCommand;
+
+protected:
+    void show(const int &value) override
+    {
+        ParameterCommand::show(value);
+        SettingsStore().setValue(QStringLiteral("Shown"), value);
+    }
+};
+
+/// A panel with a control of each kind.
+class Panel : public QWidget {
+public:
+    Panel()
+    {
+        m_whole->setRange(0, 10);
+        m_real->setRange(0, 1);
+        m_choice->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+        m_parameters.bind<wholeRow>(m_whole, m_record, nullptr);
+        m_parameters.bind<realRow>(m_real, m_record, nullptr);
+        m_parameters.bind<flagRow>(m_flag, m_record, nullptr);
+        m_parameters.bind<choiceRow, CommandChangeChoice>(m_choice, m_record, nullptr);
+        m_parameters.refresh(m_record, recordRows);
+    }
+
+    Record &record() { return m_record; }
+    ParameterPanel &parameters() { return m_parameters; }
+    QSpinBox &whole() { return *m_whole; }
+    QDoubleSpinBox &real() { return *m_real; }
+    QCheckBox &flag() { return *m_flag; }
+    QComboBox &choice() { return *m_choice; }
+
+private:
+    QSpinBox *m_whole = new QSpinBox(this);
+    QDoubleSpinBox *m_real = new QDoubleSpinBox(this);
+    QCheckBox *m_flag = new QCheckBox(this);
+    QComboBox *m_choice = new QComboBox(this);
+    Record m_record;
+    ParameterPanel m_parameters;
+};
+
+CommandStack &stack()
+{
+    return CommandStack::instance();
+}
+
+} // namespace
+
+class TestParameterPanel : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void showsTheRecordWithoutACommand();
+    void aChangeOfAControlIsACommand();
+    void undoAndRedoSetTheControlSilently();
+    void twoQuickChangesAreTwoCommands();
+    void whatIsTypedIsACommandADigit();
+    void aDerivedCommandIsPushed();
+    void theControlClampsWhatTheRecordKeeps_data();
+    void theControlClampsWhatTheRecordKeeps();
+    void aClampedControlChangesFromItsOwnValue();
+    void aChoiceBeyondTheItemsShowsNone();
+    void aKeyWithoutControlIsNoError();
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<Panel> m_panel;
+    int m_before = 0; ///< commands on the stack, which lives as long as the process
+};
+
+void TestParameterPanel::init()
+{
+    const QString store = m_folder.filePath(QStringLiteral("store.ini"));
+    QFile::remove(store);
+    SettingsStore::useFile(store);
+    m_panel = std::make_unique<Panel>();
+    m_before = stack().count();
+}
+
+void TestParameterPanel::cleanup()
+{
+    stack().clear(); // the commands hold references to the panel
+}
+
+void TestParameterPanel::showsTheRecordWithoutACommand()
+{
+    m_panel->record() = {7, 0.25, true, 2, 9};
+    m_panel->parameters().refresh(m_panel->record(), recordRows);
+    QCOMPARE(m_panel->whole().value(), 7);
+    QCOMPARE(m_panel->real().value(), 0.25);
+    QVERIFY(m_panel->flag().isChecked());
+    QCOMPARE(m_panel->choice().currentIndex(), 2);
+    QCOMPARE(stack().count(), m_before);
+    QVERIFY2(SettingsStore().allKeys().isEmpty(), "a refresh writes nothing");
+}
+
+void TestParameterPanel::aChangeOfAControlIsACommand()
+{
+    m_panel->whole().setValue(8);
+    m_panel->real().setValue(0.75);
+    m_panel->flag().click();
+    m_panel->choice().setCurrentIndex(1);
+    QCOMPARE(stack().count(), m_before + 4);
+    QCOMPARE(stack().text(m_before), QStringLiteral("Whole changed: 8"));
+    QCOMPARE(stack().text(m_before + 1), QStringLiteral("Real changed: 0.75"));
+    QCOMPARE(stack().text(m_before + 2), QStringLiteral("Flag changed: 1"));
+    QCOMPARE(stack().text(m_before + 3), QStringLiteral("Choice changed: 1"));
+    QCOMPARE(m_panel->record().whole, 8);
+    QCOMPARE(m_panel->record().real, 0.75);
+    QCOMPARE(m_panel->record().flag, true);
+    QCOMPARE(m_panel->record().choice, 1);
+    QCOMPARE(SettingsStore().value(wholeRow.key).toInt(), 8);
+    QCOMPARE(SettingsStore().value(realRow.key).toDouble(), 0.75);
+}
+
+void TestParameterPanel::undoAndRedoSetTheControlSilently()
+{
+    m_panel->whole().setValue(8);
+    m_panel->flag().click();
+    const QSignalSpy wholeChanges(&m_panel->whole(), &QSpinBox::valueChanged);
+    const QSignalSpy flagChanges(&m_panel->flag(), &QCheckBox::toggled);
+    stack().undo();
+    stack().undo();
+    QCOMPARE(m_panel->whole().value(), 3);
+    QCOMPARE(m_panel->flag().isChecked(), false);
+    QCOMPARE(SettingsStore().value(wholeRow.key).toInt(), 3);
+    stack().redo();
+    QCOMPARE(m_panel->whole().value(), 8);
+    QCOMPARE(wholeChanges.count(), 0);
+    QCOMPARE(flagChanges.count(), 0);
+    QCOMPARE(stack().count(), m_before + 2);
+    QVERIFY2(stack().canRedo(), "a new command would have cut off what can be redone");
+}
+
+void TestParameterPanel::twoQuickChangesAreTwoCommands()
+{
+    m_panel->whole().stepUp();
+    m_panel->whole().stepUp();
+    QCOMPARE(stack().count(), m_before + 2);
+    stack().undo();
+    QCOMPARE(m_panel->whole().value(), 4);
+    stack().undo();
+    QCOMPARE(m_panel->whole().value(), 3);
+}
+
+void TestParameterPanel::whatIsTypedIsACommandADigit()
+{
+    m_panel->whole().selectAll();
+    QTest::keyClicks(&m_panel->whole(), QStringLiteral("10"));
+    QCOMPARE(stack().count(), m_before + 2);
+    QCOMPARE(stack().text(m_before), QStringLiteral("Whole changed: 1"));
+    QCOMPARE(stack().text(m_before + 1), QStringLiteral("Whole changed: 10"));
+}
+
+void TestParameterPanel::aDerivedCommandIsPushed()
+{
+    m_panel->choice().setCurrentIndex(2);
+    QCOMPARE(SettingsStore().value(QStringLiteral("Shown")).toInt(), 2);
+    stack().undo();
+    QCOMPARE(SettingsStore().value(QStringLiteral("Shown")).toInt(), 0);
+    QCOMPARE(m_panel->choice().currentIndex(), 0);
+}
+
+void TestParameterPanel::theControlClampsWhatTheRecordKeeps_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("shown");
+    QTest::newRow("above") << 99 << 10;
+    QTest::newRow("below") << -5 << 0;
+    QTest::newRow("at the limit") << 10 << 10;
+}
+
+void TestParameterPanel::theControlClampsWhatTheRecordKeeps()
+{
+    QFETCH(int, value);
+    stack().push(new ParameterCommand<wholeRow>(value, m_panel->record(), m_panel->parameters(), nullptr));
+    QTEST(m_panel->whole().value(), "shown");
+    QCOMPARE(m_panel->record().whole, value);
+    QCOMPARE(SettingsStore().value(wholeRow.key).toInt(), value);
+    QCOMPARE(stack().count(), m_before + 1);
+    m_panel->parameters().refresh(m_panel->record(), recordRows);
+    QTEST(m_panel->whole().value(), "shown");
+    QCOMPARE(m_panel->record().whole, value);
+    stack().undo();
+    QCOMPARE(m_panel->whole().value(), 3);
+}
+
+void TestParameterPanel::aClampedControlChangesFromItsOwnValue()
+{
+    stack().push(new ParameterCommand<wholeRow>(99, m_panel->record(), m_panel->parameters(), nullptr));
+    m_panel->whole().stepDown();
+    QCOMPARE(m_panel->record().whole, 9);
+    stack().undo();
+    QCOMPARE(m_panel->record().whole, 99);
+    QCOMPARE(m_panel->whole().value(), 10);
+}
+
+void TestParameterPanel::aChoiceBeyondTheItemsShowsNone()
+{
+    for (const int index : {3, -1}) {
+        m_panel->record().choice = index;
+        m_panel->parameters().refresh(m_panel->record(), recordRows);
+        QCOMPARE(m_panel->choice().currentIndex(), -1);
+        QCOMPARE(m_panel->record().choice, index);
+    }
+    QCOMPARE(stack().count(), m_before);
+}
+
+void TestParameterPanel::aKeyWithoutControlIsNoError()
+{
+    m_panel->parameters().show(QLatin1StringView("No/Such/Key"), 5);
+    QCOMPARE(m_panel->whole().value(), 3);
+    QCOMPARE(m_panel->choice().currentIndex(), 0);
+}
+
+QTEST_MAIN(TestParameterPanel)
+#include "TestParameterPanel.moc"

@@ -1,0 +1,171 @@
+#include "ToyData.h"
+#include "visualization/Canvas.h"
+#include "visualization/scene/ArbitraryEllipseItem.h"
+#include "visualization/scene/Background.h"
+#include "visualization/scene/DrawingPass.h"
+
+#include <QGraphicsEllipseItem>
+#include <QGraphicsPixmapItem>
+#include <QGraphicsScene>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestDrawingPass : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void nothingWithoutExaminations();
+    void onlyWhatIsChecked();
+    void laterStepsLieOnTop();
+    void emptyFrameAddsNoPixmap();
+    void wholePicture();
+    void plainBackground();
+    void backgroundOfAnImage();
+    void backgroundThatFailsToLoad();
+};
+
+namespace {
+
+Examination examinationAt(QPoint mean, const QString &eye = QStringLiteral("left"))
+{
+    Examination examination;
+    EyeData &data = eye == QStringLiteral("left") ? examination.leftEye : examination.rightEye;
+    data.gazePoints = {toy::sample(10, mean.x() + 200.0, mean.y())};
+    data.scanpath = {toy::fixation(mean, {40, 0}, {0, 40}, {toy::sample(10, 0, 0), toy::sample(90, 0, 0)})};
+    return examination;
+}
+
+toy::Scenery sceneryOf(const QList<Examination> &examinations)
+{
+    toy::Scenery scenery;
+    scenery.model.examinations() = examinations;
+    scenery.gazePoints.visualizationMode = 1;
+    scenery.fixations.visualizationMode = 2;
+    return scenery;
+}
+
+/// Kinds of the items, lowest first.
+QString kindsIn(const QGraphicsScene &scene)
+{
+    QStringList kinds;
+    for (const QGraphicsItem *item : scene.items(Qt::AscendingOrder)) {
+        if (dynamic_cast<const ArbitraryEllipseItem *>(item))
+            kinds << QStringLiteral("ellipse");
+        else if (dynamic_cast<const QGraphicsEllipseItem *>(item))
+            kinds << QStringLiteral("oval");
+        else if (dynamic_cast<const QGraphicsPixmapItem *>(item))
+            kinds << QStringLiteral("pixmap");
+    }
+    return kinds.join(u' ');
+}
+
+} // namespace
+
+void TestDrawingPass::nothingWithoutExaminations()
+{
+    toy::Scenery scenery = sceneryOf({});
+    QGraphicsScene scene;
+    runDrawingPass(scene, scenery.model, scenery.context());
+    QVERIFY(scene.items().isEmpty());
+}
+
+void TestDrawingPass::onlyWhatIsChecked()
+{
+    Examination unchecked = examinationAt({300, 300});
+    unchecked.checked = false;
+    toy::Scenery scenery = sceneryOf({unchecked, examinationAt({600, 300})});
+    QGraphicsScene scene;
+    runDrawingPass(scene, scenery.model, scenery.context());
+    QCOMPARE(kindsIn(scene), QStringLiteral("oval pixmap"));
+    const QList<Examination> &examinations = scenery.model.examinations();
+    QCOMPARE(examinations[0].calculationInfo.fixationVisualizationInfo, QStringLiteral("NOT DRAWN\n"));
+    QCOMPARE(examinations[1].calculationInfo.fixationVisualizationInfo, QStringLiteral("CIRCLE\n"));
+    QCOMPARE(examinations[1].calculationInfo.gazepointsVisualizationInfo, QStringLiteral("POINTS\n"));
+}
+
+void TestDrawingPass::laterStepsLieOnTop()
+{
+    toy::Scenery scenery = sceneryOf({examinationAt({300, 300}), examinationAt({600, 300})});
+    scenery.fixations.visualizationMode = 1;
+    QGraphicsScene scene;
+    runDrawingPass(scene, scenery.model, scenery.context());
+    addBackground(scene, backgroundPixmap({}, Border::None)); // added last, yet behind everything
+    QCOMPARE(kindsIn(scene), QStringLiteral("pixmap ellipse ellipse pixmap"));
+    for (const QGraphicsItem *item : scene.items(Qt::AscendingOrder).mid(1))
+        QCOMPARE(item->zValue(), 0.0);
+    QVERIFY(scene.items(Qt::AscendingOrder)[1]->toolTip().startsWith(QStringLiteral("Fixation ID: 0\r\n")));
+}
+
+void TestDrawingPass::emptyFrameAddsNoPixmap()
+{
+    toy::Scenery scenery = sceneryOf({examinationAt({300, 300})});
+    scenery.frame = {5000, 6000};
+    QGraphicsScene scene;
+    runDrawingPass(scene, scenery.model, scenery.context());
+    QVERIFY(scene.items().isEmpty());
+}
+
+void TestDrawingPass::wholePicture()
+{
+    // An ellipse of the left eye at (300, 300), twice 40 px in radius and opaque enough; its sample at (500, 300).
+    toy::Scenery scenery = sceneryOf({examinationAt({300, 300}), examinationAt({900, 700}, QStringLiteral("right"))});
+    scenery.fixations.visualizationMode = 1;
+    scenery.fixations.fillOpacity = 100;
+    scenery.frame = {5, 80}; // all fixations go on after it, so that they keep their axes
+    QGraphicsScene scene;
+    addBackground(scene, backgroundPixmap({}, Border::Black));
+    runDrawingPass(scene, scenery.model, scenery.context());
+    QCOMPARE(scene.sceneRect(), QRectF(0, 0, canvas::width, canvas::height));
+    QImage image(canvas::width, canvas::height, QImage::Format_RGB32);
+    QPainter painter(&image);
+    scene.render(&painter);
+    painter.end();
+    const auto colorAt = [&](int x, int y) { return image.pixelColor(x, y).name(); };
+    QCOMPARE(colorAt(0, 0), QStringLiteral("#000000"));
+    QCOMPARE(colorAt(4, 800), QStringLiteral("#000000"));
+    QCOMPARE(colorAt(6, 800), QStringLiteral("#ffffff"));
+    QCOMPARE(colorAt(495, 300), QStringLiteral("#00ff00")); // outline of the point, half size 5
+    QCOMPARE(colorAt(500, 300), QStringLiteral("#ffffff"));
+    QCOMPARE(colorAt(1095, 700), QStringLiteral("#0000ff"));
+    QCOMPARE(colorAt(300, 382), QStringLiteral("#ffffff"));
+    const QColor inside = image.pixelColor(300, 378); // 254 / 255 of green on white
+    QVERIFY(inside.green() == 255 && inside.red() <= 1 && inside.blue() <= 1);
+    QVERIFY(image.pixelColor(900, 700).blue() == 255 && image.pixelColor(900, 700).red() <= 1);
+}
+
+void TestDrawingPass::plainBackground()
+{
+    const QImage plain = backgroundPixmap({}, Border::None).toImage();
+    QCOMPARE(plain.size(), QSize(2560, 1600));
+    QCOMPARE(plain.pixelColor(0, 0), QColor(Qt::white));
+    const QImage framed = backgroundPixmap({}, Border::Black).toImage();
+    QCOMPARE(framed.pixelColor(0, 0), QColor(Qt::black));
+    QCOMPARE(framed.pixelColor(4, 4), QColor(Qt::black)); // 5 of the 10 px fall on the picture
+    QCOMPARE(framed.pixelColor(5, 5), QColor(Qt::white));
+    QCOMPARE(framed.pixelColor(2559, 1599), QColor(Qt::black));
+}
+
+void TestDrawingPass::backgroundOfAnImage()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("blue.png"));
+    QImage blue(64, 48, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    QVERIFY(blue.save(path));
+    const QImage shown = backgroundPixmap(path, Border::Black).toImage();
+    QCOMPARE(shown.size(), QSize(64, 48));
+    QCOMPARE(shown.pixelColor(0, 24), QColor(Qt::black));
+    QCOMPARE(shown.pixelColor(32, 24), QColor(Qt::blue));
+}
+
+void TestDrawingPass::backgroundThatFailsToLoad()
+{
+    const QPixmap pixmap = backgroundPixmap(QStringLiteral("/no/such/picture.png"), Border::Black);
+    QVERIFY(pixmap.isNull());
+    QGraphicsScene scene;
+    addBackground(scene, pixmap);
+    QCOMPARE(scene.items().size(), qsizetype(1));
+}
+
+QTEST_MAIN(TestDrawingPass)
+#include "TestDrawingPass.moc"
