@@ -65,5 +65,5 @@ private:
         QObject::connect(control, &QComboBox::currentIndexChanged, control, slot);
     }
 
-    std::map<QLatin1StringView, std::function<void(const QVariant &)>> m_controls;
+    std::map<QString, std::function<void(const QVariant &)>> m_controls;
 };
