@@ -29,7 +29,7 @@ QString SettingsStore::fileName() const
 
 QVariant SettingsStore::value(const QString &key) const
 {
-    const QVariant stored = m_settings.value(key);
+    QVariant stored = m_settings.value(key);
     if (stored.typeId() == QMetaType::QStringList)
         return stored.toStringList().join(QStringLiteral(", "));
     return stored;

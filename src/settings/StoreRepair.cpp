@@ -12,7 +12,7 @@
 namespace {
 
 /// Far above any store; a larger file is something else that need not be read.
-constexpr qint64 largestStoreBytes = 16 * 1024 * 1024;
+constexpr qint64 largestStoreBytes = qint64{16} * 1024 * 1024;
 
 /// A store escapes control characters: in its text they are signs of damage.
 bool hasControlCharacters(const QByteArray &bytes)

@@ -130,7 +130,7 @@ void TestStoreRepair::aUsableStoreIsLeftAlone()
 void TestStoreRepair::aDamagedStoreIsSetAside()
 {
     const RecordedMessages messages;
-    const QByteArray garbage("[A]\nB=1\0\xff\xfe garbage", 20);
+    const QByteArray garbage("[A]\nB=1\0\xff\xfe garbage", 18);
     writeStore(garbage);
     QVERIFY(!prepareStore());
     QCOMPARE(messages.texts().size(), 1);
