@@ -48,7 +48,7 @@ void openAndWrite(benchmark::State &state)
 void plainWrite(benchmark::State &state)
 {
     const FullStore store;
-    QFile from(SettingsStore().fileName());
+    QFile from(SettingsStore::path());
     if (!from.open(QIODevice::ReadOnly))
         return state.SkipWithError("no store");
     const QByteArray bytes = from.readAll();
