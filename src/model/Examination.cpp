@@ -10,7 +10,7 @@ bool Examination::isLeftDominant() const
 qint64 Examination::duration() const
 {
     const auto durationOf = [](const QList<GazePoint> &points) {
-        return points.isEmpty() ? qint64(0) : points.last().time - points.first().time;
+        return points.isEmpty() ? qint64(0) : elapsedMs(points.first().time, points.last().time);
     };
     return std::max(durationOf(leftEye.gazePoints), durationOf(rightEye.gazePoints));
 }

@@ -3,6 +3,13 @@
 #include <QColor>
 #include <QString>
 
+/// Time from one clock value to another in ms. Damaged files hold values more than 64 bits apart: there it wraps
+/// around.
+constexpr qint64 elapsedMs(qint64 from, qint64 to)
+{
+    return static_cast<qint64>(static_cast<quint64>(to) - static_cast<quint64>(from));
+}
+
 /// One sample of one eye. Coordinates are pixels of the stimulus image, which are canvas pixels.
 ///
 /// A recording holds millions of these, so the record is kept at 48 bytes: the colour is stored as QRgb and the tool
