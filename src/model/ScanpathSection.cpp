@@ -52,7 +52,7 @@ PrincipalAxes axesOf(const Covariance &c)
 {
     const double center = (c.xx + c.yy) / 2;
     const double halfDifference = (c.xx - c.yy) / 2;
-    const double radius = std::hypot(halfDifference, c.xy);
+    const double radius = std::sqrt(halfDifference * halfDifference + c.xy * c.xy);
     if (!std::isfinite(center) || !std::isfinite(radius))
         return {{}, {}};
     const double variance = center + radius;
