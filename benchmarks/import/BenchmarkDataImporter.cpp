@@ -2,12 +2,16 @@
 
 #include "import/DataImporter.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <chrono>
+#include <functional>
+#include <limits>
 #include <random>
 
 namespace {
@@ -84,6 +88,15 @@ double seconds(const std::function<void()> &work)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+/// The fastest of some runs: other work on the machine, and memory that the system has to fetch first, only slow down.
+double fastest(int runs, const std::function<void()> &work)
+{
+    double best = seconds(work);
+    for (int run = 1; run < runs; ++run)
+        best = std::min(best, seconds(work));
+    return best;
+}
+
 double bytesPerSample(const Examination &examination)
 {
     qsizetype capacity = 0;
@@ -96,7 +109,7 @@ double bytesPerSample(const Examination &examination)
 void report(benchmark::State &state, const QByteArray &bytes, double ourSeconds, const Examination &examination)
 {
     const double megabytes = static_cast<double>(bytes.size()) / bytesPerMegabyte;
-    const double plainSeconds = seconds([&] { benchmark::DoNotOptimize(plainForm(bytes)); });
+    const double plainSeconds = fastest(3, [&] { benchmark::DoNotOptimize(plainForm(bytes)); });
     state.counters["MB/s"] = megabytes / ourSeconds;
     state.counters["samples/s"] = static_cast<double>(examination.leftEye.gazePoints.size()) / ourSeconds;
     state.counters["plain_MB/s"] = megabytes / plainSeconds;
@@ -108,13 +121,13 @@ void report(benchmark::State &state, const QByteArray &bytes, double ourSeconds,
 void parse(benchmark::State &state, Content content)
 {
     const QByteArray bytes = recording(static_cast<int>(state.range(0)), content);
-    double total = 0;
+    double best = std::numeric_limits<double>::infinity();
     Examination examination;
     for (auto _ : state) {
         examination = {};
-        total += seconds([&] { DataImporter(QString(), &examination, nullptr).readBytes(bytes); });
+        best = std::min(best, seconds([&] { DataImporter(QString(), &examination, nullptr).readBytes(bytes); }));
     }
-    report(state, bytes, total / static_cast<double>(state.iterations()), examination);
+    report(state, bytes, best, examination);
 }
 
 /// From a file in the system's cache to three streams.
@@ -128,13 +141,13 @@ void readFile(benchmark::State &state)
         state.SkipWithError("the recording cannot be written");
         return;
     }
-    double total = 0;
+    double best = std::numeric_limits<double>::infinity();
     Examination examination;
     for (auto _ : state) {
         examination = {};
-        total += seconds([&] { DataImporter(path, &examination, nullptr).readFile(); });
+        best = std::min(best, seconds([&] { DataImporter(path, &examination, nullptr).readFile(); }));
     }
-    report(state, bytes, total / static_cast<double>(state.iterations()), examination);
+    report(state, bytes, best, examination);
 }
 
 } // namespace
@@ -143,13 +156,16 @@ int main(int argc, char **argv)
 {
     constexpr int few = 500'000;
     constexpr int many = 5'000'000;
+    constexpr int runs = 5; // of the long ones; otherwise the library would see one as enough
     const auto add = [](const char *name, auto &&...function) {
         return benchmark::RegisterBenchmark(name, function...)->Unit(benchmark::kMillisecond);
     };
-    add("parse", parse, Content::Plain)->Arg(few)->Arg(many);
+    add("parse", parse, Content::Plain)->Arg(few);
+    add("parse", parse, Content::Plain)->Arg(many)->Iterations(runs);
     add("parseHalfNan", parse, Content::MissingAsNan)->Arg(few);
     add("parseLongNumbers", parse, Content::LongNumbers)->Arg(few);
-    add("readFile", readFile)->Arg(few)->Arg(many);
+    add("readFile", readFile)->Arg(few);
+    add("readFile", readFile)->Arg(many)->Iterations(runs);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

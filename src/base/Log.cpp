@@ -20,6 +20,8 @@ void Log::write(const QString &text) const
 
 void Log::write(const QStringList &lines) const
 {
+    if (m_fileName.isEmpty())
+        return;
     QFile file(m_fileName);
     if (!file.open(QIODevice::Append | QIODevice::Text))
         return;

@@ -5,7 +5,8 @@
 /// The program's log file: plain lines without time stamp or level.
 ///
 /// Several instances may write to one file, since each line is opened, appended and closed: what was logged survives a
-/// crash. A file that cannot be written loses the line silently. Receivers of a `Log *` may be given null: no log.
+/// crash. A file that cannot be written loses the line silently.
+/// An empty file name means no log; receivers of a `Log *` may be given null instead.
 class Log {
 public:
     explicit Log(QString fileName = QStringLiteral("./Vistrum2013.log"));

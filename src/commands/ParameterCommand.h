@@ -26,7 +26,7 @@ public:
 
     /// @param log  may be null: no line is written.
     ParameterCommand(Value value, Record &record, IParameterView &panel, const Log *log)
-        : QUndoCommand(commandText(Row.text, toStored(value)))
+        : QUndoCommand(commandText(Row.text, storedForm(Row, value)))
         , m_record(record)
         , m_panel(panel)
         , m_log(log)

@@ -33,5 +33,5 @@ bool CsvFile::write(const QString &block)
     stream.setGenerateByteOrderMark(true);
     stream << block;
     stream.flush();
-    return stream.status() == QTextStream::Ok && file.flush();
+    return stream.status() == QTextStream::Ok;
 }

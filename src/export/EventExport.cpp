@@ -61,7 +61,7 @@ private:
         row.eventCode = QStringLiteral("2");
         row.gazePoints = QString::number(m_errorSamples);
         row.onset = QString::number(m_errorOnsetMs);
-        row.duration = QString::number(timeMs - m_errorOnsetMs);
+        row.duration = QString::number(elapsedMs(m_errorOnsetMs, timeMs));
         m_events.rows << row;
         m_errorSamples = 0;
     }
@@ -92,7 +92,7 @@ private:
 
     void addSaccade(const Fixation &from, const Fixation &to)
     {
-        const qint64 durationMs = to.firstTime() - *m_saccadeOnsetMs;
+        const qint64 durationMs = elapsedMs(*m_saccadeOnsetMs, to.firstTime());
         const double lengthPx = distancePx(from.mean, to.mean);
         const double angleDegree = saccadeAngleDegree(from.mean, to.mean);
         EventRow row;
@@ -109,7 +109,7 @@ private:
             sums.saccadeAngleDegree += angleDegree;
         }
         ++sums.saccades;
-        sums.saccadeDurationMs += durationMs;
+        sums.saccadeDurationMs += static_cast<double>(durationMs);
         sums.saccadeLengthPx += lengthPx;
         m_events.rows << row;
     }
@@ -164,8 +164,7 @@ QString summary(const EventSums &sums)
     return meanLine(QLatin1StringView("Fixation mean duration:"), static_cast<double>(sums.fixationDurationMs),
                     sums.fixations) +
            meanLine(QLatin1StringView("Fixation mean area:"), sums.fixationAreaPx2, sums.fixations) +
-           meanLine(QLatin1StringView("Saccade mean time:"), static_cast<double>(sums.saccadeDurationMs),
-                    sums.saccades) +
+           meanLine(QLatin1StringView("Saccade mean time:"), sums.saccadeDurationMs, sums.saccades) +
            meanLine(QLatin1StringView("Saccade mean length:"), sums.saccadeLengthPx, sums.saccades) +
            meanLine(QLatin1StringView("Saccade mean angle:"), sums.saccadeAngleDegree, sums.directedSaccades);
 }

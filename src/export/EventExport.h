@@ -11,7 +11,7 @@ struct EventSums {
     qint64 fixationDurationMs = 0;
     double fixationAreaPx2 = 0; ///< pi times the lengths of both principal axes
     qint64 saccades = 0;
-    qint64 saccadeDurationMs = 0;
+    double saccadeDurationMs = 0; ///< whole; damaged clocks can make it too large for an integer
     double saccadeLengthPx = 0;
     qint64 directedSaccades = 0;   ///< those that have an angle
     double saccadeAngleDegree = 0; ///< over the directed saccades

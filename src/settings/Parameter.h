@@ -22,8 +22,12 @@ struct Parameter {
     T initial;                   ///< value at construction, before the store is read
     QLatin1StringView text{};    ///< undo view; "%1" is the new value; empty where no command exists
     QLatin1StringView command{}; ///< class name of the command, as the log shows it
+    QString (*name)(T){};        ///< where values stand in the store and in texts by a name, what gives it
 };
 
+template <class R, class T>
+Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView, QLatin1StringView,
+          QString (*)(std::type_identity_t<T>)) -> Parameter<R, T>;
 template <class R, class T>
 Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView, QLatin1StringView) -> Parameter<R, T>;
 template <class R, class T>
@@ -40,7 +44,7 @@ QString storedKey(const typename Row::Record &record, const Row &row)
     return row.key;
 }
 
-/// How a value stands in the store and in log lines: colours as their names, numbers and flags in Qt's own form.
+/// How a value stands in log lines and, unless it has a name, in the store: colours as their names, numbers and flags in Qt's own form.
 template <class T>
 QVariant toStored(const T &value)
 {
@@ -48,6 +52,13 @@ QVariant toStored(const T &value)
         return value.name();
     else
         return QVariant::fromValue(value);
+}
+
+/// How a value of this row stands in the store and in texts.
+template <class Row>
+QVariant storedForm(const Row &row, const typename Row::Value &value)
+{
+    return row.name ? QVariant(row.name(value)) : toStored(value);
 }
 
 /// The typed reading of a stored value. What is missing or has no such form reads as 0, false, an empty text or an
@@ -73,7 +84,7 @@ template <class Row>
 void setParameter(typename Row::Record &record, const Row &row, const typename Row::Value &value)
 {
     record.*row.member = value;
-    SettingsStore().setValue(storedKey(record, row), toStored(value));
+    SettingsStore().setValue(storedKey(record, row), storedForm(row, value));
     if constexpr (requires { updateDerived(record, row.key); })
         updateDerived(record, row.key);
 }

@@ -6,7 +6,7 @@
 
 Registry::Registry(Log log) : m_log(std::move(log)) {}
 
-void Registry::saveSettings(QString path) const
+void Registry::saveSettings(const QString &path) const
 {
     const SettingsStore store;
     QList<SettingsLine> lines;
@@ -17,7 +17,7 @@ void Registry::saveSettings(QString path) const
     writeSettingsFile(path, lines);
 }
 
-bool Registry::loadSettings(QString path) const
+bool Registry::loadSettings(const QString &path) const
 {
     const auto lines = readSettingsFile(path);
     if (!lines) {

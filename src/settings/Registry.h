@@ -9,13 +9,13 @@ public:
 
     /// Writes every key of the store with its value, in the order of the keys; the name of the eye tracker, which
     /// belongs to the place and not to the way of working, stays out. A file that cannot be written is passed over.
-    void saveSettings(QString path) const;
+    void saveSettings(const QString &path) const;
 
     /// Sets the keys that the store has already; a file can change keys but never add them. All values come in as
     /// text, and the typed reading converts them. Each change is logged.
     ///
     /// @return false where the file could not be opened; the user has been told.
-    bool loadSettings(QString path) const;
+    bool loadSettings(const QString &path) const;
 
 private:
     Log m_log;

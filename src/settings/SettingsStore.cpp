@@ -1,5 +1,7 @@
 #include "settings/SettingsStore.h"
 
+#include <QStandardPaths>
+
 namespace {
 
 QString &filePath()
@@ -8,28 +10,31 @@ QString &filePath()
     return path;
 }
 
+/// The place that Qt gives the settings of an organisation's application. Not asked of QSettings, which would read the
+/// file to tell its name.
 QString userFile()
 {
-    return QSettings(QStringLiteral("Brennhaus Institute"), QStringLiteral("Vistrum 2014")).fileName();
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Brennhaus Institute/Vistrum 2014.conf");
 }
 
 } // namespace
 
-SettingsStore::SettingsStore() : m_settings(filePath().isEmpty() ? userFile() : filePath(), QSettings::IniFormat) {}
+SettingsStore::SettingsStore() : m_settings(path(), QSettings::IniFormat) {}
+
+QString SettingsStore::path()
+{
+    return filePath().isEmpty() ? userFile() : filePath();
+}
 
 void SettingsStore::useFile(const QString &path)
 {
     filePath() = path;
 }
 
-QString SettingsStore::fileName() const
-{
-    return m_settings.fileName();
-}
-
 QVariant SettingsStore::value(const QString &key) const
 {
-    const QVariant stored = m_settings.value(key);
+    QVariant stored = m_settings.value(key);
     if (stored.typeId() == QMetaType::QStringList)
         return stored.toStringList().join(QStringLiteral(", "));
     return stored;

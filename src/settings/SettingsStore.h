@@ -15,8 +15,8 @@ public:
     /// From now on all stores of the process are the ini file of this path; an empty path means the user's own again.
     static void useFile(const QString &path);
 
-    /// Path of the file in which the store is kept.
-    QString fileName() const;
+    /// Path of the file in which the store is kept; tells it without opening the file.
+    static QString path();
 
     /// A missing key gives an invalid variant, which reads as 0, false or an empty text. No value is a list: text with
     /// commas that was written into the file by hand, without quotes, is text here as well.

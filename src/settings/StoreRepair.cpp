@@ -12,7 +12,7 @@
 namespace {
 
 /// Far above any store; a larger file is something else that need not be read.
-constexpr qint64 largestStoreBytes = 16 * 1024 * 1024;
+constexpr qint64 largestStoreBytes = qint64{16} * 1024 * 1024;
 
 /// A store escapes control characters: in its text they are signs of damage.
 bool hasControlCharacters(const QByteArray &bytes)
@@ -68,11 +68,16 @@ void warn(const QString &text)
     messages::warning(QStringLiteral("Settings"), text);
 }
 
-QString trouble(const QString &file, StoreState state)
+struct Words {
+    QString trouble;
+    QString remedy;
+};
+
+Words wordsFor(StoreState state)
 {
-    const auto form = state == StoreState::Damaged ? QStringLiteral("The settings file \"%1\" is damaged. ")
-                                                   : QStringLiteral("The settings file \"%1\" cannot be read. ");
-    return form.arg(file);
+    if (state == StoreState::Unreadable)
+        return {QStringLiteral("The settings file \"%1\" cannot be read. "), QStringLiteral("make that file readable")};
+    return {QStringLiteral("The settings file \"%1\" is damaged. "), QStringLiteral("repair that file")};
 }
 
 } // namespace
@@ -96,7 +101,7 @@ StoreState examineStore(const QString &file)
 
 std::unique_ptr<QTemporaryDir> prepareStore()
 {
-    const QString file = SettingsStore().fileName();
+    const QString file = SettingsStore::path();
     return prepareStore(file, examineStore(file));
 }
 
@@ -114,16 +119,18 @@ std::unique_ptr<QTemporaryDir> prepareStore(const QString &file, StoreState stat
     case StoreState::Unreadable:
         break;
     }
+    const auto [trouble, remedy] = wordsFor(state);
     const QString aside = setAside(file);
     if (aside.isEmpty()) {
-        warn(trouble(file, state) + QStringLiteral("It could not be set aside either. The factory settings are used, "
-                                                   "and changes hold for this run only. Please remove the file and "
-                                                   "start again."));
+        warn(trouble.arg(file) + QStringLiteral("It could not be set aside either. The factory settings are used, and "
+                                                "changes hold for this run only. Please remove the file and start "
+                                                "again."));
         return usePrivateStore(QString());
     }
-    warn(trouble(file, state) + QStringLiteral("It was set aside as \"%1\", and the factory settings are used. To get "
-                                               "your own back, repair that file and give it its old name, or import "
-                                               "settings that you saved.")
-                                    .arg(aside));
+    warn(trouble.arg(file) +
+         QStringLiteral("It was set aside as \"%1\", and the factory settings are used. To get your "
+                        "own back, %2 and give it its old name, or import settings that you "
+                        "saved.")
+             .arg(aside, remedy));
     return nullptr;
 }

@@ -53,15 +53,25 @@ void fillRun(QRgb *pixels, Stripe stripe, Stripe run, QRgb color)
         std::fill(pixels + begin, pixels + end, color);
 }
 
-/// Writes the part of a square that lies in the stripe.
-void drawSquare(QRgb *pixels, Stripe stripe, const GazePointRecord &record, qint64 n)
+/// Writes a square of which all pixels lie in the canvas and in the stripe. The rows of the upper and lower edge take
+/// the ends of the columns along.
+void drawWholeSquare(QRgb *center, QRgb color, qint64 n)
+{
+    for (const qint64 row : {-n, 1 - n, n - 1})
+        std::fill_n(center + row * canvas::width - n, 2 * n + 1, color);
+    std::fill_n(center + n * canvas::width - n, 2 * n, color);
+    for (qint64 row = 2 - n; row < n - 1; ++row) {
+        QRgb *middle = center + row * canvas::width;
+        middle[-n] = middle[1 - n] = middle[n - 1] = middle[n] = color;
+    }
+}
+
+/// Writes of any square the part that lies in the canvas and in the stripe.
+void drawPartOfSquare(QRgb *pixels, Stripe stripe, const GazePointRecord &record, qint64 n)
 {
     const qint64 center = qint64(record.y) * canvas::width + record.x;
-    const qint64 reach = n * canvas::width + n;
-    if (center + reach < stripe.begin || center - reach >= stripe.end)
-        return;
     const Steps steps = stepsInsideCanvas(record, n);
-    for (const qint64 row : {n, -n, n - 1, -n + 1}) {
+    for (const qint64 row : {-n, 1 - n, n - 1, n}) {
         const qint64 middle = center + row * canvas::width;
         fillRun(pixels, stripe, {middle + steps.first, middle + steps.last + 1}, record.color);
     }
@@ -72,6 +82,18 @@ void drawSquare(QRgb *pixels, Stripe stripe, const GazePointRecord &record, qint
         fillRun(pixels, stripe, {middle - n, middle - n + 2}, record.color);
         fillRun(pixels, stripe, {middle + n - 1, middle + n + 1}, record.color);
     }
+}
+
+void drawSquare(QRgb *pixels, Stripe stripe, const GazePointRecord &record, qint64 n)
+{
+    const qint64 center = qint64(record.y) * canvas::width + record.x;
+    const qint64 reach = n * canvas::width + n;
+    if (center + reach < stripe.begin || center - reach >= stripe.end)
+        return;
+    if (center - reach >= std::max(qint64(1), stripe.begin) && center + reach < stripe.end)
+        drawWholeSquare(pixels + center, record.color, n);
+    else
+        drawPartOfSquare(pixels, stripe, record, n);
 }
 
 /// Draws all squares into one stripe of the canvas, in their order. No other worker touches the stripe, so that the

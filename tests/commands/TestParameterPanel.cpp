@@ -48,10 +48,10 @@ public:
         m_whole->setRange(0, 10);
         m_real->setRange(0, 1);
         m_choice->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
-        m_parameters.bind<wholeRow>(m_whole, m_record, nullptr);
-        m_parameters.bind<realRow>(m_real, m_record, nullptr);
-        m_parameters.bind<flagRow>(m_flag, m_record, nullptr);
-        m_parameters.bind<choiceRow, CommandChangeChoice>(m_choice, m_record, nullptr);
+        m_parameters.bind<wholeRow>(m_whole, m_record);
+        m_parameters.bind<realRow>(m_real, m_record);
+        m_parameters.bind<flagRow>(m_flag, m_record);
+        m_parameters.bind<choiceRow, CommandChangeChoice>(m_choice, m_record);
         m_parameters.refresh(m_record, recordRows);
     }
 

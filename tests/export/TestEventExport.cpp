@@ -18,6 +18,7 @@ private Q_SLOTS:
     void walk_data();
     void walk();
     void samplesOutOfOrder();
+    void damagedClock();
     void saccadeWithoutWayHasNoAngle();
     void sums();
     void angle_data();
@@ -137,6 +138,21 @@ void TestEventExport::samplesOutOfOrder()
                           QStringLiteral("fixation 30 10 2")}));
 }
 
+void TestEventExport::damagedClock()
+{
+    constexpr qint64 least = std::numeric_limits<qint64>::min();
+    constexpr qint64 greatest = std::numeric_limits<qint64>::max();
+    EyeData stream;
+    stream.scanpath << fixation({least}, {0, 0}) << fixation({greatest}, {1, 0});
+    stream.gazePoints << valid(least) << lost(least) << valid(least + 1) << valid(greatest);
+    // greatest - least = 2^64 - 1 is -1 in 64 bits; from least + 1 it is -2
+    const EventList events = eventsOf(stream, {least, greatest});
+    QCOMPARE(shortRows(events),
+             QStringList({QStringLiteral("fixation %1 0 1").arg(least), QStringLiteral("error %1 1 1").arg(least),
+                          QStringLiteral("saccade %1 -2 1").arg(least + 1),
+                          QStringLiteral("fixation %1 0 1").arg(greatest)}));
+}
+
 void TestEventExport::saccadeWithoutWayHasNoAngle()
 {
     EyeData stream = recording(QStringLiteral("A.B.C"));
@@ -165,7 +181,7 @@ void TestEventExport::sums()
     QCOMPARE(sums.fixationDurationMs, 20 + 10 + 0);
     QCOMPARE(sums.fixationAreaPx2, 10 * std::numbers::pi); // the others have no minor axis
     QCOMPARE(sums.saccades, 2);
-    QCOMPARE(sums.saccadeDurationMs, 20 + 10); // 30 to 50 ms, 70 to 80 ms
+    QCOMPARE(sums.saccadeDurationMs, 20.0 + 10.0); // 30 to 50 ms, 70 to 80 ms
     QCOMPARE(sums.saccadeLengthPx, 50.0 + 10.0);
     QCOMPARE(sums.directedSaccades, 2);
 }
@@ -310,7 +326,7 @@ void TestEventExport::longRecording()
     }
     const EventList events = eventsOf(stream, {0, count});
     QCOMPARE(events.rows.size(), count - 1); // as many fixations as saccades and one more
-    QCOMPARE(events.sums.saccadeDurationMs, count / 2 - 1);
+    QCOMPARE(events.sums.saccadeDurationMs, static_cast<double>(count / 2 - 1));
 }
 
 QTEST_GUILESS_MAIN(TestEventExport)

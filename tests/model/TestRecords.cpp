@@ -56,10 +56,10 @@ void TestRecords::toolTip_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("hours, minutes, seconds, ms twice") // 1 h 2 min 3 s 123 ms: "zzz", then "z"
         << GazePoint(3723123, 12.5, 100, 0, 0, 1)
-        << QStringLiteral("Time: 01:02:03.123123\r\nCoordenates (x,y): (12.5,100)");
+        << QStringLiteral("Time: 01:02:03.123123\r\nCoordenates (x,y): (12.5, 100)");
     QTest::newRow("six significant digits")
         << GazePoint(0, 1234.56789, 1e7, 0, 0, 1)
-        << QStringLiteral("Time: 00:00:00.0000\r\nCoordenates (x,y): (1234.57,1e+07)");
+        << QStringLiteral("Time: 00:00:00.0000\r\nCoordenates (x,y): (1234.57, 1e+07)");
 }
 
 void TestRecords::toolTip()

@@ -30,6 +30,7 @@ class TestSettingsStore : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void init();
+    void theUsersOwnStoreIsThatOfTheApplication();
     void whatOneWritesTheNextReads();
     void whatIsWrittenIsInTheFileAtOnce();
     void whatAnotherProgramWroteIsRead();
@@ -51,6 +52,13 @@ void TestSettingsStore::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     SettingsStore::useFile(store());
+}
+
+void TestSettingsStore::theUsersOwnStoreIsThatOfTheApplication()
+{
+    SettingsStore::useFile(QString());
+    const QSettings application(QStringLiteral("Brennhaus Institute"), QStringLiteral("Vistrum 2014"));
+    QCOMPARE(SettingsStore::path(), application.fileName());
 }
 
 void TestSettingsStore::whatOneWritesTheNextReads()

@@ -21,7 +21,7 @@ double length(const QPointF &way)
 
 } // namespace
 
-EyeMovement::EyeMovement(const SimulationParameters &parameters, SaliencyMap map)
+EyeMovement::EyeMovement(const SimulationParameters &parameters, const SaliencyMap &map)
     : m_parameters(parameters)
     , m_targets(map, parameters.pixelsPerDegree, parameters.seed)
     , m_scanpath(parameters.seed, RandomSource::Stream::Scanpath)

@@ -7,7 +7,7 @@
 /// microsaccades, and the saccades between them.
 class EyeMovement {
 public:
-    EyeMovement(const SimulationParameters &parameters, SaliencyMap map);
+    EyeMovement(const SimulationParameters &parameters, const SaliencyMap &map);
 
     /// Goes on to the next sample.
     /// @param timeMs  time since the start; samples lie 1000 / rateHz apart.

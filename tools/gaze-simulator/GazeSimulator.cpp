@@ -30,9 +30,9 @@ qint64 rounded(double value)
 
 } // namespace
 
-GazeSimulator::GazeSimulator(const SimulationParameters &parameters, SaliencyMap map)
+GazeSimulator::GazeSimulator(const SimulationParameters &parameters, const SaliencyMap &map)
     : m_parameters(parameters)
-    , m_movement(parameters, std::move(map))
+    , m_movement(parameters, map)
     , m_left(parameters, -halfOffset(parameters), RandomSource::Stream::LeftEye)
     , m_right(parameters, halfOffset(parameters), RandomSource::Stream::RightEye)
     , m_blinks({parameters.blinksPerMin, parameters.blinkMeanMs, blinkSpread,

@@ -13,7 +13,7 @@ class GazeSimulator {
 public:
     /// @param parameters  each value in the range that the program's options allow.
     /// @param map         of a canvas of at least one pixel.
-    GazeSimulator(const SimulationParameters &parameters, SaliencyMap map);
+    GazeSimulator(const SimulationParameters &parameters, const SaliencyMap &map);
 
     /// Duration times rate, rounded.
     qint64 sampleCount() const { return m_sampleCount; }

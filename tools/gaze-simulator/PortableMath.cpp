@@ -8,7 +8,7 @@ namespace portable {
 
 namespace {
 
-/// 1 + x/a(1 + x/a(2) (1 + ...)), innermost first: `factor(i)` is the ratio of term i to term i - 1.
+/// 1 + x f(1) (1 + x f(2) (1 + ...)), innermost first: x f(i) is the ratio of term i to term i - 1.
 template <int terms, class Factor>
 double nestedSeries(double x, Factor factor)
 {

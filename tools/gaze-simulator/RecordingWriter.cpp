@@ -85,9 +85,15 @@ public:
 private:
     bool flush()
     {
-        const bool written = m_file.write(m_text) == m_text.size();
+        // A full disk takes a part first; only the next attempt tells why.
+        for (qint64 done = 0; done < m_text.size();) {
+            const qint64 written = m_file.write(m_text.constData() + done, m_text.size() - done);
+            if (written <= 0)
+                return failed();
+            done += written;
+        }
         m_text.resize(0);
-        return written || failed();
+        return true;
     }
 
     bool failed() const

@@ -14,18 +14,23 @@ constexpr double leastVisible = 10;   // sum of colour levels; a plain picture i
 constexpr double leastWeight = 0.004; // of the greatest: even plain sky is looked at now and then
 constexpr double centerBiasWidth = 0.45; // of the canvas, each axis
 
+size_t gridIndex(int column, int row, int columns)
+{
+    return static_cast<size_t>(row) * static_cast<size_t>(columns) + static_cast<size_t>(column);
+}
+
 /// One feature of the picture on the grid, with sums for boxes of any size at constant cost.
 class FeaturePlane {
 public:
     FeaturePlane(int columns, int rows, const std::vector<double> &values)
         : m_columns(columns)
         , m_rows(rows)
-        , m_sums(static_cast<size_t>((columns + 1) * (rows + 1)))
+        , m_sums(index(0, rows + 1))
     {
         for (int row = 0; row < rows; ++row) {
             double rowSum = 0;
             for (int column = 0; column < columns; ++column) {
-                rowSum += values[static_cast<size_t>(row * columns + column)];
+                rowSum += values[gridIndex(column, row, columns)];
                 m_sums[index(column + 1, row + 1)] = m_sums[index(column + 1, row)] + rowSum;
             }
         }
@@ -44,7 +49,7 @@ public:
     }
 
 private:
-    size_t index(int column, int row) const { return static_cast<size_t>(row * (m_columns + 1) + column); }
+    size_t index(int column, int row) const { return gridIndex(column, row, m_columns + 1); }
 
     int m_columns;
     int m_rows;
@@ -59,7 +64,7 @@ SaliencyMap emptyMap(const QSize &canvas)
     map.cellPx = std::max((longSide + cellsOnLongSide - 1) / cellsOnLongSide, 1);
     map.columns = (canvas.width() + map.cellPx - 1) / map.cellPx;
     map.rows = (canvas.height() + map.cellPx - 1) / map.cellPx;
-    map.weights.assign(static_cast<size_t>(map.columns * map.rows), 1.0);
+    map.weights.assign(map.index(0, map.rows), 1.0);
     return map;
 }
 
@@ -73,7 +78,7 @@ std::array<std::vector<double>, 3> cellColors(const QImage &image, const Salienc
     for (int y = 0; y < pixels.height(); ++y) {
         const auto *line = reinterpret_cast<const QRgb *>(pixels.constScanLine(y));
         for (int x = 0; x < pixels.width(); ++x) {
-            const auto cell = static_cast<size_t>(y / map.cellPx * map.columns + x / map.cellPx);
+            const auto cell = map.index(x / map.cellPx, y / map.cellPx);
             colors[0][cell] += qRed(line[x]);
             colors[1][cell] += qGreen(line[x]);
             colors[2][cell] += qBlue(line[x]);
@@ -114,7 +119,7 @@ double contrastAt(const std::array<FeaturePlane, 3> &planes, int column, int row
     return contrast;
 }
 
-/// Falls from 1 in the centre to about a third at the middle of an edge.
+/// Falls from 1 in the centre to a bit less than half at the middle of an edge.
 double centerBias(const SaliencyMap &map, int column, int row)
 {
     const QPointF at = map.cellCenter(column, row);
@@ -127,11 +132,16 @@ void applyCenterBias(SaliencyMap &map)
 {
     for (int row = 0; row < map.rows; ++row) {
         for (int column = 0; column < map.columns; ++column)
-            map.weights[static_cast<size_t>(row * map.columns + column)] *= centerBias(map, column, row);
+            map.weights[map.index(column, row)] *= centerBias(map, column, row);
     }
 }
 
 } // namespace
+
+size_t SaliencyMap::index(int column, int row) const
+{
+    return gridIndex(column, row, columns);
+}
 
 QPointF SaliencyMap::cellCenter(int column, int row) const
 {
@@ -147,7 +157,7 @@ SaliencyMap imageSaliency(const QImage &image)
     double greatest = leastVisible;
     for (int row = 0; row < map.rows; ++row) {
         for (int column = 0; column < map.columns; ++column) {
-            double &weight = map.weights[static_cast<size_t>(row * map.columns + column)];
+            double &weight = map.weights[map.index(column, row)];
             weight = contrastAt(planes, column, row);
             greatest = std::max(greatest, weight);
         }

@@ -14,6 +14,8 @@ struct SaliencyMap {
     int rows = 0;                ///<
     std::vector<double> weights; ///< columns * rows, row by row from the top; each > 0 and at most 1
 
+    /// Where the weight of a cell stands.
+    size_t index(int column, int row) const;
     QPointF cellCenter(int column, int row) const;
 };
 

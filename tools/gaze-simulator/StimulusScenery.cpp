@@ -17,7 +17,7 @@ QColor withAlpha(QColor color, int alpha)
 
 QColor mixed(const QColor &a, const QColor &b, double part)
 {
-    const auto mix = [part](int from, int to) { return static_cast<int>(from + (to - from) * part + 0.5); };
+    const auto mix = [part](int from, int to) { return qRound(from + (to - from) * part); };
     return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
@@ -62,6 +62,24 @@ void paintCloud(QPainter &painter, RandomSource &random, const QPointF &center, 
         vertical(bounds.top(), bounds.bottom(),
                  {QColor(0xff, 0xfd, 0xf8, 245), QColor(0xff, 0xf1, 0xe4, 225), QColor(0xf3, 0xcf, 0xc6, 190)}));
     painter.drawPath(cloud);
+}
+
+QPointF balloonMouth(const QPointF &center, double radius)
+{
+    return center + QPointF(0, radius * 1.45);
+}
+
+/// Outline of a balloon of the given radius, drawn in to half the width `wide`.
+QPainterPath envelope(const QPointF &center, double radius, double wide)
+{
+    const QPointF top = center - QPointF(0, radius);
+    const QPointF mouth = balloonMouth(center, radius);
+    QPainterPath path(top);
+    path.cubicTo(center + QPointF(wide * 1.33, -radius), center + QPointF(wide * 1.33, radius * 0.45),
+                 mouth + QPointF(wide * 0.16, 0));
+    path.lineTo(mouth - QPointF(wide * 0.16, 0));
+    path.cubicTo(center + QPointF(-wide * 1.33, radius * 0.45), center + QPointF(-wide * 1.33, -radius), top);
+    return path;
 }
 
 } // namespace
@@ -164,31 +182,18 @@ void paintLighthouse(QPainter &painter, const QPointF &foot)
 void paintBalloon(QPainter &painter, const QPointF &center, double radius, const QColor &first, const QColor &second)
 {
     constexpr int gores = 7;
-    const QPointF mouth = center + QPointF(0, radius * 1.45);
     for (int i = 0; i < gores; ++i) { // from the outside to the middle, each over the one before
-        const double wide = radius * (1 - static_cast<double>(i) / gores);
-        QPainterPath gore(center - QPointF(0, radius));
-        gore.cubicTo(center + QPointF(wide * 1.33, -radius), center + QPointF(wide * 1.33, radius * 0.45),
-                     mouth + QPointF(wide * 0.16, 0));
-        gore.lineTo(mouth - QPointF(wide * 0.16, 0));
-        gore.cubicTo(center + QPointF(-wide * 1.33, radius * 0.45), center + QPointF(-wide * 1.33, -radius),
-                     center - QPointF(0, radius));
         painter.setBrush(i % 2 == 0 ? first : second);
-        painter.drawPath(gore);
+        painter.drawPath(envelope(center, radius, radius * (1 - static_cast<double>(i) / gores)));
     }
     QRadialGradient light(center + QPointF(radius * 0.4, -radius * 0.3), radius * 1.7);
     light.setColorAt(0, QColor(255, 255, 255, 80));
     light.setColorAt(0.5, QColor(255, 255, 255, 0));
     light.setColorAt(1, QColor(20, 10, 60, 120));
-    QPainterPath envelope(center - QPointF(0, radius));
-    envelope.cubicTo(center + QPointF(radius * 1.33, -radius), center + QPointF(radius * 1.33, radius * 0.45),
-                     mouth + QPointF(radius * 0.16, 0));
-    envelope.lineTo(mouth - QPointF(radius * 0.16, 0));
-    envelope.cubicTo(center + QPointF(-radius * 1.33, radius * 0.45), center + QPointF(-radius * 1.33, -radius),
-                     center - QPointF(0, radius));
     painter.setBrush(light);
-    painter.drawPath(envelope);
+    painter.drawPath(envelope(center, radius, radius));
 
+    const QPointF mouth = balloonMouth(center, radius);
     const double basket = radius * 0.17;
     painter.setPen(QPen(QColor(0x3a, 0x2a, 0x22), std::max(radius * 0.02, 0.8)));
     for (const double side : {-1.0, 1.0})

@@ -75,7 +75,7 @@ ExitStatus run(Options options)
     }
     if (options.name.isEmpty())
         return Done;
-    GazeSimulator simulator(options.parameters, std::move(map));
+    GazeSimulator simulator(options.parameters, map);
     return recording::write(options.name, setFileText(options.entries), simulator, options.truth) ? Done : Failed;
 }
 

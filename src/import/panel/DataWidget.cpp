@@ -19,14 +19,14 @@ QStringList askForRecordings(QWidget *parent, const QString &folder)
 
 DataWidget::DataWidget(QWidget *parent)
     : QWidget(parent)
-    , ui(std::make_unique<Ui::DataWidget>())
+    , m_ui(std::make_unique<Ui::DataWidget>())
     , m_choose([this](const QString &folder) { return askForRecordings(this, folder); })
 {
-    ui->setupUi(this);
-    connect(ui->SM_addButton, &QPushButton::clicked, this, &DataWidget::sltAdd);
-    connect(ui->SM_removeButton, &QPushButton::clicked, this, &DataWidget::sltRemove);
-    connect(ui->SM_importButton, &QPushButton::clicked, this, &DataWidget::sltImport);
-    auto *deleteKey = new QShortcut(QKeySequence::Delete, ui->listView);
+    m_ui->setupUi(this);
+    connect(m_ui->SM_addButton, &QPushButton::clicked, this, &DataWidget::sltAdd);
+    connect(m_ui->SM_removeButton, &QPushButton::clicked, this, &DataWidget::sltRemove);
+    connect(m_ui->SM_importButton, &QPushButton::clicked, this, &DataWidget::sltImport);
+    auto *deleteKey = new QShortcut(QKeySequence::Delete, m_ui->listView);
     deleteKey->setContext(Qt::WidgetShortcut);
     connect(deleteKey, &QShortcut::activated, this, [this] {
         if (!selectedFiles().isEmpty())
@@ -38,19 +38,19 @@ DataWidget::~DataWidget() = default;
 
 void DataWidget::sltAdd()
 {
-    CommandStack::instance().push(new CommandDataAdd(*ui->listView, m_choose, m_log));
+    CommandStack::instance().push(new CommandDataAdd(*m_ui->listView, m_choose, m_log));
 }
 
 void DataWidget::sltRemove()
 {
-    CommandStack::instance().push(new CommandDataRemove(*ui->listView, selectedFiles(), m_log));
+    CommandStack::instance().push(new CommandDataRemove(*m_ui->listView, selectedFiles(), m_log));
 }
 
 void DataWidget::sltImport()
 {
     if (!m_model || !m_window)
         return;
-    CommandStack::instance().push(new CommandDataImport(*m_model, *m_window, *ui->listView, m_log));
+    CommandStack::instance().push(new CommandDataImport(*m_model, *m_window, *m_ui->listView, m_log));
     Q_EMIT sigLoadTimeline();
 }
 
@@ -58,8 +58,8 @@ void DataWidget::sltImport()
 QStringList DataWidget::selectedFiles() const
 {
     QStringList files;
-    for (int row = 0; row < ui->listView->count(); ++row) {
-        const QListWidgetItem *item = ui->listView->item(row);
+    for (int row = 0; row < m_ui->listView->count(); ++row) {
+        const QListWidgetItem *item = m_ui->listView->item(row);
         if (item->isSelected())
             files << item->text();
     }

@@ -39,7 +39,7 @@ public Q_SLOTS:
 private:
     QStringList selectedFiles() const;
 
-    std::unique_ptr<Ui::DataWidget> ui;
+    std::unique_ptr<Ui::DataWidget> m_ui;
     DataModel *m_model = nullptr;
     IMainWindow *m_window = nullptr;
     const Log *m_log = nullptr;

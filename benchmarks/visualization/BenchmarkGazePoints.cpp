@@ -1,0 +1,172 @@
+#include "visualization/Canvas.h"
+#include "visualization/GazePointRaster.h"
+#include "visualization/scene/Background.h"
+#include "visualization/scene/DrawingPass.h"
+
+#include <benchmark/benchmark.h>
+#include <QApplication>
+#include <QGraphicsScene>
+
+#include <chrono>
+#include <memory>
+#include <random>
+
+namespace {
+
+constexpr int recordings = 10;
+constexpr int samplesPerRecording = 60000; // one minute at 1000 Hz
+constexpr int halfSize = 5;
+
+/// Fixations of 100 to 400 ms with a jitter of 4 px anywhere on the canvas.
+QList<GazePoint> recording(unsigned seed)
+{
+    std::mt19937 random(seed);
+    std::uniform_real_distribution<double> column(50, canvas::width - 50.0);
+    std::uniform_real_distribution<double> row(50, canvas::height - 50.0);
+    std::uniform_int_distribution<int> duration(100, 400);
+    std::normal_distribution<double> jitter(0, 4);
+    QList<GazePoint> samples;
+    samples.reserve(samplesPerRecording);
+    int left = 0;
+    double x = 0;
+    double y = 0;
+    for (int i = 0; i < samplesPerRecording; ++i, --left) {
+        if (left == 0) {
+            left = duration(random);
+            x = column(random);
+            y = row(random);
+        }
+        samples << GazePoint(i, x + jitter(random), y + jitter(random), 0, 0, 1);
+    }
+    return samples;
+}
+
+struct Study {
+    Study()
+    {
+        setInitialValues(parameters, rows::visualization);
+        parameters.visualizationMode = 1;
+        parameters.size = halfSize;
+        for (unsigned i = 0; i < recordings; ++i) {
+            Examination examination;
+            examination.dominantEye = QStringLiteral("left");
+            examination.leftEye.gazePoints = recording(i);
+            model.examinations() << examination;
+        }
+    }
+    DrawingContext context() const
+    {
+        return {model, EyeMode::showDominant, {0, samplesPerRecording}, parameters, none, none, none};
+    }
+
+    DataModel model;
+    VisualizationParameters parameters;
+    VisualizationParameters none;
+};
+
+const Study &study()
+{
+    static const Study made;
+    return made;
+}
+
+/// The textbook form: one point after the other, each pixel of the outline tested and written by itself.
+QImage plainImage(const std::vector<GazePointRecord> &records, int n)
+{
+    QImage image(canvas::width, canvas::height, QImage::Format_ARGB32);
+    image.fill(qRgba(255, 255, 255, 0));
+    auto *pixels = reinterpret_cast<QRgb *>(image.bits());
+    for (const GazePointRecord &record : records) {
+        const auto index = [&](int dx, int dy) { return (record.y + dy) * canvas::width + record.x + dx; };
+        for (int j = -n; j < n; ++j) {
+            const int step[] = {index(n, j), index(-n, j), index(n - 1, j), index(-n + 1, j),
+                                index(j, n), index(j, -n), index(j, n - 1), index(j, -n + 1)};
+            if (!std::all_of(std::begin(step), std::end(step), [](int i) { return i > 0 && i < canvas::pixels; }))
+                continue;
+            for (const int i : step)
+                pixels[i] = record.color;
+        }
+    }
+    return image;
+}
+
+template <class Work>
+double bestMs(Work work)
+{
+    double best = 1e9;
+    for (int i = 0; i < 25; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        work();
+        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+        best = std::min(best, taken.count());
+    }
+    return best;
+}
+
+/// Adds the plain form's time and the ratio of both best times.
+template <class Fast, class Plain>
+void compare(benchmark::State &state, Fast fast, Plain plain)
+{
+    for (auto _ : state)
+        fast();
+    const double plainMs = bestMs(plain);
+    state.counters["plain_ms"] = plainMs;
+    state.counters["ratio"] = plainMs / bestMs(fast);
+}
+
+void gazePointImages(benchmark::State &state)
+{
+    const std::vector<GazePointRecord> records = gazePointRecords(study().context());
+    const auto workers = static_cast<int>(state.range(0));
+    compare(
+        state, [&] { benchmark::DoNotOptimize(gazePointImage(records, halfSize, workers)); },
+        [&] { benchmark::DoNotOptimize(plainImage(records, halfSize)); });
+}
+
+void selection(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(gazePointRecords(study().context()));
+}
+
+/// From the samples to a scene with all its items: selection, image, pixmap.
+void redraw(benchmark::State &state)
+{
+    QGraphicsScene scene;
+    const QPixmap background = backgroundPixmap({}, Border::Black);
+    for (auto _ : state) {
+        scene.clear();
+        addBackground(scene, background);
+        drawScene(scene, study().context());
+    }
+}
+
+} // namespace
+
+BENCHMARK(gazePointImages)
+    ->Name("gazePoints/600000/workers")
+    ->Arg(1)
+    ->Arg(2)
+    ->Arg(4)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK(selection)
+    ->Name("gazePointSelection/600000")
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK(redraw)
+    ->Name("redrawWithGazePoints/600000")
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,278 @@
+#include "app/Vistrum.h"
+#include "ui_Vistrum.h"
+
+#include "base/Messages.h"
+#include "commands/CommandStack.h"
+#include "import/panel/CommandTabelCheckbox.h"
+#include "import/panel/DataCommands.h"
+#include "import/panel/DataWidget.h"
+#include "model/OutlierCut.h"
+#include "settings/FirstStart.h"
+#include "settings/Registry.h"
+#include "settings/StoredKeys.h"
+#include "visualization/scene/Background.h"
+#include "visualization/scene/DrawingPass.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QGraphicsPixmapItem>
+#include <QMessageBox>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 shortestSpanMs = 1000; ///< of the time frame, once examinations are checked by hand
+
+} // namespace
+
+Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Vistrum>())
+{
+    m_log.clear();
+    m_log.write(QStringLiteral("Starting program"));
+    m_ui->setupUi(this);
+    int pane = 0;
+    for (const int stretch : {1, 4, 2})
+        m_ui->splitter->setStretchFactor(pane++, stretch);
+    m_ui->control->setModel(&m_model);
+    m_ui->control->setMainWindow(this);
+    m_ui->control->setLog(&m_log);
+    m_ui->visualization->setScene(&m_scene);
+    loadDrawingParameters();
+    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    connectForm();
+    connectPanels();
+}
+
+Vistrum::~Vistrum() = default;
+
+void Vistrum::connectForm()
+{
+    connect(m_ui->check_Button, &QPushButton::clicked, this, [this] { m_ui->tableWidget->setSelectedChecked(true); });
+    connect(m_ui->uncheck_Button, &QPushButton::clicked, this, [this] { m_ui->tableWidget->setSelectedChecked(false); });
+    connect(m_ui->tableWidget, &ExaminationTable::checkBoxClicked, this, &Vistrum::sltTableCheckboxClicked);
+    connect(m_ui->image_comboBox, &QComboBox::currentIndexChanged, this, &Vistrum::sltUpdateImageView);
+    connect(m_ui->fitToScreenButton, &QPushButton::clicked, this, &Vistrum::sltFitToScreen);
+    connect(m_ui->originalSiteButton, &QPushButton::clicked, this, &Vistrum::sltOriginalSize);
+    connect(m_ui->loadPictureButton, &QPushButton::clicked, this, &Vistrum::sltImportPicture);
+    connect(m_ui->showBorderCheckBox, &QCheckBox::clicked, this, &Vistrum::sltUpdateBorder);
+    connect(m_ui->remove_outlier, &QCheckBox::stateChanged, this, &Vistrum::sltCutData);
+    connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
+    connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
+    connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltLoadDefaultSettings);
+}
+
+void Vistrum::connectPanels()
+{
+    controlWidget &control = *m_ui->control;
+    connect(&control, &controlWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
+    connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
+    connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
+    connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
+    connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);
+    connect(this, &Vistrum::sigUpdateSettings, this, &Vistrum::loadDrawingParameters);
+    connect(this, &Vistrum::sigUpdateSettings, &control.fixationControl(), &FixationControl::sltUpdateSettings);
+}
+
+void Vistrum::loadDrawingParameters()
+{
+    m_gazepointParameters = gazePointParameters();
+    m_fixationParameters = fixationParameters();
+    m_clusterParameters = clusterParameters();
+    m_saccadeParameters = saccadeParameters();
+}
+
+// ---- table and images
+
+void Vistrum::addTableRow(const Examination &examination)
+{
+    m_ui->tableWidget->addExamination(examination, m_model.groups());
+    rebuildImageList();
+    Q_EMIT sigSetSaccadeClusterStatusNone();
+}
+
+void Vistrum::removeTableRows(const QList<int> &numbers)
+{
+    m_ui->tableWidget->removeExaminations(numbers);
+}
+
+void Vistrum::sltTableCheckboxClicked(int row)
+{
+    const bool newState = m_ui->tableWidget->isChecked(row);
+    CommandStack::instance().push(new CommandTabelCheckbox(row, !newState, m_model, *m_ui->tableWidget, *this));
+    setTimeSpan(std::max(shortestSpanMs, m_model.longestCheckedDuration()));
+    Q_EMIT sigSetSaccadeClusterStatusNone();
+}
+
+void Vistrum::rebuildImageList()
+{
+    while (m_ui->image_comboBox->count() > 1)
+        m_ui->image_comboBox->removeItem(1);
+    m_ui->image_comboBox->addItems(m_model.images().names());
+}
+
+void Vistrum::sltImportPicture()
+{
+    QFileDialog dialog(this, tr("Select Image File"), QString(), QStringLiteral("Image (*.jpg)"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().size() != 1)
+        return;
+    const QString path = dialog.selectedFiles().constFirst();
+    CommandStack::instance().push(new CommandPictureImport(m_model, path));
+    rebuildImageList();
+}
+
+// ---- background
+
+int Vistrum::stimulusWidthPx() const
+{
+    return m_backgroundPixmap.width();
+}
+
+void Vistrum::refreshPlainBackground()
+{
+    if (m_ui->image_comboBox->currentIndex() == 0)
+        sltUpdateImageView(0);
+}
+
+void Vistrum::sltUpdateImageView(int index)
+{
+    if (m_background) {
+        m_scene.removeItem(m_background);
+        delete std::exchange(m_background, nullptr);
+    }
+    m_ui->visualization->setUpOnce();
+    const Border border = m_ui->showBorderCheckBox->isChecked() ? Border::Black : Border::None;
+    const QStringList images = m_model.images().paths();
+    if (index <= images.size())
+        m_backgroundPixmap = backgroundPixmap(index < 1 ? QString() : images[index - 1], border);
+    m_background = addBackground(m_scene, m_backgroundPixmap);
+    if (!m_skipOutlierCut)
+        cutOrRestoreOutliers();
+}
+
+void Vistrum::cutOrRestoreOutliers()
+{
+    if (m_ui->remove_outlier->isChecked())
+        cutOutliers(m_model, m_backgroundPixmap.size());
+    else
+        restoreOutliers(m_model);
+}
+
+void Vistrum::sltCutData(int)
+{
+    m_skipOutlierCut = false;
+    sltUpdateAndRedraw();
+    m_skipOutlierCut = true;
+}
+
+void Vistrum::sltUpdateBorder()
+{
+    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+}
+
+void Vistrum::sltFitToScreen()
+{
+    m_ui->visualization->fit(m_backgroundPixmap.rect());
+}
+
+void Vistrum::sltOriginalSize()
+{
+    m_ui->visualization->fit(QRectF(QPointF(0, 0), m_ui->visualization->size()));
+}
+
+// ---- drawing
+
+void Vistrum::sltCalculateFixations()
+{
+    Q_EMIT sigEnable_fixation_export();
+    Q_EMIT sigEnable_event_export();
+    Q_EMIT sigSetSaccadeClusterStatusNone();
+    redraw();
+}
+
+void Vistrum::sltDrawPaths()
+{
+    m_skipOutlierCut = false;
+    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    m_skipOutlierCut = true;
+    if (m_model.checkedExaminations().isEmpty()) {
+        messages::information(QStringLiteral("No examination selected"),
+                              QStringLiteral("Please select an examination first"));
+        return;
+    }
+    setTimeSpan(m_model.longestCheckedDuration());
+}
+
+void Vistrum::setTimeSpan(qint64 spanMs)
+{
+    m_frame = {0, spanMs};
+    m_model.setTimeStart(m_frame.startMs);
+    m_model.setTimeEnd(m_frame.endMs);
+    redraw();
+}
+
+void Vistrum::redraw()
+{
+    m_background = nullptr; // goes with the scene's items
+    m_scene.clear();
+    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    const DrawingContext context{.model = m_model,
+                                 .eyeMode = eyeMode(),
+                                 .frame = m_frame,
+                                 .gazePoints = m_gazepointParameters,
+                                 .fixations = m_fixationParameters,
+                                 .clusters = m_clusterParameters};
+    runDrawingPass(m_scene, m_model, context);
+}
+
+void Vistrum::sltUpdateAndRedraw()
+{
+    redraw();
+}
+
+void Vistrum::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    redraw();
+}
+
+// ---- settings
+
+void Vistrum::sltSaveRegistry()
+{
+    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save Vistrum Settings"),
+                                                      QStringLiteral("."), QStringLiteral("Settings (*.ini)"));
+    if (!path.isEmpty())
+        Registry(m_log).saveSettings(path);
+}
+
+void Vistrum::sltImportRegistry()
+{
+    QFileDialog dialog(this, QStringLiteral("Select Vistrum settings"), QString(), QStringLiteral("Settings (*.ini)"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().size() != 1)
+        return;
+    Registry(m_log).loadSettings(dialog.selectedFiles().constFirst());
+    Q_EMIT sigUpdateSettings();
+}
+
+void Vistrum::sltLoadDefaultSettings()
+{
+    Registry(m_log).loadSettings(findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
+    loadDrawingParameters();
+    m_ui->control->fixationControl().sltUpdateSettings();
+}
+
+void Vistrum::closeEvent(QCloseEvent *event)
+{
+    const auto answer = QMessageBox::question(this, QStringLiteral("Vistrum"),
+                                              QStringLiteral("Do you really want to quit Vistrum?\n"),
+                                              QMessageBox::Yes | QMessageBox::No);
+    if (answer != QMessageBox::Yes) {
+        event->ignore();
+        return;
+    }
+    m_log.write(QStringLiteral("Application closed by user."));
+    event->accept();
+}

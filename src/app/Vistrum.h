@@ -1,0 +1,84 @@
+#pragma once
+
+#include "base/Log.h"
+#include "commands/IMainWindow.h"
+#include "model/DataModel.h"
+#include "visualization/TimeFrame.h"
+#include "visualization/VisualizationParameters.h"
+
+#include <QGraphicsScene>
+#include <QMainWindow>
+#include <QPixmap>
+
+#include <memory>
+
+class QGraphicsPixmapItem;
+
+namespace Ui {
+class Vistrum;
+}
+
+/// The main window: creates, connects and owns the panels, the model and the scene, and decides when the picture is drawn
+/// anew.
+class Vistrum : public QMainWindow, public IMainWindow {
+    Q_OBJECT
+public:
+    explicit Vistrum(QWidget *parent = nullptr);
+    ~Vistrum() override;
+
+    const DataModel &model() const { return m_model; }
+
+    void addTableRow(const Examination &examination) override;
+    void removeTableRows(const QList<int> &numbers) override;
+    void refreshPlainBackground() override;
+    int stimulusWidthPx() const override;
+    void redraw() override;
+
+Q_SIGNALS:
+    void sigUpdateSettings();
+    void sigEnable_fixation_export();
+    void sigEnable_event_export();
+    void sigSetSaccadeClusterStatusNone();
+
+public Q_SLOTS:
+    void sltCalculateFixations();
+    void sltDrawPaths();
+    void sltUpdateAndRedraw();
+
+    void sltFitToScreen();
+    void sltOriginalSize();
+    void sltUpdateBorder();
+    void sltUpdateImageView(int index);
+    void sltCutData(int state);
+    void sltImportPicture();
+
+    void sltSaveRegistry();
+    void sltImportRegistry();
+    void sltLoadDefaultSettings();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectForm();
+    void connectPanels();
+    void cutOrRestoreOutliers();
+    void loadDrawingParameters();
+    void setTimeSpan(qint64 spanMs);
+    void sltTableCheckboxClicked(int row);
+    void rebuildImageList();
+
+    Log m_log;
+    DataModel m_model;
+    QGraphicsScene m_scene;
+    QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
+    QPixmap m_backgroundPixmap;
+    bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
+    TimeFrame m_frame{0, 60000};  ///< ms
+    VisualizationParameters m_gazepointParameters;
+    VisualizationParameters m_fixationParameters;
+    VisualizationParameters m_clusterParameters;
+    VisualizationParameters m_saccadeParameters;
+    std::unique_ptr<Ui::Vistrum> m_ui;
+};

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Lets messages appear as boxes with an Ok button and progress as dialogs, for as long as the program runs.
+void installWindowFeedback();

@@ -1,0 +1,248 @@
+#include "batch/BatchRun.h"
+
+#include "base/Messages.h"
+#include "base/Progress.h"
+#include "batch/ParallelImport.h"
+#include "batch/Suggestion.h"
+#include "batch/Terminal.h"
+#include "detection/FixationCalculation.h"
+#include "detection/FixationSettingsModel.h"
+#include "export/DataExport.h"
+#include "settings/Registry.h"
+#include "settings/StoredKeys.h"
+#include "visualization/scene/Background.h"
+#include "visualization/scene/DrawingPass.h"
+#include "visualization/scene/ImageExport.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QGraphicsScene>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+#include <thread>
+
+namespace {
+
+/// The name of the recording in messages and in the report.
+QString nameOf(const QString &recording)
+{
+    return QFileInfo(recording).fileName();
+}
+
+bool isReadable(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.isFile() && info.isReadable();
+}
+
+QMap<QString, qint64> countsOf(const ImportCounts &counts)
+{
+    return {{QStringLiteral("samples"), counts.samples},
+            {QStringLiteral("lines of wrong length"), counts.wrongLengthLines}};
+}
+
+QString wrongLengthText(const QString &path, const ImportCounts &counts)
+{
+    return QStringLiteral("%1: left out %2 of the sample lines, which do not have eleven fields; the first is line %3. "
+                          "Fields are separated by one tab each.")
+        .arg(path)
+        .arg(counts.wrongLengthLines)
+        .arg(counts.firstWrongLengthLine);
+}
+
+} // namespace
+
+BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output)
+    : m_options(options), m_record(record), m_output(output)
+{
+}
+
+ExitCode BatchRun::run()
+{
+    std::optional<UsageError> problem = checkInputs();
+    if (!problem)
+        problem = applySettings();
+    if (problem) {
+        messages::critical(QStringLiteral("vistrum-batch"), problem->text);
+        return ExitCode::Usage;
+    }
+    importRecordings();
+    setTimeFrame();
+    calculate();
+    exportTables();
+    exportImages();
+    writeReport();
+    return m_failed ? ExitCode::SomethingFailed : ExitCode::AllDone;
+}
+
+/// What can be seen to be missing is told before anything is started.
+std::optional<UsageError> BatchRun::checkInputs() const
+{
+    for (const QString &path : m_options.settingsFiles) {
+        if (!isReadable(path))
+            return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
+    }
+    if (!m_options.background.isEmpty() && !isReadable(m_options.background))
+        return UsageError{QStringLiteral("--background %1: no such file, or it cannot be read").arg(m_options.background)};
+    if (!QDir().mkpath(m_options.outputFolder))
+        return UsageError{QStringLiteral("--out %1: the folder cannot be made").arg(m_options.outputFolder)};
+    return std::nullopt;
+}
+
+std::optional<UsageError> BatchRun::applySettings()
+{
+    for (const QString &path : std::as_const(m_options.settingsFiles)) {
+        Registry().loadSettings(path);
+        addInput(path, QStringLiteral("settings"));
+    }
+    SettingsStore store;
+    for (const BatchOptions::Setting &setting : std::as_const(m_options.settings)) {
+        if (!store.contains(setting.key)) {
+            const QString nearest = suggestion(setting.key, store.allKeys());
+            const QString hint = nearest.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(nearest);
+            return UsageError{QStringLiteral("--set %1: no such key").arg(setting.key) + hint};
+        }
+        store.setValue(setting.key, setting.value);
+    }
+    if (m_options.detector)
+        store.setValue(rows::fixationCalculationType.key, detectorName(*m_options.detector));
+    if (!m_options.background.isEmpty())
+        addInput(m_options.background, QStringLiteral("background"));
+    return std::nullopt;
+}
+
+/// Contents are only read again where somebody will see their hash.
+void BatchRun::addInput(const QString &path, const QString &kind)
+{
+    const ReportedFile file = m_options.reportFile.isEmpty() ? ReportedFile{path, 0, {}} : reportedFile(path);
+    m_inputs << ReportedInput{.file = file, .kind = kind, .used = true, .counts = {}, .messages = {}};
+}
+
+void BatchRun::importRecordings()
+{
+    const int cores = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(m_options.recordings.size()));
+    QStringList missingImages;
+    qsizetype index = 0;
+    readRecordings(m_options.recordings, m_options.jobs.value_or(cores), [&](const ImportedFile &file) {
+        takeRecording(m_options.recordings[index++], file);
+        if (!file.examination.missingImagePath.isEmpty())
+            missingImages << file.examination.missingImagePath;
+        progress.advance();
+    });
+    reportMissingImages(missingImages);
+    m_model.allExaminations() = m_model.examinations();
+}
+
+void BatchRun::takeRecording(const QString &path, const ImportedFile &file)
+{
+    const MessageRecord::Scope scope(m_record, path);
+    const bool used = addToModel(file, m_model).has_value();
+    m_failed = m_failed || !used;
+    if (file.counts.wrongLengthLines > 0)
+        messages::warning(nameOf(path), wrongLengthText(path, file.counts));
+    addInput(path, QStringLiteral("recording"));
+    m_inputs.last().used = used;
+    m_inputs.last().counts = countsOf(file.counts);
+    const QString setFile = RecordingPath(path).setFile();
+    if (QFileInfo::exists(setFile))
+        addInput(setFile, QStringLiteral("set file"));
+}
+
+void BatchRun::setTimeFrame()
+{
+    const auto frame = m_options.time.value_or(BatchOptions::TimeFrame{0, m_model.longestCheckedDuration()});
+    m_model.setTimeStart(frame.startMs);
+    m_model.setTimeEnd(frame.endMs);
+}
+
+void BatchRun::calculate()
+{
+    if (!m_options.calculations.contains(BatchOptions::Calculation::Fixations) || m_model.examinations().isEmpty())
+        return;
+    FixationSettingsModel settings;
+    loadFixationSettings(settings);
+    calculateFixations(m_model, settings, nullptr);
+}
+
+void BatchRun::exportTables()
+{
+    if (m_model.examinations().isEmpty())
+        return;
+    const ExportTarget target{m_options.outputFolder, m_options.prefix, m_options.eyes};
+    for (const BatchOptions::Table table : std::as_const(m_options.tables)) {
+        const ExportResult result =
+            table == BatchOptions::Table::Fixations ? exportFixations(m_model, target) : exportEvents(m_model, target);
+        for (const QString &path : result.written)
+            keep(path);
+        for (const QString &path : result.failed)
+            fail(QStringLiteral("Export"), QStringLiteral("%1 could not be written.").arg(path));
+    }
+}
+
+void BatchRun::exportImages()
+{
+    if (m_options.images.isEmpty() || m_model.examinations().isEmpty())
+        return;
+    QGraphicsScene scene;
+    addBackground(scene, backgroundPixmap(m_options.background, Border::Black));
+    const VisualizationParameters gazePoints = gazePointParameters();
+    const VisualizationParameters fixations = fixationParameters();
+    const VisualizationParameters clusters = clusterParameters();
+    const VisualizationParameters saccades = saccadeParameters();
+    runDrawingPass(scene, m_model,
+                   {.model = m_model,
+                    .eyeMode = eyeMode(),
+                    .frame = {m_model.timeStart(), m_model.timeEnd()},
+                    .gazePoints = gazePoints,
+                    .fixations = fixations,
+                    .clusters = clusters,
+                    .saccades = saccades});
+    for (const QString &path : std::as_const(m_options.images)) {
+        if (const auto problem = exportScene(scene, path))
+            fail(QStringLiteral("Image"), *problem);
+        else
+            keep(path);
+    }
+}
+
+void BatchRun::writeReport()
+{
+    if (m_options.reportFile.isEmpty())
+        return;
+    const BatchReport report = collectReport();
+    QSaveFile file(m_options.reportFile);
+    if (file.open(QIODevice::WriteOnly) && file.write(toJson(report).toJson()) >= 0 && file.commit())
+        keep(m_options.reportFile);
+    else
+        fail(QStringLiteral("Report"), QStringLiteral("%1 could not be written: %2").arg(file.fileName(), file.errorString()));
+}
+
+BatchReport BatchRun::collectReport() const
+{
+    BatchReport report{.version = QCoreApplication::applicationVersion(),
+                       .options = reportedOptions(m_options),
+                       .parameters = storedParameters(SettingsStore()),
+                       .inputs = m_inputs,
+                       .messages = m_record.about(QString()),
+                       .outputs = {}};
+    for (ReportedInput &input : report.inputs)
+        input.messages = m_record.about(input.file.path);
+    for (const QString &path : m_written)
+        report.outputs << reportedFile(path);
+    return report;
+}
+
+void BatchRun::keep(const QString &path)
+{
+    m_written << path;
+    m_output.writeLine(path);
+}
+
+void BatchRun::fail(const QString &title, const QString &text)
+{
+    m_failed = true;
+    messages::warning(title, text);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "batch/BatchOptions.h"
+#include "batch/BatchReport.h"
+#include "batch/MessageRecord.h"
+#include "model/DataModel.h"
+
+class Terminal;
+struct ImportedFile;
+
+/// One run of the batch tool: the same functions that the window's commands run, in the order import, calculations,
+/// exports, images, report.
+///
+/// The settings store of the process must be a private one by then, with the factory values in it.
+class BatchRun {
+public:
+    /// @param record    has the messages of the run, for its report; must outlive the run.
+    /// @param output    gets the paths of the files written, one a line.
+    BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output);
+
+    ExitCode run();
+
+private:
+    std::optional<UsageError> applySettings();
+    std::optional<UsageError> checkInputs() const;
+    void importRecordings();
+    void takeRecording(const QString &path, const ImportedFile &file);
+    void setTimeFrame();
+    void calculate();
+    void exportTables();
+    void exportImages();
+    void writeReport();
+    BatchReport collectReport() const;
+    void addInput(const QString &path, const QString &kind);
+    void keep(const QString &path);
+    void fail(const QString &title, const QString &text);
+
+    BatchOptions m_options;
+    MessageRecord &m_record;
+    Terminal &m_output;
+    DataModel m_model;
+    QList<ReportedInput> m_inputs;
+    QStringList m_written;
+    bool m_failed = false;
+};

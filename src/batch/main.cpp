@@ -1,0 +1,81 @@
+#include "base/Messages.h"
+#include "base/Progress.h"
+#include "batch/BatchHelp.h"
+#include "batch/BatchRun.h"
+#include "batch/Terminal.h"
+#include "batch/TerminalMessages.h"
+#include "batch/TerminalProgress.h"
+#include "settings/FirstStart.h"
+#include "settings/SettingsStore.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+/// The run has a store of its own with the factory values: the user's is neither read nor changed.
+class PrivateStore {
+public:
+    PrivateStore()
+    {
+        SettingsStore::useFile(m_folder.filePath(QStringLiteral("settings.ini")));
+        applyFactorySettings(
+            findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()), QString());
+    }
+    ~PrivateStore() { SettingsStore::useFile({}); }
+    PrivateStore(const PrivateStore &) = delete;
+    PrivateStore &operator=(const PrivateStore &) = delete;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+ExitCode run(const BatchOptions &options, Terminal &output, Terminal &errors)
+{
+    if (options.help) {
+        output.writeLine(batchHelp().chopped(1));
+        return ExitCode::AllDone;
+    }
+    if (options.version) {
+        output.writeLine(QStringLiteral("vistrum-batch ") + QCoreApplication::applicationVersion());
+        return ExitCode::AllDone;
+    }
+    MessageRecord record;
+    messages::install(std::make_unique<TerminalMessages>(
+        errors, record, options.quiet ? TerminalMessages::Show::Problems : TerminalMessages::Show::All));
+    if (!options.quiet)
+        Progress::install(std::make_unique<TerminalProgress>(errors));
+    const PrivateStore store;
+    const ExitCode result = BatchRun(options, record, output).run();
+    messages::install(nullptr);
+    Progress::install(nullptr);
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // drawings need Qt's widgets, but no display
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vistrum-batch"));
+    QApplication::setApplicationVersion(QStringLiteral("0.2014"));
+
+    QFile standardOutput;
+    QFile standardError;
+    if (!standardOutput.open(stdout, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !standardError.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return static_cast<int>(ExitCode::SomethingFailed);
+    Terminal output(standardOutput, Terminal::Kind::Stream);
+    Terminal errors(standardError, Terminal::kindOfStandardError());
+
+    const auto parsed = parseBatchOptions(QApplication::arguments().sliced(1));
+    if (const auto *error = std::get_if<UsageError>(&parsed)) {
+        errors.writeLine(QStringLiteral("vistrum-batch: %1\nTry vistrum-batch --help.").arg(error->text));
+        return static_cast<int>(ExitCode::Usage);
+    }
+    return static_cast<int>(run(std::get<BatchOptions>(parsed), output, errors));
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "model/Examination.h"
+#include "model/Group.h"
+
+#include <QStringList>
+#include <QTableWidget>
+
+class QCheckBox;
+
+/// The table of examinations: its check boxes decide what takes part in everything.
+///
+/// Columns are the check box, "#", "subjectID", "image", "group" and then every further property, added when it first turns
+/// up and never removed. The number in column 1 links a row to its examination, since rows can be sorted.
+class ExaminationTable : public QTableWidget {
+    Q_OBJECT
+public:
+    enum Column { CheckBoxColumn = 0, NumberColumn = 1, SubjectColumn = 2, ImageColumn = 3, GroupColumn = 4 };
+
+    explicit ExaminationTable(QWidget *parent = nullptr);
+
+    void addExamination(const Examination &examination, const QList<Group> &groups);
+
+    /// For each row from the top, compares the numbers in order; a match removes the row at this place before the next
+    /// number is tried. Rows that stand in the order of the numbers all vanish.
+    void removeExaminations(const QList<int> &numbers);
+
+    /// Number of the examination in this row; 0 beyond the table.
+    int numberOfRow(int row) const;
+
+    bool isChecked(int row) const;
+
+    /// Shows the state without a signal, so that no command comes of it.
+    void showChecked(int row, bool checked);
+
+    /// Checks or unchecks the selected rows as clicks on their boxes would.
+    void setSelectedChecked(bool checked);
+
+Q_SIGNALS:
+    /// The user changed the check box of this row, which already shows the new state.
+    void checkBoxClicked(int row);
+
+private:
+    QCheckBox *checkBox(int row) const;
+    int columnOf(const QString &property);
+    void addCheckBox(int row, bool checked);
+    void addGroupBox(int row, const Examination &examination, const QList<Group> &groups);
+
+    QStringList m_labels;
+};
