@@ -44,12 +44,12 @@ install_packages() {
         -o Dpkg::Use-Pty=0 install "${missing[@]}" </dev/null >/dev/null
 }
 
-# build PRESET [TARGET...]: all targets where none is named.
+# build PRESET [TARGET...]: all targets where none is named. A failure does not stop the rest: one run tells all.
 build() {
     local preset="$1"
     shift
     if [ ! -f "$root/build/$preset/build.ninja" ]; then
         (cd "$root" && cmake --log-level=NOTICE --preset "$preset")
     fi
-    (cd "$root" && cmake --build --preset "$preset" ${1:+--target "$@"})
+    (cd "$root" && cmake --build --preset "$preset" ${1:+--target "$@"} -- -k 0)
 }
