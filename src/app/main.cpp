@@ -1,6 +1,7 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
 #include "settings/FirstStart.h"
+#include "settings/StoreRepair.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -34,7 +35,7 @@ int main(int argc, char *argv[])
     splash.show();
     wait(splashMs);
 
-    prepareStore();
+    const auto privateStore = prepareStore();
     const QString folder = QApplication::applicationDirPath();
     applyFactorySettings(findDataFile(QStringLiteral("factory_settings.ini"), folder), findExamplesFolder(folder));
 
