@@ -33,9 +33,10 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     m_log.clear();
     m_log.write(QStringLiteral("Starting program"));
     m_ui->setupUi(this);
-    int pane = 0;
-    for (const int stretch : {1, 4, 2})
-        m_ui->splitter->setStretchFactor(pane++, stretch);
+    constexpr int shares[] = {1, 4, 2}; // of the width: table, picture, panels
+    for (int pane = 0; pane < 3; ++pane)
+        m_ui->splitter->setStretchFactor(pane, shares[pane]);
+    m_ui->splitter->setSizes({shares[0] * width(), shares[1] * width(), shares[2] * width()});
     m_ui->control->setModel(&m_model);
     m_ui->control->setMainWindow(this);
     m_ui->control->setLog(&m_log);
