@@ -28,6 +28,13 @@ Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView,
 template <class R, class T>
 Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>) -> Parameter<R, T>;
 
+/// A parameter whose stored form is not that of its type, such as a choice stored as the text of its item.
+template <class R, class T>
+struct ParameterStoredAs : Parameter<R, T> {
+    QVariant (*stored)(const T &value);
+    T (*loaded)(const QVariant &stored); ///< also for a key that is missing, as an invalid variant
+};
+
 /// The key under which the value of this record stands in the store.
 template <class Row>
 QString storedKey(const typename Row::Record &record, const Row &row)
@@ -60,12 +67,30 @@ T fromStored(const QVariant &stored)
         return stored.value<T>();
 }
 
+/// The stored form of a row's value, and back.
+template <class Row>
+QVariant storedForm(const Row &row, const typename Row::Value &value)
+{
+    if constexpr (requires { row.stored(value); })
+        return row.stored(value);
+    else
+        return toStored(value);
+}
+template <class Row>
+typename Row::Value loadedForm(const Row &row, const QVariant &stored)
+{
+    if constexpr (requires { row.loaded(stored); })
+        return row.loaded(stored);
+    else
+        return fromStored<typename Row::Value>(stored);
+}
+
 /// Sets the value in the record and in the store, at once: the store always holds the current value.
 template <class Row>
 void setParameter(typename Row::Record &record, const Row &row, const typename Row::Value &value)
 {
     record.*row.member = value;
-    SettingsStore().setValue(storedKey(record, row), toStored(value));
+    SettingsStore().setValue(storedKey(record, row), storedForm(row, value));
 }
 
 /// Gives every member of the rows its value at construction.
@@ -81,8 +106,7 @@ void loadParameters(Record &record, const std::tuple<Rows...> &rows)
 {
     const SettingsStore store;
     const auto load = [&](const auto &row) {
-        using Value = typename std::remove_cvref_t<decltype(row)>::Value;
-        record.*row.member = fromStored<Value>(store.value(storedKey(record, row)));
+        record.*row.member = loadedForm(row, store.value(storedKey(record, row)));
     };
     std::apply([&](const auto &...row) { (load(row), ...); }, rows);
 }

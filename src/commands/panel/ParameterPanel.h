@@ -14,20 +14,24 @@
 /// Joins the controls of a panel with the rows of its parameters. One line a control, in place of a slot, a setter and
 /// a refresh:
 ///
-///     m_parameters.bind(ui->s_spinBox_rad, rows::standardMaximumRadius, m_record, log);
+///     m_parameters.bind<rows::standardMaximumRadius>(ui->s_spinBox_rad, m_record);
 ///
 /// A change of the control pushes the row's command; `show` sets the control, silently.
 class ParameterPanel : public IParameterView {
 public:
     void show(QLatin1StringView key, const QVariant &value) override;
 
+    /// The log of the commands that are bound without one of their own; may be null.
+    void setLog(const Log *log) { m_log = log; }
+
     /// Binds with the plain command of the row, or with one derived from it.
     template <const auto &Row, class Command = ParameterCommand<Row>, class Control>
-    void bind(Control *control, typename Command::Record &record, const Log *log)
+    void bind(Control *control, typename Command::Record &record, const Log *log = nullptr)
     {
         m_controls[Row.key] = [control](const QVariant &value) { setControl(control, value); };
         onChange(control, [this, &record, log](const auto &value) {
-            CommandStack::instance().push(new Command(static_cast<typename Command::Value>(value), record, *this, log));
+            CommandStack::instance().push(
+                new Command(static_cast<typename Command::Value>(value), record, *this, log ? log : m_log));
         });
     }
 
@@ -66,4 +70,5 @@ private:
     }
 
     std::map<QLatin1StringView, std::function<void(const QVariant &)>> m_controls;
+    const Log *m_log = nullptr;
 };
