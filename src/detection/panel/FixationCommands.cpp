@@ -1,0 +1,41 @@
+#include "detection/panel/FixationCommands.h"
+
+#include "model/DataModel.h"
+
+CommandCalculateFixations::CommandCalculateFixations(DataModel &model, FixationCalculationParameters parameters,
+                                                     const Log *log)
+    : QUndoCommand(QStringLiteral("Calculate Fixations"))
+    , m_model(model)
+    , m_parameters(std::move(parameters))
+    , m_log(log)
+{
+}
+
+void CommandCalculateFixations::undo()
+{
+    QList<Examination> &examinations = m_model.examinations();
+    for (qsizetype i = 0; i < examinations.size(); ++i) {
+        const auto oldText = m_oldTexts.constFind(i);
+        if (examinations[i].checked && oldText != m_oldTexts.constEnd())
+            examinations[i].calculationInfo.fixationCalculationInfo = *oldText;
+    }
+}
+
+void CommandCalculateFixations::redo()
+{
+    const QList<Examination> &examinations = std::as_const(m_model).examinations();
+    for (qsizetype i = 0; i < examinations.size(); ++i) {
+        if (examinations[i].checked)
+            m_oldTexts[i] = examinations[i].calculationInfo.fixationCalculationInfo;
+    }
+    calculateFixations(m_model, m_parameters, m_log);
+}
+
+CommandChangeFixationControlCalculationType::CommandChangeFixationControlCalculationType(int type,
+                                                                                         FixationSettingsModel &record,
+                                                                                         IParameterView &panel,
+                                                                                         const Log *log)
+    : ParameterCommand(type, record, panel, log)
+{
+    setText(commandText(rows::calculationType.text, storedForm(rows::calculationType, type)));
+}
