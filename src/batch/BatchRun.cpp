@@ -43,6 +43,16 @@ QMap<QString, qint64> countsOf(const ImportCounts &counts)
             {QStringLiteral("lines of wrong length"), counts.wrongLengthLines}};
 }
 
+/// A detector that is known and not available must not quietly become the standard one.
+std::optional<UsageError> unbuiltDetector(const QString &name)
+{
+    if (calculationTypeNamed(name) < builtCalculationTypes())
+        return std::nullopt;
+    return UsageError{QStringLiteral("the settings choose the detector \"%1\", which is not available in this version; "
+                                     "--detector standard chooses another")
+                          .arg(name)};
+}
+
 QString wrongLengthText(const QString &path, const ImportCounts &counts)
 {
     return QStringLiteral("%1: left out %2 of the sample lines, which do not have eleven fields; the first is line %3. "
@@ -110,7 +120,11 @@ std::optional<UsageError> BatchRun::applySettings()
         store.setValue(setting.key, setting.value);
     }
     if (m_options.detector)
-        store.setValue(rows::fixationCalculationType.key, detectorName(static_cast<int>(*m_options.detector)));
+        store.setValue(rows::calculationType.key, calculationTypeNames[static_cast<int>(*m_options.detector)]);
+    const bool detects = m_options.calculations.contains(BatchOptions::Calculation::Fixations);
+    if (const auto problem =
+            detects ? unbuiltDetector(store.value(rows::calculationType.key).toString()) : std::nullopt)
+        return problem;
     if (!m_options.background.isEmpty())
         addInput(m_options.background, QStringLiteral("background"));
     return std::nullopt;
@@ -167,7 +181,7 @@ void BatchRun::calculate()
         return;
     FixationSettingsModel settings;
     loadFixationSettings(settings);
-    calculateFixations(m_model, settings, nullptr);
+    calculateFixations(m_model, calculationParameters(settings.calculationType, settings), nullptr);
 }
 
 void BatchRun::exportTables()

@@ -99,10 +99,8 @@ template <class Row>
 QList<Declared> declaredKeys(const Row &row)
 {
     using Value = typename Row::Value;
-    if constexpr (requires { row.name; }) {
-        if (row.name) // stands in the store by its name
-            return {declared<QString>(row.key)};
-    }
+    if constexpr (requires { row.stored; }) // stands in the store in a form of its own
+        return {declared<QString>(row.key)};
     if (!row.key.startsWith(u'/'))
         return {declared<Value>(row.key)};
     QList<Declared> all;
