@@ -3,6 +3,8 @@
 
 #include "base/Messages.h"
 #include "commands/CommandStack.h"
+#include "detection/panel/FixationControl.h"
+#include "export/panel/ExportWidget.h"
 #include "import/panel/CommandTabelCheckbox.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
@@ -31,9 +33,10 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     m_log.clear();
     m_log.write(QStringLiteral("Starting program"));
     m_ui->setupUi(this);
-    int pane = 0;
-    for (const int stretch : {1, 4, 2})
-        m_ui->splitter->setStretchFactor(pane++, stretch);
+    constexpr int shares[] = {1, 4, 2}; // of the width: table, picture, panels
+    for (int pane = 0; pane < 3; ++pane)
+        m_ui->splitter->setStretchFactor(pane, shares[pane]);
+    m_ui->splitter->setSizes({shares[0] * width(), shares[1] * width(), shares[2] * width()});
     m_ui->control->setModel(&m_model);
     m_ui->control->setMainWindow(this);
     m_ui->control->setLog(&m_log);
@@ -49,7 +52,8 @@ Vistrum::~Vistrum() = default;
 void Vistrum::connectForm()
 {
     connect(m_ui->check_Button, &QPushButton::clicked, this, [this] { m_ui->tableWidget->setSelectedChecked(true); });
-    connect(m_ui->uncheck_Button, &QPushButton::clicked, this, [this] { m_ui->tableWidget->setSelectedChecked(false); });
+    connect(m_ui->uncheck_Button, &QPushButton::clicked, this,
+            [this] { m_ui->tableWidget->setSelectedChecked(false); });
     connect(m_ui->tableWidget, &ExaminationTable::checkBoxClicked, this, &Vistrum::sltTableCheckboxClicked);
     connect(m_ui->image_comboBox, &QComboBox::currentIndexChanged, this, &Vistrum::sltUpdateImageView);
     connect(m_ui->fitToScreenButton, &QPushButton::clicked, this, &Vistrum::sltFitToScreen);
@@ -139,7 +143,7 @@ void Vistrum::sltUpdateImageView(int index)
 {
     if (m_background) {
         m_scene.removeItem(m_background);
-        delete std::exchange(m_background, nullptr);
+        const std::unique_ptr<QGraphicsPixmapItem> gone(std::exchange(m_background, nullptr));
     }
     m_ui->visualization->setUpOnce();
     const Border border = m_ui->showBorderCheckBox->isChecked() ? Border::Black : Border::None;
@@ -222,7 +226,8 @@ void Vistrum::redraw()
                                  .frame = m_frame,
                                  .gazePoints = m_gazepointParameters,
                                  .fixations = m_fixationParameters,
-                                 .clusters = m_clusterParameters};
+                                 .clusters = m_clusterParameters,
+                                 .saccades = m_saccadeParameters};
     runDrawingPass(m_scene, m_model, context);
 }
 
@@ -259,16 +264,17 @@ void Vistrum::sltImportRegistry()
 
 void Vistrum::sltLoadDefaultSettings()
 {
-    Registry(m_log).loadSettings(findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
+    Registry(m_log).loadSettings(
+        findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
     loadDrawingParameters();
     m_ui->control->fixationControl().sltUpdateSettings();
 }
 
 void Vistrum::closeEvent(QCloseEvent *event)
 {
-    const auto answer = QMessageBox::question(this, QStringLiteral("Vistrum"),
-                                              QStringLiteral("Do you really want to quit Vistrum?\n"),
-                                              QMessageBox::Yes | QMessageBox::No);
+    const auto answer =
+        QMessageBox::question(this, QStringLiteral("Vistrum"), QStringLiteral("Do you really want to quit Vistrum?\n"),
+                              QMessageBox::Yes | QMessageBox::No);
     if (answer != QMessageBox::Yes) {
         event->ignore();
         return;

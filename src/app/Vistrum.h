@@ -18,8 +18,8 @@ namespace Ui {
 class Vistrum;
 }
 
-/// The main window: creates, connects and owns the panels, the model and the scene, and decides when the picture is drawn
-/// anew.
+/// The main window: creates, connects and owns the panels, the model and the scene, and decides when the picture is
+/// drawn anew.
 class Vistrum : public QMainWindow, public IMainWindow {
     Q_OBJECT
 public:

@@ -1,6 +1,7 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
 #include "settings/FirstStart.h"
+#include "settings/StoreRepair.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -34,7 +35,7 @@ int main(int argc, char *argv[])
     splash.show();
     wait(splashMs);
 
-    prepareStore();
+    const auto privateStore = prepareStore();
     const QString folder = QApplication::applicationDirPath();
     applyFactorySettings(findDataFile(QStringLiteral("factory_settings.ini"), folder), findExamplesFolder(folder));
 
@@ -42,6 +43,7 @@ int main(int argc, char *argv[])
     window.show();
     window.setWindowState(Qt::WindowMaximized);
     window.sltFitToScreen();
+    QTimer::singleShot(0, &window, &Vistrum::sltFitToScreen); // once more, when the window has its size
     splash.finish(&window);
     return QApplication::exec();
 }

@@ -43,6 +43,16 @@ QMap<QString, qint64> countsOf(const ImportCounts &counts)
             {QStringLiteral("lines of wrong length"), counts.wrongLengthLines}};
 }
 
+/// A detector that is known and not available must not quietly become the standard one.
+std::optional<UsageError> unbuiltDetector(const QString &name)
+{
+    if (calculationTypeNamed(name) < builtCalculationTypes())
+        return std::nullopt;
+    return UsageError{QStringLiteral("the settings choose the detector \"%1\", which is not available in this version; "
+                                     "--detector standard chooses another")
+                          .arg(name)};
+}
+
 QString wrongLengthText(const QString &path, const ImportCounts &counts)
 {
     return QStringLiteral("%1: left out %2 of the sample lines, which do not have eleven fields; the first is line %3. "
@@ -55,7 +65,9 @@ QString wrongLengthText(const QString &path, const ImportCounts &counts)
 } // namespace
 
 BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output)
-    : m_options(options), m_record(record), m_output(output)
+    : m_options(options)
+    , m_record(record)
+    , m_output(output)
 {
 }
 
@@ -85,7 +97,8 @@ std::optional<UsageError> BatchRun::checkInputs() const
             return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
     }
     if (!m_options.background.isEmpty() && !isReadable(m_options.background))
-        return UsageError{QStringLiteral("--background %1: no such file, or it cannot be read").arg(m_options.background)};
+        return UsageError{
+            QStringLiteral("--background %1: no such file, or it cannot be read").arg(m_options.background)};
     if (!QDir().mkpath(m_options.outputFolder))
         return UsageError{QStringLiteral("--out %1: the folder cannot be made").arg(m_options.outputFolder)};
     return std::nullopt;
@@ -94,7 +107,7 @@ std::optional<UsageError> BatchRun::checkInputs() const
 std::optional<UsageError> BatchRun::applySettings()
 {
     for (const QString &path : std::as_const(m_options.settingsFiles)) {
-        Registry().loadSettings(path);
+        Registry(Log(QString())).loadSettings(path); // a run leaves no log behind
         addInput(path, QStringLiteral("settings"));
     }
     SettingsStore store;
@@ -107,7 +120,11 @@ std::optional<UsageError> BatchRun::applySettings()
         store.setValue(setting.key, setting.value);
     }
     if (m_options.detector)
-        store.setValue(rows::fixationCalculationType.key, detectorName(*m_options.detector));
+        store.setValue(rows::calculationType.key, calculationTypeNames[static_cast<int>(*m_options.detector)]);
+    const bool detects = m_options.calculations.contains(BatchOptions::Calculation::Fixations);
+    if (const auto problem =
+            detects ? unbuiltDetector(store.value(rows::calculationType.key).toString()) : std::nullopt)
+        return problem;
     if (!m_options.background.isEmpty())
         addInput(m_options.background, QStringLiteral("background"));
     return std::nullopt;
@@ -117,7 +134,7 @@ std::optional<UsageError> BatchRun::applySettings()
 void BatchRun::addInput(const QString &path, const QString &kind)
 {
     const ReportedFile file = m_options.reportFile.isEmpty() ? ReportedFile{path, 0, {}} : reportedFile(path);
-    m_inputs << ReportedInput{.file = file, .kind = kind, .used = true, .counts = {}, .messages = {}};
+    m_inputs << ReportedInput{.file = file, .kind = kind, .counts = {}, .messages = {}};
 }
 
 void BatchRun::importRecordings()
@@ -164,7 +181,7 @@ void BatchRun::calculate()
         return;
     FixationSettingsModel settings;
     loadFixationSettings(settings);
-    calculateFixations(m_model, settings, nullptr);
+    calculateFixations(m_model, calculationParameters(settings.calculationType, settings), nullptr);
 }
 
 void BatchRun::exportTables()
@@ -217,7 +234,8 @@ void BatchRun::writeReport()
     if (file.open(QIODevice::WriteOnly) && file.write(toJson(report).toJson()) >= 0 && file.commit())
         keep(m_options.reportFile);
     else
-        fail(QStringLiteral("Report"), QStringLiteral("%1 could not be written: %2").arg(file.fileName(), file.errorString()));
+        fail(QStringLiteral("Report"),
+             QStringLiteral("%1 could not be written: %2").arg(file.fileName(), file.errorString()));
 }
 
 BatchReport BatchRun::collectReport() const

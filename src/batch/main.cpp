@@ -33,6 +33,13 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// Lines for developers are not for the terminal of a cluster job; what users need comes as a message.
+void dropDeveloperLines(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 ExitCode run(const BatchOptions &options, Terminal &output, Terminal &errors)
 {
     if (options.help) {
@@ -59,6 +66,7 @@ ExitCode run(const BatchOptions &options, Terminal &output, Terminal &errors)
 
 int main(int argc, char *argv[])
 {
+    qInstallMessageHandler(dropDeveloperLines);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // drawings need Qt's widgets, but no display
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vistrum-batch"));

@@ -1,18 +1,32 @@
 #pragma once
 
 #include "detection/FixationSettingsModel.h"
-#include "model/DataModel.h"
+#include "detection/StandardScanpathBuilder.h"
 
+#include <optional>
+#include <variant>
+
+class DataModel;
 class Log;
 
-/// Runs the chosen detector over the left, right and mean stream of each checked examination and stores what it finds.
+/// The detector of a calculation, with its own parameters only. A further detector is a further alternative here, a row
+/// in the table of the implementation, and its `run` and `parameterText` beside it.
+using FixationCalculationParameters = std::variant<StandardParameters>;
+
+/// The first so many calculation types have a detector.
+int builtCalculationTypes();
+
+/// The parameters of a calculation type. A type without a detector means the standard detector.
+FixationCalculationParameters calculationParameters(int calculationType, const FixationSettingsModel &settings);
+
+/// Detects the fixations of all checked examinations in left, right and mean eye.
 ///
-/// The fixations and fixation clusters of the checked examinations and of the pooled left, right and mean streams are
-/// dropped first; saccades, invalid sections and event rows of earlier calculations stay, and new ones are added to
-/// them. Each examination's `fixationCalculationInfo` says what was calculated.
+/// The fixations and the clusters of these eyes and of the pooled left, right and mean containers are replaced. Their
+/// saccades, invalid sections and event rows are not cleared: a second calculation adds to them. The pooled dominant
+/// container is left alone. Each examination keeps what was done as its `fixationCalculationInfo`.
 ///
-/// With no examination checked the user is told so, and nothing else happens. Afterwards the user sees the detector's
-/// report, if it makes one.
-/// @param settings  a `calculationType` without detector counts as the standard one.
-/// @param log       may be null.
-void calculateFixations(DataModel &model, const FixationSettingsModel &settings, const Log *log);
+/// A detector's report on left and right eye is shown when all is done, after the progress was closed.
+/// @param log  may be null.
+/// @return the reports, one after the other; nothing, after a message, where no examination is checked.
+std::optional<QString> calculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
+                                          const Log *log);

@@ -1,51 +1,62 @@
 #include "detection/FixationSettingsModel.h"
 
-#include <iterator>
+#include <algorithm>
 
-namespace {
-
-constexpr int noDetector = 3;
-constexpr int percentileUnit = 2;
-
-int detectorOf(const QString &stored)
+int calculationTypeNamed(const QString &name)
 {
-    for (const int known : {0, 1}) {
-        if (stored == detectorNames[known])
-            return known;
-    }
-    return noDetector;
+    const auto found = std::find(std::begin(calculationTypeNames), std::end(calculationTypeNames), name);
+    return found == std::end(calculationTypeNames)
+               ? 0
+               : static_cast<int>(std::distance(std::begin(calculationTypeNames), found));
 }
 
-int unitOf(const QString &stored)
+namespace fixationstore {
+
+QVariant storedCalculationType(const int &type)
 {
-    if (stored == QLatin1StringView("[Pixel / ms]"))
+    const bool isKnown = type >= 0 && type < static_cast<int>(std::size(calculationTypeNames));
+    return isKnown ? QString(calculationTypeNames[type]) : QString();
+}
+
+int loadedCalculationType(const QVariant &stored)
+{
+    const QString name = stored.toString();
+    if (name == calculationTypeNames[0])
         return 0;
-    return stored == QStringLiteral("[\u00B0/s]") ? 1 : percentileUnit;
+    return name == calculationTypeNames[1] ? 1 : unknownCalculationType;
 }
 
-} // namespace
-
-FixationSettingsModel::FixationSettingsModel()
+QVariant storedVelocityUnit(const int &unit)
 {
-    setInitialValues(*this, rows::fixation);
+    return unit;
 }
 
-QString detectorName(int calculationType)
+int loadedVelocityUnit(const QVariant &stored)
 {
-    const bool known = calculationType >= 0 && calculationType < static_cast<int>(std::size(detectorNames));
-    return known ? QString(detectorNames[calculationType]) : QString();
+    constexpr int percentile = 2;
+    const QString text = stored.toString();
+    if (text == QStringLiteral("[Pixel / ms]")) // sic, unlike the item of the combo box
+        return 0;
+    return text == QStringLiteral("[°/s]") ? 1 : percentile;
 }
 
-void loadFixationSettings(FixationSettingsModel &settings)
+} // namespace fixationstore
+
+FixationSettingsModel initialFixationSettings()
 {
-    loadParameters(settings, rows::fixation);
+    FixationSettingsModel model;
+    setInitialValues(model, rows::fixation);
+    return model;
+}
+
+void loadFixationSettings(FixationSettingsModel &model)
+{
+    loadParameters(model, rows::fixation);
     const SettingsStore store;
-    settings.calculationType = detectorOf(store.value(rows::fixationCalculationType.key).toString());
-    settings.velocityUnit = unitOf(store.value(rows::velocityUnit.key).toString());
     const auto writeBack = [&](const auto &row) {
-        const bool isUnnamed = row.name && storedForm(row, settings.*row.member).toString().isEmpty();
-        if (!isUnnamed) // a foreign name stays as it is
-            setParameter(settings, row, settings.*row.member);
+        if (!store.contains(storedKey(model, row)))
+            setParameter(model, row, model.*row.member);
     };
     std::apply([&](const auto &...row) { (writeBack(row), ...); }, rows::fixation);
+    setParameter(model, rows::velocityUnit, model.velocityUnit);
 }

@@ -21,9 +21,10 @@ QVector2D scaledAxis(const cv::PCA &pca, int row)
             static_cast<float>(pca.eigenvectors.at<double>(row, 1) * length)};
 }
 
-bool isFinite(QVector2D axis)
+bool isFinite(const PrincipalAxes &axes)
 {
-    return std::isfinite(axis.x()) && std::isfinite(axis.y());
+    return std::isfinite(axes.major.x()) && std::isfinite(axes.major.y()) && std::isfinite(axes.minor.x()) &&
+           std::isfinite(axes.minor.y());
 }
 
 /// The middle of the sequence in time. Downstream results are defined by it, so it must not become a sorted median.
@@ -80,13 +81,18 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
         return {};
     cv::Mat positions(static_cast<int>(samples.size()), 2, CV_64F);
     auto *cell = positions.ptr<double>();
+    bool isUsable = true; // the solver makes finite nonsense of what is not a number
     for (const GazePoint &sample : samples) {
         *cell++ = sample.x;
         *cell++ = sample.y;
+        isUsable = isUsable && std::isfinite(sample.x) && std::isfinite(sample.y);
     }
+    const PrincipalAxes none{{}, {}};
+    if (!isUsable)
+        return none;
     const cv::PCA pca(positions, cv::noArray(), cv::PCA::DATA_AS_ROW, 2);
     const PrincipalAxes axes{scaledAxis(pca, 0), scaledAxis(pca, 1)};
-    return isFinite(axes.major) && isFinite(axes.minor) ? axes : PrincipalAxes{{}, {}};
+    return isFinite(axes) ? axes : none;
 }
 
 int ScanpathSection::duration() const

@@ -22,16 +22,19 @@ struct Parameter {
     T initial;                   ///< value at construction, before the store is read
     QLatin1StringView text{};    ///< undo view; "%1" is the new value; empty where no command exists
     QLatin1StringView command{}; ///< class name of the command, as the log shows it
-    QString (*name)(T){};        ///< where values stand in the store and in texts by a name, what gives it
 };
 
-template <class R, class T>
-Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView, QLatin1StringView,
-          QString (*)(std::type_identity_t<T>)) -> Parameter<R, T>;
 template <class R, class T>
 Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView, QLatin1StringView) -> Parameter<R, T>;
 template <class R, class T>
 Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>) -> Parameter<R, T>;
+
+/// A parameter whose stored form is not that of its type, such as a choice stored as the text of its item.
+template <class R, class T>
+struct ParameterStoredAs : Parameter<R, T> {
+    QVariant (*stored)(const T &value);
+    T (*loaded)(const QVariant &stored); ///< also for a key that is missing, as an invalid variant
+};
 
 /// The key under which the value of this record stands in the store.
 template <class Row>
@@ -44,7 +47,8 @@ QString storedKey(const typename Row::Record &record, const Row &row)
     return row.key;
 }
 
-/// How a value stands in log lines and, unless it has a name, in the store: colours as their names, numbers and flags in Qt's own form.
+/// How a value of a type stands in the store and in log lines: colours as their names, numbers and flags in Qt's own
+/// form.
 template <class T>
 QVariant toStored(const T &value)
 {
@@ -52,13 +56,6 @@ QVariant toStored(const T &value)
         return value.name();
     else
         return QVariant::fromValue(value);
-}
-
-/// How a value of this row stands in the store and in texts.
-template <class Row>
-QVariant storedForm(const Row &row, const typename Row::Value &value)
-{
-    return row.name ? QVariant(row.name(value)) : toStored(value);
 }
 
 /// The typed reading of a stored value. What is missing or has no such form reads as 0, false, an empty text or an
@@ -74,6 +71,24 @@ T fromStored(const QVariant &stored)
     } else {
         return stored.value<T>();
     }
+}
+
+/// The stored form of a row's value, and back.
+template <class Row>
+QVariant storedForm(const Row &row, const typename Row::Value &value)
+{
+    if constexpr (requires { row.stored(value); })
+        return row.stored(value);
+    else
+        return toStored(value);
+}
+template <class Row>
+typename Row::Value loadedForm(const Row &row, const QVariant &stored)
+{
+    if constexpr (requires { row.loaded(stored); })
+        return row.loaded(stored);
+    else
+        return fromStored<typename Row::Value>(stored);
 }
 
 /// Sets the value in the record and in the store, at once: the store always holds the current value.
@@ -102,8 +117,7 @@ void loadParameters(Record &record, const std::tuple<Rows...> &rows)
 {
     const SettingsStore store;
     const auto load = [&](const auto &row) {
-        using Value = typename std::remove_cvref_t<decltype(row)>::Value;
-        record.*row.member = fromStored<Value>(store.value(storedKey(record, row)));
+        record.*row.member = loadedForm(row, store.value(storedKey(record, row)));
     };
     std::apply([&](const auto &...row) { (load(row), ...); }, rows);
 }

@@ -62,7 +62,6 @@ inline constexpr StoredKey<QString> aoiTransitionExportFolder{"Visualization/Exp
 inline constexpr StoredKey<int> exportAppendInfo{"Export/Data/AppendInfo"_L1}; ///< a Qt::CheckState
 
 inline constexpr StoredKey<int> eyeMode{"Visualization/EyeMode"_L1}; ///< read it by ::eyeMode()
-inline constexpr StoredKey<double> imageSizePx{"Calculation/Fixation/Velocity/ImageSizePixel"_L1}; ///< of the stimulus
 
 // The heatmap settings dialog.
 inline constexpr StoredKey<int> heatmapKernelWidth{"Visualization/KernelWidth"_L1};
@@ -106,7 +105,7 @@ inline constexpr auto all =
     std::tie(version, lastRecordingFolder, correctionFolder, correctionIniPath, correctionImagePath, correctionWidthPx,
              correctionHeightPx, correctionWidthMm, correctionHeightMm, loadAoiFolder, saveAoiFolder, dataExportFolder,
              statisticExportFolder, visualizationExportFolder, videoExportFolder, aoiImageExportFolder,
-             aoiTransitionExportFolder, exportAppendInfo, eyeMode, imageSizePx, heatmapKernelWidth, heatmapIntensity,
+             aoiTransitionExportFolder, exportAppendInfo, eyeMode, heatmapKernelWidth, heatmapIntensity,
              heatmapColormap, horizontalActivity, verticalActivity, averageSpeed, maximumSpeed, minimumSpeed,
              glanceFrequency, glanceLocationProbability, glanceProportion, maximumGlanceDuration, meanGlanceDuration,
              minimumGlanceDuration, numberOfFixations, numberOfGlances, timeOfFirstGlance, totalGlanceTime,

@@ -2,12 +2,9 @@
 
 #include "visualization/Canvas.h"
 #include "visualization/DataSelection.h"
-
-#include <QThread>
+#include "visualization/DrawingWorker.h"
 
 #include <algorithm>
-#include <array>
-#include <memory>
 #include <span>
 
 namespace {
@@ -98,7 +95,7 @@ void drawSquare(QRgb *pixels, Stripe stripe, const GazePointRecord &record, qint
 
 /// Draws all squares into one stripe of the canvas, in their order. No other worker touches the stripe, so that the
 /// picture does not depend on who comes first.
-class worker_gazepoints : public QThread { // NOLINT(readability-identifier-naming): named like its fellow workers
+class worker_gazepoints : public DrawingWorker { // NOLINT(readability-identifier-naming): named like its fellow workers
 public:
     worker_gazepoints(std::span<const GazePointRecord> records, int halfSize, QRgb *pixels, Stripe stripe)
         : m_records(records)
@@ -109,7 +106,7 @@ public:
     }
 
 protected:
-    void run() override
+    void work() override
     {
         std::fill(m_pixels + m_stripe.begin, m_pixels + m_stripe.end, transparentWhite);
         for (const GazePointRecord &record : m_records)
@@ -165,14 +162,12 @@ QImage gazePointImage(const std::vector<GazePointRecord> &records, int halfSize,
 {
     QImage image(canvas::width, canvas::height, QImage::Format_ARGB32);
     auto *pixels = reinterpret_cast<QRgb *>(image.bits());
-    std::vector<std::unique_ptr<worker_gazepoints>> threads;
+    std::vector<std::unique_ptr<worker_gazepoints>> stripes;
     for (qint64 i = 0; i < workers; ++i) {
         const Stripe stripe{canvas::pixels * i / workers, canvas::pixels * (i + 1) / workers};
-        threads.push_back(std::make_unique<worker_gazepoints>(records, halfSize, pixels, stripe));
-        threads.back()->start();
+        stripes.push_back(std::make_unique<worker_gazepoints>(records, halfSize, pixels, stripe));
     }
-    for (const auto &thread : threads)
-        thread->wait();
+    DrawingWorker::runAll(stripes);
     return image;
 }
 

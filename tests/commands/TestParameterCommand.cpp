@@ -1,7 +1,9 @@
 #include "clustering/ClusterSettingsModel.h"
 #include "commands/CommandStack.h"
 #include "commands/ParameterCommand.h"
+#include "detection/FixationSettingsModel.h"
 #include "visualization/AoiVisualizationParameters.h"
+#include "visualization/VisualizationParameters.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -169,7 +171,8 @@ void TestParameterCommand::checkUndo(int &commands)
 
     const auto check = [&](const Value &expected, QLatin1StringView step) {
         QVERIFY2(record.*Row.member == expected, Row.command.data());
-        QVERIFY2(fromStored<Value>(SettingsStore().value(storedKey(record, Row))) == expected, Row.command.data());
+        QCOMPARE(fromStored<QString>(SettingsStore().value(storedKey(record, Row))),
+                 storedForm(Row, expected).toString());
         QCOMPARE(panel.key(), Row.key);
         QVERIFY2(panel.value().value<Value>() == expected, Row.command.data());
         QCOMPARE(takeLogLines(), QStringList{Row.command + step + written(expected)});
@@ -187,7 +190,9 @@ void TestParameterCommand::everyRowWithACommandUndoes()
 {
     static constexpr auto ownRows = std::tie(wholeRow, flagRow, realRow, colorRow, textRow, useRow);
     QCOMPARE(checkTable<ownRows>(), 6);
+    QCOMPARE(checkTable<rows::fixation>(), 11);
     QCOMPARE(checkTable<rows::cluster>(), 8);
+    QCOMPARE(checkTable<rows::visualization>(), 28);
     QCOMPARE(checkTable<rows::aoiVisualization>(), 6);
 }
 

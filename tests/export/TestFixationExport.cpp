@@ -88,21 +88,23 @@ void TestFixationExport::textsStandAsTheyAre()
 
 void TestFixationExport::radiusHasSixDigits_data()
 {
-    QTest::addColumn<QVector2D>("axis");
+    QTest::addColumn<float>("axisX");
+    QTest::addColumn<float>("axisY");
     QTest::addColumn<QString>("text");
-    QTest::newRow("decimal point") << QVector2D(2.5F, 0) << QStringLiteral("2.5");
-    QTest::newRow("rounded") << QVector2D(1, 1) << QStringLiteral("1.41421"); // sqrt 2 = 1.41421356
-    QTest::newRow("a million takes the exponent form") << QVector2D(1e6F, 0) << QStringLiteral("1e+06");
-    QTest::newRow("zero") << QVector2D(0, -0.0F) << QStringLiteral("0");
-    QTest::newRow("not a number") << QVector2D(std::numeric_limits<float>::quiet_NaN(), 0) << QStringLiteral("nan");
+    QTest::newRow("decimal point") << 2.5F << 0.0F << QStringLiteral("2.5");
+    QTest::newRow("rounded") << 1.0F << 1.0F << QStringLiteral("1.41421"); // sqrt 2 = 1.41421356
+    QTest::newRow("a million takes the exponent form") << 1e6F << 0.0F << QStringLiteral("1e+06");
+    QTest::newRow("zero") << 0.0F << -0.0F << QStringLiteral("0");
+    QTest::newRow("not a number") << std::numeric_limits<float>::quiet_NaN() << 0.0F << QStringLiteral("nan");
 }
 
 void TestFixationExport::radiusHasSixDigits()
 {
-    QFETCH(QVector2D, axis);
+    QFETCH(float, axisX);
+    QFETCH(float, axisY);
     QFETCH(QString, text);
     EyeData stream;
-    stream.scanpath << fixation({0}, {1, 2}, axis);
+    stream.scanpath << fixation({0}, {1, 2}, {axisX, axisY});
     const QString row = fixationBlock(subject(), stream, {0, 0}).section(u'\n', 1, 1);
     QCOMPARE(row, QStringLiteral("\"S1\";\"age=30, sex=f, \";1;1;1;2;") + text + QStringLiteral(";0"));
 }

@@ -88,10 +88,10 @@ void TestFirstStart::anotherVersionGetsTheFactoryValuesAnew()
     QFETCH(QString, version);
     writeStored(keys::version, version);
     writeStored(keys::eyeMode, 1);
-    writeStored(keys::imageSizePx, 5);
+    writeStored(keys::heatmapIntensity, 5);
     QVERIFY(applyFactorySettings(factory("Visualization/EyeMode=3\n"), QString()));
     QCOMPARE(readStored(keys::eyeMode), 3);
-    QCOMPARE(readStored(keys::imageSizePx), 5.0); // not in the file
+    QCOMPARE(readStored(keys::heatmapIntensity), 5); // not in the file
     QCOMPARE(readStored(keys::version), QStringLiteral("2014r3.1"));
 }
 

@@ -61,7 +61,7 @@ void TestRegistry::writesALineForEachKeyInOrder()
     writeStored(keys::version, QStringLiteral("1"));
     writeStored(keys::saveAoiFolder, QString());
     writeStored(keys::numberOfFixations, true);
-    writeStored(keys::imageSizePx, 1024.5);
+    SettingsStore().setValue(QStringLiteral("Calculation/Fixation/Velocity/ImageSizePixel"), 1024.5);
     writeStored(keys::eyeMode, 3);
     writeStored(keys::clusterOptionsFillColor, QColor(255, 128, 0));
     registry().saveSettings(path("saved.ini"));

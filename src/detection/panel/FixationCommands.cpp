@@ -1,29 +1,32 @@
 #include "detection/panel/FixationCommands.h"
 
-#include "detection/FixationCalculation.h"
+#include "model/DataModel.h"
 
-CommandCalculateFixations::CommandCalculateFixations(DataModel &model, const FixationSettingsModel &settings,
+CommandCalculateFixations::CommandCalculateFixations(DataModel &model, FixationCalculationParameters parameters,
                                                      const Log *log)
     : QUndoCommand(QStringLiteral("Calculate Fixations"))
     , m_model(model)
-    , m_settings(settings)
+    , m_parameters(std::move(parameters))
     , m_log(log)
 {
 }
 
 void CommandCalculateFixations::undo()
 {
-    for (Examination &examination : m_model.examinations()) {
-        const auto before = m_textsBefore.constFind(examination.number);
-        if (examination.checked && before != m_textsBefore.cend())
-            examination.calculationInfo.fixationCalculationInfo = *before;
+    QList<Examination> &examinations = m_model.examinations();
+    for (qsizetype i = 0; i < examinations.size(); ++i) {
+        const auto oldText = m_oldTexts.constFind(i);
+        if (examinations[i].checked && oldText != m_oldTexts.constEnd())
+            examinations[i].calculationInfo.fixationCalculationInfo = *oldText;
     }
 }
 
 void CommandCalculateFixations::redo()
 {
-    m_textsBefore.clear();
-    for (const Examination *examination : m_model.checkedExaminations())
-        m_textsBefore[examination->number] = examination->calculationInfo.fixationCalculationInfo;
-    calculateFixations(m_model, m_settings, m_log);
+    const QList<Examination> &examinations = std::as_const(m_model).examinations();
+    for (qsizetype i = 0; i < examinations.size(); ++i) {
+        if (examinations[i].checked)
+            m_oldTexts[i] = examinations[i].calculationInfo.fixationCalculationInfo;
+    }
+    calculateFixations(m_model, m_parameters, m_log);
 }

@@ -1,32 +1,33 @@
 #pragma once
 
 #include "commands/ParameterCommand.h"
-#include "detection/FixationSettingsModel.h"
-#include "model/DataModel.h"
+#include "detection/FixationCalculation.h"
 
+#include <QHash>
 #include <QUndoCommand>
 
-class Log;
+class DataModel;
 
-using CommandChangeFixationControlCalculationType = ParameterCommand<rows::fixationCalculationType>;
-using CommandChangeFixationControlStandardMaximumRadius = ParameterCommand<rows::standardMaximumRadius>;
-using CommandChangeFixationControlStandardMinimumDuration = ParameterCommand<rows::standardMinimumDuration>;
-using CommandChangeFixationControlStandardOutliersAllowed = ParameterCommand<rows::standardOutliers>;
-
-/// Calculates the fixations of the checked examinations, with the parameters at the time of the click.
+/// Detects the fixations of the checked examinations.
 ///
-/// The undo brings back what the examinations say about their calculation, but not the fixations that the calculation
-/// replaced: users take the text as a note of what they did before, and redo to come back.
+/// Undo gives each of them back the text of what was done before, and nothing else: the fixations stay as the
+/// calculation left them. Redo calculates again.
 class CommandCalculateFixations : public QUndoCommand {
 public:
-    CommandCalculateFixations(DataModel &model, const FixationSettingsModel &settings, const Log *log);
+    /// @param log  may be null.
+    CommandCalculateFixations(DataModel &model, FixationCalculationParameters parameters, const Log *log);
 
     void undo() override;
     void redo() override;
 
 private:
     DataModel &m_model;
-    FixationSettingsModel m_settings;
+    FixationCalculationParameters m_parameters;
     const Log *m_log;
-    QMap<int, QString> m_textsBefore; ///< by the running number of the examination
+    QHash<qsizetype, QString> m_oldTexts; ///< by place in the list of examinations
 };
+
+using CommandChangeFixationControlCalculationType = ParameterCommand<rows::calculationType>;
+using CommandChangeFixationControlStandardMinimumDuration = ParameterCommand<rows::standardMinimumDuration>;
+using CommandChangeFixationControlStandardMaximumRadius = ParameterCommand<rows::standardMaximumRadius>;
+using CommandChangeFixationControlStandardOutliersAllowed = ParameterCommand<rows::standardOutliers>;

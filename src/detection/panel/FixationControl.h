@@ -7,34 +7,33 @@
 
 #include <memory>
 
-class DataModel;
-class Log;
-
 namespace Ui {
 class FixationControl;
 }
+class DataModel;
 
-/// The panel of the detectors: choice, parameters, and the button that calculates the fixations. The model is set after
-/// construction, before the first click.
+/// The panel of fixation detection: choice and parameters of the detector, and the button that runs it.
 class FixationControl : public QWidget {
     Q_OBJECT
 public:
     explicit FixationControl(QWidget *parent = nullptr);
     ~FixationControl() override;
 
+    /// Without a model the button does nothing.
     void setModel(DataModel *model) { m_model = model; }
+    /// May be null: nothing is logged.
     void setLog(const Log *log);
 
-Q_SIGNALS:
-    void sigCalculateFixations();
-
 public Q_SLOTS:
-    void sltCalculateFixations();
-    /// Loads the parameters from the store and shows them.
+    /// Reads the store and shows its values.
     void sltUpdateSettings();
 
+Q_SIGNALS:
+    /// A calculation has run.
+    void sigCalculateFixations();
+
 private:
-    void bindParameters();
+    void sltCalculateFixations();
 
     std::unique_ptr<Ui::FixationControl> m_ui;
     FixationSettingsModel m_settings;

@@ -2,8 +2,8 @@
 
 #include "commands/CommandStack.h"
 #include "export/panel/ExportCommands.h"
-#include "export/panel/ExportKeys.h"
 #include "settings/SettingsStore.h"
+#include "settings/StoredKeys.h"
 #include "ui_ExportWidget.h"
 
 #include <QFileDialog>
@@ -28,7 +28,7 @@ EyeMode eyeSelection(const QString &text)
 
 void storeFolder(const QString &folder)
 {
-    SettingsStore().setValue(exportkeys::dataFolder, folder);
+    writeStored(keys::dataExportFolder, folder);
 }
 
 } // namespace
@@ -36,7 +36,7 @@ void storeFolder(const QString &folder)
 ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ExportWidget>())
 {
     ui->setupUi(this);
-    ui->dataFolderLineEdit->setText(SettingsStore().value(exportkeys::dataFolder).toString());
+    ui->dataFolderLineEdit->setText(readStored(keys::dataExportFolder));
     QLineEdit *folder = ui->dataFolderLineEdit; // still there when the last focus goes, in contrast to the form
     connect(folder, &QLineEdit::editingFinished, folder, [folder] { storeFolder(folder->text()); });
     connect(ui->dataBrowseButton, &QAbstractButton::clicked, this, &ExportWidget::sltBrowseDataExportFolder);
@@ -67,7 +67,7 @@ void ExportWidget::sltExportData()
 
 void ExportWidget::sltBrowseDataExportFolder()
 {
-    const QString stored = SettingsStore().value(exportkeys::dataFolder).toString();
+    const QString stored = readStored(keys::dataExportFolder);
     const QString folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Select export folder"), stored);
     if (folder.isEmpty())
         return;

@@ -1,7 +1,7 @@
 #include "import/panel/DataCommands.h"
 
 #include "import/ExaminationImport.h"
-#include "import/ImportSettings.h"
+#include "settings/StoredKeys.h"
 
 #include <QDebug>
 
@@ -63,13 +63,11 @@ void CommandDataAdd::redo()
 
 void CommandDataAdd::askUser()
 {
-    ImportSettings settings;
-    loadParameters(settings, std::tie(rows::lastRecordingFolder));
     m_firstRun = false;
     m_previous = textsOf(m_files);
-    m_added = m_choose(settings.lastBasePath);
+    m_added = m_choose(readStored(keys::lastRecordingFolder));
     if (!m_added.isEmpty())
-        setParameter(settings, rows::lastRecordingFolder, m_added.constFirst().section(u'/', 0, -2));
+        writeStored(keys::lastRecordingFolder, m_added.constFirst().section(u'/', 0, -2));
 }
 
 void CommandDataAdd::showFiles(const QStringList &paths, const QString &logPrefix)

@@ -40,6 +40,13 @@ std::optional<QString> exportSvg(QGraphicsScene &scene, const QString &path)
     return file.error() == QFile::NoError ? std::nullopt : std::optional(failure(path, file.errorString()));
 }
 
+/// Where nothing is lost anyway, a quality of 100 only means a file without compression.
+bool isLossy(const QString &path)
+{
+    return path.endsWith(QLatin1StringView(".jpg"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1StringView(".jpeg"), Qt::CaseInsensitive);
+}
+
 std::optional<QString> exportImage(QGraphicsScene &scene, const QString &path)
 {
     constexpr int bestQuality = 100;
@@ -50,7 +57,8 @@ std::optional<QString> exportImage(QGraphicsScene &scene, const QString &path)
     image.fill(Qt::transparent);
     render(scene, &image);
     QImageWriter writer(path);
-    writer.setQuality(bestQuality);
+    if (isLossy(path))
+        writer.setQuality(bestQuality);
     return writer.write(image) ? std::nullopt : std::optional(failure(path, writer.errorString()));
 }
 

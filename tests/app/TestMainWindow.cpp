@@ -1,0 +1,281 @@
+#include "app/Vistrum.h"
+#include "commands/CommandStack.h"
+#include "import/panel/DataWidget.h"
+#include "import/panel/ExaminationTable.h"
+#include "settings/FirstStart.h"
+#include "settings/SettingsStore.h"
+#include "settings/StoredKeys.h"
+#include "TestMessages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGraphicsPixmapItem>
+#include <QGraphicsView>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QUndoView>
+
+namespace {
+
+QStringList exampleRecordings()
+{
+    const QDir study(QStringLiteral(VISTRUM_SOURCE_DIR "/examples/study"));
+    QStringList paths;
+    for (const QString &name : study.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name))
+        paths << study.filePath(name);
+    return paths;
+}
+
+/// Answers the next modal question box with this button, as a user would.
+void answerNextBox(QMessageBox::StandardButton button)
+{
+    QTimer::singleShot(0, [button] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        QTest::mouseClick(box->button(button), Qt::LeftButton);
+    });
+}
+
+qsizetype fixationCount(const Vistrum &window)
+{
+    qsizetype count = 0;
+    for (const Examination &examination : window.model().examinations())
+        count += examination.leftEye.scanpath.size() + examination.rightEye.scanpath.size();
+    return count;
+}
+
+QStringList logLines()
+{
+    QFile log(QStringLiteral("Vistrum2013.log"));
+    return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).split(u'\n') : QStringList();
+}
+
+} // namespace
+
+/// The window as a user drives it; the working directory and the store are temporary.
+class TestMainWindow : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void startsWithAWhiteFramedPicture();
+    void importsCalculatesAndStepsBack();
+    void uncheckedExaminationsAreNotDrawn();
+    void removesAndBringsBackOutliers();
+    void anIndexBeyondTheImagesKeepsThePicture();
+    void drawingWithoutCheckedExaminationTellsTheUser();
+    void eyeModeIsStoredAndDrawnWithoutCommand();
+    void staysOpenAfterNo();
+    void closesAfterYes();
+    void everyUndoViewIsAWindowOfItsOwn();
+
+private:
+    template <class Widget>
+    Widget *find(const char *name) const
+    {
+        auto *widget = m_window->findChild<Widget *>(QLatin1StringView(name));
+        Q_ASSERT(widget);
+        return widget;
+    }
+    void click(const char *button) const { QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton); }
+    void showTab(const char *page) const { find<QTabWidget>("tabWidget")->setCurrentWidget(find<QWidget>(page)); }
+    void importExamples() const;
+    QImage picture() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<RecordedMessages> m_messages;
+    std::unique_ptr<Vistrum> m_window;
+};
+
+void TestMainWindow::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+    QDir::setCurrent(m_folder->path());
+    SettingsStore::useFile(m_folder->filePath(QStringLiteral("store.ini")));
+    m_messages = std::make_unique<RecordedMessages>();
+    applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
+    CommandStack::instance().clear();
+    m_window = std::make_unique<Vistrum>();
+    find<DataWidget>("Data_Widget")->setRecordingChooser([](const QString &) { return exampleRecordings(); });
+    m_window->resize(1600, 900);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    m_window->sltFitToScreen();
+}
+
+void TestMainWindow::cleanup()
+{
+    CommandStack::instance().clear(); // its commands refer to the window
+    m_window.reset();
+    m_messages.reset();
+    QDir::setCurrent(QDir::rootPath());
+    SettingsStore::useFile({});
+}
+
+void TestMainWindow::importExamples() const
+{
+    showTab("tab_1");
+    click("SM_addButton");
+    click("SM_importButton");
+}
+
+QImage TestMainWindow::picture() const
+{
+    QGraphicsScene *scene = find<QGraphicsView>("visualization")->scene();
+    QImage image(2560, 1600, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    scene->render(&painter, QRectF(), QRectF(0, 0, 2560, 1600));
+    return image;
+}
+
+void TestMainWindow::startsWithAWhiteFramedPicture()
+{
+    const QImage image = picture();
+    QCOMPARE(image.pixelColor(1280, 800), QColor(Qt::white));
+    QCOMPARE(image.pixelColor(2, 800), QColor(Qt::black));
+    QCOMPARE(logLines().constFirst(), QStringLiteral("Starting program"));
+    QCOMPARE(find<ExaminationTable>("tableWidget")->rowCount(), 0);
+}
+
+void TestMainWindow::importsCalculatesAndStepsBack()
+{
+    importExamples();
+    auto *table = find<ExaminationTable>("tableWidget");
+    auto *files = find<QListWidget>("listView");
+    const int recordings = static_cast<int>(exampleRecordings().size());
+    QVERIFY(recordings > 0);
+    QCOMPARE(table->rowCount(), recordings);
+    QCOMPARE(files->count(), 0);
+    QVERIFY(picture() != QImage());
+    const QImage points = picture();
+
+    showTab("tab_3");
+    find<QWidget>("fixationsPage")->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    QVERIFY(fixationCount(*m_window) > 0);
+    QVERIFY(picture() != points);
+    const qsizetype fixations = fixationCount(*m_window);
+    QVERIFY(m_messages->texts().constLast().startsWith(QStringLiteral("Standard Fixation Filter Action Report|")));
+
+    if (const QString file = qEnvironmentVariable("VISTRUM_SCREENSHOT"); !file.isEmpty()) {
+        find<QComboBox>("image_comboBox")->setCurrentIndex(1);
+        m_window->redraw();
+        m_window->sltFitToScreen();
+        QTest::qWait(500);
+        m_window->grab().save(file);
+    }
+
+    CommandStack &stack = CommandStack::instance();
+    stack.undo(); // the calculation: only its text goes
+    QCOMPARE(fixationCount(*m_window), fixations);
+    stack.undo(); // the import
+    QCOMPARE(table->rowCount(), 0);
+    QCOMPARE(files->count(), recordings);
+    QVERIFY(m_window->model().examinations().isEmpty());
+    stack.undo(); // the adding
+    QCOMPARE(files->count(), 0);
+    stack.redo();
+    stack.redo();
+    QCOMPARE(table->rowCount(), recordings);
+    stack.redo();
+    QCOMPARE(fixationCount(*m_window), fixations);
+}
+
+void TestMainWindow::uncheckedExaminationsAreNotDrawn()
+{
+    const QImage empty = picture();
+    importExamples();
+    QVERIFY(picture() != empty);
+    find<ExaminationTable>("tableWidget")->selectAll();
+    click("uncheck_Button");
+    for (const Examination &examination : m_window->model().examinations())
+        QVERIFY(!examination.checked);
+    QCOMPARE(picture(), empty);
+    click("check_Button");
+    QVERIFY(picture() != empty);
+}
+
+void TestMainWindow::removesAndBringsBackOutliers()
+{
+    importExamples();
+    const auto sampleCount = [this] { return m_window->model().examinations().constFirst().leftEye.gazePoints.size(); };
+    const qsizetype all = sampleCount();
+    find<QCheckBox>("remove_outlier")->click();
+    QVERIFY(sampleCount() < all); // losses stand at 0, 0
+    find<QCheckBox>("remove_outlier")->click();
+    QCOMPARE(sampleCount(), all);
+}
+
+void TestMainWindow::anIndexBeyondTheImagesKeepsThePicture()
+{
+    importExamples();
+    m_window->sltUpdateImageView(1);
+    const QImage before = picture();
+    m_window->sltUpdateImageView(99);
+    QCOMPARE(picture(), before);
+}
+
+void TestMainWindow::drawingWithoutCheckedExaminationTellsTheUser()
+{
+    m_window->sltDrawPaths();
+    QCOMPARE(m_messages->texts(),
+             QStringList{QStringLiteral("No examination selected|Please select an examination first")});
+}
+
+void TestMainWindow::eyeModeIsStoredAndDrawnWithoutCommand()
+{
+    importExamples();
+    const int commands = CommandStack::instance().count();
+    const QImage before = picture();
+    auto *eyes = find<QComboBox>("comboBox_eyemode");
+    const int other = eyes->currentIndex() == 2 ? 3 : 2;
+    eyes->setCurrentIndex(other);
+    QVERIFY(picture() != before);
+    QCOMPARE(eyeMode(), static_cast<EyeMode>(other));
+    QCOMPARE(CommandStack::instance().count(), commands);
+}
+
+void TestMainWindow::staysOpenAfterNo()
+{
+    const qsizetype lines = logLines().size();
+    answerNextBox(QMessageBox::No);
+    QVERIFY(!m_window->close());
+    QVERIFY(m_window->isVisible());
+    QCOMPARE(logLines().size(), lines);
+}
+
+void TestMainWindow::closesAfterYes()
+{
+    answerNextBox(QMessageBox::Yes);
+    QVERIFY(m_window->close());
+    QVERIFY(logLines().contains(QStringLiteral("Application closed by user.")));
+}
+
+void TestMainWindow::everyUndoViewIsAWindowOfItsOwn()
+{
+    const auto views = [] {
+        qsizetype count = 0;
+        for (const QWidget *widget : QApplication::topLevelWidgets())
+            count += qobject_cast<const QUndoView *>(widget) ? 1 : 0;
+        return count;
+    };
+    auto *button = find<QWidget>("page_7")->findChild<QToolButton *>();
+    button->click();
+    button->click();
+    QCOMPARE(views(), 2);
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (qobject_cast<QUndoView *>(widget))
+            delete widget;
+    }
+}
+
+QTEST_MAIN(TestMainWindow)
+#include "TestMainWindow.moc"

@@ -1,0 +1,316 @@
+#include "detection/panel/FixationCommands.h"
+#include "detection/panel/FixationControl.h"
+#include "model/DataModel.h"
+#include "TestMessages.h"
+#include "TestSettings.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+
+const QString durationKey = QStringLiteral("Calculation/Fixation/Standard/MinimumDuration");
+const QString typeKey = QStringLiteral("Calculation/Fixation/CalculationType");
+const QString notSet = QStringLiteral("Not set\n");
+
+Examination examination(const QString &earlierText)
+{
+    Examination made;
+    for (int i = 0; i < 40; ++i)
+        made.leftEye.gazePoints << GazePoint(10 * i, 100, 100, 0, 0, i >= 3 && i < 8 ? 0 : 1);
+    made.rightEye.gazePoints = made.meanEye.gazePoints = made.leftEye.gazePoints;
+    made.calculationInfo.fixationCalculationInfo = earlierText;
+    return made;
+}
+
+template <class Widget>
+Widget *child(const QWidget &panel, const char *name)
+{
+    return panel.findChild<Widget *>(QString::fromLatin1(name));
+}
+
+QStringList linesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
+                                          : QStringList();
+}
+
+} // namespace
+
+class TestFixationControl : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void formAtConstruction_data();
+    void formAtConstruction();
+    void onlyBuiltDetectorsAreOffered();
+    void settingsAreShown();
+    void emptyStoreIsShownClamped();
+    void unknownTypeHasNoCurrentItem_data();
+    void unknownTypeHasNoCurrentItem();
+    void changeOfControlIsACommand_data();
+    void changeOfControlIsACommand();
+    void typeCommandNamesTheType();
+    void clickCalculates();
+    void undoReturnsOnlyTheTexts();
+    void redoCalculatesAgain();
+    void valueOfTheClickIsKeptForRedo();
+    void withoutModelNothingHappens();
+    void withoutCheckedExaminationNothingIsTouched();
+
+private:
+    std::unique_ptr<TemporarySettings> m_settings;
+    std::unique_ptr<QTemporaryDir> m_directory;
+    std::unique_ptr<FixationControl> m_panel;
+    DataModel m_model;
+};
+
+void TestFixationControl::init()
+{
+    m_settings = std::make_unique<TemporarySettings>();
+    m_directory = std::make_unique<QTemporaryDir>();
+    SettingsStore store;
+    store.setValue(typeKey, QStringLiteral("Standard"));
+    store.setValue(durationKey, 100);
+    store.setValue(QStringLiteral("Calculation/Fixation/Standard/MaximumRadius"), 50);
+    store.setValue(QStringLiteral("Calculation/Fixation/Standard/Outlier"), 2);
+    m_model = DataModel();
+    m_model.examinations() << examination(QStringLiteral("first\n")) << examination(QStringLiteral("second\n"))
+                           << examination(notSet);
+    m_model.examinations()[2].checked = false;
+    m_panel = std::make_unique<FixationControl>();
+    m_panel->setModel(&m_model);
+    m_panel->sltUpdateSettings();
+    m_panel->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
+}
+
+void TestFixationControl::cleanup()
+{
+    CommandStack::instance().clear(); // its commands hold on to the panel
+    m_panel.reset();
+    m_settings.reset();
+}
+
+void TestFixationControl::formAtConstruction_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("minimum");
+    QTest::addColumn<int>("maximum");
+    QTest::addColumn<int>("step");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QString>("suffix");
+    QTest::newRow("duration") << QStringLiteral("s_spinBox_dur") << 0 << 5000 << 10 << 200 << QStringLiteral(" ms");
+    QTest::newRow("radius") << QStringLiteral("s_spinBox_rad") << 10 << 1000 << 1 << 50 << QStringLiteral(" px");
+    QTest::newRow("outliers") << QStringLiteral("s_spinBox_out") << 0 << 20 << 1 << 2 << QString();
+}
+
+void TestFixationControl::formAtConstruction()
+{
+    QFETCH(QString, name);
+    const FixationControl panel;
+    const auto *control = panel.findChild<QSpinBox *>(name);
+    QVERIFY(control);
+    QTEST(control->minimum(), "minimum");
+    QTEST(control->maximum(), "maximum");
+    QTEST(control->singleStep(), "step");
+    QTEST(control->value(), "value");
+    QTEST(control->suffix(), "suffix");
+}
+
+void TestFixationControl::onlyBuiltDetectorsAreOffered()
+{
+    const auto *box = child<QComboBox>(*m_panel, "Fix_comboBox");
+    QCOMPARE(box->count(), 1);
+    QCOMPARE(box->itemText(0), QStringLiteral("Standard"));
+    QVERIFY(child<QGroupBox>(*m_panel, "standardBox")->isVisible());
+    QCOMPARE(child<QToolButton>(*m_panel, "toolButton")->text(), QStringLiteral("Calculate fixations"));
+}
+
+void TestFixationControl::settingsAreShown()
+{
+    QCOMPARE(child<QSpinBox>(*m_panel, "s_spinBox_dur")->value(), 100);
+    QCOMPARE(child<QSpinBox>(*m_panel, "s_spinBox_rad")->value(), 50);
+    QCOMPARE(child<QSpinBox>(*m_panel, "s_spinBox_out")->value(), 2);
+    QCOMPARE(child<QComboBox>(*m_panel, "Fix_comboBox")->currentIndex(), 0);
+    QCOMPARE(CommandStack::instance().count(), 0);
+    SettingsStore().setValue(durationKey, QStringLiteral("340"));
+    m_panel->sltUpdateSettings();
+    QCOMPARE(child<QSpinBox>(*m_panel, "s_spinBox_dur")->value(), 340);
+    QCOMPARE(CommandStack::instance().count(), 0);
+}
+
+void TestFixationControl::emptyStoreIsShownClamped()
+{
+    const TemporarySettings empty;
+    FixationControl panel;
+    panel.sltUpdateSettings();
+    QCOMPARE(child<QSpinBox>(panel, "s_spinBox_dur")->value(), 0);
+    QCOMPARE(child<QSpinBox>(panel, "s_spinBox_rad")->value(), 10); // the record keeps the 0
+    QCOMPARE(SettingsStore().value(QStringLiteral("Calculation/Fixation/Standard/MaximumRadius")).toInt(), 0);
+    QCOMPARE(child<QComboBox>(panel, "Fix_comboBox")->currentIndex(), -1);
+}
+
+void TestFixationControl::unknownTypeHasNoCurrentItem_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("known, but its detector is not built") << QStringLiteral("Gaussian Mixture Model");
+    QTest::newRow("never recognised") << QStringLiteral("Velocity based");
+    QTest::newRow("unknown") << QStringLiteral("x");
+}
+
+void TestFixationControl::unknownTypeHasNoCurrentItem()
+{
+    QFETCH(QString, text);
+    SettingsStore().setValue(typeKey, text);
+    m_panel->sltUpdateSettings();
+    QCOMPARE(child<QComboBox>(*m_panel, "Fix_comboBox")->currentIndex(), -1);
+    QCOMPARE(SettingsStore().value(typeKey).toString(), text);
+    const RecordedMessages messages;
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    QVERIFY(m_model.examinations()[0].calculationInfo.fixationCalculationInfo.startsWith(
+        QStringLiteral("Algorithm:STANDARD\n")));
+}
+
+void TestFixationControl::changeOfControlIsACommand_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("duration") << QStringLiteral("s_spinBox_dur") << durationKey
+                              << QStringLiteral("Fixation standard calculation minimum duration changed: 17")
+                              << QStringLiteral("CommandChangeFixationControlStandardMinimumDuration");
+    QTest::newRow("radius") << QStringLiteral("s_spinBox_rad")
+                            << QStringLiteral("Calculation/Fixation/Standard/MaximumRadius")
+                            << QStringLiteral("Fixation standard calculation maximum radius changed: 17")
+                            << QStringLiteral("CommandChangeFixationControlStandardMaximumRadius");
+    QTest::newRow("outliers") << QStringLiteral("s_spinBox_out")
+                              << QStringLiteral("Calculation/Fixation/Standard/Outlier")
+                              << QStringLiteral("Fixation standard calculation outliers allowed changed: 17")
+                              << QStringLiteral("CommandChangeFixationControlStandardOutliersAllowed");
+}
+
+void TestFixationControl::changeOfControlIsACommand()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, key);
+    QFETCH(QString, command);
+    const QString logPath = m_directory->filePath(QStringLiteral("log"));
+    const Log log(logPath);
+    m_panel->setLog(&log);
+    auto *control = m_panel->findChild<QSpinBox *>(name);
+    const int before = control->value();
+    control->setValue(17);
+    QCOMPARE(CommandStack::instance().count(), 1);
+    QTEST(CommandStack::instance().text(0), "text");
+    QCOMPARE(SettingsStore().value(key).toInt(), 17);
+    CommandStack::instance().undo();
+    QCOMPARE(control->value(), before);
+    QCOMPARE(SettingsStore().value(key).toInt(), before);
+    QCOMPARE(CommandStack::instance().count(), 1); // the control's signal makes no new command
+    CommandStack::instance().redo();
+    QCOMPARE(control->value(), 17);
+    QCOMPARE(linesOf(logPath), QStringList({command + QStringLiteral("::redo = 17"),
+                                            command + QStringLiteral("::undo = ") + QString::number(before),
+                                            command + QStringLiteral("::redo = 17")}));
+}
+
+void TestFixationControl::typeCommandNamesTheType()
+{
+    const QString logPath = m_directory->filePath(QStringLiteral("log"));
+    const Log log(logPath);
+    FixationSettingsModel record;
+    ParameterPanel view;
+    CommandStack::instance().push(new CommandChangeFixationControlCalculationType(1, record, view, &log));
+    QCOMPARE(CommandStack::instance().text(0),
+             QStringLiteral("Fixation calculation type changed: Gaussian Mixture Model"));
+    QCOMPARE(SettingsStore().value(typeKey).toString(), QStringLiteral("Gaussian Mixture Model"));
+    CommandStack::instance().undo();
+    QCOMPARE(SettingsStore().value(typeKey).toString(), QStringLiteral("Standard"));
+    QCOMPARE(linesOf(logPath), QStringList({QStringLiteral("CommandChangeFixationControlCalculationType::redo = 1"),
+                                            QStringLiteral("CommandChangeFixationControlCalculationType::undo = 0")}));
+}
+
+void TestFixationControl::clickCalculates()
+{
+    const RecordedMessages messages;
+    const QSignalSpy calculated(m_panel.get(), &FixationControl::sigCalculateFixations);
+    QTest::mouseClick(child<QToolButton>(*m_panel, "toolButton"), Qt::LeftButton);
+    QCOMPARE(calculated.count(), 1);
+    QCOMPARE(CommandStack::instance().text(0), QStringLiteral("Calculate Fixations"));
+    QCOMPARE(messages.texts().size(), 1);
+    QVERIFY(messages.texts()[0].startsWith(QStringLiteral("Standard Fixation Filter Action Report|left eye:\n")));
+    QCOMPARE(m_model.examinations()[0].leftEye.scanpath.size(), 1);
+    QCOMPARE(m_model.examinations()[1].meanEye.scanpath.size(), 1);
+    QCOMPARE(m_model.examinations()[2].leftEye.scanpath.size(), 0);
+}
+
+void TestFixationControl::undoReturnsOnlyTheTexts()
+{
+    const RecordedMessages messages;
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    const EyeData after = m_model.examinations()[0].leftEye;
+    CommandStack::instance().undo();
+    QCOMPARE(m_model.examinations()[0].calculationInfo.fixationCalculationInfo, QStringLiteral("first\n"));
+    QCOMPARE(m_model.examinations()[1].calculationInfo.fixationCalculationInfo, QStringLiteral("second\n"));
+    QCOMPARE(m_model.examinations()[2].calculationInfo.fixationCalculationInfo, notSet);
+    QCOMPARE(m_model.examinations()[0].leftEye, after);
+}
+
+void TestFixationControl::redoCalculatesAgain()
+{
+    const RecordedMessages messages;
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    const EyeData once = m_model.examinations()[0].leftEye;
+    CommandStack::instance().undo();
+    CommandStack::instance().redo();
+    const EyeData &twice = m_model.examinations()[0].leftEye;
+    QCOMPARE(twice.scanpath, once.scanpath);
+    QCOMPARE(twice.saccades.size(), 2 * once.saccades.size());
+    QVERIFY(m_model.examinations()[0].calculationInfo.fixationCalculationInfo.startsWith(
+        QStringLiteral("Algorithm:STANDARD\n")));
+    QCOMPARE(messages.texts().size(), 2);
+    CommandStack::instance().undo();
+    QCOMPARE(m_model.examinations()[1].calculationInfo.fixationCalculationInfo, QStringLiteral("second\n"));
+}
+
+void TestFixationControl::valueOfTheClickIsKeptForRedo()
+{
+    const RecordedMessages messages;
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    CommandStack::instance().undo();
+    SettingsStore().setValue(durationKey, 4000);
+    m_panel->sltUpdateSettings();
+    CommandStack::instance().redo();
+    QCOMPARE(m_model.examinations()[0].leftEye.scanpath.size(), 1);
+}
+
+void TestFixationControl::withoutModelNothingHappens()
+{
+    m_panel->setModel(nullptr);
+    const QSignalSpy calculated(m_panel.get(), &FixationControl::sigCalculateFixations);
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    QCOMPARE(calculated.count(), 0);
+    QCOMPARE(CommandStack::instance().count(), 0);
+}
+
+void TestFixationControl::withoutCheckedExaminationNothingIsTouched()
+{
+    for (Examination &made : m_model.examinations())
+        made.checked = false;
+    const RecordedMessages messages;
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    CommandStack::instance().undo();
+    QCOMPARE(messages.texts(), QStringList(QStringLiteral("No examination selected!|Please select some data first.")));
+    QCOMPARE(m_model.examinations()[0].calculationInfo.fixationCalculationInfo, QStringLiteral("first\n"));
+}
+
+QTEST_MAIN(TestFixationControl)
+#include "TestFixationControl.moc"
