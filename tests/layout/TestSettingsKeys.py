@@ -6,12 +6,14 @@ from sample_tree import LayoutTest
 TREE = {
     "src/settings/StoredKeys.h": 'inline constexpr StoredKey<QString> version{"Version"_L1};\n'
                                  'inline constexpr StoredKey<int> eye{"Drawing/Eye"_L1};\n',
-    "src/aoi/AoiSettingsModel.h": 'inline constexpr Parameter limit{\n    &M::limit, "Calculation/Limit"_L1, 5, "Text"_L1};',
+    "src/aoi/AoiSettingsModel.h": 'inline constexpr Parameter limit{\n    &M::limit, "Calculation/Limit"_L1, 5, "Text"_L1};\n'
+                                  'inline constexpr ParameterStoredAs<M, int> unit{\n'
+                                  '    {&M::unit, "Calculation/Unit"_L1, 0, "Unit: %1"_L1}, stored, loaded};',
     "src/aoi/AoiParameters.h": 'inline const Parameter width{&P::width, QLatin1StringView("/Width"), 1};\n'
                                'inline constexpr Parameter size{&P::size, "/Size"_L1, 1}; // of "Drawing/Comment"\n',
     "src/aoi/AoiParameters.cpp": 'P first() { return load(QStringLiteral("Drawing/First"), "First"); }\n'
                                  'P second() { return load(QStringLiteral("Drawing/Second"), "Second"); }\n',
-    "data/factory_settings.ini": "Version=1\nDrawing/Eye=0\nCalculation/Limit=5\nDrawing/First/Width=1\n"
+    "data/factory_settings.ini": "Version=1\nDrawing/Eye=0\nCalculation/Limit=5\nCalculation/Unit=0\nDrawing/First/Width=1\n"
                                  "Drawing/First/Size=1\nDrawing/Second/Width=1\nDrawing/Second/Size=\n",
 }
 ALL_RULES = (rules.suffixes_without_path, rules.keys_outside_tables, rules.keys_declared_twice,
@@ -39,8 +41,8 @@ class TestSettingsKeys(LayoutTest):
         for rule in ALL_RULES:
             self.assert_clean(rule(tree))
         self.assertEqual(sorted(rules.full_keys(tree)), sorted(
-            ["Version", "Drawing/Eye", "Calculation/Limit", "Drawing/First/Width", "Drawing/First/Size",
-             "Drawing/Second/Width", "Drawing/Second/Size"]))
+            ["Version", "Drawing/Eye", "Calculation/Limit", "Calculation/Unit", "Drawing/First/Width",
+             "Drawing/First/Size", "Drawing/Second/Width", "Drawing/Second/Size"]))
 
     def test_key_outside_the_tables(self):
         for literal in ("Drawing/Eye", "Drawing/Unknown", "Drawing/First", "/Width", "Version", "Calculation/"):
@@ -82,7 +84,7 @@ class TestSettingsKeys(LayoutTest):
 
     def test_missing_factory_file(self):
         tree = self.sample({path: text for path, text in TREE.items() if not path.startswith("data/")})
-        self.assertEqual(len(rules.keys_unlike_factory(tree)), 7)
+        self.assertEqual(len(rules.keys_unlike_factory(tree)), 8)
 
     def test_factory_line_that_would_not_be_read(self):
         for line in ("Version", "Version=1=2", "[Drawing]", ""):

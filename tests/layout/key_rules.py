@@ -6,7 +6,7 @@ from collections import Counter
 from source_tree import line_at
 
 TABLE_HEADER = re.compile(r"(Parameters|SettingsModel|^StoredKeys)\.h$")
-ROW = re.compile(r"""\b(?:Parameter|StoredKey)\b (?:\s*<[^;{]*>)? \s*\w*\s* \{ \s*
+ROW = re.compile(r"""\b(?:Parameter\w*|StoredKey)\b (?:\s*<[^;{]*>)? \s*\w*\s* \{ \s* \{? \s*
                      (?:&[\w:]+\s*,\s*)? (?:QLatin1StringView|QLatin1String)? \s*\(?\s* "([^"]+)" """, re.VERBOSE)
 FACTORY_FILE = "data/factory_settings.ini"
 
