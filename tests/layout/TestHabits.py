@@ -43,7 +43,7 @@ class TestHabits(LayoutTest):
     def test_settings_outside_their_module(self):
         self.assert_complains(self.complaints(rules.settings_outside_their_module, "QSettings store;"), "QSettings")
         self.assert_complains(self.complaints(rules.settings_outside_their_module, "#include <QSettings>"), "QSettings")
-        self.assert_clean(self.complaints(rules.settings_outside_their_module, "QSettings s;", "src/settings/Store.cpp"))
+        self.assert_clean(self.complaints(rules.settings_outside_their_module, "QSettings s;", "src/settings/A.cpp"))
 
     def test_unguarded_headers(self):
         self.assert_complains(self.complaints(rules.unguarded_headers, "int a;\n", "src/aoi/A.h"), "src/aoi/A.h")

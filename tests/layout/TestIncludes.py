@@ -61,7 +61,8 @@ class TestIncludes(LayoutTest):
         self.assert_complains(rules.unseen_modules(tree), "app/Window.h")
 
     def test_commented_include_does_not_count(self):
-        tree = self.sample({**LISTS, "src/export/Csv.cpp": '// #include "aoi/Region.h"\n/*\n#include "app/Window.h"\n*/'})
+        code = '// #include "aoi/Region.h"\n/*\n#include "app/Window.h"\n*/'
+        tree = self.sample({**LISTS, "src/export/Csv.cpp": code})
         self.assert_clean(rules.unseen_modules(tree) + rules.upward_includes(tree))
 
     def test_include_of_a_higher_module(self):

@@ -25,7 +25,8 @@ class TestInstallation(unittest.TestCase):
                 self.assertTrue(os.access(self.prefix / "bin" / name, os.X_OK))
 
     def test_batch_program_starts(self):
-        answer = subprocess.run([self.prefix / "bin/vistrum-batch", "--help"], check=True, capture_output=True, text=True)
+        command = [self.prefix / "bin/vistrum-batch", "--help"]
+        answer = subprocess.run(command, check=True, capture_output=True, text=True)
         self.assertIn("--calculate", answer.stdout + answer.stderr)
 
     def test_data_is_that_of_the_sources(self):

@@ -6,15 +6,16 @@ from sample_tree import LayoutTest
 TREE = {
     "src/settings/StoredKeys.h": 'inline constexpr StoredKey<QString> version{"Version"_L1};\n'
                                  'inline constexpr StoredKey<int> eye{"Drawing/Eye"_L1};\n',
-    "src/aoi/AoiSettingsModel.h": 'inline constexpr Parameter limit{\n    &M::limit, "Calculation/Limit"_L1, 5, "Text"_L1};\n'
+    "src/aoi/AoiSettingsModel.h": 'inline constexpr Parameter limit{\n'
+                                  '    &M::limit, "Calculation/Limit"_L1, 5, "Text"_L1};\n'
                                   'inline constexpr ParameterStoredAs<M, int> unit{\n'
                                   '    {&M::unit, "Calculation/Unit"_L1, 0, "Unit: %1"_L1}, stored, loaded};',
     "src/aoi/AoiParameters.h": 'inline const Parameter width{&P::width, QLatin1StringView("/Width"), 1};\n'
                                'inline constexpr Parameter size{&P::size, "/Size"_L1, 1}; // of "Drawing/Comment"\n',
     "src/aoi/AoiParameters.cpp": 'P first() { return load(QStringLiteral("Drawing/First"), "First"); }\n'
                                  'P second() { return load(QStringLiteral("Drawing/Second"), "Second"); }\n',
-    "data/factory_settings.ini": "Version=1\nDrawing/Eye=0\nCalculation/Limit=5\nCalculation/Unit=0\nDrawing/First/Width=1\n"
-                                 "Drawing/First/Size=1\nDrawing/Second/Width=1\nDrawing/Second/Size=\n",
+    "data/factory_settings.ini": "Version=1\nDrawing/Eye=0\nCalculation/Limit=5\nCalculation/Unit=0\n"
+                                 "Drawing/First/Width=1\nDrawing/First/Size=1\nDrawing/Second/Width=1\nDrawing/Second/Size=\n",
 }
 ALL_RULES = (rules.suffixes_without_path, rules.keys_outside_tables, rules.keys_declared_twice,
              rules.keys_unlike_factory, rules.unreadable_factory_lines)

@@ -37,7 +37,7 @@ def matching_brace(code, start):
 
 
 def function_bodies(code):
-    """Header and positions of the braces of each function that stands in no other function; lambdas are part of theirs."""
+    """Header and positions of the braces of each function that stands in no other; lambdas are part of theirs."""
     position, header_start = 0, 0
     while match := DELIMITER.search(code, position):
         position = match.end()

@@ -24,7 +24,8 @@ def tool_libraries(tree):
 def modules_without_tests(tree):
     libraries = tool_libraries(tree)
     with_code = {file.module for file in tree.files_of("src", "tools") if file.name.endswith(".cpp") and file.module}
-    tested = {libraries.get(file.module, file.module) for file in tree.files_of("tests") if file.name.startswith("Test")}
+    tests = [file for file in tree.files_of("tests") if file.name.startswith("Test")]
+    tested = {libraries.get(file.module, file.module) for file in tests}
     return [f"{module}: no test in tests/{module}" for module in sorted(with_code - tested)]
 
 
