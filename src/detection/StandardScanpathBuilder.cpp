@@ -53,15 +53,17 @@ QPoint centroidOf(std::span<const WorkSample *const> records)
     return {asPixel(sumX / std::ssize(records)), asPixel(sumY / std::ssize(records))};
 }
 
+/// Onset and duration stand one field before their own: rows of this kind always did, and the events export, which
+/// replaces them, never shows it.
 EventRow eventRowOf(const Invalid &section)
 {
     const QString nothing = QStringLiteral(".");
     return {section.type,
             QStringLiteral("2"),
             QString::number(section.samples.size()),
-            nothing,
             QString::number(section.firstTime()),
             QString::number(section.duration()),
+            nothing,
             nothing,
             nothing,
             nothing,
