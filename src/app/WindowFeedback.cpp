@@ -33,7 +33,7 @@ void addScrollingText(QMessageBox &box, const QString &text)
     view->setReadOnly(true);
     view->setMinimumSize(size);
     if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
-        grid->addWidget(view, 0, grid->columnCount());
+        grid->addWidget(view, 0, grid->columnCount() - 1);
 }
 
 void showBox(messages::Severity severity, const QString &title, const QString &text)
