@@ -30,8 +30,12 @@ QList<GazePoint> copiesOf(std::span<const WorkSample *const> records)
 /// Whole part of sum + value. What is not a number adds nothing, and the sum stays within its type.
 qint64 truncatedSum(qint64 sum, double value)
 {
-    constexpr double most = 9.2e18;
+    constexpr double usual = 1e9;
+    constexpr qint64 usualSum = 1000000000000000000;
     const double total = static_cast<double>(sum) + value;
+    if (std::abs(value) < usual && std::abs(sum) < usualSum)
+        return static_cast<qint64>(total);
+    constexpr double most = 9.2e18;
     return std::isnan(total) ? sum : static_cast<qint64>(std::clamp(total, -most, most));
 }
 
