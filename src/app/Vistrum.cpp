@@ -239,6 +239,8 @@ void Vistrum::sltUpdateAndRedraw()
 void Vistrum::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
+    if (m_model.examinations().isEmpty())
+        sltFitToScreen(); // the window gets its size after the start, in steps; later the user's own zoom stays
     redraw();
 }
 

@@ -4,7 +4,9 @@
 #include "base/Progress.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QProgressDialog>
 #include <QThread>
 
@@ -23,13 +25,32 @@ QMessageBox::Icon iconOf(messages::Severity severity)
     return QMessageBox::Critical;
 }
 
+/// A report on many recordings is longer than the screen is high: it scrolls, so that the button stays in reach.
+void addScrollingText(QMessageBox &box, const QString &text)
+{
+    constexpr QSize size(520, 420);
+    auto *view = new QPlainTextEdit(text, &box);
+    view->setReadOnly(true);
+    view->setMinimumSize(size);
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
+        grid->addWidget(view, 0, grid->columnCount() - 1);
+}
+
+void showBox(messages::Severity severity, const QString &title, const QString &text)
+{
+    constexpr qsizetype mostPlainLines = 25;
+    const bool isLong = text.count(u'\n') > mostPlainLines;
+    QMessageBox box(iconOf(severity), title, isLong ? QString() : text, QMessageBox::Ok, QApplication::activeWindow());
+    if (isLong)
+        addScrollingText(box, text);
+    box.exec();
+}
+
 class MessageBoxes : public messages::IHandler {
 public:
     void show(messages::Severity severity, const QString &title, const QString &text) override
     {
-        const auto box = [=] {
-            QMessageBox(iconOf(severity), title, text, QMessageBox::Ok, QApplication::activeWindow()).exec();
-        };
+        const auto box = [=] { showBox(severity, title, text); };
         if (QThread::currentThread() == qApp->thread())
             box();
         else

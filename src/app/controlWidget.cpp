@@ -9,6 +9,7 @@
 controlWidget::controlWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::controlWidget>())
 {
     m_ui->setupUi(this);
+    m_ui->FixCalc_widget->sltUpdateSettings();
     m_ui->comboBox_eyemode->setCurrentIndex(readStored(keys::eyeMode));
     connect(m_ui->comboBox_eyemode, &QComboBox::currentIndexChanged, this, &controlWidget::sltEyeModeChanged);
     connect(m_ui->toolButton, &QToolButton::clicked, this, &controlWidget::sltShowCommandProcessor);

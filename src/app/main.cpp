@@ -43,7 +43,6 @@ int main(int argc, char *argv[])
     window.show();
     window.setWindowState(Qt::WindowMaximized);
     window.sltFitToScreen();
-    QTimer::singleShot(0, &window, &Vistrum::sltFitToScreen); // once more, when the window has its size
     splash.finish(&window);
     return QApplication::exec();
 }

@@ -6,6 +6,13 @@
 #include <cmath>
 #include <optional>
 
+/// A coordinate is a number, far beyond every recording if need be, but small enough for the sum and the squares of two
+/// to stay finite.
+inline bool isOrdinary(double coordinate)
+{
+    return std::abs(coordinate) < 1e100;
+}
+
 /// A rectangle with sides along the axes, in pixels.
 ///
 /// Its distances bound those between a point and any point inside. They are formed by the same operations as a distance
@@ -17,13 +24,9 @@ struct Bounds {
     }
     bool contains(double x, double y) const { return x >= minX && x <= maxX && y >= minY && y <= maxY; }
 
-    /// The coordinates are numbers, beyond every recording if need be, but small enough for the sum and the squares of
-    /// two to stay finite.
-    bool areOrdinary() const
+    bool isOrdinary() const
     {
-        constexpr double largest = 1e100;
-        return std::abs(minX) < largest && std::abs(maxX) < largest && std::abs(minY) < largest &&
-               std::abs(maxY) < largest;
+        return ::isOrdinary(minX) && ::isOrdinary(maxX) && ::isOrdinary(minY) && ::isOrdinary(maxY);
     }
 
     /// All points inside are within the radius of each other.

@@ -29,9 +29,8 @@ void CoreBox::gather(std::span<const WorkSample *const> samples, std::size_t fir
 
 bool CoreBox::extend(double x, double y)
 {
-    const Bounds point{x, x, y, y};
-    const Bounds larger = m_isEmpty ? point : m_bounds.including(x, y);
-    if (!point.areOrdinary() || !larger.fitWithin(m_limit))
+    const Bounds larger = m_isEmpty ? Bounds{x, x, y, y} : m_bounds.including(x, y);
+    if (!isOrdinary(x) || !isOrdinary(y) || !larger.fitWithin(m_limit))
         return false;
     m_bounds = larger;
     m_isEmpty = false;

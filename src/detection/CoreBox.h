@@ -51,6 +51,7 @@ public:
 
     const Bounds &bounds() const { return m_bounds; }
 
+    std::size_t strayCount() const { return m_strays.size(); }
     /// There are no more strays than are worth looking at, one by one.
     bool hasFewStrays(std::size_t allowed) const { return m_strays.size() <= allowed + spareStrays; }
 

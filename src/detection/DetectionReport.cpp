@@ -3,6 +3,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -29,47 +30,60 @@ qint64 wrappingSum(qint64 a, qint64 b)
     return static_cast<qint64>(static_cast<quint64>(a) + static_cast<quint64>(b));
 }
 
-/// @param isBad  tells the samples that make a run.
-template <class IsBad>
-QString invalidRunLine(const QString &caption, const std::vector<WorkSample> &samples, IsBad isBad)
-{
-    Range range;
-    qint64 run = 0;
-    qsizetype badCount = 0;
-    for (std::size_t i = 0; i < samples.size(); ++i) {
-        const qint64 stepMs = i == 0 ? 0 : elapsedMs(samples[i - 1].source->time, samples[i].source->time);
-        if (isBad(samples[i])) {
-            run = wrappingSum(run, stepMs);
-            ++badCount;
-            continue;
+/// Lengths of the runs of bad samples, the samples added in order.
+class Runs {
+public:
+    void add(bool isBad, qint64 stepMs)
+    {
+        if (isBad) {
+            m_run = wrappingSum(m_run, stepMs);
+            ++m_badCount;
+            return;
         }
-        if (run != 0)
-            run = wrappingSum(run, stepMs);
-        range.largest = std::max(range.largest, run);
-        if (range.smallest == 0 || (run != 0 && run < range.smallest))
-            range.smallest = run;
-        run = 0;
+        if (m_run != 0)
+            m_run = wrappingSum(m_run, stepMs);
+        if (m_run != 0 || m_range.smallest == 0)
+            m_range.add(m_run);
+        m_run = 0;
     }
-    return QStringLiteral("%1 processing: min %2[ms] max %3[ms] total# %4\n")
-        .arg(caption)
-        .arg(range.smallest)
-        .arg(range.largest)
-        .arg(badCount);
-}
+
+    QString line(const QString &caption) const
+    {
+        return QStringLiteral("%1 processing: min %2[ms] max %3[ms] total# %4\n")
+            .arg(caption)
+            .arg(m_range.smallest)
+            .arg(m_range.largest)
+            .arg(m_badCount);
+    }
+
+private:
+    Range m_range;
+    qint64 m_run = 0; ///< ms
+    qsizetype m_badCount = 0;
+};
 
 template <class Section>
-QString durationText(const QList<Section> &sections)
+QList<int> durationsOf(const QList<Section> &sections)
+{
+    QList<int> durations;
+    durations.reserve(sections.size());
+    for (const Section &section : sections)
+        durations.append(section.duration());
+    return durations;
+}
+
+QString durationText(const QList<int> &durations)
 {
     Range range;
     qint64 sum = 0;
-    for (const Section &section : sections) {
-        range.add(section.duration());
-        sum += section.duration();
+    for (const int duration : durations) {
+        range.add(duration);
+        sum += duration;
     }
     return QStringLiteral("durations: min %1[ms], max %2[ms], avg %3[ms]")
         .arg(range.smallest)
         .arg(range.largest)
-        .arg(sections.isEmpty() ? 0 : sum / sections.size());
+        .arg(durations.isEmpty() ? 0 : sum / durations.size());
 }
 
 void describe(const Saccade &saccade)
@@ -83,33 +97,39 @@ void describe(const Saccade &saccade)
 
 QString invalidRunLines(const std::vector<WorkSample> &samples)
 {
-    return invalidRunLine(QStringLiteral("Invalid before"), samples,
-                          [](const WorkSample &sample) { return !sample.source->validFlag; }) +
-           invalidRunLine(QStringLiteral("Invalid after"), samples,
-                          [](const WorkSample &sample) { return !sample.usable; });
+    Runs before;
+    Runs after;
+    qint64 lastTime = samples.empty() ? 0 : samples.front().source->time;
+    for (const WorkSample &sample : samples) {
+        const qint64 stepMs = elapsedMs(std::exchange(lastTime, sample.source->time), sample.source->time);
+        before.add(!sample.source->validFlag, stepMs);
+        after.add(!sample.usable, stepMs);
+    }
+    return before.line(QStringLiteral("Invalid before")) + after.line(QStringLiteral("Invalid after"));
 }
 
 QString fixationDurationLine(const QList<Fixation> &fixations)
 {
-    const auto overlong = std::count_if(fixations.cbegin(), fixations.cend(),
-                                        [](const Fixation &fixation) { return fixation.duration() > overlongMs; });
+    const QList<int> durations = durationsOf(fixations);
+    const auto overlong = std::count_if(durations.cbegin(), durations.cend(), [](int ms) { return ms > overlongMs; });
     return QStringLiteral("%1 Fixation %2, overlong# %3\n")
-        .arg(fixations.size())
-        .arg(durationText(fixations))
+        .arg(durations.size())
+        .arg(durationText(durations))
         .arg(overlong);
 }
 
 QString saccadeDurationLine(const QList<Saccade> &saccades)
 {
-    const auto tooShort = std::count_if(saccades.cbegin(), saccades.cend(), [](const Saccade &saccade) {
-        return saccade.samples.size() < fewestSaccadeSamples;
-    });
-    for (const Saccade &saccade : saccades) {
-        if (saccade.duration() < 0)
-            describe(saccade);
+    const QList<int> durations = durationsOf(saccades);
+    qsizetype tooShort = 0;
+    for (qsizetype i = 0; i < saccades.size(); ++i) {
+        if (durations[i] < 0)
+            describe(saccades[i]);
+        if (saccades[i].samples.size() < fewestSaccadeSamples)
+            ++tooShort;
     }
     return QStringLiteral("%1 Saccade %2, tooshort# %3\n")
-        .arg(saccades.size())
-        .arg(durationText(saccades))
+        .arg(durations.size())
+        .arg(durationText(durations))
         .arg(tooShort);
 }

@@ -52,7 +52,7 @@ public:
     bool fits()
     {
         if (!m_fits)
-            m_fits = decideFit();
+            m_fits = isCertainToFit() || decideFit();
         return *m_fits;
     }
 
@@ -75,6 +75,8 @@ private:
     bool measureFit();
     std::optional<bool> boundedFit();
     bool isOutlier(const WorkSample &sample);
+    /// Even if all samples outside the box are outliers.
+    bool isCertainToFit() const { return m_allowed && boxHoldsMedian() && m_box.strayCount() <= *m_allowed; }
     bool boxHoldsMedian() const { return m_box.isBuilt() && m_box.holdsMedian(size()); }
     QPointF medianPoint();
     bool catchUpMedians();

@@ -45,7 +45,7 @@ std::optional<Bounds> MedianBracket::bounds(std::span<const WorkSample *const> s
     const std::size_t most = (count - 1) / 2;
     const bool isProved =
         m_counts.left <= most && m_counts.right <= most && m_counts.above <= most && m_counts.below <= most;
-    if (!isProved || !m_bounds.areOrdinary()) {
+    if (!isProved || !m_bounds.isOrdinary()) {
         clear(); // another rectangle next time
         return std::nullopt;
     }

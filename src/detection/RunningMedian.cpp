@@ -8,7 +8,9 @@
 void RunningMedian::build(std::vector<double> values)
 {
     const std::size_t count = values.size();
-    m_halfWidth = leastHalfWidth + static_cast<std::size_t>(std::sqrt(static_cast<double>(count)) / 2);
+    // A share that keeps the building cheap in short windows; in long ones, as much as can be moved at an insertion.
+    const auto most = static_cast<std::size_t>(2 * std::sqrt(static_cast<double>(count)));
+    m_halfWidth = leastHalfWidth + std::min(count / 64, most);
     m_below = count / 2 > m_halfWidth ? count / 2 - m_halfWidth : 0;
     const std::size_t end = std::min(count, count / 2 + m_halfWidth);
     m_above = count - end;
@@ -56,7 +58,7 @@ std::optional<double> RunningMedian::median()
         return std::nullopt;
     const double low = m_middle[lower - m_below];
     const double high = m_middle[upper - m_below];
-    if (m_middle.size() > 8 * m_halfWidth)
+    if (m_middle.size() > 6 * m_halfWidth)
         dropFarValues();
     return lower == upper ? low : (low + high) / 2;
 }

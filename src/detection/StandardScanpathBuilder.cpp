@@ -30,8 +30,12 @@ QList<GazePoint> copiesOf(std::span<const WorkSample *const> records)
 /// Whole part of sum + value. What is not a number adds nothing, and the sum stays within its type.
 qint64 truncatedSum(qint64 sum, double value)
 {
-    constexpr double most = 9.2e18;
+    constexpr double usual = 1e9;
+    constexpr qint64 usualSum = 1000000000000000000;
     const double total = static_cast<double>(sum) + value;
+    if (std::abs(value) < usual && std::abs(sum) < usualSum)
+        return static_cast<qint64>(total);
+    constexpr double most = 9.2e18;
     return std::isnan(total) ? sum : static_cast<qint64>(std::clamp(total, -most, most));
 }
 
@@ -53,15 +57,17 @@ QPoint centroidOf(std::span<const WorkSample *const> records)
     return {asPixel(sumX / std::ssize(records)), asPixel(sumY / std::ssize(records))};
 }
 
+/// Onset and duration stand one field before their own: rows of this kind always did, and the events export, which
+/// replaces them, never shows it.
 EventRow eventRowOf(const Invalid &section)
 {
     const QString nothing = QStringLiteral(".");
     return {section.type,
             QStringLiteral("2"),
             QString::number(section.samples.size()),
-            nothing,
             QString::number(section.firstTime()),
             QString::number(section.duration()),
+            nothing,
             nothing,
             nothing,
             nothing,

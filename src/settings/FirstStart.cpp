@@ -63,7 +63,7 @@ QString findDataFile(const QString &name, const QString &programFolder)
 
 QString findExamplesFolder(const QString &programFolder)
 {
-    return firstExisting({programFolder + QStringLiteral("/examples"),
-                          installedFolder(programFolder) + QStringLiteral("examples"),
-                          QStringLiteral(VISTRUM_SOURCE_DIR "/examples")});
+    return firstExisting({programFolder + QStringLiteral("/examples/study"),
+                          installedFolder(programFolder) + QStringLiteral("examples/study"),
+                          QStringLiteral(VISTRUM_SOURCE_DIR "/examples/study")});
 }

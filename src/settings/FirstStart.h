@@ -21,6 +21,6 @@ bool applyFactorySettings(const QString &factoryFile, const QString &examplesFol
 ///         it.
 QString findDataFile(const QString &name, const QString &programFolder);
 
-/// The folder of example recordings, sought beside the program, in the installed data folder and in the source tree;
+/// The folder of the example study, sought beside the program, in the installed data folder and in the source tree;
 /// empty where there is none.
 QString findExamplesFolder(const QString &programFolder);

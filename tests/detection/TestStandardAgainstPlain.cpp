@@ -2,6 +2,7 @@
 #include "detection/PlainStandardScanpathBuilder.h"
 #include "TestMessages.h"
 
+#include <QLoggingCategory>
 #include <QTest>
 
 #include <limits>
@@ -132,6 +133,7 @@ class TestStandardAgainstPlain : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void sameSections_data();
     void sameSections();
     void sameSectionsInOneLongFixation_data();
@@ -140,6 +142,12 @@ private Q_SLOTS:
 private:
     static void compare(const QList<GazePoint> &samples, const StandardParameters &parameters, const QString &where);
 };
+
+/// Saccades that last days are described sample by sample on the debug channel, by both forms.
+void TestStandardAgainstPlain::initTestCase()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+}
 
 void TestStandardAgainstPlain::compare(const QList<GazePoint> &samples, const StandardParameters &parameters,
                                        const QString &where)

@@ -71,6 +71,8 @@ class TestStandardScanpathBuilder : public QObject {
 private Q_SLOTS:
     void sections_data();
     void sections();
+    void sectionsAroundLosses_data();
+    void sectionsAroundLosses() { sections(); }
     void radiusIsInclusive_data();
     void radiusIsInclusive();
     void outliersAtTheEndsAreHandedOver();
@@ -144,6 +146,16 @@ void TestStandardScanpathBuilder::sections_data()
     QTest::newRow("one allowed: the fixation goes on")
         << spike << StandardParameters{50, 50, 1} << QStringList(QStringLiteral("fixation 0: 0 to 200, 21"));
 
+    QTest::newRow("a minimum of 0 makes a fixation of a single sample")
+        << calm.first(1) << StandardParameters{0, 50, 0} << QStringList(QStringLiteral("fixation 0: 0 to 0, 1"));
+}
+
+void TestStandardScanpathBuilder::sectionsAroundLosses_data()
+{
+    QTest::addColumn<QList<GazePoint>>("samples");
+    QTest::addColumn<StandardParameters>("parameters");
+    QTest::addColumn<QStringList>("expected");
+
     QList<GazePoint> loss;
     rest(loss, 0, 20, 100);
     rest(loss, 200, 5, 0, 0);
@@ -177,9 +189,6 @@ void TestStandardScanpathBuilder::sections_data()
         << shortRest << StandardParameters{100, 50, 0}
         << QStringList({QStringLiteral("saccade 1: 0 to 40, 5"), QStringLiteral("saccade 3: 100 to 140, 5"),
                         QStringLiteral("invalid 2: 50 to 90, 5")});
-
-    QTest::newRow("a minimum of 0 makes a fixation of a single sample")
-        << calm.first(1) << StandardParameters{0, 50, 0} << QStringList(QStringLiteral("fixation 0: 0 to 0, 1"));
 }
 
 void TestStandardScanpathBuilder::sections()
@@ -328,9 +337,10 @@ void TestStandardScanpathBuilder::invalidSectionHasAnEventRow()
     QCOMPARE(row.event, QStringLiteral("invalid"));
     QCOMPARE(row.eventCode, QStringLiteral("2"));
     QCOMPARE(row.gazePoints, QStringLiteral("4"));
+    // Onset and duration stand one field before their own.
+    QCOMPARE(row.cluster, QStringLiteral("30"));
     QCOMPARE(row.onset, QStringLiteral("30"));
-    QCOMPARE(row.duration, QStringLiteral("30"));
-    for (const QString &rest : {row.cluster, row.meanX, row.meanY, row.radius, row.saccadeLength, row.saccadeAngle})
+    for (const QString &rest : {row.duration, row.meanX, row.meanY, row.radius, row.saccadeLength, row.saccadeAngle})
         QCOMPARE(rest, QStringLiteral("."));
 }
 

@@ -174,10 +174,10 @@ void TestFirstStart::examplesAreSought()
 {
     const QString bin = path(QStringLiteral("bin"));
     QVERIFY(QDir().mkpath(bin));
-    QVERIFY(QDir().mkpath(path(QStringLiteral("share/vistrum/examples"))));
-    QCOMPARE(findExamplesFolder(bin), path(QStringLiteral("share/vistrum/examples")));
-    QVERIFY(QDir().mkpath(path(QStringLiteral("bin/examples"))));
-    QCOMPARE(findExamplesFolder(bin), path(QStringLiteral("bin/examples")));
+    QVERIFY(QDir().mkpath(path(QStringLiteral("share/vistrum/examples/study"))));
+    QCOMPARE(findExamplesFolder(bin), path(QStringLiteral("share/vistrum/examples/study")));
+    QVERIFY(QDir().mkpath(path(QStringLiteral("bin/examples/study"))));
+    QCOMPARE(findExamplesFolder(bin), path(QStringLiteral("bin/examples/study")));
 }
 
 QTEST_GUILESS_MAIN(TestFirstStart)

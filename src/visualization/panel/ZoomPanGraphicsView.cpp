@@ -38,6 +38,9 @@ ZoomPanGraphicsView::ZoomPanGraphicsView(QWidget *parent) : QGraphicsView(parent
     setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     setDragMode(ScrollHandDrag);
     setFocusPolicy(Qt::StrongFocus);
+    // Bars that come and go would cover the edge of what was just fitted.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 
 void ZoomPanGraphicsView::setUpOnce()
