@@ -155,7 +155,7 @@ void BatchRun::importRecordings()
 
 void BatchRun::takeRecording(const QString &path, const ImportedFile &file)
 {
-    const MessageRecord::Scope scope(m_record, path);
+    m_messages << m_record.take();
     const bool used = addToModel(file, m_model).has_value();
     m_failed = m_failed || !used;
     if (file.counts.wrongLengthLines > 0)
@@ -172,6 +172,7 @@ void BatchRun::setTimeFrame()
 {
     const auto frame = m_options.time.value_or(BatchOptions::TimeFrame{0, m_model.longestCheckedDuration()});
     m_model.setTimeStart(frame.startMs);
+    m_inputs.last().messages = m_record.take();
     m_model.setTimeEnd(frame.endMs);
 }
 
@@ -238,16 +239,15 @@ void BatchRun::writeReport()
              QStringLiteral("%1 could not be written: %2").arg(file.fileName(), file.errorString()));
 }
 
+    m_messages << m_record.take();
 BatchReport BatchRun::collectReport() const
 {
     BatchReport report{.version = QCoreApplication::applicationVersion(),
                        .options = reportedOptions(m_options),
                        .parameters = storedParameters(SettingsStore()),
                        .inputs = m_inputs,
-                       .messages = m_record.about(QString()),
+                       .messages = m_messages,
                        .outputs = {}};
-    for (ReportedInput &input : report.inputs)
-        input.messages = m_record.about(input.file.path);
     for (const QString &path : m_written)
         report.outputs << reportedFile(path);
     return report;

@@ -41,5 +41,6 @@ private:
     DataModel m_model;
     QList<ReportedInput> m_inputs;
     QStringList m_written;
+    QList<ShownMessage> m_messages; ///< those that are about no input
     bool m_failed = false;
 };
