@@ -50,8 +50,8 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// Lines for developers are not for the terminal of a cluster job; what users need comes as a message. Qt calls even
-/// a missing runtime folder, which such jobs have none of, critical.
+/// Lines for developers are not for the terminal of a cluster job; what users need comes as a message. To
+/// Qt, even the lack of a runtime folder is critical, and such a job often has none.
 void dropDeveloperLines(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
     if (type == QtFatalMsg)
@@ -94,7 +94,8 @@ int main(int argc, char *argv[])
 {
     qInstallMessageHandler(dropDeveloperLines);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // drawings need Qt's widgets, but no display
-    int programName = 1;                     // Qt would take options of its own out of the rest, without a word
+    // Qt would take options of its own out of the others, without a word; so it gets the name of the program only.
+    int programName = 1;
     QApplication application(programName, argv);
     QApplication::setApplicationName(QStringLiteral("vistrum-batch"));
     QApplication::setApplicationVersion(QStringLiteral("0.2014"));
