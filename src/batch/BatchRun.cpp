@@ -18,6 +18,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGraphicsScene>
+#include <QImageReader>
 #include <QJsonDocument>
 #include <QSaveFile>
 
@@ -57,9 +58,7 @@ QString wrongLengthText(const QString &path, const ImportCounts &counts)
 {
     return QStringLiteral("%1: left out %2 of the sample lines, which do not have eleven fields; the first is line %3. "
                           "Fields are separated by one tab each.")
-        .arg(path)
-        .arg(counts.wrongLengthLines)
-        .arg(counts.firstWrongLengthLine);
+        .arg(path, QString::number(counts.wrongLengthLines), QString::number(counts.firstWrongLengthLine));
 }
 
 } // namespace
@@ -76,6 +75,8 @@ ExitCode BatchRun::run()
     std::optional<UsageError> problem = checkInputs();
     if (!problem)
         problem = applySettings();
+    if (!problem)
+        problem = makeOutputFolder();
     if (problem) {
         messages::critical(QStringLiteral("vistrum-batch"), problem->text);
         return ExitCode::Usage;
@@ -99,9 +100,17 @@ std::optional<UsageError> BatchRun::checkInputs() const
     if (!m_options.background.isEmpty() && !isReadable(m_options.background))
         return UsageError{
             QStringLiteral("--background %1: no such file, or it cannot be read").arg(m_options.background)};
-    if (!QDir().mkpath(m_options.outputFolder))
-        return UsageError{QStringLiteral("--out %1: the folder cannot be made").arg(m_options.outputFolder)};
+    if (!m_options.background.isEmpty() && !QImageReader(m_options.background).canRead())
+        return UsageError{QStringLiteral("--background %1: not a picture").arg(m_options.background)};
     return std::nullopt;
+}
+
+/// After all other checks: a run that is refused leaves nothing behind.
+std::optional<UsageError> BatchRun::makeOutputFolder() const
+{
+    if (QDir().mkpath(m_options.outputFolder))
+        return std::nullopt;
+    return UsageError{QStringLiteral("--out %1: the folder cannot be made").arg(m_options.outputFolder)};
 }
 
 std::optional<UsageError> BatchRun::applySettings()
@@ -155,7 +164,7 @@ void BatchRun::importRecordings()
 
 void BatchRun::takeRecording(const QString &path, const ImportedFile &file)
 {
-    const MessageRecord::Scope scope(m_record, path);
+    m_messages << m_record.take();
     const bool used = addToModel(file, m_model).has_value();
     m_failed = m_failed || !used;
     if (file.counts.wrongLengthLines > 0)
@@ -163,6 +172,7 @@ void BatchRun::takeRecording(const QString &path, const ImportedFile &file)
     addInput(path, QStringLiteral("recording"));
     m_inputs.last().used = used;
     m_inputs.last().counts = countsOf(file.counts);
+    m_inputs.last().messages = m_record.take();
     const QString setFile = RecordingPath(path).setFile();
     if (QFileInfo::exists(setFile))
         addInput(setFile, QStringLiteral("set file"));
@@ -229,6 +239,7 @@ void BatchRun::writeReport()
 {
     if (m_options.reportFile.isEmpty())
         return;
+    m_messages << m_record.take();
     const BatchReport report = collectReport();
     QSaveFile file(m_options.reportFile);
     if (file.open(QIODevice::WriteOnly) && file.write(toJson(report).toJson()) >= 0 && file.commit())
@@ -244,10 +255,8 @@ BatchReport BatchRun::collectReport() const
                        .options = reportedOptions(m_options),
                        .parameters = storedParameters(SettingsStore()),
                        .inputs = m_inputs,
-                       .messages = m_record.about(QString()),
+                       .messages = m_messages,
                        .outputs = {}};
-    for (ReportedInput &input : report.inputs)
-        input.messages = m_record.about(input.file.path);
     for (const QString &path : m_written)
         report.outputs << reportedFile(path);
     return report;

@@ -23,6 +23,7 @@ public:
 private:
     std::optional<UsageError> applySettings();
     std::optional<UsageError> checkInputs() const;
+    std::optional<UsageError> makeOutputFolder() const;
     void importRecordings();
     void takeRecording(const QString &path, const ImportedFile &file);
     void setTimeFrame();
@@ -40,6 +41,7 @@ private:
     Terminal &m_output;
     DataModel m_model;
     QList<ReportedInput> m_inputs;
+    QList<ShownMessage> m_messages; ///< those that are about no input
     QStringList m_written;
     bool m_failed = false;
 };

@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -19,24 +20,41 @@ namespace {
 /// The run has a store of its own with the factory values: the user's is neither read nor changed.
 class PrivateStore {
 public:
-    PrivateStore()
-    {
-        SettingsStore::useFile(m_folder.filePath(QStringLiteral("settings.ini")));
-        applyFactorySettings(
-            findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()), QString());
-    }
+    PrivateStore() = default;
     ~PrivateStore() { SettingsStore::useFile({}); }
     PrivateStore(const PrivateStore &) = delete;
     PrivateStore &operator=(const PrivateStore &) = delete;
 
+    /// @return false, after a message, where there is no such store; no parameter may be read or written then.
+    bool open()
+    {
+        const QString factoryFile =
+            findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath());
+        if (!m_folder.isValid())
+            return refuse(
+                QStringLiteral("no temporary folder for the settings of the run: %1").arg(m_folder.errorString()));
+        if (!QFileInfo(factoryFile).isReadable())
+            return refuse(QStringLiteral("the factory settings %1 cannot be read").arg(factoryFile));
+        SettingsStore::useFile(m_folder.filePath(QStringLiteral("settings.ini")));
+        applyFactorySettings(factoryFile, QString());
+        return true;
+    }
+
 private:
+    static bool refuse(const QString &reason)
+    {
+        messages::critical(QStringLiteral("vistrum-batch"), reason);
+        return false;
+    }
+
     QTemporaryDir m_folder;
 };
 
-/// Lines for developers are not for the terminal of a cluster job; what users need comes as a message.
+/// Lines for developers are not for the terminal of a cluster job; what users need comes as a message. To
+/// Qt, even the lack of a runtime folder is critical, and such a job often has none.
 void dropDeveloperLines(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
+    if (type == QtFatalMsg)
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
@@ -55,11 +73,19 @@ ExitCode run(const BatchOptions &options, Terminal &output, Terminal &errors)
         errors, record, options.quiet ? TerminalMessages::Show::Problems : TerminalMessages::Show::All));
     if (!options.quiet)
         Progress::install(std::make_unique<TerminalProgress>(errors));
-    const PrivateStore store;
-    const ExitCode result = BatchRun(options, record, output).run();
+    PrivateStore store;
+    const ExitCode result = store.open() ? BatchRun(options, record, output).run() : ExitCode::SomethingFailed;
     messages::install(nullptr);
     Progress::install(nullptr);
     return result;
+}
+
+QStringList argumentsOf(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
 }
 
 } // namespace
@@ -68,7 +94,9 @@ int main(int argc, char *argv[])
 {
     qInstallMessageHandler(dropDeveloperLines);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // drawings need Qt's widgets, but no display
-    QApplication application(argc, argv);
+    // Qt would take options of its own out of the others, without a word; so it gets the name of the program only.
+    int programName = 1;
+    QApplication application(programName, argv);
     QApplication::setApplicationName(QStringLiteral("vistrum-batch"));
     QApplication::setApplicationVersion(QStringLiteral("0.2014"));
 
@@ -80,7 +108,7 @@ int main(int argc, char *argv[])
     Terminal output(standardOutput, Terminal::Kind::Stream);
     Terminal errors(standardError, Terminal::kindOfStandardError());
 
-    const auto parsed = parseBatchOptions(QApplication::arguments().sliced(1));
+    const auto parsed = parseBatchOptions(argumentsOf(argc, argv));
     if (const auto *error = std::get_if<UsageError>(&parsed)) {
         errors.writeLine(QStringLiteral("vistrum-batch: %1\nTry vistrum-batch --help.").arg(error->text));
         return static_cast<int>(ExitCode::Usage);

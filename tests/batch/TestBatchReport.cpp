@@ -7,6 +7,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <thread>
+#include <vector>
+
 using messages::Severity;
 
 class TestBatchReport : public QObject {
@@ -20,8 +23,8 @@ private Q_SLOTS:
     void parametersAreAllKeysOfTheStore();
     void options_data();
     void options();
-    void messagesByThread();
-    void nestedScopes();
+    void messagesOfThreadsAllArrive();
+    void takenMessagesAreNotTakenAgain();
 };
 
 namespace {
@@ -161,7 +164,7 @@ void TestBatchReport::options()
     QCOMPARE(texts.join(u' '), expected);
 }
 
-void TestBatchReport::messagesByThread()
+void TestBatchReport::messagesOfThreadsAllArrive()
 {
     constexpr int threads = 4;
     constexpr int each = 200;
@@ -169,41 +172,32 @@ void TestBatchReport::messagesByThread()
     std::vector<std::thread> workers;
     for (int i = 0; i < threads; ++i) {
         workers.emplace_back([&record, i] {
-            const MessageRecord::Scope scope(record, QStringLiteral("file %1").arg(i));
             for (int k = 0; k < each; ++k)
                 record.add({Severity::Warning, QString::number(i), QString::number(k)});
         });
     }
-    record.add({Severity::Information, QStringLiteral("of no file"), QString()});
     for (std::thread &worker : workers)
         worker.join();
-    for (int i = 0; i < threads; ++i) {
-        QList<ShownMessage> expected;
-        for (int k = 0; k < each; ++k)
-            expected << ShownMessage{Severity::Warning, QString::number(i), QString::number(k)};
-        QVERIFY(record.about(QStringLiteral("file %1").arg(i)) == expected);
-    }
-    QCOMPARE(record.about(QString()).size(), 1);
+    const QList<ShownMessage> taken = record.take();
+    QCOMPARE(taken.size(), threads * each);
+    QList<int> next(threads, 0); // each thread's messages keep their order
+    for (const ShownMessage &message : taken)
+        QCOMPARE(message.text, QString::number(next[message.title.toInt()]++));
 }
 
-void TestBatchReport::nestedScopes()
+void TestBatchReport::takenMessagesAreNotTakenAgain()
 {
     MessageRecord record;
-    const QString outer = QStringLiteral("outer");
-    const QString inner = QStringLiteral("inner");
-    {
-        const MessageRecord::Scope first(record, outer);
-        {
-            const MessageRecord::Scope second(record, inner);
-            record.add({Severity::Warning, QString(), QStringLiteral("1")});
-        }
-        record.add({Severity::Warning, QString(), QStringLiteral("2")});
-    }
-    record.add({Severity::Warning, QString(), QStringLiteral("3")});
-    QCOMPARE(record.about(inner).value(0).text, QStringLiteral("1"));
-    QCOMPARE(record.about(outer).value(0).text, QStringLiteral("2"));
-    QCOMPARE(record.about(QString()).value(0).text, QStringLiteral("3"));
-    QCOMPARE(record.about(QStringLiteral("unknown")).size(), 0);
+    const ShownMessage first{Severity::Warning, QStringLiteral("a"), QStringLiteral("1")};
+    const ShownMessage second{Severity::Critical, QString(), QStringLiteral("2")};
+    const ShownMessage third{Severity::Information, QStringLiteral("c"), QStringLiteral("3")};
+    QVERIFY(record.take().isEmpty());
+    record.add(first);
+    record.add(second);
+    QVERIFY(record.take() == QList({first, second}));
+    record.add(third);
+    QVERIFY(record.take() == QList({third}));
+    QVERIFY(record.take().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestBatchReport)

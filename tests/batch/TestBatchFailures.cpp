@@ -1,0 +1,244 @@
+#include "BatchProgram.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+namespace {
+
+using Outcome = BatchProgram::Outcome;
+
+QStringList words(const QString &line)
+{
+    return line.split(u' ', Qt::SkipEmptyParts);
+}
+
+QStringList words(const char *line)
+{
+    return words(QString::fromUtf8(line));
+}
+
+QByteArray sampleLine(int timeMs)
+{
+    return QByteArray::number(timeMs) + "\t100\t200\t3\t3\t1\t110\t210\t3\t3\t1\n";
+}
+
+} // namespace
+
+/// What the program says and leaves behind when something is wrong.
+class TestBatchFailures : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { m_batch = std::make_unique<BatchProgram>(); }
+
+    void refusedCalls_data();
+    void refusedCalls();
+    void unusableRecordingIsLeftOut_data();
+    void unusableRecordingIsLeftOut();
+    void withoutUsableRecordingThereIsNothingToWrite();
+    void missingSetFileAndPictureAreTold();
+    void linesOfWrongLengthAreTold();
+    void aTableThatCannotBeWritten();
+    void picturesAndReportInAMissingFolder();
+    void withoutTemporaryFolderTheUsersStoreIsNotUsedInstead();
+
+private:
+    QJsonArray reportedInputs() const
+    {
+        const QByteArray report = m_batch->contents(QStringLiteral("report.json"));
+        return QJsonDocument::fromJson(report)[QStringLiteral("inputs")].toArray();
+    }
+
+    std::unique_ptr<BatchProgram> m_batch;
+};
+
+void TestBatchFailures::refusedCalls_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("line"); // the first on the error channel
+    const auto row = [](const char *name, const char *arguments, const char *line) {
+        QTest::newRow(name) << words(arguments) << QStringLiteral("vistrum-batch: ") + QString::fromUtf8(line);
+    };
+    row("no recording", "--quiet", "no recording given");
+    row("an option of nobody", "--setting a.ini study/S01.data", "unknown option --setting; did you mean --settings?");
+    row("an option of the window toolkit", "-style fusion study/S01.data", "unknown option -style");
+    row("an option of a later version", "--aois a.aoi study/S01.data", "--aois: not available in this version");
+    row("a misspelt key", "--out tables --set Calculation/Fixation/Standard/MaximumRadios=40 study/S01.data",
+        "--set Calculation/Fixation/Standard/MaximumRadios: no such key; did you mean "
+        "Calculation/Fixation/Standard/MaximumRadius?");
+    row("a key like no other", "--set xyz=1 study/S01.data", "--set xyz: no such key");
+    row("no such settings file", "--out tables --settings missing.ini study/S01.data",
+        "--settings missing.ini: no such file, or it cannot be read");
+    row("a folder for settings", "--settings study study/S01.data",
+        "--settings study: no such file, or it cannot be read");
+    row("no such background", "--out tables --background missing.png study/S01.data",
+        "--background missing.png: no such file, or it cannot be read");
+    row("a background that is no picture", "--out tables --background study/S01.set study/S01.data",
+        "--background study/S01.set: not a picture");
+    row("a file where the output folder should be", "--out study/S01.set --export events study/S01.data",
+        "--out study/S01.set: the folder cannot be made");
+    row("an output folder below a file", "--out study/S01.set/tables --export events study/S01.data",
+        "--out study/S01.set/tables: the folder cannot be made");
+    for (const char *detector : {"Velocity based", "Gaussian Mixture Model"}) {
+        const QString name = QLatin1StringView(detector);
+        QTest::addRow("the detector %s, which is not built", detector)
+            << words("--out tables --calculate fixations study/S01.data --set") +
+                   QStringList{QStringLiteral("Calculation/Fixation/CalculationType=") + name}
+            << QStringLiteral("vistrum-batch: the settings choose the detector \"%1\", which is not available in this "
+                              "version; --detector standard chooses another")
+                   .arg(name);
+    }
+}
+
+void TestBatchFailures::refusedCalls()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, line);
+    const Outcome outcome = m_batch->run(arguments);
+    QCOMPARE(outcome.errors.value(0), line);
+    QCOMPARE(outcome.status, 2);
+    QCOMPARE(outcome.written, QStringList());
+    QVERIFY(m_batch->files().isEmpty());
+    QVERIFY(!QFileInfo::exists(m_batch->path(QStringLiteral("tables"))));
+}
+
+void TestBatchFailures::unusableRecordingIsLeftOut_data()
+{
+    QTest::addColumn<QString>("bad");
+    QTest::addColumn<QByteArray>("contents");
+    QTest::newRow("no sample line") << "study/bad.data" << QByteArray("no recording\n");
+    QTest::newRow("empty") << "study/bad.data" << QByteArray("");
+    QTest::newRow("no valid sample") << "study/bad.data"
+                                     << QByteArray(
+                                            "0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n4\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n");
+    QTest::newRow("a binary file") << "study/bad.data" << QByteArray("\xfd\xfd\xfd\xfd\0\x01\n\xff", 8);
+    QTest::newRow("a folder") << "study" << QByteArray();
+    QTest::newRow("no such file") << "missing.data" << QByteArray();
+    QTest::newRow("a name that looks like a place for text") << "study/%1%2%3.data" << QByteArray("no recording\n");
+}
+
+void TestBatchFailures::unusableRecordingIsLeftOut()
+{
+    QFETCH(QString, bad);
+    QFETCH(QByteArray, contents);
+    const bool isWritten = bad.startsWith(QLatin1StringView("study/"));
+    if (isWritten) {
+        m_batch->write(bad, contents);
+        m_batch->write(QString(bad).replace(QLatin1StringView(".data"), QLatin1StringView(".set")), "[subject]\n");
+    }
+    const QStringList tables = words("--quiet --calculate fixations --export fixations,events --image a.png");
+    QCOMPARE(m_batch->run(tables + words("study/S01.data study/S02.data")).status, 0);
+    const auto expected = m_batch->files();
+    QCOMPARE(expected.size(), 5);
+    m_batch->removeFiles();
+
+    const QStringList recordings{QStringLiteral("study/S01.data"), bad, QStringLiteral("study/S02.data")};
+    const Outcome outcome = m_batch->run(tables + words("--report report.json") + recordings);
+    QCOMPARE(outcome.status, 1);
+    const QString corrupt =
+        QStringLiteral("The file: \n") + bad + QStringLiteral("\n is corrupt and has not been loaded!");
+    QCOMPARE(outcome.errors.last(), QStringLiteral("IMPORT ERROR!: ") + QString(corrupt).replace(u'\n', u' '));
+    QCOMPARE(outcome.written.size(), 6);
+    auto files = m_batch->files();
+    QVERIFY(files.remove(QStringLiteral("report.json")) == 1);
+    QCOMPARE(files.keys(), expected.keys());
+    for (auto file = files.cbegin(); file != files.cend(); ++file)
+        QVERIFY2(file.value() == expected[file.key()], qPrintable(file.key()));
+
+    for (const QJsonValue &input : reportedInputs()) {
+        const bool isBad = input[QStringLiteral("path")].toString() == bad;
+        const QJsonArray messages = input[QStringLiteral("messages")].toArray();
+        QCOMPARE(input[QStringLiteral("used")].toBool(), !isBad);
+        QCOMPARE(messages.isEmpty(), !isBad);
+        if (isBad)
+            QCOMPARE(messages.last()[QStringLiteral("text")].toString(), corrupt);
+    }
+}
+
+void TestBatchFailures::withoutUsableRecordingThereIsNothingToWrite()
+{
+    const Outcome outcome = m_batch->run(words("--quiet --calculate fixations --export fixations,events --image a.png "
+                                               "--report report.json missing.data"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.written, words("report.json"));
+    QCOMPARE(reportedInputs().size(), 1);
+    QCOMPARE(m_batch->files().keys(), words("report.json"));
+}
+
+void TestBatchFailures::missingSetFileAndPictureAreTold()
+{
+    m_batch->write(QStringLiteral("study/alone.data"), m_batch->contents(QStringLiteral("study/S01.data")));
+    m_batch->write(QStringLiteral("study/blind.data"), m_batch->contents(QStringLiteral("study/S02.data")));
+    m_batch->write(QStringLiteral("study/blind.set"), "picturename=gone.png\npicturepath=gone.png\n[subject]\n");
+    const Outcome outcome =
+        m_batch->run(words("--quiet --export fixations --report report.json study/alone.data study/blind.data"));
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors,
+             (QStringList{QStringLiteral("Error opening set file: No such file or directory"),
+                          QStringLiteral("IMPORT ERROR!: The images:  study/gone.png  are missing and have not been "
+                                         "loaded!")}));
+    const QJsonArray inputs = reportedInputs();
+    QCOMPARE(inputs.size(), 3);
+    QCOMPARE(inputs[0][QStringLiteral("messages")].toArray().size(), 1);
+    QCOMPARE(inputs[1][QStringLiteral("messages")].toArray().size(), 0);
+    QCOMPARE(inputs[2][QStringLiteral("kind")].toString(), QStringLiteral("set file"));
+}
+
+void TestBatchFailures::linesOfWrongLengthAreTold()
+{
+    const QString name = QStringLiteral("study/%2.data"); // the name is not taken for a place in a text
+    m_batch->write(name, "a header\n" + sampleLine(0) + "4\t100\t200\n\n" + sampleLine(8) + "12\n" + sampleLine(16));
+    m_batch->write(QStringLiteral("study/%2.set"), "[subject]\n");
+    const Outcome outcome = m_batch->run(words("--quiet --report report.json study/%2.data"));
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors,
+             QStringList{QStringLiteral("%2.data: study/%2.data: left out 2 of the sample lines, which do not have "
+                                        "eleven fields; the first is line 3. Fields are separated by one tab each.")});
+    const QJsonValue recording = reportedInputs()[0];
+    QCOMPARE(recording[QStringLiteral("counts")][QStringLiteral("samples")].toInteger(), 3);
+    QCOMPARE(recording[QStringLiteral("counts")][QStringLiteral("lines of wrong length")].toInteger(), 2);
+    QCOMPARE(recording[QStringLiteral("messages")].toArray().size(), 1);
+}
+
+void TestBatchFailures::aTableThatCannotBeWritten()
+{
+    // A folder has the name of the table; permissions would not stop a superuser.
+    QVERIFY(QDir(m_batch->path(QString())).mkpath(QStringLiteral("tables/vistrum_events_left.csv")));
+    const Outcome outcome = m_batch->run(
+        words("--quiet --out tables --calculate fixations --export fixations,events --image a.png study/S01.data"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.errors,
+             QStringList{QStringLiteral("Export: tables/vistrum_events_left.csv could not be written.")});
+    QCOMPARE(outcome.written,
+             words("tables/vistrum_fixations__fixations_left.csv tables/vistrum_fixations__fixations_right.csv "
+                   "tables/vistrum_events_right.csv a.png"));
+}
+
+void TestBatchFailures::picturesAndReportInAMissingFolder()
+{
+    const Outcome outcome = m_batch->run(
+        words("--quiet --image no/a.png --image no/a.svg --image a.png --report no/report.json study/S01.data"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.errors.size(), 3);
+    QVERIFY(outcome.errors[0].startsWith(QStringLiteral("Image: no/a.png could not be written: ")));
+    QVERIFY(outcome.errors[1].startsWith(QStringLiteral("Image: no/a.svg could not be written: ")));
+    QVERIFY(outcome.errors[2].startsWith(QStringLiteral("Report: no/report.json could not be written: ")));
+    QCOMPARE(outcome.written, words("a.png"));
+}
+
+void TestBatchFailures::withoutTemporaryFolderTheUsersStoreIsNotUsedInstead()
+{
+    // a file is no folder, not even for a superuser
+    m_batch->setVariable(QStringLiteral("TMPDIR"), m_batch->path(QStringLiteral("study/S01.data")));
+    const Outcome outcome = m_batch->run(words("--export fixations study/S01.data"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.errors.size(), 1);
+    QVERIFY(outcome.errors[0].startsWith(
+        QStringLiteral("vistrum-batch: no temporary folder for the settings of the run: ")));
+    QVERIFY(m_batch->files().isEmpty());
+    QVERIFY(BatchProgram::filesIn(m_batch->configurationFolder()).isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestBatchFailures)
+#include "TestBatchFailures.moc"

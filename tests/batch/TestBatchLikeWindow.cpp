@@ -1,0 +1,116 @@
+#include "app/Vistrum.h"
+#include "BatchProgram.h"
+#include "commands/CommandStack.h"
+#include "import/panel/DataWidget.h"
+#include "settings/FirstStart.h"
+#include "settings/SettingsStore.h"
+#include "TestMessages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+/// The window and the batch tool run the same functions; here they prove it on the example study.
+class TestBatchLikeWindow : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void sameTables_data();
+    void sameTables();
+
+private:
+    template <class Widget>
+    Widget *find(const char *name) const
+    {
+        auto *widget = m_window->findChild<Widget *>(QLatin1StringView(name));
+        if (!widget)
+            qFatal("The window has no %s", name);
+        return widget;
+    }
+    void exportFromWindow(const QString &eyes, const QString &folder) const;
+
+    std::unique_ptr<BatchProgram> m_batch;
+    std::unique_ptr<RecordedMessages> m_messages;
+    std::unique_ptr<Vistrum> m_window;
+};
+
+void TestBatchLikeWindow::init()
+{
+    m_batch = std::make_unique<BatchProgram>();
+    QDir::setCurrent(m_batch->path(QString()));
+    SettingsStore::useFile(m_batch->root() + QStringLiteral("/store.ini"));
+    m_messages = std::make_unique<RecordedMessages>();
+    applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
+    CommandStack::instance().clear();
+    m_window = std::make_unique<Vistrum>();
+    find<DataWidget>("Data_Widget")->setRecordingChooser([](const QString &) { return BatchProgram::study(); });
+}
+
+void TestBatchLikeWindow::cleanup()
+{
+    CommandStack::instance().clear(); // its commands refer to the window
+    m_window.reset();
+    m_messages.reset();
+    QDir::setCurrent(QDir::rootPath());
+    SettingsStore::useFile({});
+}
+
+void TestBatchLikeWindow::exportFromWindow(const QString &eyes, const QString &folder) const
+{
+    find<QAbstractButton>("SM_addButton")->click();
+    find<QAbstractButton>("SM_importButton")->click();
+    find<QWidget>("fixationsPage")->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    QVERIFY(QDir().mkpath(folder));
+    find<QLineEdit>("dataFolderLineEdit")->setText(folder);
+    find<QLineEdit>("dataPrefixLineEdit")->setText(QStringLiteral("same"));
+    find<QComboBox>("dataEyeComboBox")->setCurrentText(eyes);
+    find<QCheckBox>("fixationCheckBox")->click();
+    find<QCheckBox>("eventCheckBox")->click();
+    find<QPushButton>("dataExportButton")->click();
+}
+
+void TestBatchLikeWindow::sameTables_data()
+{
+    QTest::addColumn<QString>("inWindow");
+    QTest::addColumn<QString>("inBatch");
+    QTest::addColumn<qsizetype>("tables");
+    QTest::newRow("all eyes") << "for all eyes"
+                              << "all" << qsizetype(4);
+    QTest::newRow("dominant eye") << "dominant only"
+                                  << "dominant" << qsizetype(2);
+    QTest::newRow("left eye") << "left only"
+                              << "left" << qsizetype(2);
+    QTest::newRow("right eye") << "right only"
+                               << "right" << qsizetype(2);
+    QTest::newRow("mean eye") << "mean only"
+                              << "mean" << qsizetype(2);
+}
+
+void TestBatchLikeWindow::sameTables()
+{
+    QFETCH(QString, inWindow);
+    QFETCH(QString, inBatch);
+    QFETCH(qsizetype, tables);
+    exportFromWindow(inWindow, QStringLiteral("window"));
+    QStringList arguments{
+        QStringLiteral("--quiet"),       QStringLiteral("--calculate"),      QStringLiteral("fixations"),
+        QStringLiteral("--export"),      QStringLiteral("fixations,events"), QStringLiteral("--out=batch"),
+        QStringLiteral("--prefix=same"), QStringLiteral("--eyes"),           inBatch};
+    QCOMPARE(m_batch->run(arguments + BatchProgram::study()).status, 0);
+    const auto fromWindow = BatchProgram::filesIn(m_batch->path(QStringLiteral("window")));
+    const auto fromBatch = BatchProgram::filesIn(m_batch->path(QStringLiteral("batch")));
+    QCOMPARE(fromWindow.size(), tables);
+    QCOMPARE(fromBatch.keys(), fromWindow.keys());
+    for (auto file = fromBatch.cbegin(); file != fromBatch.cend(); ++file) {
+        QVERIFY2(file.value().count('\n') > 6, qPrintable(file.key())); // more than a line for each subject
+        QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
+    }
+}
+
+QTEST_MAIN(TestBatchLikeWindow)
+#include "TestBatchLikeWindow.moc"
