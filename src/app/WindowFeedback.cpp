@@ -4,6 +4,7 @@
 #include "base/Progress.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QThread>
@@ -23,13 +24,28 @@ QMessageBox::Icon iconOf(messages::Severity severity)
     return QMessageBox::Critical;
 }
 
+/// Boxes and dialogs belong to the window in front, be it the progress of the work that has something to say.
+QWidget *windowInFront()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
+/// Stays until the work is done: nobody is to touch, in its midst, the data that it works on.
+class ProgressDialog : public QProgressDialog {
+public:
+    using QProgressDialog::QProgressDialog;
+    void reject() override {}
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+};
+
 class MessageBoxes : public messages::IHandler {
 public:
     void show(messages::Severity severity, const QString &title, const QString &text) override
     {
-        const auto box = [=] {
-            QMessageBox(iconOf(severity), title, text, QMessageBox::Ok, QApplication::activeWindow()).exec();
-        };
+        const auto box = [=] { QMessageBox(iconOf(severity), title, text, QMessageBox::Ok, windowInFront()).exec(); };
         if (QThread::currentThread() == qApp->thread())
             box();
         else
@@ -41,11 +57,14 @@ class ProgressDialogs : public Progress::IDisplay {
 public:
     void open(const QString &label, int steps) override
     {
-        m_dialog = std::make_unique<QProgressDialog>(label, QString(), 0, steps, QApplication::activeWindow());
+        m_dialog = std::make_unique<ProgressDialog>(label, QString(), 0, steps, windowInFront());
         m_dialog->setWindowTitle(QApplication::applicationDisplayName());
         m_dialog->setWindowModality(Qt::ApplicationModal);
         m_dialog->setMinimumDuration(0);
-        show(0);
+        m_dialog->setValue(0);
+        m_dialog->show(); // of its own accord it would wait for the event loop, which the work does not enter
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        m_dialog->repaint();
     }
 
     void show(int stepsDone) override
@@ -59,7 +78,7 @@ public:
     void close() override { m_dialog.reset(); }
 
 private:
-    std::unique_ptr<QProgressDialog> m_dialog;
+    std::unique_ptr<ProgressDialog> m_dialog;
 };
 
 } // namespace
