@@ -128,6 +128,11 @@ void Vistrum::sltImportPicture()
 
 // ---- background
 
+void Vistrum::showImported()
+{
+    sltDrawPaths();
+}
+
 int Vistrum::stimulusWidthPx() const
 {
     return m_backgroundPixmap.width();
@@ -146,10 +151,11 @@ void Vistrum::sltUpdateImageView(int index)
         const std::unique_ptr<QGraphicsPixmapItem> gone(std::exchange(m_background, nullptr));
     }
     m_ui->visualization->setUpOnce();
-    const Border border = m_ui->showBorderCheckBox->isChecked() ? Border::Black : Border::None;
     const QStringList images = m_model.images().paths();
     if (index <= images.size())
-        m_backgroundPixmap = backgroundPixmap(index < 1 ? QString() : images[index - 1], border);
+        m_backgroundPixmap = backgroundPixmap(index < 1 ? QString() : images[index - 1], Border::None);
+    if (m_ui->showBorderCheckBox->isChecked())
+        drawBorder(m_backgroundPixmap);
     m_background = addBackground(m_scene, m_backgroundPixmap);
     if (!m_skipOutlierCut)
         cutOrRestoreOutliers();

@@ -31,6 +31,7 @@ public:
     void addTableRow(const Examination &examination) override;
     void removeTableRows(const QList<int> &numbers) override;
     void refreshPlainBackground() override;
+    void showImported() override;
     int stimulusWidthPx() const override;
     void redraw() override;
 

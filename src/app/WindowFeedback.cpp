@@ -4,6 +4,7 @@
 #include "base/Progress.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -25,6 +26,23 @@ QMessageBox::Icon iconOf(messages::Severity severity)
     return QMessageBox::Critical;
 }
 
+/// Boxes and dialogs belong to the window in front, be it the progress of the work that has something to say.
+QWidget *windowInFront()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
+/// Stays until the work is done: nobody is to touch, in its midst, the data that it works on.
+class ProgressDialog : public QProgressDialog {
+public:
+    using QProgressDialog::QProgressDialog;
+    void reject() override {}
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+};
+
 /// A report on many recordings is longer than the screen is high: it scrolls, so that the button stays in reach.
 void addScrollingText(QMessageBox &box, const QString &text)
 {
@@ -40,7 +58,7 @@ void showBox(messages::Severity severity, const QString &title, const QString &t
 {
     constexpr qsizetype mostPlainLines = 25;
     const bool isLong = text.count(u'\n') > mostPlainLines;
-    QMessageBox box(iconOf(severity), title, isLong ? QString() : text, QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(iconOf(severity), title, isLong ? QString() : text, QMessageBox::Ok, windowInFront());
     if (isLong)
         addScrollingText(box, text);
     box.exec();
@@ -62,11 +80,14 @@ class ProgressDialogs : public Progress::IDisplay {
 public:
     void open(const QString &label, int steps) override
     {
-        m_dialog = std::make_unique<QProgressDialog>(label, QString(), 0, steps, QApplication::activeWindow());
+        m_dialog = std::make_unique<ProgressDialog>(label, QString(), 0, steps, windowInFront());
         m_dialog->setWindowTitle(QApplication::applicationDisplayName());
         m_dialog->setWindowModality(Qt::ApplicationModal);
         m_dialog->setMinimumDuration(0);
-        show(0);
+        m_dialog->setValue(0);
+        m_dialog->show(); // of its own accord it would wait for the event loop, which the work does not enter
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        m_dialog->repaint();
     }
 
     void show(int stepsDone) override
@@ -80,7 +101,7 @@ public:
     void close() override { m_dialog.reset(); }
 
 private:
-    std::unique_ptr<QProgressDialog> m_dialog;
+    std::unique_ptr<ProgressDialog> m_dialog;
 };
 
 } // namespace

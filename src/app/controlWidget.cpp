@@ -11,6 +11,7 @@ controlWidget::controlWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_
     m_ui->setupUi(this);
     m_ui->FixCalc_widget->sltUpdateSettings();
     m_ui->comboBox_eyemode->setCurrentIndex(readStored(keys::eyeMode));
+    m_ui->FixCalc_widget->sltUpdateSettings();
     connect(m_ui->comboBox_eyemode, &QComboBox::currentIndexChanged, this, &controlWidget::sltEyeModeChanged);
     connect(m_ui->toolButton, &QToolButton::clicked, this, &controlWidget::sltShowCommandProcessor);
 }
@@ -52,7 +53,8 @@ ExportWidget &controlWidget::exportWidget()
 
 void controlWidget::sltShowCommandProcessor()
 {
-    auto *view = new QUndoView(&CommandStack::instance()); // its own window, which lives until it is closed
+    auto *view = new QUndoView(&CommandStack::instance(), this); // owned by the panel: it does not outlive the program
+    view->setWindowFlag(Qt::Window);
     view->setAttribute(Qt::WA_DeleteOnClose);
     view->setWindowTitle(tr("Undo view"));
     view->setEmptyLabel(tr("<start>"));

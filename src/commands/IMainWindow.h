@@ -19,6 +19,9 @@ public:
     /// An examination was imported: the plain background is drawn anew if it is the one shown.
     virtual void refreshPlainBackground() = 0;
 
+    /// Recordings were imported again by a redo: outliers, time span and picture follow, as after an import.
+    virtual void showImported() = 0;
+
     /// Width of the picture that is shown behind the drawing, in pixels.
     virtual int stimulusWidthPx() const = 0;
 

@@ -22,6 +22,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QUndoView>
+#include <QWindow>
 
 namespace {
 
@@ -70,10 +71,16 @@ private Q_SLOTS:
     void startsWithAWhiteFramedPicture();
     void panelsStartWithTheStoredValues();
     void importsCalculatesAndStepsBack();
+    void thePictureFollowsUndoAndRedoOfAnImport();
+    void outliersStayRemovedAfterARedoneImport();
+    void aCalculationParameterChangesNoPicture();
     void uncheckedExaminationsAreNotDrawn();
     void removesAndBringsBackOutliers();
+    void removingOutliersOfNothingDrawsAnew();
     void anIndexBeyondTheImagesKeepsThePicture();
+    void anIndexBeyondTheImagesDrawsTheBorder();
     void drawingWithoutCheckedExaminationTellsTheUser();
+    void drawingWithoutCheckedExaminationKeepsTheTimeSpan();
     void eyeModeIsStoredAndDrawnWithoutCommand();
     void staysOpenAfterNo();
     void closesAfterYes();
@@ -151,10 +158,27 @@ void TestMainWindow::startsWithAWhiteFramedPicture()
 
 void TestMainWindow::panelsStartWithTheStoredValues()
 {
-    QCOMPARE(find<QSpinBox>("s_spinBox_dur")->value(), 100);
-    QCOMPARE(find<QSpinBox>("s_spinBox_rad")->value(), 40);
+    // None of these is what the form or the record begins with.
+    SettingsStore store;
+    store.setValue(QStringLiteral("Calculation/Fixation/Standard/MinimumDuration"), 170);
+    store.setValue(QStringLiteral("Calculation/Fixation/Standard/MaximumRadius"), 63);
+    store.setValue(QStringLiteral("Calculation/Fixation/Standard/Outlier"), 7);
+    store.setValue(QStringLiteral("Visualization/EyeMode"), 3);
+    store.sync();
+    m_window = std::make_unique<Vistrum>();
+    QCOMPARE(find<QSpinBox>("s_spinBox_dur")->value(), 170);
+    QCOMPARE(find<QSpinBox>("s_spinBox_rad")->value(), 63);
+    QCOMPARE(find<QSpinBox>("s_spinBox_out")->value(), 7);
     QCOMPARE(find<QComboBox>("Fix_comboBox")->currentText(), QStringLiteral("Standard"));
+    QCOMPARE(find<QComboBox>("comboBox_eyemode")->currentText(), QStringLiteral("show right only"));
     QCOMPARE(CommandStack::instance().count(), 0);
+
+    find<DataWidget>("Data_Widget")->setRecordingChooser([](const QString &) { return exampleRecordings().first(1); });
+    find<DataWidget>("Data_Widget")->sltAdd();
+    find<DataWidget>("Data_Widget")->sltImport();
+    find<QWidget>("fixationsPage")->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    const QString text = m_window->model().examinations().constFirst().calculationInfo.fixationCalculationInfo;
+    QVERIFY(text.contains(QStringLiteral("Minimum Duration:170, Outliers:7, Maximum Radius:63\n")));
 }
 
 void TestMainWindow::importsCalculatesAndStepsBack()
@@ -200,6 +224,40 @@ void TestMainWindow::importsCalculatesAndStepsBack()
     QCOMPARE(fixationCount(*m_window), fixations);
 }
 
+void TestMainWindow::thePictureFollowsUndoAndRedoOfAnImport()
+{
+    const QImage empty = picture();
+    importExamples();
+    const QImage points = picture();
+    QVERIFY(points != empty);
+    CommandStack::instance().undo();
+    QCOMPARE(picture(), empty);
+    CommandStack::instance().redo();
+    QCOMPARE(picture(), points);
+}
+
+void TestMainWindow::outliersStayRemovedAfterARedoneImport()
+{
+    find<QCheckBox>("remove_outlier")->click();
+    importExamples();
+    const auto samples = [this] { return m_window->model().examinations().constFirst().leftEye.gazePoints; };
+    const QList<GazePoint> cut = samples();
+    QVERIFY(cut.size() < m_window->model().allExaminations().constFirst().leftEye.gazePoints.size());
+    CommandStack::instance().undo();
+    CommandStack::instance().redo();
+    QCOMPARE(samples(), cut);
+}
+
+void TestMainWindow::aCalculationParameterChangesNoPicture()
+{
+    importExamples();
+    const QImage before = picture();
+    find<QSpinBox>("s_spinBox_rad")->setValue(77);
+    QCOMPARE(CommandStack::instance().undoText(),
+             QStringLiteral("Fixation standard calculation maximum radius changed: 77"));
+    QCOMPARE(picture(), before);
+}
+
 void TestMainWindow::uncheckedExaminationsAreNotDrawn()
 {
     const QImage empty = picture();
@@ -225,6 +283,29 @@ void TestMainWindow::removesAndBringsBackOutliers()
     QCOMPARE(sampleCount(), all);
 }
 
+void TestMainWindow::removingOutliersOfNothingDrawsAnew()
+{
+    const QImage before = picture();
+    QGraphicsScene *scene = find<QGraphicsView>("visualization")->scene();
+    scene->addRect(300, 300, 100, 100, QPen(Qt::red)); // does not outlive a redraw
+    QVERIFY(picture() != before);
+    find<QCheckBox>("remove_outlier")->click();
+    QCOMPARE(picture(), before);
+    QVERIFY(m_window->model().examinations().isEmpty());
+    QVERIFY(m_messages->texts().isEmpty());
+}
+
+void TestMainWindow::anIndexBeyondTheImagesDrawsTheBorder()
+{
+    auto *border = find<QCheckBox>("showBorderCheckBox");
+    border->click();
+    QCOMPARE(picture().pixelColor(2, 800), QColor(Qt::white));
+    border->setChecked(true); // no click: nothing is drawn yet
+    m_window->sltUpdateImageView(99);
+    QCOMPARE(picture().pixelColor(2, 800), QColor(Qt::black));
+    QCOMPARE(find<QGraphicsView>("visualization")->scene()->items().size(), 1);
+}
+
 void TestMainWindow::anIndexBeyondTheImagesKeepsThePicture()
 {
     importExamples();
@@ -239,6 +320,20 @@ void TestMainWindow::drawingWithoutCheckedExaminationTellsTheUser()
     m_window->sltDrawPaths();
     QCOMPARE(m_messages->texts(),
              QStringList{QStringLiteral("No examination selected|Please select an examination first")});
+}
+
+void TestMainWindow::drawingWithoutCheckedExaminationKeepsTheTimeSpan()
+{
+    importExamples();
+    find<ExaminationTable>("tableWidget")->selectAll();
+    click("uncheck_Button");
+    constexpr qint64 shortestSpan = 1000; // ms, of a table without a checked row
+    QCOMPARE(m_window->model().timeEnd(), shortestSpan);
+    const qsizetype told = m_messages->texts().size();
+    m_window->sltDrawPaths();
+    QCOMPARE(m_messages->texts().sliced(told),
+             QStringList{QStringLiteral("No examination selected|Please select an examination first")});
+    QCOMPARE(m_window->model().timeEnd(), shortestSpan);
 }
 
 void TestMainWindow::eyeModeIsStoredAndDrawnWithoutCommand()
@@ -282,6 +377,10 @@ void TestMainWindow::everyUndoViewIsAWindowOfItsOwn()
     button->click();
     button->click();
     QCOMPARE(views(), 2);
+    for (const QWidget *widget : QApplication::topLevelWidgets()) { // an open view does not keep the program running
+        if (qobject_cast<const QUndoView *>(widget))
+            QCOMPARE(widget->windowHandle()->transientParent(), m_window->windowHandle());
+    }
     for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (qobject_cast<QUndoView *>(widget))
             delete widget;

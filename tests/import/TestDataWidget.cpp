@@ -26,12 +26,15 @@ public:
         rows.removeIf([&](int number) { return numbers.contains(number); });
     }
     void refreshPlainBackground() override { ++backgrounds; }
+    void showImported() override { ++shownImports; }
     int stimulusWidthPx() const override { return 0; }
-    void redraw() override {}
+    void redraw() override { ++redraws; }
 
     QList<int> rows;
     QList<QList<int>> removed;
     int backgrounds = 0;
+    int redraws = 0;
+    int shownImports = 0;
 };
 
 } // namespace
@@ -290,10 +293,13 @@ void TestDataWidget::redoReadsTheFilesAnew()
     add({path});
     click("SM_importButton");
     QCOMPARE(m_model->examinations()[0].duration(), 4);
+    QCOMPARE(m_window->shownImports, 0); // whoever pushed the command sees to it
     stack().undo();
+    QCOMPARE(m_window->redraws, 1);
     m_files->write(u"p01.data"_s, "0\t1\t1\t1\t1\t1\t1\t1\t1\t1\t1\n9\t1\t1\t1\t1\t1\t1\t1\t1\t1\t1\n");
     stack().redo();
     QCOMPARE(m_model->examinations()[0].duration(), 9);
+    QCOMPARE(m_window->shownImports, 1);
     QCOMPARE(m_window->rows, QList<int>{1});
 }
 

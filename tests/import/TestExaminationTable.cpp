@@ -16,6 +16,7 @@ public:
     void addTableRow(const Examination &) override {}
     void removeTableRows(const QList<int> &) override {}
     void refreshPlainBackground() override {}
+    void showImported() override {}
     int stimulusWidthPx() const override { return 0; }
     void redraw() override { ++redraws; }
 
@@ -56,7 +57,8 @@ void TestExaminationTable::columnsGrowWithTheProperties()
     ExaminationTable table;
     table.addExamination(examination(1, {{u"subjectID"_s, u"a"_s}, {u"age"_s, u"30"_s}}), {});
     table.addExamination(examination(2, {{u"sex"_s, u"f"_s}, {u"age"_s, u"31"_s}}), {});
-    QCOMPARE(headers(table), QStringList({QString(), u"#"_s, u"subjectID"_s, u"image"_s, u"group"_s, u"age"_s, u"sex"_s}));
+    QCOMPARE(headers(table),
+             QStringList({QString(), u"#"_s, u"subjectID"_s, u"image"_s, u"group"_s, u"age"_s, u"sex"_s}));
     QCOMPARE(table.item(0, ExaminationTable::SubjectColumn)->text(), QStringLiteral("a"));
     QCOMPARE(table.item(1, 5)->text(), QStringLiteral("31"));
     QVERIFY(!table.item(0, 6));

@@ -118,6 +118,7 @@ void CommandDataImport::undo()
     if (m_log)
         m_log->write(
             QStringLiteral("CommandDataImport:undo The import of %1 files has been undone!").arg(m_paths.size()));
+    m_window.redraw();
 }
 
 void CommandDataImport::redo()
@@ -130,6 +131,8 @@ void CommandDataImport::redo()
     m_files.clear();
     if (m_log)
         m_log->write(QStringLiteral("CommandDataImport:redo The import of %1 files is done!").arg(m_paths.size()));
+    if (!std::exchange(m_firstRun, false))
+        m_window.showImported();
 }
 
 CommandPictureImport::CommandPictureImport(DataModel &model, QString path)

@@ -49,7 +49,8 @@ private:
 };
 
 /// Reads the listed recordings into the model and empties the list. Undo deletes the examinations and lists the paths
-/// again; what was read is not kept, so that redo reads the files as they are then.
+/// again; what was read is not kept, so that redo reads the files as they are then. The picture follows both; the first
+/// time it is drawn by whoever pushes the command.
 class CommandDataImport : public QUndoCommand {
 public:
     CommandDataImport(DataModel &model, IMainWindow &window, QListWidget &files, const Log *log);
@@ -62,6 +63,7 @@ private:
     IMainWindow &m_window;
     QListWidget &m_files;
     const Log *m_log;
+    bool m_firstRun = true;
     QStringList m_paths;
     QList<int> m_numbers; ///< running numbers of the examinations that came of the paths
 };

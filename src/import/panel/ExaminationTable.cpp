@@ -23,8 +23,8 @@ QTableWidgetItem *numberItem(int number)
 } // namespace
 
 ExaminationTable::ExaminationTable(QWidget *parent)
-    : QTableWidget(0, GroupColumn + 1, parent),
-      m_labels{QString(), QStringLiteral("#"), QStringLiteral("subjectID"), QStringLiteral("image"),
+    : QTableWidget(0, GroupColumn + 1, parent)
+    , m_labels{QString(), QStringLiteral("#"), QStringLiteral("subjectID"), QStringLiteral("image"),
                QStringLiteral("group")}
 {
     setHorizontalHeaderLabels(m_labels);
@@ -65,7 +65,7 @@ void ExaminationTable::addCheckBox(int row, bool checked)
     box->setChecked(checked);
     box->setToolTip(tr("Takes part in calculations, drawings and exports"));
     setCellWidget(row, CheckBoxColumn, box);
-    connect(box, &QCheckBox::toggled, this, [this, box] { Q_EMIT checkBoxClicked(indexAt(box->pos()).row()); });
+    connect(box, &QCheckBox::toggled, this, [this, box] { Q_EMIT checkBoxClicked(rowOf(box)); });
 }
 
 void ExaminationTable::addGroupBox(int row, const Examination &examination, const QList<Group> &groups)
@@ -120,6 +120,15 @@ void ExaminationTable::setSelectedChecked(bool checked)
 QCheckBox *ExaminationTable::checkBox(int row) const
 {
     return qobject_cast<QCheckBox *>(cellWidget(row, CheckBoxColumn));
+}
+
+/// Not found by its place: rows that were not laid out yet all lie at the same one.
+int ExaminationTable::rowOf(const QCheckBox *box) const
+{
+    int row = rowCount() - 1;
+    while (row >= 0 && checkBox(row) != box)
+        --row;
+    return row;
 }
 
 int ExaminationTable::columnOf(const QString &property)

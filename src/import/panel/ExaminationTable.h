@@ -10,8 +10,8 @@ class QCheckBox;
 
 /// The table of examinations: its check boxes decide what takes part in everything.
 ///
-/// Columns are the check box, "#", "subjectID", "image", "group" and then every further property, added when it first turns
-/// up and never removed. The number in column 1 links a row to its examination, since rows can be sorted.
+/// Columns are the check box, "#", "subjectID", "image", "group" and then every further property, added when it first
+/// turns up and never removed. The number in column 1 links a row to its examination, since rows can be sorted.
 class ExaminationTable : public QTableWidget {
     Q_OBJECT
 public:
@@ -42,6 +42,7 @@ Q_SIGNALS:
 
 private:
     QCheckBox *checkBox(int row) const;
+    int rowOf(const QCheckBox *box) const;
     int columnOf(const QString &property);
     void addCheckBox(int row, bool checked);
     void addGroupBox(int row, const Examination &examination, const QList<Group> &groups);

@@ -19,14 +19,20 @@ QPixmap plainPixmap()
 
 QPixmap backgroundPixmap(const QString &imagePath, Border border)
 {
-    constexpr int frameWidth = 10; // px; half of it falls outside the picture
     QPixmap pixmap = imagePath.isEmpty() ? plainPixmap() : QPixmap(imagePath);
-    if (border == Border::Black && !pixmap.isNull()) {
-        QPainter painter(&pixmap);
-        painter.setPen(QPen(Qt::black, frameWidth));
-        painter.drawRect(0, 0, pixmap.width(), pixmap.height());
-    }
+    if (border == Border::Black)
+        drawBorder(pixmap);
     return pixmap;
+}
+
+void drawBorder(QPixmap &pixmap)
+{
+    constexpr int frameWidth = 10; // px; half of it falls outside the picture
+    if (pixmap.isNull())
+        return;
+    QPainter painter(&pixmap);
+    painter.setPen(QPen(Qt::black, frameWidth));
+    painter.drawRect(0, 0, pixmap.width(), pixmap.height());
 }
 
 QGraphicsPixmapItem *addBackground(QGraphicsScene &scene, const QPixmap &pixmap)
