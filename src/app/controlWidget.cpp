@@ -9,7 +9,6 @@
 controlWidget::controlWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::controlWidget>())
 {
     m_ui->setupUi(this);
-    m_ui->FixCalc_widget->sltUpdateSettings();
     m_ui->comboBox_eyemode->setCurrentIndex(readStored(keys::eyeMode));
     m_ui->FixCalc_widget->sltUpdateSettings();
     connect(m_ui->comboBox_eyemode, &QComboBox::currentIndexChanged, this, &controlWidget::sltEyeModeChanged);
