@@ -12,7 +12,6 @@
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
-#include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <QCloseEvent>
@@ -153,7 +152,7 @@ void Vistrum::sltUpdateImageView(int index)
     m_ui->visualization->setUpOnce();
     const QStringList images = m_model.images().paths();
     if (index <= images.size())
-        m_backgroundPixmap = backgroundPixmap(index < 1 ? QString() : images[index - 1], Border::None);
+        m_backgroundPixmap = m_pictures.pixmap(index < 1 ? QString() : images[index - 1]);
     if (m_ui->showBorderCheckBox->isChecked())
         drawBorder(m_backgroundPixmap);
     m_background = addBackground(m_scene, m_backgroundPixmap);

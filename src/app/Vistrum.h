@@ -3,6 +3,7 @@
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
+#include "visualization/scene/Background.h"
 #include "visualization/TimeFrame.h"
 #include "visualization/VisualizationParameters.h"
 
@@ -74,6 +75,7 @@ private:
     DataModel m_model;
     QGraphicsScene m_scene;
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
+    PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     TimeFrame m_frame{0, 60000};  ///< ms

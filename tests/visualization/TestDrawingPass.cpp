@@ -22,6 +22,8 @@ private Q_SLOTS:
     void plainBackground();
     void backgroundOfAnImage();
     void backgroundThatFailsToLoad();
+    void aPictureIsReadOnce();
+    void aChangedPictureIsReadAgain();
 };
 
 namespace {
@@ -165,6 +167,40 @@ void TestDrawingPass::backgroundThatFailsToLoad()
     QGraphicsScene scene;
     addBackground(scene, pixmap);
     QCOMPARE(scene.items().size(), qsizetype(1));
+}
+
+void TestDrawingPass::aPictureIsReadOnce()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("large.png"));
+    QImage large(2600, 1700, QImage::Format_RGB32); // too large for what Qt itself keeps of read pictures
+    large.fill(Qt::darkGreen);
+    QVERIFY(large.save(path));
+
+    PictureReader reader;
+    const QPixmap first = reader.pixmap(path);
+    QCOMPARE(first.toImage().convertToFormat(QImage::Format_RGB32), large);
+    QCOMPARE(reader.pixmap(path).cacheKey(), first.cacheKey());
+    QPixmap framed = reader.pixmap(path);
+    drawBorder(framed);
+    QCOMPARE(reader.pixmap(path).toImage(), first.toImage()); // the border is drawn on a copy
+    QCOMPARE(reader.pixmap({}).toImage(), backgroundPixmap({}, Border::None).toImage());
+}
+
+void TestDrawingPass::aChangedPictureIsReadAgain()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("stimulus.bmp"));
+    PictureReader reader;
+    QVERIFY(reader.pixmap(path).isNull()); // not there yet
+    for (const int size : {30, 20}) {
+        QImage image(size, size, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QVERIFY(image.save(path));
+        QCOMPARE(reader.pixmap(path).size(), image.size());
+    }
+    QVERIFY(QFile::remove(path));
+    QVERIFY(reader.pixmap(path).isNull());
 }
 
 QTEST_MAIN(TestDrawingPass)

@@ -2,6 +2,7 @@
 
 #include "visualization/Canvas.h"
 
+#include <QFileInfo>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
 #include <QPainter>
@@ -23,6 +24,17 @@ QPixmap backgroundPixmap(const QString &imagePath, Border border)
     if (border == Border::Black)
         drawBorder(pixmap);
     return pixmap;
+}
+
+QPixmap PictureReader::pixmap(const QString &imagePath)
+{
+    const QFileInfo info(imagePath);
+    const File file{imagePath, info.lastModified(), info.size()};
+    if (m_file != file) {
+        m_pixmap = backgroundPixmap(imagePath, Border::None);
+        m_file = file;
+    }
+    return m_pixmap;
 }
 
 void drawBorder(QPixmap &pixmap)

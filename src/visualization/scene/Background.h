@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QDateTime>
 #include <QPixmap>
 
 class QGraphicsPixmapItem;
 class QGraphicsScene;
-class QString;
 
 enum class Border { None, Black };
 
@@ -14,6 +14,25 @@ QPixmap backgroundPixmap(const QString &imagePath, Border border);
 
 /// Draws that border onto a picture; a null pixmap stays as it is.
 void drawBorder(QPixmap &pixmap);
+
+/// Reads pictures like `backgroundPixmap` without border and keeps the last one: a redraw must not wait for the
+/// decoding of a large file, which takes longer than all the drawing. A file that has changed is read again.
+class PictureReader {
+public:
+    QPixmap pixmap(const QString &imagePath);
+
+private:
+    struct File {
+        bool operator==(const File &) const = default;
+
+        QString path;
+        QDateTime modified;
+        qint64 sizeBytes = -1; ///< of no file yet
+    };
+
+    File m_file;
+    QPixmap m_pixmap;
+};
 
 /// Puts the pixmap behind all other items; the scene owns the item.
 QGraphicsPixmapItem *addBackground(QGraphicsScene &scene, const QPixmap &pixmap);
