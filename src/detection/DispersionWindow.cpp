@@ -116,13 +116,14 @@ qsizetype DispersionWindow::trailingOutliers()
 
 bool DispersionWindow::isCleanFixation()
 {
+    if (trimLimit() == 0)
+        return fits();
     // A front that the box knows to be an outlier settles it without a look at the rest, as long as the window slides
     // out of a movement.
-    const bool isTrimmed = trimLimit() > 0;
     const WorkSample &front = *m_samples[m_first];
-    if (isTrimmed && boxHoldsMedian() && m_box.bounds().isOutlier(m_limit, front.x, front.y).value_or(false))
+    if (boxHoldsMedian() && m_box.bounds().isOutlier(m_limit, front.x, front.y).value_or(false))
         return false;
-    return fits() && !(isTrimmed && isOutlier(front));
+    return fits() && !isOutlier(front);
 }
 
 bool DispersionWindow::isOutlier(const WorkSample &sample)

@@ -19,7 +19,8 @@
 /// when they are asked.
 ///
 /// Cost of an appended sample in a window of n: constant while the box decides, else of the order of the square root of
-/// n. The worst case is n: a large part of the samples at just the radius from a median point that does not rest.
+/// n as long as the window fits. A window that does not fit is measured until one outlier too many is found. The worst
+/// case is n: a large part of the samples at just the radius from a median point that does not rest.
 class DispersionWindow {
 public:
     /// @param maximumRadiusPx  a sample at exactly this distance is no outlier.

@@ -168,7 +168,7 @@ void TestDispersionWindow::agreesWithPlain_data()
     QTest::addColumn<int>("cloud");
     QTest::addColumn<int>("allowed");
     for (int cloud = 0; cloud < static_cast<int>(std::size(clouds)); ++cloud) {
-        for (const int allowed : {0, 1, 4, 20, 100000, -1})
+        for (const int allowed : {0, 4, 20, 100000, -1})
             QTest::addRow("%s, %d outliers allowed", clouds[cloud].name, allowed) << cloud << allowed;
     }
 }
@@ -180,7 +180,7 @@ void TestDispersionWindow::agreesWithPlain()
     QFETCH(int, cloud);
     QFETCH(int, allowed);
     constexpr int steps = 600;
-    for (unsigned seed = 0; seed < 3; ++seed) {
+    for (unsigned seed = 0; seed < 2; ++seed) {
         std::mt19937 random(seed);
         const GazePoint source;
         std::vector<WorkSample> samples;

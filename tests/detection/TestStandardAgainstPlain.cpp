@@ -187,7 +187,7 @@ void TestStandardAgainstPlain::sameSections_data()
 void TestStandardAgainstPlain::sameSections()
 {
     QFETCH(int, damage);
-    for (unsigned seed = 0; seed < 24; ++seed) {
+    for (unsigned seed = 0; seed < 12; ++seed) {
         std::mt19937 random(seed);
         constexpr double rates[] = {60, 250, 500, 1000};
         constexpr double noises[] = {0, 0.5, 3, 12};

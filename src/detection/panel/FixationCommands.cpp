@@ -2,11 +2,11 @@
 
 #include "model/DataModel.h"
 
-CommandCalculateFixations::CommandCalculateFixations(DataModel &model, FixationCalculationParameters parameters,
+CommandCalculateFixations::CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
                                                      const Log *log)
     : QUndoCommand(QStringLiteral("Calculate Fixations"))
     , m_model(model)
-    , m_parameters(std::move(parameters))
+    , m_parameters(parameters)
     , m_log(log)
 {
 }

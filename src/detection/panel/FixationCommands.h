@@ -15,7 +15,7 @@ class DataModel;
 class CommandCalculateFixations : public QUndoCommand {
 public:
     /// @param log  may be null.
-    CommandCalculateFixations(DataModel &model, FixationCalculationParameters parameters, const Log *log);
+    CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters, const Log *log);
 
     void undo() override;
     void redo() override;
