@@ -115,12 +115,12 @@ std::optional<UsageError> BatchRun::makeOutputFolder() const
 
 std::optional<UsageError> BatchRun::applySettings()
 {
-    for (const QString &path : std::as_const(m_options.settingsFiles)) {
+    for (const QString &path : m_options.settingsFiles) {
         Registry(Log(QString())).loadSettings(path); // a run leaves no log behind
         addInput(path, QStringLiteral("settings"));
     }
     SettingsStore store;
-    for (const BatchOptions::Setting &setting : std::as_const(m_options.settings)) {
+    for (const BatchOptions::Setting &setting : m_options.settings) {
         if (!store.contains(setting.key)) {
             const QString nearest = suggestion(setting.key, store.allKeys());
             const QString hint = nearest.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(nearest);
@@ -199,7 +199,7 @@ void BatchRun::exportTables()
     if (m_model.examinations().isEmpty())
         return;
     const ExportTarget target{m_options.outputFolder, m_options.prefix, m_options.eyes};
-    for (const BatchOptions::Table table : std::as_const(m_options.tables)) {
+    for (const BatchOptions::Table table : m_options.tables) {
         const ExportResult result =
             table == BatchOptions::Table::Fixations ? exportFixations(m_model, target) : exportEvents(m_model, target);
         for (const QString &path : result.written)
@@ -227,7 +227,7 @@ void BatchRun::exportImages()
                     .fixations = fixations,
                     .clusters = clusters,
                     .saccades = saccades});
-    for (const QString &path : std::as_const(m_options.images)) {
+    for (const QString &path : m_options.images) {
         if (const auto problem = exportScene(scene, path))
             fail(QStringLiteral("Image"), *problem);
         else

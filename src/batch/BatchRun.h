@@ -36,7 +36,7 @@ private:
     void keep(const QString &path);
     void fail(const QString &title, const QString &text);
 
-    BatchOptions m_options;
+    const BatchOptions m_options; ///< const: threads read it, and a non-const access would copy shared lists
     MessageRecord &m_record;
     Terminal &m_output;
     DataModel m_model;
