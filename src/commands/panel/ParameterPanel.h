@@ -30,7 +30,8 @@ public:
     {
         m_controls[Row.key] = [control](const QVariant &value) { setControl(control, value); };
         onChange(control, [this, &record](const auto &value) {
-            CommandStack::instance().push(new Command(static_cast<typename Command::Value>(value), record, *this, m_log));
+            CommandStack::instance().push(
+                new Command(static_cast<typename Command::Value>(value), record, *this, m_log));
         });
     }
 

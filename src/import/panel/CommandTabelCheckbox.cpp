@@ -6,8 +6,12 @@
 
 CommandTabelCheckbox::CommandTabelCheckbox(int row, bool oldState, DataModel &model, ExaminationTable &table,
                                            IMainWindow &window)
-    : QUndoCommand(QStringLiteral("Check Tabel Item")), m_row(row), m_oldState(oldState), m_model(model), m_table(table),
-      m_window(window)
+    : QUndoCommand(QStringLiteral("Check Tabel Item"))
+    , m_row(row)
+    , m_oldState(oldState)
+    , m_model(model)
+    , m_table(table)
+    , m_window(window)
 {
 }
 
