@@ -86,6 +86,7 @@ private Q_SLOTS:
     void showsTheRecordWithoutACommand();
     void aChangeOfAControlIsACommand();
     void undoAndRedoSetTheControlSilently();
+    void reactsToEachShownValue();
     void twoQuickChangesAreTwoCommands();
     void whatIsTypedIsACommandADigit();
     void aDerivedCommandIsPushed();
@@ -163,6 +164,18 @@ void TestParameterPanel::undoAndRedoSetTheControlSilently()
     QCOMPARE(flagChanges.count(), 0);
     QCOMPARE(stack().count(), m_before + 2);
     QVERIFY2(stack().canRedo(), "a new command would have cut off what can be redone");
+}
+
+void TestParameterPanel::reactsToEachShownValue()
+{
+    Panel panel;
+    QList<int> shown;
+    panel.parameters().whenShown<wholeRow>([&](int value) { shown << value; });
+    panel.parameters().whenShown<unboundRow>([&](int value) { shown << value; });
+    panel.whole().setValue(7);
+    stack().undo();
+    panel.parameters().refresh(panel.record(), recordRows);
+    QCOMPARE(shown, (QList<int>{7, 3, 3, 0}));
 }
 
 void TestParameterPanel::twoQuickChangesAreTwoCommands()

@@ -6,6 +6,8 @@ void ParameterPanel::show(QLatin1StringView key, const QVariant &value)
 {
     if (const auto control = m_controls.find(key); control != m_controls.end())
         control->second(value);
+    if (const auto reaction = m_reactions.find(key); reaction != m_reactions.end())
+        reaction->second(value);
 }
 
 void ParameterPanel::setControl(QSpinBox *control, const QVariant &value)

@@ -35,6 +35,15 @@ public:
         });
     }
 
+    /// Calls the reaction with each value of the row that is shown, by a command or by a refresh: for what else in the
+    /// panel depends on the value. The row may be without a control.
+    template <const auto &Row, class Reaction>
+    void whenShown(Reaction reaction)
+    {
+        using Value = typename std::remove_cvref_t<decltype(Row)>::Value;
+        m_reactions[Row.key] = [reaction](const QVariant &value) { reaction(value.value<Value>()); };
+    }
+
     /// Shows the record's value in every bound control of the rows.
     template <class Record, class... Rows>
     void refresh(const Record &record, const std::tuple<Rows...> &rows)
@@ -71,4 +80,5 @@ private:
 
     const Log *m_log = nullptr;
     std::map<QString, std::function<void(const QVariant &)>> m_controls;
+    std::map<QString, std::function<void(const QVariant &)>> m_reactions;
 };
