@@ -15,3 +15,15 @@ QList<SelectedEye> eyesToDraw(const Examination &examination, EyeMode mode)
         eyes << SelectedEye{data, colorOf(data)};
     return eyes;
 }
+
+QList<QList<ExaminationEye>> passesToDraw(const QList<const Examination *> &examinations, EyeMode mode)
+{
+    QList<QList<ExaminationEye>> passes;
+    for (const Examination *examination : examinations) {
+        const QList<SelectedEye> eyes = eyesToDraw(*examination, mode);
+        passes.resize(eyes.size()); // the mode alone decides how many
+        for (qsizetype i = 0; i < eyes.size(); ++i)
+            passes[i] << ExaminationEye{examination, eyes[i]};
+    }
+    return passes;
+}

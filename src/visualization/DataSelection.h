@@ -16,6 +16,16 @@ struct SelectedEye {
 /// The streams of an examination that are drawn, in drawing order.
 QList<SelectedEye> eyesToDraw(const Examination &examination, EyeMode mode);
 
+/// A stream with the examination that it belongs to.
+struct ExaminationEye {
+    const Examination *examination; ///< never null; not owned
+    SelectedEye eye;
+};
+
+/// The streams of several examinations for what is drawn eye by eye: for `showAll` first the left eyes of all, then the
+/// right eyes; for the other modes one pass over all of them. Without examinations there is no pass.
+QList<QList<ExaminationEye>> passesToDraw(const QList<const Examination *> &examinations, EyeMode mode);
+
 /// Whether a raw sample takes part in the drawing: it is valid and inside the frame.
 inline bool isDrawn(const GazePoint &sample, TimeFrame frame)
 {

@@ -53,6 +53,45 @@ QString lineOf(const RasterShape &shape)
         .arg(QLatin1StringView(sum));
 }
 
+QString lineOf(const ArrowShape &shape)
+{
+    const QPoint from = shape.from;
+    const QPoint to = shape.to;
+    return QStringLiteral("arrow %1 %2 to %3 %4 ").arg(from.x()).arg(from.y()).arg(to.x()).arg(to.y()) +
+           (shape.showTip ? QStringLiteral("pointed") : QStringLiteral("blunt")) + styleText(shape.pen, shape.brush) +
+           toolTipText(shape.toolTip);
+}
+
+QString penStyleText(Qt::PenStyle style)
+{
+    switch (style) {
+    case Qt::SolidLine:
+        return QStringLiteral("solid");
+    case Qt::DashLine:
+        return QStringLiteral("dashed");
+    case Qt::DotLine:
+        return QStringLiteral("dotted");
+    default:
+        return QStringLiteral("style %1").arg(static_cast<int>(style));
+    }
+}
+
+QString lineOf(const LineShape &shape)
+{
+    return QStringLiteral("line %1 to %2 pen %3 %4 %5")
+        .arg(numbers({shape.line.x1(), shape.line.y1()}), numbers({shape.line.x2(), shape.line.y2()}),
+             shape.pen.color().name(QColor::HexArgb), text::general6(shape.pen.widthF()),
+             penStyleText(shape.pen.style()));
+}
+
+QString lineOf(const TextShape &shape)
+{
+    return QStringLiteral("text %1 %2 font %3 %4 reads %5")
+        .arg(numbers({shape.topLeft.x(), shape.topLeft.y()}), shape.color.name(), shape.font.family())
+        .arg(shape.font.pointSize())
+        .arg(shape.text);
+}
+
 } // namespace
 
 QString toText(const Drawing &drawing)

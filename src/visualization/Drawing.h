@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QBrush>
+#include <QFont>
 #include <QImage>
+#include <QLineF>
 #include <QList>
 #include <QPen>
 #include <QRectF>
@@ -32,7 +34,30 @@ struct RasterShape {
     QImage image;
 };
 
-using Shape = std::variant<EllipseShape, OvalShape, RasterShape>;
+/// An arrow between two positions, with or without a head at `to`.
+struct ArrowShape {
+    QPoint from;
+    QPoint to;
+    bool showTip = false;
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+};
+
+struct LineShape {
+    QLineF line;
+    QPen pen;
+};
+
+/// A text at its top left corner.
+struct TextShape {
+    QPointF topLeft;
+    QString text;
+    QFont font;
+    QColor color;
+};
+
+using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape>;
 
 /// A picture as data: shapes from back to front, in canvas pixels.
 using Drawing = QList<Shape>;
@@ -42,4 +67,7 @@ using Drawing = QList<Shape>;
 ///     ellipse 640 400 major 30 0 minor 0 20 pen #ff0000 1 brush #7fff0000 tip Fixation ID: 0 | ...
 ///     oval 10 20 5 5 pen #000000 1 brush none
 ///     raster 2560 1600 sha1 ...
+///     arrow 10 20 to 30 40 pointed pen #ff0000 5 brush #ffff0000 tip Saccade ID: 1 | ...
+///     line 10 20 to 30 40 pen #7fff0000 1 dashed
+///     text 10 20 #000000 font Arial 30 reads 14.4°
 QString toText(const Drawing &drawing);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "visualization/AngleStar.h"
 #include "visualization/FixationShapes.h"
 #include "visualization/GazePointRaster.h"
+#include "visualization/SaccadeShapes.h"
 
 #include <QLatin1StringView>
 
@@ -11,21 +13,56 @@
 template <class Build>
 struct DrawingMode {
     QLatin1StringView name; ///< as the panel's combo box shows it
-    Build build;            ///< null where nothing is drawn
+    Build build;            ///< null where the step of this table draws nothing
 };
 
-/// Modes of which each examination is drawn by itself.
-inline constexpr DrawingMode<FixationBuild> fixationModes[] = {
-    {QLatin1StringView("none"), nullptr},
-    {QLatin1StringView("elliptic (pca)"), fixationEllipses},
-    {QLatin1StringView("circular"), fixationCircles},
-};
+// Panels offer all names of a table, in its order.
 
-/// Modes that pool the checked examinations into one picture.
+/// Gaze points of all checked examinations, pooled into one picture.
 using PooledBuild = Drawing (*)(const DrawingContext &);
 inline constexpr DrawingMode<PooledBuild> gazePointModes[] = {
     {QLatin1StringView("none"), nullptr},
     {QLatin1StringView("points"), gazePointSquares},
+    {QLatin1StringView("heatmap"), nullptr},
+    {QLatin1StringView("shadowmap"), nullptr},
+};
+
+/// Fixations, each examination by itself.
+inline constexpr DrawingMode<FixationBuild> fixationModes[] = {
+    {QLatin1StringView("none"), nullptr},
+    {QLatin1StringView("elliptic (pca)"), fixationEllipses},
+    {QLatin1StringView("circular"), fixationCircles},
+    {QLatin1StringView("heatmap"), nullptr},
+    {QLatin1StringView("shadowmap"), nullptr},
+    {QLatin1StringView("histogram"), nullptr},
+    {QLatin1StringView("histogram seperated"), nullptr}, // sic
+};
+
+/// Fixation clusters, each examination by itself.
+using ClusterBuild = Drawing (*)(const Examination &, const DrawingContext &);
+inline constexpr DrawingMode<ClusterBuild> clusterModes[] = {
+    {QLatin1StringView("none"), nullptr},
+    {QLatin1StringView("elliptic (pca)"), nullptr},
+    {QLatin1StringView("circular"), nullptr},
+    {QLatin1StringView("heatmap"), nullptr},
+    {QLatin1StringView("shadowmap"), nullptr},
+    {QLatin1StringView("cumulative elliptic"), nullptr},
+    {QLatin1StringView("cumulative circle"), nullptr},
+    {QLatin1StringView("transitions"), nullptr},
+    {QLatin1StringView("cumulative transitions"), nullptr},
+    {QLatin1StringView("cluster + cumulative transitions"), nullptr},
+};
+
+/// Saccades, all examinations pass by pass.
+inline constexpr DrawingMode<SaccadeBuild> saccadeModes[] = {
+    {QLatin1StringView("none"), nullptr},
+    {QLatin1StringView("arrows"), arrowsOfPass},
+    {QLatin1StringView("anglestar"), angleStarOfPass},
+    {QLatin1StringView("heatmap"), nullptr},
+    {QLatin1StringView("shadowmap"), nullptr},
+    {QLatin1StringView("histogram"), nullptr},
+    {QLatin1StringView("histogram seperated"), nullptr}, // sic
+    {QLatin1StringView("histogram sac vs fix"), nullptr},
 };
 
 /// The builder of a stored mode; null for no drawing and for a mode that the table does not have.

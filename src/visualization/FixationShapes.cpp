@@ -3,12 +3,14 @@
 #include "base/TextFormat.h"
 #include "visualization/DataSelection.h"
 #include "visualization/DrawingModes.h"
+#include "visualization/FixationToolTip.h"
 
 #include <cmath>
 
 namespace {
 
 constexpr double dotSize = 5.0; ///< px
+constexpr QLatin1StringView toolTipTitle("Fixation ID");
 
 /// The fixation as the frame shows it. One that begins inside the frame and is cut by its end stays whole.
 Fixation frameCopy(const Fixation &fixation, TimeFrame frame)
@@ -21,20 +23,6 @@ Fixation frameCopy(const Fixation &fixation, TimeFrame frame)
             inside << sample;
     }
     return {inside, fixation.type, fixation.mean, fixation.number};
-}
-
-/// What the tool tips of both modes have in common; `shapeLine` stands before the mean.
-QString toolTip(const Fixation &fixation, qsizetype index, const QString &shapeLine)
-{
-    const QString clock = QStringLiteral("hh:mm:ss.zzz");
-    const qint64 first = fixation.firstTime();
-    const qint64 last = fixation.lastTime();
-    return QStringLiteral("Fixation ID: %1\r\nStart: %2\r\nEnd: %3\r\nDuration: %4\r\n%5Mean: (%6,%7)")
-        .arg(index)
-        .arg(text::clockTime(first, clock), text::clockTime(last, clock),
-             text::clockTime(last - first, QStringLiteral("ss.zzz")), shapeLine)
-        .arg(fixation.mean.x())
-        .arg(fixation.mean.y());
 }
 
 QString axisRatioLine(const Fixation &fixation)
@@ -97,7 +85,7 @@ Drawing fixationEllipses(const EyeData &eye, TimeFrame frame, const ShapeStyle &
                             shown.minorAxis * factor,
                             style.pen,
                             style.brush,
-                            toolTip(fixation, index, axisRatioLine(fixation))};
+                            fixationToolTip(toolTipTitle, index, fixation, axisRatioLine(fixation))};
     });
 }
 
@@ -122,7 +110,10 @@ Drawing fixationCircles(const EyeData &eye, TimeFrame frame, const ShapeStyle &s
         const int diameter = circleDiameter(fixation, frame, parameters);
         const int radius = diameter / 2; // whole pixels
         const QPointF corner = fixation.mean.toPointF() - QPointF(radius, radius);
-        return OvalShape{{corner, QSizeF(diameter, diameter)}, style.pen, style.brush, toolTip(fixation, index, {})};
+        return OvalShape{{corner, QSizeF(diameter, diameter)},
+                         style.pen,
+                         style.brush,
+                         fixationToolTip(toolTipTitle, index, fixation)};
     });
 }
 

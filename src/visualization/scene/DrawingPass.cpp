@@ -17,7 +17,7 @@ Drawing drawGazePoints(const DrawingContext &context)
 
 // Back to front.
 constexpr ExaminationStep examinationSteps[] = {drawFixations};
-constexpr PooledStep pooledSteps[] = {drawGazePoints};
+constexpr PooledStep pooledSteps[] = {drawSaccades, drawGazePoints};
 
 } // namespace
 

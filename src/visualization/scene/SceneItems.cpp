@@ -1,10 +1,12 @@
 #include "visualization/scene/SceneItems.h"
 
 #include "visualization/scene/ArbitraryEllipseItem.h"
+#include "visualization/scene/ArrowItem.h"
 
 #include <QGraphicsEllipseItem>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
+#include <QGraphicsTextItem>
 
 namespace {
 
@@ -23,6 +25,25 @@ void addItem(QGraphicsScene &scene, const OvalShape &shape)
 void addItem(QGraphicsScene &scene, const RasterShape &shape)
 {
     scene.addPixmap(QPixmap::fromImage(shape.image));
+}
+
+void addItem(QGraphicsScene &scene, const ArrowShape &shape)
+{
+    auto item = std::make_unique<ArrowItem>(shape.from, shape.to, shape.showTip, shape.pen, shape.brush);
+    item->setToolTip(shape.toolTip);
+    scene.addItem(item.release());
+}
+
+void addItem(QGraphicsScene &scene, const LineShape &shape)
+{
+    scene.addLine(shape.line, shape.pen);
+}
+
+void addItem(QGraphicsScene &scene, const TextShape &shape)
+{
+    QGraphicsTextItem *item = scene.addText(shape.text, shape.font);
+    item->setDefaultTextColor(shape.color);
+    item->setPos(shape.topLeft);
 }
 
 } // namespace

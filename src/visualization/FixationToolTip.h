@@ -1,0 +1,13 @@
+#pragma once
+
+#include "model/ScanpathSection.h"
+
+#include <QLatin1StringView>
+
+/// What the pointer is told about a fixation, or about the saccade that leads to it: number, times and mean, a line
+/// each.
+///
+/// @param title  name of the number, such as "Fixation ID".
+/// @param shapeLine  what stands before the mean, with its line end.
+QString fixationToolTip(QLatin1StringView title, qsizetype index, const Fixation &fixation,
+                        const QString &shapeLine = {});

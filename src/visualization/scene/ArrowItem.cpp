@@ -1,0 +1,50 @@
+#include "visualization/scene/ArrowItem.h"
+
+#include "base/TextFormat.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+
+/// Whole pixels on both sides of the line, at an angle of pi / 7 to it.
+QPolygon arrowhead(QPoint to, double dx, double dy, double lineWidth)
+{
+    constexpr double halfOpening = 0.4487989505128276;
+    const double length = 5 * lineWidth;
+    const double back = std::atan2(dy, dx);
+    const auto corner = [&](double angle) {
+        return QPoint(text::truncated(to.x() + length * std::cos(angle)),
+                      text::truncated(to.y() + length * std::sin(angle)));
+    };
+    return {to, corner(back + halfOpening), corner(back - halfOpening), to};
+}
+
+} // namespace
+
+ArrowItem::ArrowItem(QPoint from, QPoint to, bool showTip, QPen pen, QBrush brush)
+    : m_pen(std::move(pen))
+    , m_brush(std::move(brush))
+    , m_from(from)
+    , m_to(to)
+{
+    if (from == to)
+        return;
+    m_tip = arrowhead(to, double(from.x()) - to.x(), double(from.y()) - to.y(), m_pen.width());
+    m_showTip = showTip;
+}
+
+QRectF ArrowItem::boundingRect() const
+{
+    return QRectF(m_from, m_to).normalized();
+}
+
+void ArrowItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    painter->setPen(m_pen);
+    painter->setBrush(m_brush);
+    painter->drawLine(m_from, m_to);
+    if (m_showTip)
+        painter->drawPolygon(m_tip, Qt::OddEvenFill);
+}
