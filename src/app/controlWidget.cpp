@@ -1,27 +1,86 @@
 #include "app/controlWidget.h"
 #include "ui_controlWidget.h"
 
+#include "base/Log.h"
 #include "commands/CommandStack.h"
+#include "model/DataModel.h"
 #include "settings/StoredKeys.h"
+#include "visualization/VisualizationKinds.h"
 
+#include <QSignalBlocker>
 #include <QUndoView>
+
+#include <algorithm>
+
+namespace {
+
+/// The page at which a tool box opens. A place beyond its pages means the last one, which is empty: all are closed.
+void openPage(QToolBox *box, int page)
+{
+    box->setCurrentIndex(std::min(page, box->count() - 1));
+}
+
+constexpr int openedCalculationPage = 3;
+constexpr int openedVisualizationPage = 7;
+
+struct SaliencyParameter {
+    const char *label; ///< null for a parameter that the method does not have
+    int preset;
+};
+
+/// What the four numbers mean to each saliency method; the first one is no method.
+constexpr SaliencyParameter saliencyMethods[][4] = {
+    {},
+    {{}, {"Number local maxima", 12}, {"Size Gabor", 10}, {"Sigma Gabor", 100}},
+    {{"Gauss size", 5}, {"Gauss varrianze x", 2}, {"Gauss varrianze y", 2}, {}}, // sic
+    {{"Edge TH up", 500}, {"Edge TH down", 250}, {"Gauss divisor", 20}, {"Gauss window", 40}},
+};
+
+std::array<QSpinBox *, 4> saliencyNumbers(const Ui::controlWidget &form)
+{
+    return {form.sal_spin_1, form.sal_spin_2, form.sal_spin_3, form.sal_spin_4};
+}
+
+} // namespace
 
 controlWidget::controlWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::controlWidget>())
 {
     m_ui->setupUi(this);
     m_ui->comboBox_eyemode->setCurrentIndex(readStored(keys::eyeMode));
     m_ui->FixCalc_widget->sltUpdateSettings();
-    connect(m_ui->comboBox_eyemode, &QComboBox::currentIndexChanged, this, &controlWidget::sltEyeModeChanged);
-    connect(m_ui->toolButton, &QToolButton::clicked, this, &controlWidget::sltShowCommandProcessor);
+    const auto kinds = visualizationKinds();
+    for (std::size_t i = 0; VisualizationWidget * panel : visualizationWidgets()) {
+        panel->setKind(kinds[i++]);
+        panel->sltUpdateSettings();
+    }
+    openPage(m_ui->toolBox, openedCalculationPage);
+    openPage(m_ui->toolBox_4, openedVisualizationPage);
+    sltSetSalButtons();
+    connectControls();
 }
 
 controlWidget::~controlWidget() = default;
 
+void controlWidget::connectControls()
+{
+    connect(m_ui->comboBox_eyemode, &QComboBox::currentIndexChanged, this, &controlWidget::sltEyeModeChanged);
+    connect(m_ui->toolButton, &QToolButton::clicked, this, &controlWidget::sltShowCommandProcessor);
+    connect(m_ui->doubleSpinBox_start, &QDoubleSpinBox::editingFinished, this, &controlWidget::sltTimeSpinboxChanged);
+    connect(m_ui->doubleSpinBox_end, &QDoubleSpinBox::editingFinished, this, &controlWidget::sltTimeSpinboxChanged);
+    connect(m_ui->comboBox_sal, &QComboBox::currentIndexChanged, this, &controlWidget::sltSetSalButtons);
+    for (QSpinBox *number : saliencyNumbers(*m_ui))
+        connect(number, &QSpinBox::valueChanged, this, &controlWidget::sltSetSalVal);
+    connect(m_ui->stat_calc, &QPushButton::clicked, this, &controlWidget::sigGraphicsParametersChanged);
+}
+
 void controlWidget::setModel(DataModel *model)
 {
+    m_model = model;
     m_ui->Data_Widget->setModel(model);
     m_ui->FixCalc_widget->setModel(model);
     m_ui->export_widget->setModel(model);
+    for (VisualizationWidget *panel : visualizationWidgets())
+        panel->setModel(model);
 }
 
 void controlWidget::setMainWindow(IMainWindow *window)
@@ -31,8 +90,11 @@ void controlWidget::setMainWindow(IMainWindow *window)
 
 void controlWidget::setLog(const Log *log)
 {
+    m_log = log;
     m_ui->Data_Widget->setLog(log);
     m_ui->FixCalc_widget->setLog(log);
+    for (VisualizationWidget *panel : visualizationWidgets())
+        panel->setLog(log);
 }
 
 DataWidget &controlWidget::dataWidget()
@@ -50,6 +112,11 @@ ExportWidget &controlWidget::exportWidget()
     return *m_ui->export_widget;
 }
 
+std::array<VisualizationWidget *, 4> controlWidget::visualizationWidgets() const
+{
+    return {m_ui->gazepoint_widget, m_ui->fixation_widget, m_ui->fixationcluster_widget, m_ui->saccade_widget};
+}
+
 void controlWidget::sltShowCommandProcessor()
 {
     auto *view = new QUndoView(&CommandStack::instance(), this); // owned by the panel: it does not outlive the program
@@ -65,4 +132,67 @@ void controlWidget::sltEyeModeChanged(int index)
 {
     writeStored(keys::eyeMode, index);
     Q_EMIT sigGraphicsParametersChanged();
+}
+
+// ---- time frame
+
+void controlWidget::sltTimelineHasChanged(qint64 start, qint64 end)
+{
+    for (QDoubleSpinBox *field : {m_ui->doubleSpinBox_start, m_ui->doubleSpinBox_end})
+        field->setEnabled(true);
+    m_ui->doubleSpinBox_start->setMaximum(static_cast<double>(end)); // an end typed before must not hold it back
+    m_ui->doubleSpinBox_start->setValue(static_cast<double>(start));
+    m_ui->doubleSpinBox_end->setValue(static_cast<double>(end));
+    write(QStringLiteral("controlWidget::sltTimelineHasChanged(%1, %2)").arg(start).arg(end));
+    if (!m_model)
+        return;
+    m_model->setTimeStart(start);
+    m_model->setTimeEnd(end);
+}
+
+void controlWidget::sltTimespanHasChanged(qint64 duration)
+{
+    m_ui->doubleSpinBox_end->setMaximum(static_cast<double>(duration));
+    write(QStringLiteral("controlWidget::sltTimespanHasChanged(%1)").arg(duration));
+}
+
+void controlWidget::sltTimeSpinboxChanged()
+{
+    const double end = m_ui->doubleSpinBox_end->value();
+    const double start = m_ui->doubleSpinBox_start->value();
+    m_ui->doubleSpinBox_start->setMaximum(end);
+    Q_EMIT sigUpdateTimeframe(static_cast<qint64>(start), static_cast<qint64>(end));
+}
+
+void controlWidget::write(const QString &line) const
+{
+    if (m_log)
+        m_log->write(line);
+}
+
+// ---- saliency
+
+void controlWidget::sltSetSalButtons()
+{
+    const auto &method = saliencyMethods[std::max(0, m_ui->comboBox_sal->currentIndex())];
+    const std::array<QLabel *, 4> labels{m_ui->sal_label_1, m_ui->sal_label_2, m_ui->sal_label_3, m_ui->sal_label_4};
+    const auto numbers = saliencyNumbers(*m_ui);
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const bool isShown = method[i].label != nullptr;
+        labels[i]->setVisible(isShown);
+        numbers[i]->setVisible(isShown);
+        if (!isShown)
+            continue;
+        labels[i]->setText(QString::fromLatin1(method[i].label));
+        numbers[i]->setValue(method[i].preset);
+    }
+}
+
+void controlWidget::sltSetSalVal()
+{
+    if (!m_model)
+        return;
+    const auto numbers = saliencyNumbers(*m_ui);
+    std::transform(numbers.begin(), numbers.end(), m_model->saliencyParameters.begin(),
+                   [](const QSpinBox *number) { return number->value(); });
 }

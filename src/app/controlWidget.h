@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include <array>
 #include <memory>
 
 class DataModel;
@@ -12,12 +13,13 @@ class ExportWidget;
 class FixationControl;
 class IMainWindow;
 class Log;
+class VisualizationWidget;
 
 namespace Ui {
 class controlWidget;
 }
 
-/// The right pane of the main window: owns the panels, in tabs and tool boxes.
+/// The right pane of the main window: owns the panels, in tabs and tool boxes, and the fields of time frame and eye.
 class controlWidget : public QWidget {
     Q_OBJECT
 public:
@@ -32,16 +34,35 @@ public:
     FixationControl &fixationControl();
     ExportWidget &exportWidget();
 
+    /// The panels of gaze points, fixations, fixation clusters and saccades.
+    std::array<VisualizationWidget *, 4> visualizationWidgets() const;
+
 Q_SIGNALS:
     void sigGraphicsParametersChanged();
+    /// The user typed a time frame, in ms.
+    void sigUpdateTimeframe(qint64 start, qint64 end);
+
+    // Kept for whoever drives the window from outside by its signals; the panel itself does not emit them.
+    void sigShowTable(bool shown);
+    void sigShowTimeline(bool shown);
 
 public Q_SLOTS:
+    /// Follows a move of the timeline: fields and model get the frame, in ms.
+    void sltTimelineHasChanged(qint64 start, qint64 end);
+    /// The timeline got another length, in ms.
+    void sltTimespanHasChanged(qint64 duration);
     /// Opens a further view of the undo stack in a window of its own.
     void sltShowCommandProcessor();
 
-private Q_SLOTS:
-    void sltEyeModeChanged(int index);
-
 private:
+    void connectControls();
+    void sltTimeSpinboxChanged();
+    void sltEyeModeChanged(int index);
+    void sltSetSalButtons();
+    void sltSetSalVal();
+    void write(const QString &line) const;
+
     std::unique_ptr<Ui::controlWidget> m_ui;
+    DataModel *m_model = nullptr;
+    const Log *m_log = nullptr;
 };

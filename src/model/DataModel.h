@@ -9,6 +9,9 @@
 /// Everything that is loaded and computed. One instance in a program; nothing of it outlives the process.
 class DataModel {
 public:
+    /// The four numbers of the saliency page; what they mean depends on the method.
+    std::array<int, 4> saliencyParameters{};
+
     /// The containers that pool the checked examinations; the order is that of stored selections.
     enum class Pool { Left = 0, Right = 1, Dominant = 2, Mean = 3 };
 

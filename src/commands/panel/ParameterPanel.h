@@ -1,12 +1,14 @@
 #pragma once
 
 #include "commands/CommandStack.h"
+#include "commands/panel/ColorButton.h"
 #include "commands/ParameterCommand.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QSpinBox>
+#include <QToolButton>
 
 #include <functional>
 #include <map>
@@ -32,6 +34,41 @@ public:
         onChange(control, [this, &record](const auto &value) {
             CommandStack::instance().push(
                 new Command(static_cast<typename Command::Value>(value), record, *this, m_log));
+        });
+    }
+
+    /// A change of the control goes into record and store without a command: nothing to undo.
+    template <const auto &Row, class Control>
+    void bindWithoutCommand(Control *control, typename std::remove_cvref_t<decltype(Row)>::Record &record)
+    {
+        using Value = typename std::remove_cvref_t<decltype(Row)>::Value;
+        m_controls[Row.key] = [control](const QVariant &value) { setControl(control, value); };
+        onChange(control, [&record](const auto &value) { setParameter(record, Row, static_cast<Value>(value)); });
+    }
+
+    /// A click on the button lets the user choose the colour, by a command.
+    template <const auto &Row>
+    void bindColor(QToolButton *button, typename std::remove_cvref_t<decltype(Row)>::Record &record,
+                   ColorChooser chooseColor)
+    {
+        m_controls[Row.key] = [button](const QVariant &value) { showColor(button, value.value<QColor>()); };
+        QObject::connect(button, &QToolButton::clicked, button, [this, &record, chooseColor] {
+            if (const QColor color = chooseColor(record.*Row.member); color.isValid())
+                CommandStack::instance().push(new ParameterCommand<Row>(color, record, *this, m_log));
+        });
+    }
+
+    template <const auto &Row>
+    void bindColorWithoutCommand(QToolButton *button, typename std::remove_cvref_t<decltype(Row)>::Record &record,
+                                 ColorChooser chooseColor)
+    {
+        m_controls[Row.key] = [button](const QVariant &value) { showColor(button, value.value<QColor>()); };
+        QObject::connect(button, &QToolButton::clicked, button, [button, &record, chooseColor] {
+            const QColor color = chooseColor(record.*Row.member);
+            if (!color.isValid())
+                return;
+            showColor(button, color);
+            setParameter(record, Row, color);
         });
     }
 

@@ -1,35 +1,14 @@
 #include "visualization/panel/ZoomPanGraphicsView.h"
 
-#include <QGuiApplication>
+#include "visualization/panel/OpenGlViewport.h"
+
 #include <QKeyEvent>
-#include <QOpenGLContext>
-#include <QOpenGLWidget>
 #include <QWheelEvent>
 
 namespace {
 
 constexpr int zoomLimit = 30;
 constexpr double zoomFactor = 1.15;
-
-/// Some platforms have no OpenGL at all, and a remote desktop may offer it without being able to.
-bool hasOpenGl()
-{
-    const QString platform = QGuiApplication::platformName();
-    if (platform == QLatin1StringView("offscreen") || platform.startsWith(QLatin1StringView("minimal")) ||
-        platform == QLatin1StringView("vnc") || platform == QLatin1StringView("linuxfb"))
-        return false;
-    return QOpenGLContext().create();
-}
-
-QOpenGLWidget *multisampledWidget(QWidget *parent)
-{
-    constexpr int samplesPerPixel = 4;
-    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
-    format.setSamples(samplesPerPixel);
-    auto *widget = new QOpenGLWidget(parent);
-    widget->setFormat(format);
-    return widget;
-}
 
 } // namespace
 
@@ -48,8 +27,7 @@ void ZoomPanGraphicsView::setUpOnce()
     if (m_isSetUp)
         return;
     m_isSetUp = true;
-    if (hasOpenGl())
-        setViewport(multisampledWidget(this));
+    useOpenGlViewport(*this);
     setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     setTransformationAnchor(AnchorUnderMouse);
     setCacheMode(CacheBackground);

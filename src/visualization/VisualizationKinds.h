@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QLatin1StringView>
+#include <QStringList>
+
+#include <span>
+
+/// A kind of data that has a drawing panel of its own.
+struct VisualizationKind {
+    QLatin1StringView settingsPath; ///< first part of its keys in the store
+    QLatin1StringView settingsName; ///< its name in the colour maps of groups
+    QLatin1StringView sizeLabel;
+    QStringList (*modeNames)(); ///< the index is the stored `visualizationMode`
+};
+
+/// The four kinds: gaze points, fixations, fixation clusters, saccades. The place of a kind is its number in
+/// `VisualizationWidget::sigExportheatmap`.
+std::span<const VisualizationKind, 4> visualizationKinds();
+
+/// The number of the kind with this `settingsName`; 0 where there is none.
+int visualizationKindOf(const QString &settingsName);
