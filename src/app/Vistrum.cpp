@@ -5,27 +5,20 @@
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
-#include "import/panel/CommandTabelCheckbox.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
+#include "import/panel/ExaminationTableControl.h"
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
+#include "visualization/GroupColors.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QGraphicsPixmapItem>
 #include <QMessageBox>
-
-#include <algorithm>
-
-namespace {
-
-constexpr qint64 shortestSpanMs = 1000; ///< of the time frame, once examinations are checked by hand
-
-} // namespace
 
 Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Vistrum>())
 {
@@ -42,18 +35,32 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     m_ui->visualization->setScene(&m_scene);
     loadDrawingParameters();
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    makeTable();
     connectForm();
     connectPanels();
 }
 
 Vistrum::~Vistrum() = default;
 
+void Vistrum::makeTable()
+{
+    using Control = ExaminationTableControl;
+    m_table = new Control(*m_ui->tableWidget, *m_ui->groupByComboBox, m_model, *this, this);
+    m_table->setColorTable([this] {
+        return groupColors(m_gazepointParameters, m_fixationParameters, m_clusterParameters, m_saccadeParameters);
+    });
+    connect(m_ui->check_Button, &QPushButton::clicked, m_table, &Control::sltCheck);
+    connect(m_ui->uncheck_Button, &QPushButton::clicked, m_table, &Control::sltUncheck);
+    connect(m_ui->filterButton, &QPushButton::clicked, m_table, &Control::sltShowFilterDialog);
+    connect(m_ui->clearFilterButton, &QPushButton::clicked, m_table, &Control::sltClearFilter);
+    connect(m_ui->manageGroupsButton, &QPushButton::clicked, m_table, &Control::sltManageGroups);
+    connect(m_table, &Control::rowsAdded, this, &Vistrum::rebuildImageList);
+    connect(m_table, &Control::timeSpanWanted, this, &Vistrum::setTimeSpan);
+    connect(m_table, &Control::sigSetSaccadeClusterStatusNone, this, &Vistrum::sigSetSaccadeClusterStatusNone);
+}
+
 void Vistrum::connectForm()
 {
-    connect(m_ui->check_Button, &QPushButton::clicked, this, [this] { m_ui->tableWidget->setSelectedChecked(true); });
-    connect(m_ui->uncheck_Button, &QPushButton::clicked, this,
-            [this] { m_ui->tableWidget->setSelectedChecked(false); });
-    connect(m_ui->tableWidget, &ExaminationTable::checkBoxClicked, this, &Vistrum::sltTableCheckboxClicked);
     connect(m_ui->image_comboBox, &QComboBox::currentIndexChanged, this, &Vistrum::sltUpdateImageView);
     connect(m_ui->fitToScreenButton, &QPushButton::clicked, this, &Vistrum::sltFitToScreen);
     connect(m_ui->originalSiteButton, &QPushButton::clicked, this, &Vistrum::sltOriginalSize);
@@ -89,9 +96,7 @@ void Vistrum::loadDrawingParameters()
 
 void Vistrum::addTableRow(const Examination &examination)
 {
-    m_ui->tableWidget->addExamination(examination, m_model.groups());
-    rebuildImageList();
-    Q_EMIT sigSetSaccadeClusterStatusNone();
+    m_table->addExamination(examination);
 }
 
 void Vistrum::removeTableRows(const QList<int> &numbers)
@@ -99,19 +104,19 @@ void Vistrum::removeTableRows(const QList<int> &numbers)
     m_ui->tableWidget->removeExaminations(numbers);
 }
 
-void Vistrum::sltTableCheckboxClicked(int row)
-{
-    const bool newState = m_ui->tableWidget->isChecked(row);
-    CommandStack::instance().push(new CommandTabelCheckbox(row, !newState, m_model, *m_ui->tableWidget, *this));
-    setTimeSpan(std::max(shortestSpanMs, m_model.longestCheckedDuration()));
-    Q_EMIT sigSetSaccadeClusterStatusNone();
-}
-
+/// A list that is as it was stays, and so does the background chosen from it.
 void Vistrum::rebuildImageList()
 {
-    while (m_ui->image_comboBox->count() > 1)
-        m_ui->image_comboBox->removeItem(1);
-    m_ui->image_comboBox->addItems(m_model.images().names());
+    QComboBox &box = *m_ui->image_comboBox;
+    const QStringList names = m_model.images().names();
+    QStringList shown;
+    for (int i = 1; i < box.count(); ++i)
+        shown << box.itemText(i);
+    if (shown == names)
+        return;
+    while (box.count() > 1)
+        box.removeItem(1);
+    box.addItems(names);
 }
 
 void Vistrum::sltImportPicture()
@@ -234,6 +239,11 @@ void Vistrum::redraw()
                                  .clusters = m_clusterParameters,
                                  .saccades = m_saccadeParameters};
     runDrawingPass(m_scene, m_model, context);
+}
+
+void Vistrum::updateAndRedraw()
+{
+    sltUpdateAndRedraw();
 }
 
 void Vistrum::sltUpdateAndRedraw()

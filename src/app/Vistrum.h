@@ -13,6 +13,7 @@
 
 #include <memory>
 
+class ExaminationTableControl;
 class QGraphicsPixmapItem;
 
 namespace Ui {
@@ -35,6 +36,7 @@ public:
     void showImported() override;
     int stimulusWidthPx() const override;
     void redraw() override;
+    void updateAndRedraw() override;
 
 Q_SIGNALS:
     void sigUpdateSettings();
@@ -63,17 +65,18 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void makeTable();
     void connectForm();
     void connectPanels();
     void cutOrRestoreOutliers();
     void loadDrawingParameters();
     void setTimeSpan(qint64 spanMs);
-    void sltTableCheckboxClicked(int row);
     void rebuildImageList();
 
     Log m_log;
     DataModel m_model;
     QGraphicsScene m_scene;
+    ExaminationTableControl *m_table = nullptr;  ///< a child
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;

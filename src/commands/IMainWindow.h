@@ -26,4 +26,7 @@ public:
     virtual int stimulusWidthPx() const = 0;
 
     virtual void redraw() = 0;
+
+    /// Examinations, groups or colours have changed: the picture is drawn anew.
+    virtual void updateAndRedraw() = 0;
 };

@@ -34,5 +34,5 @@ void CommandTabelCheckbox::apply(bool checked, Reach reach)
     m_model.examinations()[index].checked = checked;
     if (reach == Reach::AllExaminations && index < m_model.allExaminations().size())
         m_model.allExaminations()[index].checked = checked;
-    m_window.redraw();
+    m_window.updateAndRedraw();
 }

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 namespace {
 
@@ -18,6 +19,27 @@ QTableWidgetItem *numberItem(int number)
     auto *item = new QTableWidgetItem; // owned by the table
     item->setData(Qt::DisplayRole, number);
     return item;
+}
+
+/// Turning the wheel scrolls the table. A group is changed only in a box that has been chosen by click or by key: it
+/// cannot be undone.
+class GroupBox : public QComboBox {
+public:
+    explicit GroupBox(QWidget *parent) : QComboBox(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent *event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
+
+QString colorLabel()
+{
+    return QStringLiteral("Color");
 }
 
 } // namespace
@@ -40,6 +62,22 @@ ExaminationTable::ExaminationTable(QWidget *parent)
 void ExaminationTable::addExamination(const Examination &examination, const QList<Group> &groups)
 {
     setSortingEnabled(false); // a half filled row must not wander
+    appendRow(examination, groups);
+    setSortingEnabled(true);
+}
+
+void ExaminationTable::setExaminations(const QList<Examination> &examinations, const QList<Group> &groups)
+{
+    setSortingEnabled(false);
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    setRowCount(0);
+    for (const Examination &examination : examinations)
+        appendRow(examination, groups);
+    setSortingEnabled(true);
+}
+
+void ExaminationTable::appendRow(const Examination &examination, const QList<Group> &groups)
+{
     const int row = rowCount();
     insertRow(row);
     addCheckBox(row, examination.checked);
@@ -53,10 +91,9 @@ void ExaminationTable::addExamination(const Examination &examination, const QLis
             continue;
         const QString value = examination.properties.value(key);
         setItem(row, column, textItem(value));
-        if (key == QLatin1StringView("Color"))
+        if (key == colorLabel())
             item(row, column)->setBackground(QColor::fromRgba(value.toUInt()));
     }
-    setSortingEnabled(true);
 }
 
 void ExaminationTable::addCheckBox(int row, bool checked)
@@ -65,17 +102,18 @@ void ExaminationTable::addCheckBox(int row, bool checked)
     box->setChecked(checked);
     box->setToolTip(tr("Takes part in calculations, drawings and exports"));
     setCellWidget(row, CheckBoxColumn, box);
-    connect(box, &QCheckBox::toggled, this, [this, box] { Q_EMIT checkBoxClicked(rowOf(box)); });
+    connect(box, &QCheckBox::toggled, this, [this, box] { Q_EMIT checkBoxClicked(rowOf(box, CheckBoxColumn)); });
 }
 
 void ExaminationTable::addGroupBox(int row, const Examination &examination, const QList<Group> &groups)
 {
-    auto *box = new QComboBox(this); // owned by the table
+    auto *box = new GroupBox(this); // owned by the table
     box->addItem(QStringLiteral("None"));
     for (const Group &group : groups)
         box->addItem(group.name);
     box->setCurrentText(examination.groupName);
     setCellWidget(row, GroupColumn, box);
+    connect(box, &QComboBox::currentIndexChanged, this, [this, box] { Q_EMIT groupChosen(rowOf(box, GroupColumn)); });
 }
 
 void ExaminationTable::removeExaminations(const QList<int> &numbers)
@@ -117,16 +155,34 @@ void ExaminationTable::setSelectedChecked(bool checked)
     }
 }
 
+QStringList ExaminationTable::groupByNames() const
+{
+    QStringList names = properties();
+    names.removeAll(m_labels[GroupColumn]);
+    return names;
+}
+
+const QComboBox *ExaminationTable::groupBox(int row) const
+{
+    return qobject_cast<const QComboBox *>(cellWidget(row, GroupColumn));
+}
+
+void ExaminationTable::showColor(QTableWidgetItem &cell, QRgb color)
+{
+    cell.setBackground(QColor::fromRgba(color));
+    cell.setText(QString::number(color));
+}
+
 QCheckBox *ExaminationTable::checkBox(int row) const
 {
     return qobject_cast<QCheckBox *>(cellWidget(row, CheckBoxColumn));
 }
 
 /// Not found by its place: rows that were not laid out yet all lie at the same one.
-int ExaminationTable::rowOf(const QCheckBox *box) const
+int ExaminationTable::rowOf(const QWidget *cell, Column column) const
 {
     int row = rowCount() - 1;
-    while (row >= 0 && checkBox(row) != box)
+    while (row >= 0 && cellWidget(row, column) != cell)
         --row;
     return row;
 }

@@ -7,6 +7,7 @@
 #include <QTableWidget>
 
 class QCheckBox;
+class QComboBox;
 
 /// The table of examinations: its check boxes decide what takes part in everything.
 ///
@@ -21,6 +22,9 @@ public:
 
     void addExamination(const Examination &examination, const QList<Group> &groups);
 
+    /// Replaces all rows by these examinations in their order, whatever the user has sorted by.
+    void setExaminations(const QList<Examination> &examinations, const QList<Group> &groups);
+
     /// For each row from the top, compares the numbers in order; a match removes the row at this place before the next
     /// number is tried. Rows that stand in the order of the numbers all vanish.
     void removeExaminations(const QList<int> &numbers);
@@ -28,7 +32,22 @@ public:
     /// Number of the examination in this row; 0 beyond the table.
     int numberOfRow(int row) const;
 
+    /// The labels of all columns.
+    const QStringList &labels() const { return m_labels; }
+
+    /// The labels of the properties, "group" included: what a filter can ask for.
+    QStringList properties() const { return m_labels.sliced(SubjectColumn); }
+
+    /// The labels of the properties that groups can be made of.
+    QStringList groupByNames() const;
+
     bool isChecked(int row) const;
+
+    /// The box that shows the group of this row: "None" and then the groups; null beyond the table.
+    const QComboBox *groupBox(int row) const;
+
+    /// Shows the colour in a cell of the column "Color": as its value and behind it.
+    static void showColor(QTableWidgetItem &cell, QRgb color);
 
     /// Shows the state without a signal, so that no command comes of it.
     void showChecked(int row, bool checked);
@@ -40,9 +59,13 @@ Q_SIGNALS:
     /// The user changed the check box of this row, which already shows the new state.
     void checkBoxClicked(int row);
 
+    /// The user chose another group for this row.
+    void groupChosen(int row);
+
 private:
     QCheckBox *checkBox(int row) const;
-    int rowOf(const QCheckBox *box) const;
+    int rowOf(const QWidget *cell, Column column) const;
+    void appendRow(const Examination &examination, const QList<Group> &groups);
     int columnOf(const QString &property);
     void addCheckBox(int row, bool checked);
     void addGroupBox(int row, const Examination &examination, const QList<Group> &groups);
