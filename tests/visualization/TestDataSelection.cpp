@@ -10,6 +10,8 @@ private Q_SLOTS:
     void frameIncludesItsLimits();
     void eyesAndTheirColors_data();
     void eyesAndTheirColors();
+    void passes_data();
+    void passes();
     void sections_data();
     void sections();
 };
@@ -65,6 +67,40 @@ void TestDataSelection::eyesAndTheirColors()
         found << QString::fromLatin1(stream) + u':' + QString::fromLatin1(color);
     }
     QTEST(found.join(u' '), "expected");
+}
+
+void TestDataSelection::passes_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("expected"); // examination and its stream; passes are separated by a bar
+    const auto row = [](const char *name, EyeMode mode, const char *expected) {
+        QTest::newRow(name) << static_cast<int>(mode) << QString::fromLatin1(expected);
+    };
+    row("left eyes of all, then right ones", EyeMode::showAll, "0 left, 1 left | 0 right, 1 right");
+    row("left", EyeMode::showLeft, "0 left, 1 left");
+    row("the dominant one of each", EyeMode::showDominant, "0 left, 1 right");
+    row("mean", EyeMode::showMean, "0 mean, 1 mean");
+}
+
+void TestDataSelection::passes()
+{
+    QFETCH(int, mode);
+    Examination first;
+    first.dominantEye = QStringLiteral("left");
+    const Examination second;
+    QStringList found;
+    for (const QList<ExaminationEye> &pass : passesToDraw({&first, &second}, static_cast<EyeMode>(mode))) {
+        QStringList names;
+        for (const auto &[examination, eye] : pass) {
+            const char *stream = eye.data == &examination->leftEye    ? " left"
+                                 : eye.data == &examination->rightEye ? " right"
+                                                                      : " mean";
+            names << (examination == &first ? QStringLiteral("0") : QStringLiteral("1")) + QString::fromLatin1(stream);
+        }
+        found << names.join(QStringLiteral(", "));
+    }
+    QTEST(found.join(QStringLiteral(" | ")), "expected");
+    QVERIFY(passesToDraw({}, static_cast<EyeMode>(mode)).isEmpty());
 }
 
 using Span = QPair<qint64, qint64>; // first and last sample in ms; (-1, -1) without samples

@@ -15,10 +15,24 @@ void TestDrawing::oneShapeALine()
         EllipseShape{
             {640, 400}, {30, 0.5}, {-0.25, 20}, QPen(Qt::red, 3), QColor(0, 255, 0, 127), QStringLiteral("a\r\nb")},
         OvalShape{{1.5, 2, 5, 5}, {}, {}, {}},
+        ArrowShape{{1, 2}, {-3, 4}, true, QPen(Qt::red, 3), QColor(0, 255, 0, 127), QStringLiteral("a\r\nb")},
+        ArrowShape{{1, 2}, {-3, 4}, false, {}, {}, {}},
+        LineShape{{{1.5, 2}, {-0.25, 4}}, QPen(QColor(1, 2, 3, 4), 2)},
+        LineShape{{{0, 0}, {1, 1}}, QPen(Qt::black, 1, Qt::DotLine)},
+        LineShape{{{0, 0}, {1, 1}}, QPen(Qt::black, 1, Qt::DashLine)},
+        LineShape{{{0, 0}, {1, 1}}, QPen(Qt::black, 1, Qt::DashDotLine)},
+        TextShape{{1.5, -2}, QStringLiteral("14.4°"), QFont(QStringLiteral("Arial"), 30), Qt::blue},
     };
     QCOMPARE(toText(drawing), QStringLiteral("ellipse 640 400 major 30 0.5 minor -0.25 20 pen #ff0000 3 "
                                              "brush #7f00ff00 tip a | b\n"
-                                             "oval 1.5 2 5 5 pen #000000 1 brush none\n"));
+                                             "oval 1.5 2 5 5 pen #000000 1 brush none\n"
+                                             "arrow 1 2 to -3 4 pointed pen #ff0000 3 brush #7f00ff00 tip a | b\n"
+                                             "arrow 1 2 to -3 4 blunt pen #000000 1 brush none\n"
+                                             "line 1.5 2 to -0.25 4 pen #04010203 2 solid\n"
+                                             "line 0 0 to 1 1 pen #ff000000 1 dotted\n"
+                                             "line 0 0 to 1 1 pen #ff000000 1 dashed\n"
+                                             "line 0 0 to 1 1 pen #ff000000 1 style 4\n"
+                                             "text 1.5 -2 #0000ff font Arial 30 reads 14.4°\n"));
 }
 
 void TestDrawing::rastersWithOneDifferentPixelDiffer()

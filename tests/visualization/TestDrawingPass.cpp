@@ -1,12 +1,14 @@
 #include "ToyData.h"
 #include "visualization/Canvas.h"
 #include "visualization/scene/ArbitraryEllipseItem.h"
+#include "visualization/scene/ArrowItem.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <QGraphicsEllipseItem>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
+#include <QGraphicsTextItem>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
@@ -18,7 +20,9 @@ private Q_SLOTS:
     void onlyWhatIsChecked();
     void laterStepsLieOnTop();
     void emptyFrameAddsNoPixmap();
+    void saccadesLieBetweenFixationsAndWhatIsPooled();
     void wholePicture();
+    void angleStarPicture();
     void plainBackground();
     void backgroundOfAnImage();
     void backgroundThatFailsToLoad();
@@ -34,6 +38,15 @@ Examination examinationAt(QPoint mean, const QString &eye = QStringLiteral("left
     EyeData &data = eye == QStringLiteral("left") ? examination.leftEye : examination.rightEye;
     data.gazePoints = {toy::sample(10, mean.x() + 200.0, mean.y())};
     data.scanpath = {toy::fixation(mean, {40, 0}, {0, 40}, {toy::sample(10, 0, 0), toy::sample(90, 0, 0)})};
+    return examination;
+}
+
+/// The eye goes from here 100 px to the right.
+Examination movementFrom(QPoint mean)
+{
+    Examination examination = examinationAt(mean);
+    examination.leftEye.scanpath << toy::fixation(mean + QPoint(100, 0), {40, 0}, {0, 40},
+                                                  {toy::sample(120, 0, 0), toy::sample(200, 0, 0)});
     return examination;
 }
 
@@ -55,6 +68,12 @@ QString kindsIn(const QGraphicsScene &scene)
             kinds << QStringLiteral("ellipse");
         else if (dynamic_cast<const QGraphicsEllipseItem *>(item))
             kinds << QStringLiteral("oval");
+        else if (dynamic_cast<const ArrowItem *>(item))
+            kinds << QStringLiteral("arrow");
+        else if (dynamic_cast<const QGraphicsLineItem *>(item))
+            kinds << QStringLiteral("line");
+        else if (dynamic_cast<const QGraphicsTextItem *>(item))
+            kinds << QStringLiteral("text");
         else if (dynamic_cast<const QGraphicsPixmapItem *>(item))
             kinds << QStringLiteral("pixmap");
     }
@@ -107,6 +126,19 @@ void TestDrawingPass::emptyFrameAddsNoPixmap()
     QVERIFY(scene.items().isEmpty());
 }
 
+void TestDrawingPass::saccadesLieBetweenFixationsAndWhatIsPooled()
+{
+    toy::Scenery scenery = sceneryOf({movementFrom({300, 300}), movementFrom({600, 300})});
+    scenery.saccades.visualizationMode = 1;
+    QGraphicsScene scene;
+    runDrawingPass(scene, scenery.model, scenery.context());
+    QCOMPARE(kindsIn(scene), QStringLiteral("oval oval oval oval arrow arrow pixmap"));
+    const QGraphicsItem *arrow = scene.items(Qt::AscendingOrder)[4];
+    QCOMPARE(arrow->toolTip(), QStringLiteral("Saccade ID: 1\r\nStart: 00:00:00.120\r\nEnd: 00:00:00.200\r\n"
+                                              "Duration: 00.080\r\nMean: (400,300)"));
+    QCOMPARE(arrow->boundingRect(), QRectF(300, 300, 100, 0));
+}
+
 void TestDrawingPass::wholePicture()
 {
     // An ellipse of the left eye at (300, 300), twice 40 px in radius and opaque enough; its sample at (500, 300).
@@ -133,6 +165,43 @@ void TestDrawingPass::wholePicture()
     const QColor inside = image.pixelColor(300, 378); // 254 / 255 of green on white
     QVERIFY(inside.green() == 255 && inside.red() <= 1 && inside.blue() <= 1);
     QVERIFY(image.pixelColor(900, 700).blue() == 255 && image.pixelColor(900, 700).red() <= 1);
+}
+
+void TestDrawingPass::angleStarPicture()
+{
+    toy::Scenery scenery = sceneryOf({movementFrom({300, 300})});
+    scenery.gazePoints.visualizationMode = 0;
+    scenery.fixations.visualizationMode = 0;
+    scenery.saccades.visualizationMode = 2;
+    scenery.saccades.numberOfHistogramBins = 2;
+    scenery.saccades.angleOffset = 90;
+    scenery.saccades.borderWidth = 6;
+    scenery.saccades.showQuantityArcs = true;
+    scenery.saccades.showDurationArcs = false;
+    QGraphicsScene scene;
+    addBackground(scene, backgroundPixmap({}, Border::None));
+    runDrawingPass(scene, scenery.model, scenery.context());
+    QCOMPARE(kindsIn(scene), QStringLiteral("pixmap oval oval oval oval oval oval oval oval oval oval "
+                                            "line text line text line line"));
+    const auto *label = dynamic_cast<const QGraphicsTextItem *>(scene.items(Qt::AscendingOrder)[14]);
+    QVERIFY(label);
+    QCOMPARE(label->toPlainText(), QStringLiteral("270°"));
+    QCOMPARE(label->defaultTextColor(), QColor(Qt::black));
+    QCOMPARE(label->pos().toPoint(), QPoint(1280, 1475));
+    QImage image(canvas::width, canvas::height, QImage::Format_RGB32);
+    QPainter painter(&image);
+    scene.render(&painter);
+    painter.end();
+    const auto colorAt = [&](int x, int y) { return image.pixelColor(x, y).name(); };
+    QCOMPARE(colorAt(1280 - 475, 800), QStringLiteral("#c8c8c8"));
+    QCOMPARE(colorAt(1280 - 425, 800), QStringLiteral("#646464"));
+    QCOMPARE(colorAt(1280 - 505, 800), QStringLiteral("#ffffff"));
+    // The first spoke goes up between two columns.
+    QVERIFY(colorAt(1279, 250) == QStringLiteral("#000000") || colorAt(1280, 250) == QStringLiteral("#000000"));
+    // To the right is the last of two bins. Its bar stands at 90 + 180 + 90 - 59 = 301 degrees: at 475 px, (245, 407).
+    // Red at 50 of 255 on (200, 200, 200): 211, 161, 161.
+    const QColor bar = image.pixelColor(1280 + 245, 800 + 407);
+    QVERIFY2(std::abs(bar.red() - 211) <= 1 && std::abs(bar.green() - 161) <= 1, qPrintable(bar.name()));
 }
 
 void TestDrawingPass::plainBackground()
