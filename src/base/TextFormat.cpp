@@ -38,6 +38,17 @@ QString clockTime(qint64 timeMs, const QString &format)
     return QTime(0, 0, 0).addMSecs(static_cast<int>(timeMs % dayMs)).toString(format);
 }
 
+QString timeText(qint64 timeMs)
+{
+    constexpr qint64 minuteMs = 60 * 1000;
+    constexpr qint64 hourMs = 60 * minuteMs;
+    if (timeMs < minuteMs)
+        return clockTime(timeMs, QStringLiteral("ss.zzz")) + QStringLiteral(" sec.ms");
+    if (timeMs < hourMs)
+        return clockTime(timeMs, QStringLiteral("mm:ss")) + QStringLiteral(" min:sec");
+    return clockTime(timeMs, QStringLiteral("hh:mm:ss")) + QStringLiteral(" h:min:sec");
+}
+
 int truncated(double value)
 {
     if (std::isnan(value))

@@ -18,6 +18,10 @@ QString decimalComma(QString number);
 /// negative one counts back from midnight.
 QString clockTime(qint64 timeMs, const QString &format);
 
+/// A duration or a time of the recording with its unit: seconds and milliseconds below a minute, minutes and seconds
+/// below an hour, else hours, minutes and seconds. Wraps as `clockTime` does.
+QString timeText(qint64 timeMs);
+
 /// Whole part of a number for texts and pixels, towards zero. Beyond the range of int the nearest int, NaN gives 0.
 int truncated(double value);
 

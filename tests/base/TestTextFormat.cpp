@@ -14,6 +14,8 @@ private Q_SLOTS:
     void truncated();
     void clockTime_data();
     void clockTime();
+    void timeText_data();
+    void timeText();
     void decodesUtf8AndOtherwiseLatin1_data();
     void decodesUtf8AndOtherwiseLatin1();
 };
@@ -74,6 +76,30 @@ void TestTextFormat::clockTime()
     QFETCH(qint64, timeMs);
     QFETCH(QString, format);
     QTEST(text::clockTime(timeMs, format), "expected");
+}
+
+void TestTextFormat::timeText_data()
+{
+    QTest::addColumn<qint64>("timeMs");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("nothing") << qint64(0) << "00.000 sec.ms";
+    QTest::newRow("one millisecond") << qint64(1) << "00.001 sec.ms";
+    QTest::newRow("last one in seconds") << qint64(59999) << "59.999 sec.ms";
+    QTest::newRow("a minute") << qint64(60000) << "01:00 min:sec";
+    QTest::newRow("milliseconds are cut off, not rounded") << qint64(61999) << "01:01 min:sec";
+    QTest::newRow("last one in minutes") << qint64(3599999) << "59:59 min:sec";
+    QTest::newRow("an hour") << qint64(3600000) << "01:00:00 h:min:sec";
+    QTest::newRow("hours, minutes and seconds") << qint64(3723999) << "01:02:03 h:min:sec";
+    QTest::newRow("the last second of a day") << qint64(86399999) << "23:59:59 h:min:sec";
+    QTest::newRow("after a day the clock starts anew") << qint64(86400000) << "00:00:00 h:min:sec";
+    QTest::newRow("beyond 32 bits") << qint64(86400000) * 100 + 3600000 << "01:00:00 h:min:sec";
+    QTest::newRow("before zero") << qint64(-1) << "59.999 sec.ms";
+}
+
+void TestTextFormat::timeText()
+{
+    QFETCH(qint64, timeMs);
+    QTEST(text::timeText(timeMs), "expected");
 }
 
 void TestTextFormat::decodesUtf8AndOtherwiseLatin1_data()
