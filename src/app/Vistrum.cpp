@@ -11,14 +11,19 @@
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
+#include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
+#include "visualization/ActivityCurves.h"
 #include "visualization/GroupColors.h"
+#include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QGraphicsPixmapItem>
 #include <QMessageBox>
+
+#include <algorithm>
 
 Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Vistrum>())
 {
@@ -33,21 +38,30 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     m_ui->control->setMainWindow(this);
     m_ui->control->setLog(&m_log);
     m_ui->visualization->setScene(&m_scene);
-    loadDrawingParameters();
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
     makeTable();
     connectForm();
     connectPanels();
 }
 
-Vistrum::~Vistrum() = default;
+Vistrum::~Vistrum()
+{
+    if (timeline().isDetached())
+        slt_reinsert_timeline(&timeline()); // so that it ends with its parent
+}
+
+Timeline &Vistrum::timeline() const
+{
+    return *m_ui->timeline_widget;
+}
 
 void Vistrum::makeTable()
 {
     using Control = ExaminationTableControl;
     m_table = new Control(*m_ui->tableWidget, *m_ui->groupByComboBox, m_model, *this, this);
     m_table->setColorTable([this] {
-        return groupColors(m_gazepointParameters, m_fixationParameters, m_clusterParameters, m_saccadeParameters);
+        const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
+        return groupColors(*gazePoints, *fixations, *clusters, *saccades);
     });
     connect(m_ui->check_Button, &QPushButton::clicked, m_table, &Control::sltCheck);
     connect(m_ui->uncheck_Button, &QPushButton::clicked, m_table, &Control::sltUncheck);
@@ -55,7 +69,8 @@ void Vistrum::makeTable()
     connect(m_ui->clearFilterButton, &QPushButton::clicked, m_table, &Control::sltClearFilter);
     connect(m_ui->manageGroupsButton, &QPushButton::clicked, m_table, &Control::sltManageGroups);
     connect(m_table, &Control::rowsAdded, this, &Vistrum::rebuildImageList);
-    connect(m_table, &Control::timeSpanWanted, this, &Vistrum::setTimeSpan);
+    connect(m_table, &Control::timeSpanWanted, &timeline(), &Timeline::setTimeSpan);
+    connect(m_table, &Control::groupsChanged, this, &Vistrum::refreshGroups);
     connect(m_table, &Control::sigSetSaccadeClusterStatusNone, this, &Vistrum::sigSetSaccadeClusterStatusNone);
 }
 
@@ -80,16 +95,26 @@ void Vistrum::connectPanels()
     connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
     connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
     connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);
-    connect(this, &Vistrum::sigUpdateSettings, this, &Vistrum::loadDrawingParameters);
     connect(this, &Vistrum::sigUpdateSettings, &control.fixationControl(), &FixationControl::sltUpdateSettings);
+    for (VisualizationWidget *panel : control.visualizationWidgets()) {
+        connect(panel, &VisualizationWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
+        connect(this, &Vistrum::sigUpdateSettings, panel, &VisualizationWidget::sltUpdateSettings);
+    }
+    connect(&control, &controlWidget::sigShowTable, this, &Vistrum::sltShowTable);
+    connect(&control, &controlWidget::sigShowTimeline, this, &Vistrum::sltShowTimeline);
+    connect(&timeline(), &Timeline::timespanChanged, &control, &controlWidget::sltTimespanHasChanged);
+    connect(&timeline(), &Timeline::update_widget, this, &Vistrum::update_timeline_widget);
+    connect(&timeline(), &Timeline::reinsert_widget, this, &Vistrum::slt_reinsert_timeline);
+    connect(&control, &controlWidget::sigUpdateTimeframe, &timeline(), &Timeline::setSliderTimeframe);
 }
 
-void Vistrum::loadDrawingParameters()
+std::array<const VisualizationParameters *, 4> Vistrum::drawingParameters() const
 {
-    m_gazepointParameters = gazePointParameters();
-    m_fixationParameters = fixationParameters();
-    m_clusterParameters = clusterParameters();
-    m_saccadeParameters = saccadeParameters();
+    std::array<const VisualizationParameters *, 4> records{};
+    const auto panels = m_ui->control->visualizationWidgets();
+    std::transform(panels.begin(), panels.end(), records.begin(),
+                   [](const VisualizationWidget *panel) { return &panel->parameters(); });
+    return records;
 }
 
 // ---- table and images
@@ -128,6 +153,17 @@ void Vistrum::sltImportPicture()
     const QString path = dialog.selectedFiles().constFirst();
     CommandStack::instance().push(new CommandPictureImport(m_model, path));
     rebuildImageList();
+}
+
+void Vistrum::refreshGroups()
+{
+    for (VisualizationWidget *panel : m_ui->control->visualizationWidgets())
+        panel->refreshGroups();
+}
+
+void Vistrum::sltShowTable(bool shown)
+{
+    m_ui->tableWidget->setVisible(shown);
 }
 
 // ---- background
@@ -215,40 +251,54 @@ void Vistrum::sltDrawPaths()
                               QStringLiteral("Please select an examination first"));
         return;
     }
-    setTimeSpan(m_model.longestCheckedDuration());
-}
-
-void Vistrum::setTimeSpan(qint64 spanMs)
-{
-    m_frame = {0, spanMs};
-    m_model.setTimeStart(m_frame.startMs);
-    m_model.setTimeEnd(m_frame.endMs);
-    redraw();
+    // Not unique: after a second import each move of the timeline draws twice, and so on.
+    connect(&timeline(), &Timeline::sliderChanged, this, &Vistrum::redraw);
+    connect(&timeline(), &Timeline::sliderChanged, m_ui->control, &controlWidget::sltTimelineHasChanged);
+    timeline().setTimeSpan(m_model.longestCheckedDuration());
 }
 
 void Vistrum::redraw()
 {
+    update_timeline_widget();
     m_background = nullptr; // goes with the scene's items
     m_scene.clear();
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    SettingsStore().sync();
+    const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
     const DrawingContext context{.model = m_model,
                                  .eyeMode = eyeMode(),
-                                 .frame = m_frame,
-                                 .gazePoints = m_gazepointParameters,
-                                 .fixations = m_fixationParameters,
-                                 .clusters = m_clusterParameters,
-                                 .saccades = m_saccadeParameters};
+                                 .frame = {timeline().start(), timeline().end()},
+                                 .gazePoints = *gazePoints,
+                                 .fixations = *fixations,
+                                 .clusters = *clusters,
+                                 .saccades = *saccades};
     runDrawingPass(m_scene, m_model, context);
-}
-
-void Vistrum::updateAndRedraw()
-{
-    sltUpdateAndRedraw();
 }
 
 void Vistrum::sltUpdateAndRedraw()
 {
     redraw();
+}
+
+// ---- timeline
+
+void Vistrum::update_timeline_widget()
+{
+    const ActivityCurves curves = activityCurves(m_model, eyeMode(), timeline().width(),
+                                                 [this](qint64 timeMs) { return timeline().timeToPixel(timeMs); });
+    timeline().setCurve1(curves.samples);
+    timeline().setCurve2(curves.distances);
+}
+
+void Vistrum::slt_reinsert_timeline(QWidget *timeline)
+{
+    m_ui->verticalLayout->insertWidget(0, timeline);
+    timeline->show();
+}
+
+void Vistrum::sltShowTimeline(bool shown)
+{
+    timeline().setVisible(shown);
 }
 
 void Vistrum::resizeEvent(QResizeEvent *event)
@@ -283,7 +333,8 @@ void Vistrum::sltLoadDefaultSettings()
 {
     Registry(m_log).loadSettings(
         findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
-    loadDrawingParameters();
+    for (VisualizationWidget *panel : m_ui->control->visualizationWidgets())
+        panel->sltUpdateSettings();
     m_ui->control->fixationControl().sltUpdateSettings();
 }
 

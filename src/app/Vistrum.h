@@ -4,16 +4,17 @@
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
 #include "visualization/scene/Background.h"
-#include "visualization/TimeFrame.h"
-#include "visualization/VisualizationParameters.h"
 
 #include <QGraphicsScene>
 #include <QMainWindow>
 #include <QPixmap>
 
+#include <array>
 #include <memory>
 
 class ExaminationTableControl;
+struct VisualizationParameters;
+class Timeline;
 class QGraphicsPixmapItem;
 
 namespace Ui {
@@ -54,6 +55,12 @@ public Q_SLOTS:
     void sltUpdateBorder();
     void sltUpdateImageView(int index);
     void sltCutData(int state);
+    void sltShowTable(bool shown);
+    void sltShowTimeline(bool shown);
+    /// The timeline has another size: its curves are made anew.
+    void update_timeline_widget();
+    /// Puts the detached timeline back above the picture.
+    void slt_reinsert_timeline(QWidget *timeline);
     void sltImportPicture();
 
     void sltSaveRegistry();
@@ -69,8 +76,9 @@ private:
     void connectForm();
     void connectPanels();
     void cutOrRestoreOutliers();
-    void loadDrawingParameters();
-    void setTimeSpan(qint64 spanMs);
+    Timeline &timeline() const;
+    std::array<const VisualizationParameters *, 4> drawingParameters() const;
+    void refreshGroups();
     void rebuildImageList();
 
     Log m_log;
@@ -81,10 +89,5 @@ private:
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
-    TimeFrame m_frame{0, 60000};  ///< ms
-    VisualizationParameters m_gazepointParameters;
-    VisualizationParameters m_fixationParameters;
-    VisualizationParameters m_clusterParameters;
-    VisualizationParameters m_saccadeParameters;
     std::unique_ptr<Ui::Vistrum> m_ui;
 };
