@@ -62,7 +62,9 @@ ExaminationTable::ExaminationTable(QWidget *parent)
 void ExaminationTable::addExamination(const Examination &examination, const QList<Group> &groups)
 {
     setSortingEnabled(false); // a half filled row must not wander
-    appendRow(examination, groups);
+    const int row = rowCount();
+    insertRow(row);
+    fillRow(row, examination, groups);
     setSortingEnabled(true);
 }
 
@@ -71,15 +73,14 @@ void ExaminationTable::setExaminations(const QList<Examination> &examinations, c
     setSortingEnabled(false);
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     setRowCount(0);
-    for (const Examination &examination : examinations)
-        appendRow(examination, groups);
+    setRowCount(static_cast<int>(examinations.size())); // at once: the table is laid out anew for each insertion
+    for (int row = 0; row < rowCount(); ++row)
+        fillRow(row, examinations[row], groups);
     setSortingEnabled(true);
 }
 
-void ExaminationTable::appendRow(const Examination &examination, const QList<Group> &groups)
+void ExaminationTable::fillRow(int row, const Examination &examination, const QList<Group> &groups)
 {
-    const int row = rowCount();
-    insertRow(row);
     addCheckBox(row, examination.checked);
     setItem(row, NumberColumn, numberItem(examination.number));
     addGroupBox(row, examination, groups);

@@ -65,7 +65,7 @@ Q_SIGNALS:
 private:
     QCheckBox *checkBox(int row) const;
     int rowOf(const QWidget *cell, Column column) const;
-    void appendRow(const Examination &examination, const QList<Group> &groups);
+    void fillRow(int row, const Examination &examination, const QList<Group> &groups);
     int columnOf(const QString &property);
     void addCheckBox(int row, bool checked);
     void addGroupBox(int row, const Examination &examination, const QList<Group> &groups);

@@ -11,6 +11,12 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+namespace {
+
+constexpr int lineCharacters = 32; ///< that can be seen of a value
+
+} // namespace
+
 filterDialog::filterDialog(const QStringList &labels, ExaminationTableControl &table, QWidget *parent)
     : QDialog(parent)
     , m_table(table)
@@ -35,6 +41,7 @@ QWidget *filterDialog::makeForm(const QStringList &labels)
     addLine(*form, durationFilterKey, QStringLiteral("Time (<Value or >Value):"),
             tr("In ms: >1000 keeps what takes longer than a second, <1000 what takes less"));
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // the first line has it when the dialog opens
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidgetResizable(true);
     area->setWidget(page);
@@ -48,6 +55,7 @@ void filterDialog::addLine(QFormLayout &form, const QString &key, const QString 
     caption->setTextFormat(Qt::PlainText); // "<Value or >" is no markup, and properties may hold anything
     auto *line = new QLineEdit(m_oldFilter.value(key), form.parentWidget());
     line->setToolTip(toolTip);
+    line->setMinimumWidth(fontMetrics().averageCharWidth() * lineCharacters);
     line->setAccessibleName(label);
     form.addRow(caption, line);
     m_lines.insert(key, line);
