@@ -275,6 +275,11 @@ void Vistrum::redraw()
     runDrawingPass(m_scene, m_model, context);
 }
 
+void Vistrum::updateAndRedraw()
+{
+    sltUpdateAndRedraw();
+}
+
 void Vistrum::sltUpdateAndRedraw()
 {
     redraw();
