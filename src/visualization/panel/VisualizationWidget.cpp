@@ -16,6 +16,13 @@ namespace {
 constexpr double powerStep = 100.0; ///< of the whole number in which users set the power
 constexpr double startStep = 100.0; ///< of the slider that sets where a colour of the map stands
 
+/// Whether the mode can take the power; shadow maps cannot take what may be the maximum of a heatmap.
+bool isInRange(double power, const ShownOption &option)
+{
+    const double number = power * powerStep;
+    return !option.range || (number >= option.range->minimum && number <= option.range->maximum);
+}
+
 const QString noGroup = QStringLiteral("None");
 
 } // namespace
@@ -197,7 +204,9 @@ void VisualizationWidget::applyLayout()
 /// the undo stack leave them as they are.
 void VisualizationWidget::takeStartValues()
 {
-    for (const ShownOption &option : modeLayout(m_record)) {
+    for (ShownOption option : modeLayout(m_record)) {
+        if (option.option == DrawingOption::Power && !option.start && !isInRange(m_record.power, option))
+            option.start = option.range->maximum;
         if (!option.start)
             continue;
         if (option.option == DrawingOption::Power)
