@@ -2,16 +2,15 @@
 
 #include "base/TextFormat.h"
 
+#include <QStringBuilder>
+
 QString fixationToolTip(QLatin1StringView title, qsizetype index, const Fixation &fixation, const QString &shapeLine)
 {
     const QString clock = QStringLiteral("hh:mm:ss.zzz");
     const qint64 first = fixation.firstTime();
     const qint64 last = fixation.lastTime();
-    return QStringLiteral("%1: %2\r\nStart: %3\r\nEnd: %4\r\nDuration: %5\r\n%6Mean: (%7,%8)")
-        .arg(title)
-        .arg(index)
-        .arg(text::clockTime(first, clock), text::clockTime(last, clock),
-             text::clockTime(last - first, QStringLiteral("ss.zzz")), shapeLine)
-        .arg(fixation.mean.x())
-        .arg(fixation.mean.y());
+    return title % u": " % QString::number(index) % u"\r\nStart: " % text::clockTime(first, clock) % u"\r\nEnd: " %
+           text::clockTime(last, clock) % u"\r\nDuration: " % text::clockTime(last - first, QStringLiteral("ss.zzz")) %
+           u"\r\n" % shapeLine % u"Mean: (" % QString::number(fixation.mean.x()) % u',' %
+           QString::number(fixation.mean.y()) % u')';
 }
