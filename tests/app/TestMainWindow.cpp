@@ -1,39 +1,21 @@
-#include "app/Vistrum.h"
-#include "commands/CommandStack.h"
-#include "import/panel/DataWidget.h"
 #include "import/panel/ExaminationTable.h"
-#include "settings/FirstStart.h"
-#include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
-#include "TestMessages.h"
+#include "WindowTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGraphicsPixmapItem>
-#include <QGraphicsView>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QSpinBox>
-#include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <QToolButton>
 #include <QUndoView>
 #include <QWindow>
 
 namespace {
-
-QStringList exampleRecordings()
-{
-    const QDir study(QStringLiteral(VISTRUM_SOURCE_DIR "/examples/study"));
-    QStringList paths;
-    for (const QString &name : study.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name))
-        paths << study.filePath(name);
-    return paths;
-}
 
 /// Answers the next modal question box with this button, as a user would.
 void answerNextBox(QMessageBox::StandardButton button)
@@ -62,11 +44,11 @@ QStringList logLines()
 } // namespace
 
 /// The window as a user drives it; the working directory and the store are temporary.
-class TestMainWindow : public QObject {
+class TestMainWindow : public WindowTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { openWindow(); }
+    void cleanup() { closeWindow(); }
 
     void startsWithAWhiteFramedPicture();
     void panelsStartWithTheStoredValues();
@@ -85,67 +67,7 @@ private Q_SLOTS:
     void staysOpenAfterNo();
     void closesAfterYes();
     void everyUndoViewIsAWindowOfItsOwn();
-
-private:
-    template <class Widget>
-    Widget *find(const char *name) const
-    {
-        auto *widget = m_window->findChild<Widget *>(QLatin1StringView(name));
-        Q_ASSERT(widget);
-        return widget;
-    }
-    void click(const char *button) const { QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton); }
-    void showTab(const char *page) const { find<QTabWidget>("tabWidget")->setCurrentWidget(find<QWidget>(page)); }
-    void importExamples() const;
-    QImage picture() const;
-
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<RecordedMessages> m_messages;
-    std::unique_ptr<Vistrum> m_window;
 };
-
-void TestMainWindow::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_folder->isValid());
-    QDir::setCurrent(m_folder->path());
-    SettingsStore::useFile(m_folder->filePath(QStringLiteral("store.ini")));
-    m_messages = std::make_unique<RecordedMessages>();
-    applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
-    CommandStack::instance().clear();
-    m_window = std::make_unique<Vistrum>();
-    find<DataWidget>("Data_Widget")->setRecordingChooser([](const QString &) { return exampleRecordings(); });
-    m_window->resize(1600, 900);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    m_window->sltFitToScreen();
-}
-
-void TestMainWindow::cleanup()
-{
-    CommandStack::instance().clear(); // its commands refer to the window
-    m_window.reset();
-    m_messages.reset();
-    QDir::setCurrent(QDir::rootPath());
-    SettingsStore::useFile({});
-}
-
-void TestMainWindow::importExamples() const
-{
-    showTab("tab_1");
-    click("SM_addButton");
-    click("SM_importButton");
-}
-
-QImage TestMainWindow::picture() const
-{
-    QGraphicsScene *scene = find<QGraphicsView>("visualization")->scene();
-    QImage image(2560, 1600, QImage::Format_ARGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    scene->render(&painter, QRectF(), QRectF(0, 0, 2560, 1600));
-    return image;
-}
 
 void TestMainWindow::startsWithAWhiteFramedPicture()
 {

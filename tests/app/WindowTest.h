@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/Vistrum.h"
+#include "commands/CommandStack.h"
+#include "import/panel/DataWidget.h"
+#include "settings/FirstStart.h"
+#include "settings/SettingsStore.h"
+#include "TestMessages.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QGraphicsView>
+#include <QPainter>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+/// Recordings of the example study, in the order of their names.
+inline QStringList exampleRecordings()
+{
+    const QDir study(QStringLiteral(VISTRUM_SOURCE_DIR "/examples/study"));
+    QStringList paths;
+    for (const QString &name : study.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name))
+        paths << study.filePath(name);
+    return paths;
+}
+
+/// A test that drives the window as a user does; working directory, store and undo stack begin anew with each window.
+class WindowTest : public QObject {
+protected:
+    void openWindow()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+        QDir::setCurrent(m_folder->path());
+        SettingsStore::useFile(m_folder->filePath(QStringLiteral("store.ini")));
+        m_messages = std::make_unique<RecordedMessages>();
+        applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
+        CommandStack::instance().clear();
+        m_window = std::make_unique<Vistrum>();
+        find<DataWidget>("Data_Widget")->setRecordingChooser([](const QString &) { return exampleRecordings(); });
+        m_window->resize(1600, 900);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        m_window->sltFitToScreen();
+    }
+
+    void closeWindow()
+    {
+        CommandStack::instance().clear(); // its commands refer to the window
+        m_window.reset();
+        m_messages.reset();
+        QDir::setCurrent(QDir::rootPath());
+        SettingsStore::useFile({});
+    }
+
+    template <class Widget>
+    Widget *find(const char *name) const
+    {
+        auto *widget = m_window->findChild<Widget *>(QLatin1StringView(name));
+        Q_ASSERT(widget);
+        return widget;
+    }
+    template <class Widget>
+    Widget *find(const char *panel, const char *name) const
+    {
+        auto *widget = find<QWidget>(panel)->template findChild<Widget *>(QLatin1StringView(name));
+        Q_ASSERT(widget);
+        return widget;
+    }
+    void click(const char *button) const { QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton); }
+    void showTab(const char *page) const { find<QTabWidget>("tabWidget")->setCurrentWidget(find<QWidget>(page)); }
+
+    void importExamples() const
+    {
+        showTab("tab_1");
+        click("SM_addButton");
+        click("SM_importButton");
+    }
+
+    /// What is drawn on the canvas, without the view's zoom.
+    QImage picture() const
+    {
+        QGraphicsScene *scene = find<QGraphicsView>("visualization")->scene();
+        QImage image(2560, 1600, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        scene->render(&painter, QRectF(), QRectF(0, 0, 2560, 1600));
+        return image;
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<RecordedMessages> m_messages;
+    std::unique_ptr<Vistrum> m_window;
+};
