@@ -226,8 +226,23 @@ void Vistrum::setTimeSpan(qint64 spanMs)
     redraw();
 }
 
+void Vistrum::holdRedraw()
+{
+    ++m_redrawHolds;
+}
+
+void Vistrum::releaseRedraw()
+{
+    if (--m_redrawHolds == 0 && std::exchange(m_redrawMissed, false))
+        redraw();
+}
+
 void Vistrum::redraw()
 {
+    if (m_redrawHolds > 0) {
+        m_redrawMissed = true;
+        return;
+    }
     m_background = nullptr; // goes with the scene's items
     m_scene.clear();
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
