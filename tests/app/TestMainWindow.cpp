@@ -317,6 +317,9 @@ void TestMainWindow::theLeftPane()
     }
     QCOMPARE(find<QLabel>("groupBylabel")->text(), QStringLiteral("Group by:"));
     QCOMPARE(find<QLabel>("groupBylabel")->buddy(), find<QComboBox>("groupByComboBox"));
+    QCOMPARE(find<QAbstractButton>("filterButton")->shortcut(), QKeySequence(QStringLiteral("Ctrl+F")));
+    QCOMPARE(find<QAbstractButton>("clearFilterButton")->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+F")));
+    QCOMPARE(find<QAbstractButton>("manageGroupsButton")->shortcut(), QKeySequence(QStringLiteral("Ctrl+G")));
     constexpr int widestPx = 300; // leaves room for picture and panels on a small screen
     QVERIFY(find<QWidget>("layoutWidget")->minimumSizeHint().width() < widestPx);
 }
