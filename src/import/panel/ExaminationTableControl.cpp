@@ -92,7 +92,7 @@ void ExaminationTableControl::sltTableCheckboxClicked(int row)
 
 void ExaminationTableControl::slt_table_item_double_clicked(QTableWidgetItem *item)
 {
-    if (m_table.labels()[item->column()] == QLatin1StringView("Color"))
+    if (m_table.labels()[item->column()] == colorProperty)
         chooseColor(*item);
     else if (const Examination *examination = examinationOfRow(item->row()))
         messages::information(QStringLiteral("Information"), examination->calculationInfo.report());
