@@ -257,8 +257,23 @@ void Vistrum::sltDrawPaths()
     timeline().setTimeSpan(m_model.longestCheckedDuration());
 }
 
+void Vistrum::holdRedraw()
+{
+    ++m_redrawHolds;
+}
+
+void Vistrum::releaseRedraw()
+{
+    if (--m_redrawHolds == 0 && std::exchange(m_redrawMissed, false))
+        redraw();
+}
+
 void Vistrum::redraw()
 {
+    if (m_redrawHolds > 0) {
+        m_redrawMissed = true;
+        return;
+    }
     update_timeline_widget();
     m_background = nullptr; // goes with the scene's items
     m_scene.clear();

@@ -38,6 +38,8 @@ public:
     int stimulusWidthPx() const override;
     void redraw() override;
     void updateAndRedraw() override;
+    void holdRedraw() override;
+    void releaseRedraw() override;
 
 Q_SIGNALS:
     void sigUpdateSettings();
@@ -89,5 +91,7 @@ private:
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
+    int m_redrawHolds = 0;        ///< not drawn while there are any
+    bool m_redrawMissed = false;  ///< meanwhile
     std::unique_ptr<Ui::Vistrum> m_ui;
 };

@@ -29,4 +29,21 @@ public:
 
     /// Examinations, groups or colours have changed: the picture is drawn anew.
     virtual void updateAndRedraw() = 0;
+
+    /// From here to as many calls of `releaseRedraw` the picture waits; then it is drawn once, if it was to be drawn at
+    /// all. A window without a picture may leave both out.
+    virtual void holdRedraw() {}
+    virtual void releaseRedraw() {}
+};
+
+/// Holds the picture while it lives: for many changes at a time, each of which would draw it anew.
+class RedrawHold {
+public:
+    explicit RedrawHold(IMainWindow &window) : m_window(window) { m_window.holdRedraw(); }
+    ~RedrawHold() { m_window.releaseRedraw(); }
+    RedrawHold(const RedrawHold &) = delete;
+    RedrawHold &operator=(const RedrawHold &) = delete;
+
+private:
+    IMainWindow &m_window;
 };

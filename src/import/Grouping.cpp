@@ -55,5 +55,5 @@ void setGazePointColor(Examination &examination, QRgb color)
         for (GazePoint &point : eye->gazePoints)
             point.color = color;
     }
-    examination.properties[QStringLiteral("Color")] = QString::number(color);
+    examination.properties[QString(colorProperty)] = QString::number(color);
 }

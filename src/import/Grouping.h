@@ -2,6 +2,9 @@
 
 #include "model/DataModel.h"
 
+/// Property that holds the colour of an examination's samples, as decimal text; its column shows it.
+inline constexpr QLatin1StringView colorProperty("Color");
+
 /// Makes the examination a member of the group with this name.
 void assignGroup(Examination &examination, const QString &name, int index);
 
@@ -20,5 +23,5 @@ void groupBy(DataModel &model, const QString &property, const Group::ColorTable 
 /// name, or the examination has no group any more.
 void keepKnownGroup(Examination &examination, const QStringList &groupNames);
 
-/// Colours every sample of the three streams, and keeps the colour as decimal text in the property "Color".
+/// Colours every sample of the three streams, and keeps the colour in the property `colorProperty`.
 void setGazePointColor(Examination &examination, QRgb color);

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGraphicsPixmapItem>
+#include <QGroupBox>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -57,6 +58,12 @@ private Q_SLOTS:
     void outliersStayRemovedAfterARedoneImport();
     void aCalculationParameterChangesNoPicture();
     void uncheckedExaminationsAreNotDrawn();
+    void theLeftPane();
+    void aFilterTakesWhatOnlyTheHandBringsBack();
+    void aFilterLeavesTheBackground();
+    void groupsHaveTheColorsOfThePanels();
+    void aCheckMarkShowsTheWholeSpan();
+    void aHeldPictureIsDrawnAtTheEnd();
     void removesAndBringsBackOutliers();
     void removingOutliersOfNothingDrawsAnew();
     void anIndexBeyondTheImagesKeepsThePicture();
@@ -192,6 +199,105 @@ void TestMainWindow::uncheckedExaminationsAreNotDrawn()
     QCOMPARE(picture(), empty);
     click("check_Button");
     QVERIFY(picture() != empty);
+}
+
+void TestMainWindow::theLeftPane()
+{
+    QCOMPARE(find<QGroupBox>("TableBox")->title(), QStringLiteral("Table Items"));
+    QCOMPARE(find<QGroupBox>("groupBox")->title(), QStringLiteral("Filter"));
+    QCOMPARE(find<QGroupBox>("groupBox_2")->title(), QStringLiteral("Groups"));
+    const std::pair<const char *, const char *> buttons[] = {
+        {"check_Button", "Check Selected"},    {"uncheck_Button", "Uncheck Selected"},
+        {"remove_outlier", "Remove outlier"},  {"filterButton", "Set Filter"},
+        {"clearFilterButton", "Clear Filter"}, {"manageGroupsButton", "Manage Groups"},
+    };
+    for (const auto &[name, text] : buttons) {
+        const auto *button = find<QAbstractButton>(name);
+        QCOMPARE(button->text(), QLatin1StringView(text));
+        QVERIFY(!button->toolTip().isEmpty());
+        QVERIFY(button->width() >= button->sizeHint().width());
+    }
+    QCOMPARE(find<QLabel>("groupBylabel")->text(), QStringLiteral("Group by:"));
+    QCOMPARE(find<QLabel>("groupBylabel")->buddy(), find<QComboBox>("groupByComboBox"));
+    QCOMPARE(find<QAbstractButton>("filterButton")->shortcut(), QKeySequence(QStringLiteral("Ctrl+F")));
+    QCOMPARE(find<QAbstractButton>("clearFilterButton")->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+F")));
+    QCOMPARE(find<QAbstractButton>("manageGroupsButton")->shortcut(), QKeySequence(QStringLiteral("Ctrl+G")));
+    constexpr int widestPx = 300; // leaves room for picture and panels on a small screen
+    QVERIFY(find<QWidget>("layoutWidget")->minimumSizeHint().width() < widestPx);
+}
+
+void TestMainWindow::aFilterTakesWhatOnlyTheHandBringsBack()
+{
+    importExamples();
+    const QImage all = picture();
+    auto *table = find<ExaminationTable>("tableWidget");
+    filterBy(QStringLiteral("subjectID"), QStringLiteral("S03"));
+    QCOMPARE(CommandStack::instance().undoText(), QStringLiteral("Filter"));
+    QCOMPARE(m_window->model().checkedExaminations().size(), 1);
+    QCOMPARE(m_window->model().checkedExaminations()[0]->subjectId, QStringLiteral("S03"));
+    QVERIFY(table->isChecked(2));
+    QVERIFY(picture() != all);
+    click("clearFilterButton");
+    CommandStack::instance().undo();
+    QCOMPARE(m_window->model().checkedExaminations().size(), 1);
+    table->selectAll();
+    click("check_Button");
+    QCOMPARE(picture(), all);
+}
+
+void TestMainWindow::aFilterLeavesTheBackground()
+{
+    importExamples();
+    auto *images = find<QComboBox>("image_comboBox");
+    images->setCurrentIndex(1);
+    filterBy(QStringLiteral("subjectID"), QStringLiteral("S03"));
+    QCOMPARE(images->currentIndex(), 1);
+}
+
+void TestMainWindow::groupsHaveTheColorsOfThePanels()
+{
+    importExamples();
+    find<QComboBox>("groupByComboBox")->setCurrentText(QStringLiteral("dominant"));
+    const QList<Group> groups = m_window->model().groups();
+    QVERIFY(!groups.isEmpty());
+    for (const Group &group : groups) {
+        QCOMPARE(group.colorsLeft.value(QStringLiteral("FixationVisualization")), fixationParameters().fillColorLeft);
+        QCOMPARE(group.colorsDominant.value(QStringLiteral("SaccadeVisualization")), saccadeParameters().fillColor);
+    }
+    const Examination &first = m_window->model().examinations().constFirst();
+    QCOMPARE(first.groupName, first.properties.value(QStringLiteral("dominant")));
+    QCOMPARE(find<ExaminationTable>("tableWidget")->groupBox(0)->currentText(), first.groupName);
+    QCOMPARE(find<QComboBox>("groupByComboBox")->currentIndex(), 0);
+}
+
+void TestMainWindow::aCheckMarkShowsTheWholeSpan()
+{
+    importExamples();
+    auto *table = find<ExaminationTable>("tableWidget");
+    qobject_cast<QCheckBox *>(table->cellWidget(0, ExaminationTable::CheckBoxColumn))->click();
+    QCOMPARE(m_window->model().timeStart(), 0);
+    QCOMPARE(m_window->model().timeEnd(), m_window->model().longestCheckedDuration());
+}
+
+void TestMainWindow::aHeldPictureIsDrawnAtTheEnd()
+{
+    const QImage before = picture();
+    QGraphicsScene *scene = find<QGraphicsView>("visualization")->scene();
+    scene->addRect(300, 300, 100, 100, QPen(Qt::red)); // does not outlive a redraw
+    {
+        const RedrawHold outer(*m_window);
+        {
+            const RedrawHold inner(*m_window);
+            m_window->updateAndRedraw();
+        }
+        QVERIFY(picture() != before);
+    }
+    QCOMPARE(picture(), before);
+    scene->addRect(300, 300, 100, 100, QPen(Qt::red));
+    {
+        const RedrawHold nothing(*m_window);
+    }
+    QVERIFY(picture() != before); // nobody asked
 }
 
 void TestMainWindow::removesAndBringsBackOutliers()

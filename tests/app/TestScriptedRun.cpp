@@ -5,9 +5,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QToolButton>
@@ -46,7 +43,6 @@ private Q_SLOTS:
 
 private:
     void set(const Change &change) const;
-    void setFilter(const QString &label, const QString &value) const;
     void groupBy(const QString &property) const;
     void dragFrame() const;
     void calculate() const { find<QToolButton>("fixationsPage", "toolButton")->click(); }
@@ -64,21 +60,6 @@ void TestScriptedRun::set(const Change &change) const
         box->setChecked(change.value != 0);
     else
         QFAIL(change.control);
-}
-
-void TestScriptedRun::setFilter(const QString &label, const QString &value) const
-{
-    click("filterButton");
-    auto *dialog = m_window->findChild<QDialog *>(QStringLiteral("filterDialog"));
-    QVERIFY(dialog);
-    const auto *form = dialog->findChild<QFormLayout *>();
-    QVERIFY(form);
-    for (int row = 0; row < form->rowCount(); ++row) {
-        const auto *name = qobject_cast<QLabel *>(form->itemAt(row, QFormLayout::LabelRole)->widget());
-        if (name && name->text() == label)
-            qobject_cast<QLineEdit *>(form->itemAt(row, QFormLayout::FieldRole)->widget())->setText(value);
-    }
-    QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("okButton")), Qt::LeftButton);
 }
 
 void TestScriptedRun::groupBy(const QString &property) const
@@ -105,7 +86,7 @@ void TestScriptedRun::endsInThePictureOfTheSameStateReachedDirectly()
     openWindow();
     importExamples();
     const QImage imported = picture();
-    setFilter(QStringLiteral("dominant"), QStringLiteral("right"));
+    filterBy(QStringLiteral("dominant"), QStringLiteral("right"));
     groupBy(QStringLiteral("subjectID"));
     find<QComboBox>("comboBox_eyemode")->setCurrentIndex(static_cast<int>(EyeMode::showDominant));
     dragFrame();
@@ -137,7 +118,7 @@ void TestScriptedRun::endsInThePictureOfTheSameStateReachedDirectly()
         set(change);
     find<QComboBox>("comboBox_eyemode")->setCurrentIndex(static_cast<int>(EyeMode::showDominant));
     importExamples();
-    setFilter(QStringLiteral("dominant"), QStringLiteral("right"));
+    filterBy(QStringLiteral("dominant"), QStringLiteral("right"));
     calculate();
     drawChanges();
     QCOMPARE(stack.count(), commands);

@@ -3,13 +3,17 @@
 #include "app/Vistrum.h"
 #include "commands/CommandStack.h"
 #include "import/panel/DataWidget.h"
+#include "import/panel/filterDialog.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsStore.h"
 #include "TestMessages.h"
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QFormLayout>
 #include <QGraphicsView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -78,6 +82,26 @@ protected:
         showTab("tab_1");
         click("SM_addButton");
         click("SM_importButton");
+    }
+
+    /// Types the value into the line of this label in the filter dialog.
+    void filterBy(const QString &label, const QString &value) const
+    {
+        click("filterButton");
+        auto *dialog = m_window->findChild<filterDialog *>();
+        QVERIFY(dialog);
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        const auto *form = dialog->findChild<QFormLayout *>();
+        for (int row = 0; row < form->rowCount(); ++row) {
+            const auto *caption = qobject_cast<QLabel *>(form->itemAt(row, QFormLayout::LabelRole)->widget());
+            if (caption->text() != label)
+                continue;
+            auto *line = qobject_cast<QLineEdit *>(form->itemAt(row, QFormLayout::FieldRole)->widget());
+            line->clear();
+            QTest::keyClicks(line, value);
+            QTest::keyClick(line, Qt::Key_Return);
+        }
+        QTRY_VERIFY(!m_window->findChild<filterDialog *>());
     }
 
     /// What is drawn on the canvas, without the view's zoom.

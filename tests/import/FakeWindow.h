@@ -3,6 +3,8 @@
 #include "commands/IMainWindow.h"
 #include "model/Examination.h"
 
+#include <utility>
+
 /// Counts how often the picture would have been drawn.
 class FakeWindow : public IMainWindow {
 public:
@@ -12,7 +14,21 @@ public:
     void showImported() override {}
     int stimulusWidthPx() const override { return 0; }
     void redraw() override {}
-    void updateAndRedraw() override { ++updates; }
+    void updateAndRedraw() override
+    {
+        ++updates;
+        drawings += holds == 0 ? 1 : 0;
+        missed = missed || holds > 0;
+    }
+    void holdRedraw() override { ++holds; }
+    void releaseRedraw() override
+    {
+        if (--holds == 0 && std::exchange(missed, false))
+            ++drawings;
+    }
 
-    int updates = 0;
+    int updates = 0;  ///< asked for
+    int drawings = 0; ///< done
+    int holds = 0;
+    bool missed = false;
 };

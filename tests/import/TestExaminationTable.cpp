@@ -48,6 +48,7 @@ private Q_SLOTS:
     void allRowsAnew();
     void columnsStayWithoutRows();
     void groupsOfARow();
+    void aPropertyDoesNotReplaceTheNumber();
     void theWheelChangesNoGroup();
     void theCellOfAColor();
 };
@@ -204,6 +205,15 @@ void TestExaminationTable::groupsOfARow()
     qobject_cast<QComboBox *>(table.cellWidget(1, ExaminationTable::GroupColumn))->setCurrentIndex(1);
     QCOMPARE(chosen.size(), 1);
     QCOMPARE(chosen[0][0].toInt(), 1);
+}
+
+void TestExaminationTable::aPropertyDoesNotReplaceTheNumber()
+{
+    ExaminationTable table;
+    table.addExamination(examination(7, {{u"#"_s, u"12"_s}, {QString(), u"x"_s}}), {});
+    QCOMPARE(table.numberOfRow(0), 7);
+    QVERIFY(!table.item(0, ExaminationTable::CheckBoxColumn));
+    QCOMPARE(table.columnCount(), 5);
 }
 
 void TestExaminationTable::theWheelChangesNoGroup()

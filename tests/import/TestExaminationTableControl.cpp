@@ -26,6 +26,7 @@ private Q_SLOTS:
     void aClickAfterSortingChangesItsOwnExamination();
     void undoAfterSortingKeepsToTheRow();
     void checkingSelectedRowsIsACommandEach();
+    void manyCheckMarksAreDrawnOnce();
     void aClickSharesTheSamples();
 
     void aFilterNobodyMeetsUnchecksForGood();
@@ -169,6 +170,19 @@ void TestExaminationTableControl::checkingSelectedRowsIsACommandEach()
     m_table->table->clearSelection();
     m_table->control.sltUncheck();
     QCOMPARE(m_table->checks(), QList<bool>({true, true, true}));
+}
+
+void TestExaminationTableControl::manyCheckMarksAreDrawnOnce()
+{
+    m_table->table->selectAll();
+    m_table->control.sltUncheck();
+    QCOMPARE(m_table->window.updates, 3);
+    QCOMPARE(m_table->window.drawings, 1);
+    m_table->control.sltUncheck(); // nothing is left to uncheck
+    QCOMPARE(m_table->window.drawings, 1);
+    m_table->control.sltCheck();
+    QCOMPARE(m_table->window.drawings, 2);
+    QCOMPARE(m_table->window.holds, 0);
 }
 
 void TestExaminationTableControl::aClickSharesTheSamples()

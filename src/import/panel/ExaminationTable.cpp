@@ -1,5 +1,7 @@
 #include "import/panel/ExaminationTable.h"
 
+#include "import/Grouping.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
@@ -36,11 +38,6 @@ protected:
             event->ignore();
     }
 };
-
-QString colorLabel()
-{
-    return QStringLiteral("Color");
-}
 
 } // namespace
 
@@ -88,11 +85,11 @@ void ExaminationTable::fillRow(int row, const Examination &examination, const QL
     keys.sort(); // columns in an order that is the same in every run
     for (const QString &key : std::as_const(keys)) {
         const int column = columnOf(key);
-        if (column == GroupColumn)
+        if (column < SubjectColumn || column == GroupColumn) // a set file may hold any key, but rows keep their number
             continue;
         const QString value = examination.properties.value(key);
         setItem(row, column, textItem(value));
-        if (key == colorLabel())
+        if (key == colorProperty)
             item(row, column)->setBackground(QColor::fromRgba(value.toUInt()));
     }
 }

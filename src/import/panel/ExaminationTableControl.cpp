@@ -69,16 +69,19 @@ void ExaminationTableControl::rebuildGroupByBox()
 
 void ExaminationTableControl::sltCheck()
 {
+    const RedrawHold hold(m_window);
     m_table.setSelectedChecked(true);
 }
 
 void ExaminationTableControl::sltUncheck()
 {
+    const RedrawHold hold(m_window);
     m_table.setSelectedChecked(false);
 }
 
 void ExaminationTableControl::sltTableCheckboxClicked(int row)
 {
+    const RedrawHold hold(m_window); // the command and the new time span draw the picture each
     const bool newState = m_table.isChecked(row);
     CommandStack::instance().push(new CommandTabelCheckbox(row, !newState, m_model, m_table, m_window));
     Q_EMIT timeSpanWanted(std::max(shortestSpanMs, m_model.longestCheckedDuration()));
@@ -89,7 +92,7 @@ void ExaminationTableControl::sltTableCheckboxClicked(int row)
 
 void ExaminationTableControl::slt_table_item_double_clicked(QTableWidgetItem *item)
 {
-    if (m_table.labels()[item->column()] == QLatin1StringView("Color"))
+    if (m_table.labels()[item->column()] == colorProperty)
         chooseColor(*item);
     else if (const Examination *examination = examinationOfRow(item->row()))
         messages::information(QStringLiteral("Information"), examination->calculationInfo.report());
