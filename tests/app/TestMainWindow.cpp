@@ -1,5 +1,6 @@
 #include "import/panel/ExaminationTable.h"
 #include "settings/StoredKeys.h"
+#include "visualization/VisualizationParameters.h"
 #include "WindowTest.h"
 
 #include <QCheckBox>
