@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int recordings = 10;
 constexpr int samplesPerRecording = 60000; // one minute at 1000 Hz
 constexpr int halfSize = 5;
 
@@ -41,22 +40,23 @@ QList<GazePoint> recording(unsigned seed)
     return samples;
 }
 
+/// Recordings with both eyes.
 struct Study {
-    Study()
+    explicit Study(int recordings)
     {
         setInitialValues(parameters, rows::visualization);
         parameters.visualizationMode = 1;
         parameters.size = halfSize;
-        for (unsigned i = 0; i < recordings; ++i) {
+        for (int i = 0; i < recordings; ++i) {
             Examination examination;
-            examination.dominantEye = QStringLiteral("left");
-            examination.leftEye.gazePoints = recording(i);
+            examination.leftEye.gazePoints = recording(static_cast<unsigned>(2 * i));
+            examination.rightEye.gazePoints = recording(static_cast<unsigned>(2 * i + 1));
             model.examinations() << examination;
         }
     }
     DrawingContext context() const
     {
-        return {model, EyeMode::showDominant, {0, samplesPerRecording}, parameters, none, none, none};
+        return {model, EyeMode::showAll, {0, samplesPerRecording}, parameters, none, none, none};
     }
 
     DataModel model;
@@ -64,10 +64,17 @@ struct Study {
     VisualizationParameters none;
 };
 
-const Study &study()
+/// Every sample, in the order in which they are drawn.
+std::vector<GazePointRecord> plainRecords(const DrawingContext &context)
 {
-    static const Study made;
-    return made;
+    std::vector<GazePointRecord> records;
+    for (const Examination &examination : context.model.examinations()) {
+        for (const EyeData *eye : {&examination.leftEye, &examination.rightEye}) {
+            for (const GazePoint &sample : eye->gazePoints)
+                records.push_back({static_cast<int>(sample.x), static_cast<int>(sample.y), 0});
+        }
+    }
+    return records;
 }
 
 /// The textbook form: one point after the other, each pixel of the outline tested and written by itself.
@@ -114,53 +121,57 @@ void compare(benchmark::State &state, Fast fast, Plain plain)
     state.counters["ratio"] = plainMs / bestMs(fast);
 }
 
+/// From the samples to the image, with so many recordings.
 void gazePointImages(benchmark::State &state)
 {
-    const std::vector<GazePointRecord> records = gazePointRecords(study().context());
-    const auto workers = static_cast<int>(state.range(0));
+    const Study study(static_cast<int>(state.range(0)));
     compare(
-        state, [&] { benchmark::DoNotOptimize(gazePointImage(records, halfSize, workers)); },
-        [&] { benchmark::DoNotOptimize(plainImage(records, halfSize)); });
-}
-
-void selection(benchmark::State &state)
-{
-    for (auto _ : state)
-        benchmark::DoNotOptimize(gazePointRecords(study().context()));
+        state, [&] { benchmark::DoNotOptimize(gazePointSquares(study.context())); },
+        [&] { benchmark::DoNotOptimize(plainImage(plainRecords(study.context()), halfSize)); });
 }
 
 /// From the samples to a scene with all its items: selection, image, pixmap.
 void redraw(benchmark::State &state)
 {
+    const Study study(static_cast<int>(state.range(0)));
     QGraphicsScene scene;
     const QPixmap background = backgroundPixmap({}, Border::Black);
     for (auto _ : state) {
         scene.clear();
         addBackground(scene, background);
-        drawScene(scene, study().context());
+        drawScene(scene, study.context());
+    }
+}
+
+/// A check mark: one examination of the list is written, and the list was shared with the copy of the import.
+void checkMark(benchmark::State &state)
+{
+    Study study(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        study.model.allExaminations() = study.model.examinations();
+        Examination &examination = study.model.examinations()[0];
+        examination.checked = !examination.checked;
+        benchmark::DoNotOptimize(examination);
     }
 }
 
 } // namespace
 
+// Of 60,000 samples and two eyes each.
 BENCHMARK(gazePointImages)
-    ->Name("gazePoints/600000/workers")
-    ->Arg(1)
-    ->Arg(2)
-    ->Arg(4)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime();
-BENCHMARK(selection)
-    ->Name("gazePointSelection/600000")
+    ->Name("gazePoints/recordings")
+    ->Arg(10)
     ->Unit(benchmark::kMillisecond)
     ->MeasureProcessCPUTime()
     ->UseRealTime();
 BENCHMARK(redraw)
-    ->Name("redrawWithGazePoints/600000")
+    ->Name("redrawWithGazePoints/recordings")
+    ->Arg(10)
+    ->Arg(100)
     ->Unit(benchmark::kMillisecond)
     ->MeasureProcessCPUTime()
     ->UseRealTime();
+BENCHMARK(checkMark)->Name("checkMark/recordings")->Arg(100)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char **argv)
 {

@@ -138,24 +138,111 @@ bool isOnCanvas(const GazePoint &sample)
     return sample.x >= 1 && sample.x < canvas::width && sample.y >= 1 && sample.y < canvas::height;
 }
 
+/// Where squares stand already.
+class TakenPositions {
+public:
+    /// Takes the position; false if it was taken before.
+    bool take(int x, int y)
+    {
+        const auto index = static_cast<std::size_t>(y) * canvas::width + static_cast<std::size_t>(x);
+        if (m_taken[index])
+            return false;
+        m_taken[index] = true;
+        return true;
+    }
+
+private:
+    std::vector<bool> m_taken = std::vector<bool>(canvas::pixels);
+};
+
+/// Samples that are drawn in one colour.
+struct Stream {
+    const QList<GazePoint> &samples;
+    QRgb color;
+};
+
+std::vector<Stream> streamsToDraw(const DrawingContext &context)
+{
+    std::vector<Stream> streams;
+    for (const Examination *examination : context.model.checkedExaminations()) {
+        for (const SelectedEye &eye : eyesToDraw(*examination, context.eyeMode))
+            streams.push_back({eye.data->gazePoints, colorOf(eye.color, context.gazePoints)});
+    }
+    return streams;
+}
+
+constexpr std::size_t collectorCount = 4;
+
+/// Collects the records of some streams, the last one first. Of all squares at one position only the last one is seen,
+/// and eyes rest: most samples have a later one on their own pixel.
+class RecordCollector : public DrawingWorker {
+public:
+    RecordCollector(std::span<const Stream> streams, TimeFrame frame, int stepSize)
+        : m_streams(streams)
+        , m_frame(frame)
+        , m_stride(std::max(1, stepSize))
+    {
+    }
+
+    const std::vector<GazePointRecord> &records() const { return m_records; }
+
+protected:
+    void work() override
+    {
+        TakenPositions taken;
+        for (auto stream = m_streams.rbegin(); stream != m_streams.rend(); ++stream)
+            collect(*stream, taken);
+    }
+
+private:
+    void collect(const Stream &stream, TakenPositions &taken)
+    {
+        const qsizetype count = (stream.samples.size() + m_stride - 1) / m_stride;
+        for (qsizetype i = (count - 1) * m_stride; i >= 0; i -= m_stride) {
+            const GazePoint &sample = stream.samples[i];
+            if (!isDrawn(sample, m_frame) || !isOnCanvas(sample))
+                continue;
+            const GazePointRecord record{static_cast<int>(sample.x), static_cast<int>(sample.y), stream.color};
+            if (taken.take(record.x, record.y))
+                m_records.push_back(record);
+        }
+    }
+
+    std::span<const Stream> m_streams;
+    TimeFrame m_frame;
+    qsizetype m_stride;
+    std::vector<GazePointRecord> m_records;
+};
+
+/// The records of all collectors, the first one first.
+std::vector<GazePointRecord> joined(const std::vector<std::unique_ptr<RecordCollector>> &collectors)
+{
+    TakenPositions taken;
+    std::vector<GazePointRecord> records;
+    for (auto collector = collectors.rbegin(); collector != collectors.rend(); ++collector) {
+        for (const GazePointRecord &record : (*collector)->records()) {
+            if (taken.take(record.x, record.y))
+                records.push_back(record);
+        }
+    }
+    std::reverse(records.begin(), records.end());
+    return records;
+}
+
 } // namespace
 
 std::vector<GazePointRecord> gazePointRecords(const DrawingContext &context)
 {
-    const qsizetype stride = std::max(1, context.gazePoints.stepSize);
-    std::vector<GazePointRecord> records;
-    for (const Examination *examination : context.model.checkedExaminations()) {
-        for (const SelectedEye &eye : eyesToDraw(*examination, context.eyeMode)) {
-            const QRgb color = colorOf(eye.color, context.gazePoints);
-            const QList<GazePoint> &samples = eye.data->gazePoints;
-            for (qsizetype i = 0; i < samples.size(); i += stride) {
-                const GazePoint &sample = samples[i];
-                if (isDrawn(sample, context.frame) && isOnCanvas(sample))
-                    records.push_back({static_cast<int>(sample.x), static_cast<int>(sample.y), color});
-            }
-        }
+    const std::vector<Stream> streams = streamsToDraw(context);
+    std::vector<std::unique_ptr<RecordCollector>> collectors;
+    for (std::size_t i = 0; i < collectorCount; ++i) {
+        const std::size_t begin = streams.size() * i / collectorCount;
+        const std::size_t end = streams.size() * (i + 1) / collectorCount;
+        collectors.push_back(std::make_unique<RecordCollector>(std::span(streams).subspan(begin, end - begin),
+                                                               context.frame, context.gazePoints.stepSize));
     }
-    return records;
+    DrawingWorker::runAll(collectors);
+    return joined(collectors);
 }
 
 QImage gazePointImage(const std::vector<GazePointRecord> &records, int halfSize, int workers)

@@ -15,8 +15,9 @@ struct GazePointRecord {
 };
 
 /// The gaze points of the checked examinations that are drawn: every `stepSize`-th sample (at least every one) of the
-/// selected streams, if it is valid, inside the frame and on the canvas without its first row and column. Colours are
-/// those of the record: points are pooled, groups do not show.
+/// selected streams, if it is valid, inside the frame and on the canvas without its first row and column. Of several at
+/// one position only the last stays, which covers the others. Colours are those of the record: points are pooled,
+/// groups do not show.
 std::vector<GazePointRecord> gazePointRecords(const DrawingContext &context);
 
 /// Draws an outlined square, two pixels thick, around each record; a later one covers an earlier one.
