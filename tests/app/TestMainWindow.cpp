@@ -53,6 +53,7 @@ private Q_SLOTS:
     void cleanup() { closeWindow(); }
 
     void startsWithAWhiteFramedPicture();
+    void fitsAFullHdScreenAtDoubleSize();
     void panelsStartWithTheStoredValues();
     void importsCalculatesAndStepsBack();
     void thePictureFollowsUndoAndRedoOfAnImport();
@@ -84,6 +85,13 @@ void TestMainWindow::startsWithAWhiteFramedPicture()
     QCOMPARE(image.pixelColor(2, 800), QColor(Qt::black));
     QCOMPARE(logLines().constFirst(), QStringLiteral("Starting program"));
     QCOMPARE(find<ExaminationTable>("tableWidget")->rowCount(), 0);
+}
+
+void TestMainWindow::fitsAFullHdScreenAtDoubleSize()
+{
+    const QSize least = m_window->minimumSizeHint();
+    QVERIFY2(least.width() <= 960 && least.height() <= 520, // some of the 540 is the title bar
+             qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
 }
 
 void TestMainWindow::panelsStartWithTheStoredValues()
