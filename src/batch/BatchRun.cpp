@@ -48,10 +48,11 @@ QMap<QString, qint64> countsOf(const ImportCounts &counts)
 /// panel shows no detector.
 void warnOfUnknownDetector(const QString &name)
 {
-    messages::warning(QStringLiteral("Detector"),
-                      QStringLiteral("The settings choose \"%1\", which is not recognised when settings are read, as in "
-                                     "the window: the standard detector runs. --detector chooses another.")
-                          .arg(name));
+    messages::warning(
+        QStringLiteral("Detector"),
+        QStringLiteral("The settings choose \"%1\", which is not recognised when settings are read, as in "
+                       "the window: the standard detector runs. --detector chooses another.")
+            .arg(name));
 }
 
 /// The parameters as the window has them after a start, and on top what the command line chooses: some choices do not

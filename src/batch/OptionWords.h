@@ -19,10 +19,9 @@ struct Word {
 
 using Text = QLatin1StringView;
 
-inline constexpr Word<BatchOptions::Detector> detectors[] = {
-    {Text("standard"), BatchOptions::Detector::Standard},
-    {Text("gaussian"), BatchOptions::Detector::Gaussian},
-    {Text("velocity"), BatchOptions::Detector::Velocity}};
+inline constexpr Word<BatchOptions::Detector> detectors[] = {{Text("standard"), BatchOptions::Detector::Standard},
+                                                             {Text("gaussian"), BatchOptions::Detector::Gaussian},
+                                                             {Text("velocity"), BatchOptions::Detector::Velocity}};
 
 inline constexpr Word<BatchOptions::VelocityUnit> velocityUnits[] = {
     {Text("pixel-per-ms"), BatchOptions::VelocityUnit::PixelPerMs},

@@ -83,8 +83,7 @@ Warning equalTimesWarning(const QList<GazePoint> &samples)
 
 QList<Warning> warningsOf(const QList<GazePoint> &samples, const StandardParameters &parameters)
 {
-    return {durationWarning(samples, parameters.minimumDurationMs),
-            radiusWarning(samples, parameters.maximumRadiusPx)};
+    return {durationWarning(samples, parameters.minimumDurationMs), radiusWarning(samples, parameters.maximumRadiusPx)};
 }
 
 QList<Warning> warningsOf(const QList<GazePoint> &samples, const MixtureParameters &parameters)

@@ -171,8 +171,8 @@ FixationCalculationParameters calculationParameters(int calculationType, const F
     return detectors[isKnown ? calculationType : 0](settings);
 }
 
-std::optional<FixationCalculationOutcome>
-calculateFixations(DataModel &model, FixationCalculationParameters parameters, const Log *log)
+std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, FixationCalculationParameters parameters,
+                                                             const Log *log)
 {
     const auto checkedCount = static_cast<int>(model.checkedExaminations().size());
     if (checkedCount == 0) {

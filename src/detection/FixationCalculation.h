@@ -41,5 +41,5 @@ struct FixationCalculationOutcome {
 /// The reports are shown when all is done, after the progress was closed. Warnings are shown to nobody.
 /// @param log  gets each warning as a line with recording and eye; may be null.
 /// @return nothing, after a message, where no examination is checked.
-std::optional<FixationCalculationOutcome>
-calculateFixations(DataModel &model, FixationCalculationParameters parameters, const Log *log);
+std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, FixationCalculationParameters parameters,
+                                                             const Log *log);

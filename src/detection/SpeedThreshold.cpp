@@ -40,7 +40,8 @@ void SpeedThreshold::setBands()
     }
 }
 
-/// How far the eye comes in this time at a share of the threshold; nothing where that cannot be told with enough digits.
+/// How far the eye comes in this time at a share of the threshold; nothing where that cannot be told with enough
+/// digits.
 std::optional<double> SpeedThreshold::distancePx(double speedShare, double timeMs) const
 {
     const double way = m_perMs * speedShare * timeMs;

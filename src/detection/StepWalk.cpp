@@ -55,8 +55,7 @@ private:
     static bool continues(const QList<GazePoint> &sorted, const QList<GazePoint> &run)
     {
         const auto isEarlier = [](const GazePoint &a, const GazePoint &b) { return a.time < b.time; };
-        return !isEarlier(run.constFirst(), sorted.constLast()) &&
-               std::is_sorted(run.cbegin(), run.cend(), isEarlier);
+        return !isEarlier(run.constFirst(), sorted.constLast()) && std::is_sorted(run.cbegin(), run.cend(), isEarlier);
     }
 
     void add(const QList<GazePoint> &samples)

@@ -14,8 +14,8 @@ struct MixtureParameters {
 /// minimum duration. The last sample, and a run that is open there, are left out.
 ///
 /// With merging, a fixation whose centroid is nearer to that of the last one in the scanpath than the minor axis of
-/// that one is long becomes part of it: samples, mean and variance follow, median and axes stay. The others are numbered
-/// from 0 in their order.
+/// that one is long becomes part of it: samples, mean and variance follow, median and axes stay. The others are
+/// numbered from 0 in their order.
 ///
 /// Time is linear in samples that are ordered in time.
 /// @param samples   n samples.

@@ -79,8 +79,8 @@ void VelocityScanpathBuilder::closeRun(qsizetype first, qsizetype last)
         run.append(sample);
         sum.add(sample.x, sample.y);
     }
-    m_scanpath->append(Fixation(std::move(run), QStringLiteral("fixation"), sum.centroid(),
-                                static_cast<int>(m_scanpath->size()) + 1));
+    m_scanpath->append(
+        Fixation(std::move(run), QStringLiteral("fixation"), sum.centroid(), static_cast<int>(m_scanpath->size()) + 1));
 }
 
 double percentileSpeed(const QList<GazePoint> &samples, int percent)

@@ -313,8 +313,9 @@ void TestBatchOptions::suggestions()
 void TestBatchOptions::helpNamesWhatIsBuilt()
 {
     const QString help = batchHelp();
-    for (const char *option : {"settings", "set", "detector", "velocity-unit", "background", "time", "calculate",
-                               "export", "eyes", "out", "prefix", "image", "report", "jobs", "quiet", "help", "version"})
+    for (const char *option :
+         {"settings", "set", "detector", "velocity-unit", "background", "time", "calculate", "export", "eyes", "out",
+          "prefix", "image", "report", "jobs", "quiet", "help", "version"})
         QVERIFY2(help.contains(u"\n  --%1 "_qs.arg(QLatin1StringView(option))), option);
     for (const char *option : {"video", "aois"})
         QVERIFY2(!help.contains(QLatin1StringView(option)), option);

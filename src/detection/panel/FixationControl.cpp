@@ -85,11 +85,12 @@ void FixationControl::sltCiteGaussianMixtureModel()
 {
     messages::information(
         QStringLiteral("How to cite the Gaussian Mixture Model"),
-        QStringLiteral("Fitting of a mixture by expectation maximisation:\n"
-                       "Dempster, A. P., Laird, N. M., Rubin, D. B. (1977). Maximum likelihood from incomplete data via "
-                       "the EM algorithm. Journal of the Royal Statistical Society, Series B, 39(1), 1-38.\n\n"
-                       "Fixations and saccades as two Gaussian distributions of eye velocity:\n"
-                       "Salvucci, D. D., Goldberg, J. H. (2000). Identifying fixations and saccades in eye-tracking "
-                       "protocols. Proceedings of the Symposium on Eye Tracking Research and Applications (ETRA), "
-                       "71-78."));
+        QStringLiteral(
+            "Fitting of a mixture by expectation maximisation:\n"
+            "Dempster, A. P., Laird, N. M., Rubin, D. B. (1977). Maximum likelihood from incomplete data via "
+            "the EM algorithm. Journal of the Royal Statistical Society, Series B, 39(1), 1-38.\n\n"
+            "Fixations and saccades as two Gaussian distributions of eye velocity:\n"
+            "Salvucci, D. D., Goldberg, J. H. (2000). Identifying fixations and saccades in eye-tracking "
+            "protocols. Proceedings of the Symposium on Eye Tracking Research and Applications (ETRA), "
+            "71-78."));
 }
