@@ -34,14 +34,14 @@ const std::vector<Task> &tasks()
     static const GazeRecipe noisy{.count = 2000000, .rateHz = 1000, .noisePx = 3};
     static const GazeRecipe slow{.count = 2000000, .rateHz = 60, .noisePx = 1};
     static const std::vector<Task> all = {
-        {"pixelsFewFixations/1000Hz/2000000", fast, parametersOf(Unit::PixelPerMs, 5, 1000)},
+        {"pixelsFewFixations/1000Hz/2000000", fast, parametersOf(Unit::PixelPerMs, 5, 500)},
         {"pixelsNoFixation/1000Hz/2000000", fast, parametersOf(Unit::PixelPerMs, 5, never)},
         {"pixelsNoiseAtThreshold/1000Hz/2000000", noisy, parametersOf(Unit::PixelPerMs, 5, 100)},
         {"pixelsManyFixations/1000Hz/2000000", fast, parametersOf(Unit::PixelPerMs, 5, 100)},
         {"pixelsManyFixations/60Hz/2000000", slow, parametersOf(Unit::PixelPerMs, 2, 100)},
-        {"degreesFewFixations/1000Hz/2000000", fast, parametersOf(Unit::DegreePerS, 100, 1000)},
+        {"degreesFewFixations/1000Hz/2000000", fast, parametersOf(Unit::DegreePerS, 100, 500)},
         {"degreesManyFixations/1000Hz/2000000", fast, parametersOf(Unit::DegreePerS, 100, 100)},
-        {"percentileFewFixations/1000Hz/2000000", fast, parametersOf(Unit::Percentile, 85, 1000)},
+        {"percentileFewFixations/1000Hz/2000000", fast, parametersOf(Unit::Percentile, 85, 500)},
     };
     return all;
 }
