@@ -133,6 +133,9 @@ void TestFixationPages::detectorsAreOffered()
     QCOMPARE(itemsOf("comboVelocityUnit"), QStringList({QStringLiteral("[Pixel/ms]"), QString::fromUtf8("[\xC2\xB0/s]"),
                                                         QStringLiteral("Percentile")}));
     QVERIFY(child<QCheckBox>(panel, "mergeGauss")->isChecked());
+    const auto labelOf = [&panel](const char *name) { return child<QLabel>(panel, name)->text().remove(u'&'); };
+    QCOMPARE(labelOf("screenDistanceLabel"), QStringLiteral("Screen distance [m]:"));
+    QCOMPARE(labelOf("imgSizeLabel"), QStringLiteral("Image size [m]:"));
     QCOMPARE(child<QToolButton>(panel, "toolButton")->text(), QStringLiteral("Calculate fixations"));
     QCOMPARE(shownBoxes(panel), QStringLiteral("standardBox"));
     QCOMPARE(shownGeometry(panel), 0);
