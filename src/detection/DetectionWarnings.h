@@ -22,6 +22,6 @@ bool wasRecorded(const QList<GazePoint> &samples);
 /// The precision of a recording in px: the root mean square of the distances from sample to sample, over stretches of
 /// 100 ms of valid samples; the median of all stretches, since the eye moves in some of them. 0 where there is no such
 /// stretch.
-/// Source: the measure RMS-S2S in Holmqvist, Nystroem & Mulvey (2012), Eye tracker data quality: what it is and how to
+/// Source: the measure RMS-S2S in Holmqvist, Nyström & Mulvey (2012), Eye tracker data quality: what it is and how to
 /// measure it, ETRA.
 double noisePx(const QList<GazePoint> &samples);
