@@ -42,14 +42,18 @@ QList<Fixation> walked(const QList<GazePoint> &samples, const StepLabels &steps,
     return scanpath;
 }
 
-/// Four samples on the corners of a square of this half side around (x,y): both axes of the variance matrix are
-/// halfSide^2, whether it divides by 4, so that each axis is halfSide long.
+/// Four samples on the corners of a rectangle around (x,y): each axis is as long as half the side along it.
+QList<GazePoint> rectangle(qint64 time, double x, double y, double halfWidth, double halfHeight)
+{
+    return {GazePoint(time, x - halfWidth, y - halfHeight, 0, 0, 1),
+            GazePoint(time + 10, x + halfWidth, y - halfHeight, 0, 0, 1),
+            GazePoint(time + 20, x + halfWidth, y + halfHeight, 0, 0, 1),
+            GazePoint(time + 30, x - halfWidth, y + halfHeight, 0, 0, 1)};
+}
+
 QList<GazePoint> square(qint64 time, double x, double y, double halfSide)
 {
-    return {GazePoint(time, x - halfSide, y - halfSide, 0, 0, 1),
-            GazePoint(time + 10, x + halfSide, y - halfSide, 0, 0, 1),
-            GazePoint(time + 20, x + halfSide, y + halfSide, 0, 0, 1),
-            GazePoint(time + 30, x - halfSide, y + halfSide, 0, 0, 1)};
+    return rectangle(time, x, y, halfSide, halfSide);
 }
 
 /// Each square is a run of its own: three resting steps and the step that leads away.
@@ -127,10 +131,10 @@ void TestStepWalk::recordsOfFixations()
     QCOMPARE(found[1], Fixation(samples.sliced(3, 2), QStringLiteral("fixation"), {900, 1801}, 1));
 }
 
-/// The minor axis of the first square is as long as its half side, 5 px.
+/// The minor axis of the first rectangle is 5 px long, the major one 9.
 void TestStepWalk::mergeByDistance_data()
 {
-    QTest::addColumn<QPointF>("second"); // centre of the second square; the first is at (100,100)
+    QTest::addColumn<QPointF>("second"); // centre of the second one; the first is at (100,100)
     QTest::addColumn<bool>("isWanted");
     QTest::addColumn<qsizetype>("fixations");
     const auto row = [](const char *name, double x, double y, bool isWanted, qsizetype fixations) {
@@ -141,7 +145,7 @@ void TestStepWalk::mergeByDistance_data()
     row("the same place", 100, 100, true, 1);
     row("just as far is not nearer", 105, 100, true, 2);
     row("3 and 4 are 5", 103, 104, true, 2);
-    row("farther", 106, 100, true, 2);
+    row("farther, though nearer than the major axis", 106, 100, true, 2);
     row("whole pixels count: 104.9 is 104", 104.9, 100, true, 1);
     row("not wanted", 104, 100, false, 2);
 }
@@ -150,9 +154,11 @@ void TestStepWalk::mergeByDistance()
 {
     QFETCH(QPointF, second);
     QFETCH(bool, isWanted);
-    const QList<GazePoint> samples = square(0, 100, 100, 5) + square(100, second.x(), second.y(), 5) + samplesAt({999});
+    const QList<GazePoint> samples =
+        rectangle(0, 100, 100, 9, 5) + rectangle(100, second.x(), second.y(), 9, 5) + samplesAt({999});
     const QList<Fixation> first = walked(samples.first(5), stepsOfSquares(1), {});
     QCOMPARE(first[0].minorAxis.length(), 5.0F);
+    QCOMPARE(first[0].majorAxis.length(), 9.0F);
     QTEST(walked(samples, stepsOfSquares(2), {20, isWanted}).size(), "fixations");
 }
 
