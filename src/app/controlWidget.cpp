@@ -86,6 +86,7 @@ void controlWidget::setModel(DataModel *model)
 void controlWidget::setMainWindow(IMainWindow *window)
 {
     m_ui->Data_Widget->setMainWindow(window);
+    m_ui->FixCalc_widget->setMainWindow(window);
 }
 
 void controlWidget::setLog(const Log *log)

@@ -87,6 +87,8 @@ public:
         }
         if (m_options.recordings.isEmpty())
             return UsageError{QStringLiteral("no recording given")};
+        if (m_options.velocityUnit && m_options.detector != BatchOptions::Detector::Velocity)
+            return UsageError{QStringLiteral("--velocity-unit: only with --detector velocity")};
         return m_options;
     }
 
@@ -156,6 +158,8 @@ private:
         switch (row.id) {
         case Id::Detector:
             return keep(&BatchOptions::detector, meaningOf(row, value, optionwords::detectors));
+        case Id::VelocityUnit:
+            return keep(&BatchOptions::velocityUnit, meaningOf(row, value, optionwords::velocityUnits));
         case Id::Calculate:
             return keep(&BatchOptions::calculations, meaningsOf(row, value, optionwords::calculations));
         case Id::Export:

@@ -17,7 +17,8 @@ enum class ExitCode {
 
 /// The command line of the batch tool, checked as far as it can be without opening a file.
 struct BatchOptions {
-    enum class Detector { Standard = 0 }; ///< the values are those of the stored calculation type
+    enum class Detector { Standard = 0, Gaussian = 1, Velocity = 2 };           ///< as the stored calculation type
+    enum class VelocityUnit { PixelPerMs = 0, DegreePerS = 1, Percentile = 2 }; ///< as the stored unit
     enum class Calculation { Fixations };
     enum class Table { Fixations, Events };
 
@@ -38,8 +39,9 @@ struct BatchOptions {
 
     QStringList recordings; ///< never empty unless help or version is asked for
     QStringList settingsFiles;
-    QList<Setting> settings;          ///< to be set after the files, in this order
-    std::optional<Detector> detector; ///< else as the settings say
+    QList<Setting> settings;                  ///< to be set after the files, in this order
+    std::optional<Detector> detector;         ///< else as the settings say
+    std::optional<VelocityUnit> velocityUnit; ///< only for the velocity detector; else what the settings give
     QString background;
     std::optional<TimeFrame> time;   ///< else from 0 to the longest duration
     QList<Calculation> calculations; ///< each once, in the order in which they run

@@ -110,6 +110,8 @@ QMap<QString, QString> reportedOptions(const BatchOptions &options)
                                     {QStringLiteral("eyes"), wordFor(options.eyes, eyes)}};
     if (options.detector)
         reported.insert(QStringLiteral("detector"), wordFor(*options.detector, detectors));
+    if (options.velocityUnit)
+        reported.insert(QStringLiteral("velocity-unit"), wordFor(*options.velocityUnit, velocityUnits));
     if (options.time)
         reported.insert(QStringLiteral("time"),
                         QStringLiteral("%1:%2").arg(options.time->startMs).arg(options.time->endMs));

@@ -44,14 +44,32 @@ QMap<QString, qint64> countsOf(const ImportCounts &counts)
             {QStringLiteral("lines of wrong length"), counts.wrongLengthLines}};
 }
 
-/// A detector that is known and not available must not quietly become the standard one.
-std::optional<UsageError> unbuiltDetector(const QString &name)
+/// The window, too, runs the standard detector where it does not recognise the name, but not so quietly: there the
+/// panel shows no detector.
+void warnOfUnknownDetector(const QString &name)
 {
-    if (calculationTypeNamed(name) < builtCalculationTypes())
-        return std::nullopt;
-    return UsageError{QStringLiteral("the settings choose the detector \"%1\", which is not available in this version; "
-                                     "--detector standard chooses another")
-                          .arg(name)};
+    messages::warning(
+        QStringLiteral("Detector"),
+        QStringLiteral("The settings choose \"%1\", which is not recognised when settings are read, as in "
+                       "the window: the standard detector runs. --detector chooses another.")
+            .arg(name));
+}
+
+/// The parameters as the window has them after a start, and on top what the command line chooses: some choices do not
+/// survive the store.
+FixationSettingsModel fixationSettings(const BatchOptions &options)
+{
+    FixationSettingsModel settings;
+    loadFixationSettings(settings);
+    if (options.detector)
+        settings.calculationType = static_cast<int>(*options.detector);
+    else if (settings.calculationType == unknownCalculationType)
+        warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
+    if (options.velocityUnit)
+        setParameter(settings, rows::velocityUnit, static_cast<int>(*options.velocityUnit));
+    if (options.detector == BatchOptions::Detector::Velocity)
+        settings.velocityImageSizePixels = backgroundPixmap(options.background, Border::None).width();
+    return settings;
 }
 
 QString wrongLengthText(const QString &path, const ImportCounts &counts)
@@ -130,10 +148,6 @@ std::optional<UsageError> BatchRun::applySettings()
     }
     if (m_options.detector)
         store.setValue(rows::calculationType.key, calculationTypeNames[static_cast<int>(*m_options.detector)]);
-    const bool detects = m_options.calculations.contains(BatchOptions::Calculation::Fixations);
-    if (const auto problem =
-            detects ? unbuiltDetector(store.value(rows::calculationType.key).toString()) : std::nullopt)
-        return problem;
     if (!m_options.background.isEmpty())
         addInput(m_options.background, QStringLiteral("background"));
     return std::nullopt;
@@ -189,9 +203,13 @@ void BatchRun::calculate()
 {
     if (!m_options.calculations.contains(BatchOptions::Calculation::Fixations) || m_model.examinations().isEmpty())
         return;
-    FixationSettingsModel settings;
-    loadFixationSettings(settings);
-    calculateFixations(m_model, calculationParameters(settings.calculationType, settings), nullptr);
+    const FixationSettingsModel settings = fixationSettings(m_options);
+    const auto outcome =
+        calculateFixations(m_model, calculationParameters(settings.calculationType, settings), nullptr);
+    if (!outcome)
+        return;
+    for (const DetectionWarning &warning : outcome->warnings)
+        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
 }
 
 void BatchRun::exportTables()

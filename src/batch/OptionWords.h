@@ -19,8 +19,14 @@ struct Word {
 
 using Text = QLatin1StringView;
 
-inline constexpr Word<BatchOptions::Detector> detectors[] = {
-    {Text("standard"), BatchOptions::Detector::Standard}, {Text("gaussian")}, {Text("velocity")}};
+inline constexpr Word<BatchOptions::Detector> detectors[] = {{Text("standard"), BatchOptions::Detector::Standard},
+                                                             {Text("gaussian"), BatchOptions::Detector::Gaussian},
+                                                             {Text("velocity"), BatchOptions::Detector::Velocity}};
+
+inline constexpr Word<BatchOptions::VelocityUnit> velocityUnits[] = {
+    {Text("pixel-per-ms"), BatchOptions::VelocityUnit::PixelPerMs},
+    {Text("degree-per-s"), BatchOptions::VelocityUnit::DegreePerS},
+    {Text("percentile"), BatchOptions::VelocityUnit::Percentile}};
 
 inline constexpr Word<BatchOptions::Calculation> calculations[] = {
     {Text("fixations"), BatchOptions::Calculation::Fixations},

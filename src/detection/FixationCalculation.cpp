@@ -1,15 +1,34 @@
 #include "detection/FixationCalculation.h"
 
+#include "base/Log.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "base/TextFormat.h"
+#include "detection/DetectionWarnings.h"
+#include "detection/GaussianMixtureScanpathBuilder.h"
 #include "model/DataModel.h"
 
 namespace {
 
-/// Runs the detector on one eye and returns its report.
-QString run(const StandardParameters &parameters, EyeData &eye, const Log *log)
+/// What one run of a detector has to say.
+struct Run {
+    QString report;
+    QString failure; ///< empty where the detector could work
+};
+
+Run run(const StandardParameters &parameters, EyeData &eye, const Log *log)
 {
-    return StandardScanpathBuilder(eye, parameters, log).report();
+    return {StandardScanpathBuilder(eye, parameters, log).report(), {}};
+}
+
+Run run(const MixtureParameters &parameters, EyeData &eye, const Log *)
+{
+    return {{}, GaussianMixtureScanpathBuilder(eye.gazePoints, &eye.scanpath, parameters).failure()};
+}
+
+Run run(const VelocityParameters &parameters, EyeData &eye, const Log *)
+{
+    return {VelocityScanpathBuilder(eye.gazePoints, &eye.scanpath, parameters).report(), {}};
 }
 
 QString parameterText(const StandardParameters &parameters)
@@ -19,6 +38,24 @@ QString parameterText(const StandardParameters &parameters)
         .arg(parameters.minimumDurationMs)
         .arg(parameters.allowedOutliers)
         .arg(parameters.maximumRadiusPx);
+}
+
+QString parameterText(const MixtureParameters &parameters)
+{
+    return QStringLiteral("Algorithm:GAUSSIAN\n"
+                          "Parameter:\n Minimum Duration:%1, Merge Sequential:%2\n")
+        .arg(parameters.minimumDurationMs)
+        .arg(parameters.mergeSequential ? 1 : 0);
+}
+
+QString parameterText(const VelocityParameters &parameters)
+{
+    return QStringLiteral("Algorithm:VELOCITY\n"
+                          "Parameter:\n Minimum Duration:%1, Velocity Threshold:%2, Screen Distance:%3, Image Size:%4, "
+                          "Unit:%5\n")
+        .arg(QString::number(parameters.minimumDurationMs), text::general6(parameters.threshold),
+             text::general6(parameters.screenDistanceM), text::general6(parameters.imageSizeM),
+             velocityUnitNames[static_cast<int>(parameters.unit)]);
 }
 
 QString resultText(const FixationCalculationParameters &parameters, const Examination &examination)
@@ -44,18 +81,43 @@ void clearFixations(Examination &examination, DataModel &model)
         clearFixations(model.pooledEyeData(static_cast<int>(pool)));
 }
 
-QString detectFixations(Examination &examination, const FixationCalculationParameters &parameters, const Log *log)
-{
-    const auto detect = [&](EyeData &eye) {
-        return std::visit([&](const auto &p) { return run(p, eye, log); }, parameters);
-    };
-    const QString left = detect(examination.leftEye);
-    const QString right = detect(examination.rightEye);
-    detect(examination.meanEye); // its report was never part of the text
-    if (left.isEmpty() && right.isEmpty())
-        return {};
-    return QStringLiteral("left eye:\n") + left + QStringLiteral("right eye:\n") + right;
-}
+/// Runs a detector over examinations and gathers what it has to say.
+class Detection {
+public:
+    Detection(const FixationCalculationParameters &parameters, const Log *log) : m_parameters(parameters), m_log(log) {}
+
+    void detect(Examination &examination)
+    {
+        const QString left = detect(examination.leftEye, examination.baseName, QStringLiteral("left eye"));
+        const QString right = detect(examination.rightEye, examination.baseName, QStringLiteral("right eye"));
+        detect(examination.meanEye, examination.baseName, QStringLiteral("mean eye")); // its report is not shown
+        if (!left.isEmpty() || !right.isEmpty())
+            m_outcome.reports += QStringLiteral("left eye:\n") + left + QStringLiteral("right eye:\n") + right;
+    }
+
+    const FixationCalculationOutcome &outcome() const { return m_outcome; }
+
+private:
+    QString detect(EyeData &eye, const QString &recording, const QString &eyeName)
+    {
+        QStringList texts = detectionWarnings(eye.gazePoints, m_parameters);
+        const Run done = std::visit([&](const auto &p) { return run(p, eye, m_log); }, m_parameters);
+        if (!done.failure.isEmpty())
+            texts << QStringLiteral("No fixations: %1.").arg(done.failure);
+        const bool isDoubtful = wasRecorded(eye.gazePoints); // nobody expects fixations of an eye without samples
+        for (const QString &text : texts) {
+            if (isDoubtful)
+                m_outcome.warnings << DetectionWarning{recording, eyeName, text};
+            if (m_log)
+                m_log->write(QStringLiteral("%1, %2: %3").arg(recording, eyeName, text));
+        }
+        return done.report;
+    }
+
+    const FixationCalculationParameters &m_parameters;
+    const Log *m_log;
+    FixationCalculationOutcome m_outcome;
+};
 
 FixationCalculationParameters standardParameters(const FixationSettingsModel &settings)
 {
@@ -63,24 +125,54 @@ FixationCalculationParameters standardParameters(const FixationSettingsModel &se
                               settings.standardOutliers};
 }
 
+FixationCalculationParameters mixtureParameters(const FixationSettingsModel &settings)
+{
+    return MixtureParameters{settings.gaussianMinimumDuration, settings.gaussianMergeSequential};
+}
+
+FixationCalculationParameters velocityParameters(const FixationSettingsModel &settings)
+{
+    const auto unitCount = static_cast<int>(std::size(velocityUnitNames));
+    const bool isKnown = settings.velocityUnit >= 0 && settings.velocityUnit < unitCount;
+    return VelocityParameters{.minimumDurationMs = settings.velocityMinimumDuration,
+                              .threshold = settings.velocityThreshold,
+                              .unit = isKnown ? VelocityUnit(settings.velocityUnit) : VelocityUnit::Percentile,
+                              .screenDistanceM = settings.velocityScreenDistance,
+                              .imageSizeM = settings.velocityImageSize,
+                              .imageWidthPx = static_cast<double>(settings.velocityImageSizePixels)};
+}
+
 /// How the parameters of each detector are taken from the settings; the index is the calculation type.
-constexpr FixationCalculationParameters (*detectors[])(const FixationSettingsModel &) = {standardParameters};
+constexpr FixationCalculationParameters (*detectors[])(const FixationSettingsModel &) = {
+    standardParameters, mixtureParameters, velocityParameters};
+static_assert(std::size(detectors) == std::size(calculationTypeNames));
+
+/// What a calculation reads from the store and leaves there.
+void exchangeWithStore(StandardParameters &) {}
+
+void exchangeWithStore(MixtureParameters &parameters)
+{
+    FixationSettingsModel stored;
+    loadParameters(stored, std::tie(rows::gaussianMinimumDuration, rows::gaussianMergeSequential));
+    parameters = {stored.gaussianMinimumDuration, stored.gaussianMergeSequential};
+}
+
+void exchangeWithStore(VelocityParameters &parameters)
+{
+    FixationSettingsModel written;
+    setParameter(written, rows::velocityImageSizePixels, text::truncated(parameters.imageWidthPx));
+}
 
 } // namespace
 
-int builtCalculationTypes()
-{
-    return static_cast<int>(std::size(detectors));
-}
-
 FixationCalculationParameters calculationParameters(int calculationType, const FixationSettingsModel &settings)
 {
-    const bool isBuilt = calculationType >= 0 && calculationType < builtCalculationTypes();
-    return detectors[isBuilt ? calculationType : 0](settings);
+    const bool isKnown = calculationType >= 0 && calculationType < static_cast<int>(std::size(detectors));
+    return detectors[isKnown ? calculationType : 0](settings);
 }
 
-std::optional<QString> calculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
-                                          const Log *log)
+std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, FixationCalculationParameters parameters,
+                                                             const Log *log)
 {
     const auto checkedCount = static_cast<int>(model.checkedExaminations().size());
     if (checkedCount == 0) {
@@ -88,19 +180,21 @@ std::optional<QString> calculateFixations(DataModel &model, const FixationCalcul
                               QStringLiteral("Please select some data first."));
         return std::nullopt;
     }
-    QString report;
+    std::visit([](auto &p) { exchangeWithStore(p); }, parameters);
+    Detection detection(parameters, log);
     {
         Progress progress(QStringLiteral("Calculating fixation filter. Please wait."), checkedCount);
         for (Examination &examination : model.examinations()) {
             if (!examination.checked)
                 continue;
             clearFixations(examination, model);
-            report += detectFixations(examination, parameters, log);
+            detection.detect(examination);
             examination.calculationInfo.fixationCalculationInfo = resultText(parameters, examination);
             progress.advance();
         }
     }
-    if (!report.isEmpty())
-        messages::information(QStringLiteral("Standard Fixation Filter Action Report"), report);
-    return report;
+    const FixationCalculationOutcome &outcome = detection.outcome();
+    if (!outcome.reports.isEmpty())
+        messages::information(QStringLiteral("Standard Fixation Filter Action Report"), outcome.reports);
+    return outcome;
 }

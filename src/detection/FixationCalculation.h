@@ -1,23 +1,33 @@
 #pragma once
 
+#include "detection/FixationCalculationParameters.h"
 #include "detection/FixationSettingsModel.h"
-#include "detection/StandardScanpathBuilder.h"
+
+#include <QStringList>
 
 #include <optional>
-#include <variant>
 
 class DataModel;
 class Log;
 
-/// The detector of a calculation, with its own parameters only. A further detector is a further alternative here, a row
-/// in the table of the implementation, and its `run` and `parameterText` beside it.
-using FixationCalculationParameters = std::variant<StandardParameters>;
-
-/// The first so many calculation types have a detector.
-int builtCalculationTypes();
-
-/// The parameters of a calculation type. A type without a detector means the standard detector.
+/// The parameters of a calculation type. A type without a detector means the standard detector, and a unit without a
+/// name the percentile.
 FixationCalculationParameters calculationParameters(int calculationType, const FixationSettingsModel &settings);
+
+/// What is doubtful in the result of one eye.
+struct DetectionWarning {
+    bool operator==(const DetectionWarning &) const = default;
+
+    QString recording; ///< base name of its file
+    QString eye;       ///< "left eye", "right eye" or "mean eye"
+    QString text;
+};
+
+/// What a calculation has to say beyond its result.
+struct FixationCalculationOutcome {
+    QString reports; ///< of the detector on left and right eyes, one after the other
+    QList<DetectionWarning> warnings;
+};
 
 /// Detects the fixations of all checked examinations in left, right and mean eye.
 ///
@@ -25,8 +35,11 @@ FixationCalculationParameters calculationParameters(int calculationType, const F
 /// saccades, invalid sections and event rows are not cleared: a second calculation adds to them. The pooled dominant
 /// container is left alone. Each examination keeps what was done as its `fixationCalculationInfo`.
 ///
-/// A detector's report on left and right eye is shown when all is done, after the progress was closed.
-/// @param log  may be null.
-/// @return the reports, one after the other; nothing, after a message, where no examination is checked.
-std::optional<QString> calculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
-                                          const Log *log);
+/// A velocity calculation leaves the width that it was given in the store. A mixture calculation takes its parameters
+/// from there, whatever it was given: settings that were loaded since then count.
+///
+/// The reports are shown when all is done, after the progress was closed. Warnings are shown to nobody.
+/// @param log  gets each warning as a line with recording and eye; may be null.
+/// @return nothing, after a message, where no examination is checked.
+std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, FixationCalculationParameters parameters,
+                                                             const Log *log);

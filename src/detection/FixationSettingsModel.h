@@ -15,7 +15,7 @@ struct FixationSettingsModel {
     double velocityScreenDistance = 0; ///< m
     double velocityImageSize = 0;      ///< m
     int velocityImageSizePixels = 0;   ///< px; what the last velocity calculation used
-    int velocityUnit = 0;              ///< 0 [Pixel/ms], 1 [°/s], 2 Percentile
+    int velocityUnit = 0;              ///< index in velocityUnitNames
 };
 
 /// What the calculation types are called, in the panel and in the store; the index is the type.
@@ -23,6 +23,13 @@ inline constexpr QLatin1StringView calculationTypeNames[] = {
     QLatin1StringView("Standard"),
     QLatin1StringView("Gaussian Mixture Model"),
     QLatin1StringView("Velocity based"),
+};
+
+/// What the units of the velocity threshold are called, in the panel and in result texts; the index is the unit.
+inline constexpr QLatin1StringView velocityUnitNames[] = {
+    QLatin1StringView("[Pixel/ms]"),
+    QLatin1StringView("[\xB0/s]"),
+    QLatin1StringView("Percentile"),
 };
 
 /// What a stored text gives that names no known type. It is no index of the panel's combo box.

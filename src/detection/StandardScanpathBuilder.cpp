@@ -2,12 +2,11 @@
 
 #include "base/Log.h"
 #include "base/Messages.h"
+#include "detection/CentroidSum.h"
 #include "detection/DetectionReport.h"
 
 #include <QStringList>
 
-#include <cmath>
-#include <limits>
 #include <span>
 
 namespace {
@@ -27,34 +26,12 @@ QList<GazePoint> copiesOf(std::span<const WorkSample *const> records)
     return copies;
 }
 
-/// Whole part of sum + value. What is not a number adds nothing, and the sum stays within its type.
-qint64 truncatedSum(qint64 sum, double value)
-{
-    constexpr double usual = 1e9;
-    constexpr qint64 usualSum = 1000000000000000000;
-    const double total = static_cast<double>(sum) + value;
-    if (std::abs(value) < usual && std::abs(sum) < usualSum)
-        return static_cast<qint64>(total);
-    constexpr double most = 9.2e18;
-    return std::isnan(total) ? sum : static_cast<qint64>(std::clamp(total, -most, most));
-}
-
-int asPixel(qint64 value)
-{
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(std::clamp<qint64>(value, Limits::min(), Limits::max()));
-}
-
-/// Sums of whole numbers, divided as whole numbers: the centroids that users know from their exports.
 QPoint centroidOf(std::span<const WorkSample *const> records)
 {
-    qint64 sumX = 0;
-    qint64 sumY = 0;
-    for (const WorkSample *record : records) {
-        sumX = truncatedSum(sumX, record->x);
-        sumY = truncatedSum(sumY, record->y);
-    }
-    return {asPixel(sumX / std::ssize(records)), asPixel(sumY / std::ssize(records))};
+    CentroidSum sum;
+    for (const WorkSample *record : records)
+        sum.add(record->x, record->y);
+    return sum.centroid();
 }
 
 /// Onset and duration stand one field before their own: rows of this kind always did, and the events export, which

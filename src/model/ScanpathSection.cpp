@@ -136,6 +136,12 @@ Fixation::Fixation(QList<GazePoint> samples_, const QString &type_, QPoint centr
     minorAxis = axes.minor;
 }
 
+void Fixation::updateVariance()
+{
+    if (!samples.isEmpty())
+        variance = varianceAbout(mean, samples);
+}
+
 Saccade::Saccade(QList<GazePoint> samples_, const QString &type_, int number_, const Log *log)
 {
     samples = std::move(samples_);

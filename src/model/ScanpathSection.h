@@ -55,6 +55,9 @@ struct Fixation : ScanpathSection {
     /// recomputed from them. Without samples all statistics stay at their defaults, with a line on the debug channel.
     Fixation(QList<GazePoint> samples, const QString &type, QPoint centroid, int number);
     bool operator==(const Fixation &) const = default;
+
+    /// Computes the variance about `mean` anew, for samples that were added after the construction.
+    void updateVariance();
 };
 
 /// A stretch in which the eye moves; its samples are sorted by time.

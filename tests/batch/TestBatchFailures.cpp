@@ -80,15 +80,8 @@ void TestBatchFailures::refusedCalls_data()
         "--out study/S01.set: the folder cannot be made");
     row("an output folder below a file", "--out study/S01.set/tables --export events study/S01.data",
         "--out study/S01.set/tables: the folder cannot be made");
-    for (const char *detector : {"Velocity based", "Gaussian Mixture Model"}) {
-        const QString name = QLatin1StringView(detector);
-        QTest::addRow("the detector %s, which is not built", detector)
-            << words("--out tables --calculate fixations study/S01.data --set") +
-                   QStringList{QStringLiteral("Calculation/Fixation/CalculationType=") + name}
-            << QStringLiteral("vistrum-batch: the settings choose the detector \"%1\", which is not available in this "
-                              "version; --detector standard chooses another")
-                   .arg(name);
-    }
+    row("a unit for another detector", "--detector gaussian --velocity-unit percentile study/S01.data",
+        "--velocity-unit: only with --detector velocity");
 }
 
 void TestBatchFailures::refusedCalls()

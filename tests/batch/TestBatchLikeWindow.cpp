@@ -22,6 +22,8 @@ private Q_SLOTS:
 
     void sameTables_data();
     void sameTables();
+    void sameTablesOfEachDetector_data();
+    void sameTablesOfEachDetector();
 
 private:
     template <class Widget>
@@ -32,7 +34,14 @@ private:
             qFatal("The window has no %s", name);
         return widget;
     }
-    void exportFromWindow(const QString &eyes, const QString &folder) const;
+    /// What is chosen in the window, beyond what it starts with; indices.
+    struct Choice {
+        int detector = 0;
+        int velocityUnit = 2;
+        int picture = 0;
+    };
+    void exportFromWindow(const QString &eyes, const QString &folder, const Choice &choice) const;
+    void compareTables(qsizetype tables) const;
 
     std::unique_ptr<BatchProgram> m_batch;
     std::unique_ptr<RecordedMessages> m_messages;
@@ -60,10 +69,13 @@ void TestBatchLikeWindow::cleanup()
     SettingsStore::useFile({});
 }
 
-void TestBatchLikeWindow::exportFromWindow(const QString &eyes, const QString &folder) const
+void TestBatchLikeWindow::exportFromWindow(const QString &eyes, const QString &folder, const Choice &choice) const
 {
     find<QAbstractButton>("SM_addButton")->click();
     find<QAbstractButton>("SM_importButton")->click();
+    find<QComboBox>("Fix_comboBox")->setCurrentIndex(choice.detector);
+    find<QComboBox>("comboVelocityUnit")->setCurrentIndex(choice.velocityUnit);
+    find<QComboBox>("image_comboBox")->setCurrentIndex(choice.picture);
     find<QWidget>("fixationsPage")->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
     QVERIFY(QDir().mkpath(folder));
     find<QLineEdit>("dataFolderLineEdit")->setText(folder);
@@ -96,12 +108,17 @@ void TestBatchLikeWindow::sameTables()
     QFETCH(QString, inWindow);
     QFETCH(QString, inBatch);
     QFETCH(qsizetype, tables);
-    exportFromWindow(inWindow, QStringLiteral("window"));
+    exportFromWindow(inWindow, QStringLiteral("window"), {});
     QStringList arguments{
         QStringLiteral("--quiet"),       QStringLiteral("--calculate"),      QStringLiteral("fixations"),
         QStringLiteral("--export"),      QStringLiteral("fixations,events"), QStringLiteral("--out=batch"),
         QStringLiteral("--prefix=same"), QStringLiteral("--eyes"),           inBatch};
     QCOMPARE(m_batch->run(arguments + BatchProgram::study()).status, 0);
+    compareTables(tables);
+}
+
+void TestBatchLikeWindow::compareTables(qsizetype tables) const
+{
     const auto fromWindow = BatchProgram::filesIn(m_batch->path(QStringLiteral("window")));
     const auto fromBatch = BatchProgram::filesIn(m_batch->path(QStringLiteral("batch")));
     QCOMPARE(fromWindow.size(), tables);
@@ -110,6 +127,34 @@ void TestBatchLikeWindow::sameTables()
         QVERIFY2(file.value().count('\n') > 6, qPrintable(file.key())); // more than a line for each subject
         QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
     }
+}
+
+void TestBatchLikeWindow::sameTablesOfEachDetector_data()
+{
+    QTest::addColumn<int>("detector");
+    QTest::addColumn<int>("unit");
+    QTest::addColumn<int>("picture");
+    QTest::addColumn<QString>("inBatch");
+    QTest::newRow("mixture") << 1 << 2 << 0 << "--detector gaussian";
+    QTest::newRow("percentile") << 2 << 2 << 0 << "--detector velocity";
+    QTest::newRow("pixels") << 2 << 0 << 0 << "--detector velocity --velocity-unit pixel-per-ms";
+    QTest::newRow("degrees on the canvas") << 2 << 1 << 0 << "--detector velocity --velocity-unit degree-per-s";
+    QTest::newRow("degrees on the picture")
+        << 2 << 1 << 1 << "--detector velocity --velocity-unit degree-per-s --background study/bay.png";
+}
+
+void TestBatchLikeWindow::sameTablesOfEachDetector()
+{
+    QFETCH(int, detector);
+    QFETCH(int, unit);
+    QFETCH(int, picture);
+    QFETCH(QString, inBatch);
+    exportFromWindow(QStringLiteral("for all eyes"), QStringLiteral("window"), {detector, unit, picture});
+    const QString calls = QStringLiteral("--quiet --calculate fixations --export fixations,events --out=batch "
+                                         "--prefix=same ") +
+                          inBatch;
+    QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
+    compareTables(4);
 }
 
 QTEST_MAIN(TestBatchLikeWindow)

@@ -77,6 +77,18 @@ void acceptedArguments()
 void acceptedChoices()
 {
     acceptedRow("detector", "--detector standard a.data", [](O &o) { o.detector = O::Detector::Standard; });
+    acceptedRow("mixture detector", "--detector gaussian a.data", [](O &o) { o.detector = O::Detector::Gaussian; });
+    acceptedRow("velocity detector", "--detector velocity a.data", [](O &o) { o.detector = O::Detector::Velocity; });
+    const auto unit = [](const char *name, const char *line, O::VelocityUnit meaning) {
+        acceptedRow(name, line, [meaning](O &o) {
+            o.detector = O::Detector::Velocity;
+            o.velocityUnit = meaning;
+        });
+    };
+    unit("unit of pixels", "--detector velocity --velocity-unit pixel-per-ms a.data", O::VelocityUnit::PixelPerMs);
+    unit("unit of degrees", "--detector velocity --velocity-unit=degree-per-s a.data", O::VelocityUnit::DegreePerS);
+    unit("unit before the detector", "--velocity-unit percentile --detector velocity a.data",
+         O::VelocityUnit::Percentile);
     acceptedRow("background", "--background p.png a.data", [](O &o) { o.background = QStringLiteral("p.png"); });
     acceptedRow("calculation", "--calculate fixations a.data",
                 [](O &o) { o.calculations = {O::Calculation::Fixations}; });
@@ -156,6 +168,14 @@ void refusedChoices()
                "--eyes domnant: not one of all, dominant, left, right, mean; did you mean dominant?");
     refusedRow("unknown detector", "--detector best a.data",
                "--detector best: not one of standard, gaussian, velocity");
+    refusedRow("unknown unit", "--detector velocity --velocity-unit percent a.data",
+               "--velocity-unit percent: not one of pixel-per-ms, degree-per-s, percentile; did you mean percentile?");
+    refusedRow("unit for the standard detector", "--velocity-unit percentile --detector standard a.data",
+               "--velocity-unit: only with --detector velocity");
+    refusedRow("unit for the mixture detector", "--detector gaussian --velocity-unit percentile a.data",
+               "--velocity-unit: only with --detector velocity");
+    refusedRow("unit without a detector", "a.data --velocity-unit percentile",
+               "--velocity-unit: only with --detector velocity");
     refusedRow("unknown calculation", "--calculate fixation a.data",
                "--calculate fixation: not one of fixations, clusters, cumulative-clusters, saccade-clusters, "
                "general-statistics, aoi-statistics; did you mean fixations?");
@@ -197,7 +217,7 @@ void refusedNumbersAndNames()
 
 void notBuilt()
 {
-    for (const char *option : {"velocity-unit", "aois", "video", "video-step"}) {
+    for (const char *option : {"aois", "video", "video-step"}) {
         QTest::addRow("not built: %s", option)
             << u"--%1 x a.data"_qs.arg(QLatin1StringView(option))
             << u"--%1: not available in this version"_qs.arg(QLatin1StringView(option));
@@ -207,8 +227,6 @@ void notBuilt()
         QTest::addRow("not built: %s %s", option, word)
             << call + QStringLiteral(" a.data") << call + QStringLiteral(": not available in this version");
     };
-    refuse("detector", "gaussian");
-    refuse("detector", "velocity");
     for (const char *word :
          {"clusters", "cumulative-clusters", "saccade-clusters", "general-statistics", "aoi-statistics"})
         refuse("calculate", word);
@@ -295,10 +313,11 @@ void TestBatchOptions::suggestions()
 void TestBatchOptions::helpNamesWhatIsBuilt()
 {
     const QString help = batchHelp();
-    for (const char *option : {"settings", "set", "detector", "background", "time", "calculate", "export", "eyes",
-                               "out", "prefix", "image", "report", "jobs", "quiet", "help", "version"})
+    for (const char *option :
+         {"settings", "set", "detector", "velocity-unit", "background", "time", "calculate", "export", "eyes", "out",
+          "prefix", "image", "report", "jobs", "quiet", "help", "version"})
         QVERIFY2(help.contains(u"\n  --%1 "_qs.arg(QLatin1StringView(option))), option);
-    for (const char *option : {"video", "aois", "velocity"})
+    for (const char *option : {"video", "aois"})
         QVERIFY2(!help.contains(QLatin1StringView(option)), option);
     for (const QString &line : help.split(u'\n'))
         QVERIFY2(line.size() < 100, qPrintable(line));

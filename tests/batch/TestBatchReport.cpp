@@ -147,6 +147,8 @@ void TestBatchReport::options_data()
     QTest::newRow("all that shapes the results")
         << "--time 1:20 --eyes mean --export events,fixations --calculate fixations --detector standard a.data"
         << "calculate=fixations detector=standard export=fixations,events eyes=mean time=1:20";
+    QTest::newRow("detector and unit") << "--detector velocity --velocity-unit degree-per-s a.data"
+                                       << "calculate= detector=velocity export= eyes=all velocity-unit=degree-per-s";
     QTest::newRow("jobs and quiet do not") << "--jobs 3 --quiet a.data"
                                            << "calculate= export= eyes=all";
 }

@@ -66,6 +66,11 @@ private Q_SLOTS:
     void savedSettingsAreHonoured();
     void laterSettingsWin();
     void aDetectorThatIsNotUsedDoesNotMatter();
+    void aDetectorThatIsNotRecognisedIsTold();
+    void detectorsAndUnitsGiveResultsOfTheirOwn();
+    void widthOfTheBackground_data();
+    void widthOfTheBackground();
+    void doubtfulParametersAreTold();
     void theUsersStoreIsNotTouched();
     void reportNamesWhatTheResultsRestOn();
     void sameRecordingTwice();
@@ -291,7 +296,89 @@ void TestBatchRun::aDetectorThatIsNotUsedDoesNotMatter()
     const QStringList velocity{QStringLiteral("--set"),
                                QStringLiteral("Calculation/Fixation/CalculationType=Velocity based")};
     QCOMPARE(m_batch->run(velocity + words("--export events study/S01.data")).status, 0);
-    QCOMPARE(m_batch->run(velocity + words("--detector standard --calculate fixations study/S01.data")).status, 0);
+    QCOMPARE(m_batch->run(velocity + words("--quiet --export events study/S01.data")).errors, QStringList());
+    const Outcome standard =
+        m_batch->run(velocity + words("--quiet --detector standard --calculate fixations study/S01.data"));
+    QCOMPARE(standard.status, 0);
+    QCOMPARE(standard.errors, QStringList());
+}
+
+/// The window, too, runs the standard detector then.
+void TestBatchRun::aDetectorThatIsNotRecognisedIsTold()
+{
+    const auto factory = filesOf(tablesOfTheStudy());
+    m_batch->removeFiles();
+    const Outcome outcome = m_batch->run(
+        QStringList{QStringLiteral("--set"), QStringLiteral("Calculation/Fixation/CalculationType=Velocity based")} +
+        tablesOfTheStudy());
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors, QStringList(QStringLiteral(
+                                 "Detector: The settings choose \"Velocity based\", which is not recognised when "
+                                 "settings are read, as in the window: the standard detector runs. --detector "
+                                 "chooses another.")));
+    QVERIFY(m_batch->files() == factory);
+}
+
+void TestBatchRun::detectorsAndUnitsGiveResultsOfTheirOwn()
+{
+    const QStringList calls{QStringLiteral("--detector standard"), QStringLiteral("--detector gaussian"),
+                            QStringLiteral("--detector velocity"),
+                            QStringLiteral("--detector velocity --velocity-unit pixel-per-ms "
+                                           "--set Calculation/Fixation/Velocity/VelocityThreshold=2"),
+                            QStringLiteral("--detector velocity --velocity-unit degree-per-s")};
+    QSet<QByteArray> results;
+    for (const QString &call : calls) {
+        const auto files = filesOf(tablesOfTheStudy(call.split(u' ')));
+        QCOMPARE(files.size(), 4);
+        for (const QByteArray &file : files)
+            QVERIFY2(file.count('\n') > 6, qPrintable(call));
+        results << files[eventsLeft.sliced(2)];
+    }
+    QCOMPARE(results.size(), calls.size());
+    // What is loaded is a percentile, whatever was stored.
+    QVERIFY(filesOf(tablesOfTheStudy(words("--detector velocity --velocity-unit percentile"))) ==
+            filesOf(tablesOfTheStudy(words("--detector velocity --set Calculation/Fixation/Velocity/Unit=0"))));
+}
+
+/// The picture gives the width of an angle; the report says what was used.
+void TestBatchRun::widthOfTheBackground_data()
+{
+    QTest::addColumn<QStringList>("background");
+    QTest::addColumn<QString>("width");
+    QTest::newRow("the canvas") << QStringList() << QStringLiteral("2560");
+    QTest::newRow("a picture") << words("--background study/bay.png") << QStringLiteral("1280");
+}
+
+void TestBatchRun::widthOfTheBackground()
+{
+    QFETCH(QStringList, background);
+    QVERIFY(!filesOf(background + words("--detector velocity --velocity-unit degree-per-s --calculate fixations "
+                                        "--report report.json study/S01.data"))
+                 .isEmpty());
+    const QJsonObject parameters = report()[QStringLiteral("parameters")].toObject();
+    QTEST(parameters[QStringLiteral("Calculation/Fixation/Velocity/ImageSizePixel")].toString(), "width");
+    QCOMPARE(parameters[QStringLiteral("Calculation/Fixation/Velocity/Unit")].toString(), QStringLiteral("1"));
+    QCOMPARE(parameters[QStringLiteral("Calculation/Fixation/CalculationType")].toString(),
+             QStringLiteral("Velocity based"));
+}
+
+void TestBatchRun::doubtfulParametersAreTold()
+{
+    const Outcome outcome = m_batch->run(words("--quiet --calculate fixations --report report.json --set "
+                                               "Calculation/Fixation/Standard/MinimumDuration=1 study/S01.data"));
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors.size(), 3);
+    QVERIFY(outcome.errors[0].startsWith(
+        QStringLiteral("S01: left eye: The minimum duration of 1 ms is shorter than one sampling interval, ")));
+    QVERIFY(outcome.errors[1].startsWith(QStringLiteral("S01: right eye: ")));
+    QVERIFY(outcome.errors[2].startsWith(QStringLiteral("S01: mean eye: ")));
+    QStringList reported;
+    for (const QJsonValue &message : report()[QStringLiteral("messages")].toArray()) {
+        if (message[QStringLiteral("severity")].toString() == QLatin1StringView("warning"))
+            reported << message[QStringLiteral("title")].toString() + QStringLiteral(": ") +
+                            message[QStringLiteral("text")].toString();
+    }
+    QCOMPARE(reported, outcome.errors);
 }
 
 void TestBatchRun::theUsersStoreIsNotTouched()

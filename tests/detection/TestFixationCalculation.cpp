@@ -1,7 +1,9 @@
+#include "base/Log.h"
 #include "base/Progress.h"
 #include "detection/FixationCalculation.h"
 #include "model/DataModel.h"
 #include "TestMessages.h"
+#include "TestSettings.h"
 
 #include <QTest>
 
@@ -37,6 +39,32 @@ DataModel modelOf(const QList<Examination> &examinations)
 
 const StandardParameters parameters{100, 50, 2};
 
+/// An examination without right eye, whose left one rests 100 ms at each of so many places before the last, which it
+/// does not leave any more.
+Examination saccadesOf(int places)
+{
+    Examination made;
+    QList<GazePoint> &samples = made.leftEye.gazePoints;
+    for (int place = 0; place <= places; ++place) {
+        for (int i = 0; i < 21; ++i)
+            samples << GazePoint(5 * samples.size(), 300 + 400 * (place % 2) + i % 3, 400, 0, 0, 1);
+    }
+    made.meanEye = made.leftEye;
+    return made;
+}
+
+VelocityParameters velocityInPixels(int minimumDurationMs)
+{
+    return {.minimumDurationMs = minimumDurationMs, .threshold = 2, .unit = VelocityUnit::PixelPerMs};
+}
+
+QStringList linesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
+                                          : QStringList();
+}
+
 /// What happens in front of the user, in order.
 class RecordedProgress : public Progress::IDisplay {
 public:
@@ -60,6 +88,8 @@ private:
 
 } // namespace
 
+Q_DECLARE_METATYPE(FixationCalculationParameters)
+
 class TestFixationCalculation : public QObject {
     Q_OBJECT
 
@@ -77,6 +107,19 @@ private Q_SLOTS:
     void eyesWithoutSamples();
     void typeWithoutDetectorIsStandard_data();
     void typeWithoutDetectorIsStandard();
+    void parametersOfTheDetectors();
+    void unitWithoutNameIsPercentile_data();
+    void unitWithoutNameIsPercentile();
+    void resultTextOfTheMixture_data();
+    void resultTextOfTheMixture();
+    void resultTextOfTheVelocity_data();
+    void resultTextOfTheVelocity();
+    void otherDetectorsAddFixationsOnly_data();
+    void otherDetectorsAddFixationsOnly();
+    void mixtureTakesItsParametersFromTheStore();
+    void widthOfTheImageIsStored();
+    void warningsGoToTheLogOnly();
+    void failureOfTheMixtureIsTold();
 };
 
 void TestFixationCalculation::nothingChecked_data()
@@ -137,8 +180,9 @@ void TestFixationCalculation::reportsOfLeftAndRight()
 
     DataModel model = modelOf({examination(), examination(false), examination()});
     const RecordedMessages messages;
-    const std::optional<QString> report = calculateFixations(model, parameters, nullptr);
-    QCOMPARE(report, expected + expected);
+    const auto outcome = calculateFixations(model, parameters, nullptr);
+    QVERIFY(outcome);
+    QCOMPARE(outcome->reports, expected + expected);
     QCOMPARE(messages.texts(), QStringList(reportTitle + expected + expected));
 }
 
@@ -218,8 +262,9 @@ void TestFixationCalculation::pooledContainersAreCleared()
 void TestFixationCalculation::eyesWithoutSamples()
 {
     DataModel model = modelOf({Examination()});
-    const std::optional<QString> report = calculateFixations(model, parameters, nullptr);
-    QVERIFY(report && report->startsWith(QStringLiteral("left eye:\nInvalid before processing: min 0[ms]")));
+    const auto outcome = calculateFixations(model, parameters, nullptr);
+    QVERIFY(outcome && outcome->reports.startsWith(QStringLiteral("left eye:\nInvalid before processing: min 0[ms]")));
+    QCOMPARE(outcome->warnings, QList<DetectionWarning>());
     QVERIFY(model.examinations()[0].calculationInfo.fixationCalculationInfo.endsWith(
         QStringLiteral("Left Eye:0, Right Eye:0, Mean Eye:0\n")));
 }
@@ -243,6 +288,201 @@ void TestFixationCalculation::typeWithoutDetectorIsStandard()
     QCOMPARE(chosen.minimumDurationMs, 1);
     QCOMPARE(chosen.maximumRadiusPx, 2);
     QCOMPARE(chosen.allowedOutliers, 3);
+}
+
+void TestFixationCalculation::parametersOfTheDetectors()
+{
+    FixationSettingsModel settings;
+    settings.gaussianMinimumDuration = 4;
+    settings.gaussianMergeSequential = true;
+    settings.velocityMinimumDuration = 5;
+    settings.velocityThreshold = 10.75;
+    settings.velocityScreenDistance = 0.6;
+    settings.velocityImageSize = 0.4;
+    settings.velocityImageSizePixels = 1024;
+    settings.velocityUnit = 1;
+    const auto mixture = std::get<MixtureParameters>(calculationParameters(1, settings));
+    QCOMPARE(mixture.minimumDurationMs, 4);
+    QCOMPARE(mixture.mergeSequential, true);
+    const auto velocity = std::get<VelocityParameters>(calculationParameters(2, settings));
+    QCOMPARE(velocity.minimumDurationMs, 5);
+    QCOMPARE(velocity.threshold, 10.75);
+    QCOMPARE(velocity.unit, VelocityUnit::DegreePerS);
+    QCOMPARE(velocity.screenDistanceM, 0.6);
+    QCOMPARE(velocity.imageSizeM, 0.4);
+    QCOMPARE(velocity.imageWidthPx, 1024.0);
+}
+
+void TestFixationCalculation::unitWithoutNameIsPercentile_data()
+{
+    QTest::addColumn<int>("stored");
+    QTest::addColumn<VelocityUnit>("unit");
+    QTest::newRow("0") << 0 << VelocityUnit::PixelPerMs;
+    QTest::newRow("1") << 1 << VelocityUnit::DegreePerS;
+    QTest::newRow("2") << 2 << VelocityUnit::Percentile;
+    QTest::newRow("3") << 3 << VelocityUnit::Percentile;
+    QTest::newRow("-1") << -1 << VelocityUnit::Percentile;
+}
+
+void TestFixationCalculation::unitWithoutNameIsPercentile()
+{
+    QFETCH(int, stored);
+    FixationSettingsModel settings;
+    settings.velocityUnit = stored;
+    QTEST(std::get<VelocityParameters>(calculationParameters(2, settings)).unit, "unit");
+}
+
+void TestFixationCalculation::resultTextOfTheMixture_data()
+{
+    QTest::addColumn<bool>("merges");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("merging") << true << QStringLiteral("Merge Sequential:1\n");
+    QTest::newRow("not merging") << false << QStringLiteral("Merge Sequential:0\n");
+}
+
+void TestFixationCalculation::resultTextOfTheMixture()
+{
+    QFETCH(bool, merges);
+    QFETCH(QString, text);
+    const TemporarySettings store;
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 90);
+    SettingsStore().setValue(rows::gaussianMergeSequential.key, merges);
+    DataModel model = modelOf({saccadesOf(3)});
+    calculateFixations(model, MixtureParameters{90, merges}, nullptr);
+    QCOMPARE(model.examinations()[0].calculationInfo.fixationCalculationInfo,
+             QStringLiteral("Algorithm:GAUSSIAN\nParameter:\n Minimum Duration:90, ") + text +
+                 QStringLiteral("Fixations found:\n Left Eye:3, Right Eye:0, Mean Eye:3\n"));
+}
+
+void TestFixationCalculation::resultTextOfTheVelocity_data()
+{
+    QTest::addColumn<VelocityParameters>("parameters");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, const VelocityParameters &given, const char *text) {
+        QTest::newRow(name) << given << QString::fromUtf8(text);
+    };
+    row("the threshold as set", {10, 10.75, VelocityUnit::PixelPerMs, 0.6, 0.4, 0},
+        "Minimum Duration:10, Velocity Threshold:10.75, Screen Distance:0.6, Image Size:0.4, Unit:[Pixel/ms]\n"
+        "Fixations found:\n Left Eye:3, Right Eye:0, Mean Eye:3\n");
+    row("degrees", {10, 300, VelocityUnit::DegreePerS, 1, 0.2, 1024},
+        "Minimum Duration:10, Velocity Threshold:300, Screen Distance:1, Image Size:0.2, Unit:[\xC2\xB0/s]\n"
+        "Fixations found:\n Left Eye:3, Right Eye:0, Mean Eye:3\n");
+    row("six digits, plain or exponent", {10, 1234567.5, VelocityUnit::PixelPerMs, 0.00001234567, 0.123456789, 0},
+        "Minimum Duration:10, Velocity Threshold:1.23457e+06, Screen Distance:1.23457e-05, Image Size:0.123457, "
+        "Unit:[Pixel/ms]\nFixations found:\n Left Eye:0, Right Eye:0, Mean Eye:0\n");
+    row("percentile of too few", {10, 50, VelocityUnit::Percentile, 0, 0, 0},
+        "Minimum Duration:10, Velocity Threshold:50, Screen Distance:0, Image Size:0, Unit:Percentile\n"
+        "Fixations found:\n Left Eye:0, Right Eye:0, Mean Eye:0\n");
+}
+
+void TestFixationCalculation::resultTextOfTheVelocity()
+{
+    QFETCH(VelocityParameters, parameters);
+    QFETCH(QString, text);
+    const TemporarySettings store;
+    DataModel model = modelOf({saccadesOf(3)});
+    calculateFixations(model, parameters, nullptr);
+    QCOMPARE(model.examinations()[0].calculationInfo.fixationCalculationInfo,
+             QStringLiteral("Algorithm:VELOCITY\nParameter:\n ") + text);
+}
+
+void TestFixationCalculation::otherDetectorsAddFixationsOnly_data()
+{
+    QTest::addColumn<FixationCalculationParameters>("other");
+    QTest::newRow("mixture") << FixationCalculationParameters(MixtureParameters{10, false});
+    QTest::newRow("velocity") << FixationCalculationParameters(velocityInPixels(10));
+}
+
+/// Saccades and invalid sections of the standard detector stay, and nobody is shown a report.
+void TestFixationCalculation::otherDetectorsAddFixationsOnly()
+{
+    QFETCH(FixationCalculationParameters, other);
+    const TemporarySettings store;
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 10);
+    Examination made = saccadesOf(3);
+    made.leftEye.gazePoints[5].validFlag = false;
+    DataModel model = modelOf({made});
+    calculateFixations(model, parameters, nullptr);
+    const EyeData before = model.examinations()[0].leftEye;
+    const RecordedMessages messages;
+    const auto outcome = calculateFixations(model, other, nullptr);
+    EyeData after = model.examinations()[0].leftEye;
+    QVERIFY(outcome && outcome->reports.isEmpty());
+    QCOMPARE(messages.texts(), QStringList());
+    QCOMPARE(after.scanpath.size(), 3);
+    after.scanpath = before.scanpath;
+    QCOMPARE(after, before);
+}
+
+void TestFixationCalculation::mixtureTakesItsParametersFromTheStore()
+{
+    const TemporarySettings store;
+    DataModel model = modelOf({saccadesOf(3)});
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 5000);
+    calculateFixations(model, MixtureParameters{10, true}, nullptr);
+    QCOMPARE(model.examinations()[0].leftEye.scanpath.size(), 0);
+    QVERIFY(model.examinations()[0].calculationInfo.fixationCalculationInfo.contains(
+        QStringLiteral("Minimum Duration:5000, Merge Sequential:0\n"))); // what is missing reads as 0
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 10);
+    calculateFixations(model, MixtureParameters{5000, true}, nullptr);
+    QCOMPARE(model.examinations()[0].leftEye.scanpath.size(), 3);
+}
+
+void TestFixationCalculation::widthOfTheImageIsStored()
+{
+    const TemporarySettings store;
+    const auto stored = [] { return SettingsStore().value(rows::velocityImageSizePixels.key).toString(); };
+    VelocityParameters given = velocityInPixels(10);
+    given.imageWidthPx = 1024;
+    DataModel none;
+    const RecordedMessages messages;
+    calculateFixations(none, given, nullptr);
+    calculateFixations(none, parameters, nullptr);
+    QCOMPARE(stored(), QString());
+    DataModel model = modelOf({saccadesOf(3)});
+    calculateFixations(model, parameters, nullptr);
+    QCOMPARE(stored(), QString());
+    calculateFixations(model, given, nullptr);
+    QCOMPARE(stored(), QStringLiteral("1024"));
+}
+
+void TestFixationCalculation::warningsGoToTheLogOnly()
+{
+    const TemporarySettings store;
+    const QTemporaryDir folder;
+    const Log log(folder.filePath(QStringLiteral("log")));
+    DataModel model = modelOf({saccadesOf(3)});
+    model.examinations()[0].baseName = QStringLiteral("S07");
+    const RecordedMessages messages;
+    const auto outcome = calculateFixations(model, velocityInPixels(3), &log);
+    const QString text = QStringLiteral("The minimum duration of 3 ms is shorter than one sampling interval, 5 ms.");
+    const QList<DetectionWarning> expected{{QStringLiteral("S07"), QStringLiteral("left eye"), text},
+                                           {QStringLiteral("S07"), QStringLiteral("mean eye"), text}};
+    QVERIFY(outcome);
+    QCOMPARE(outcome->warnings, expected); // the right eye was not recorded
+    QCOMPARE(linesOf(folder.filePath(QStringLiteral("log"))),
+             QStringList({QStringLiteral("S07, left eye: ") + text, QStringLiteral("S07, mean eye: ") + text}));
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+void TestFixationCalculation::failureOfTheMixtureIsTold()
+{
+    const TemporarySettings store;
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 10);
+    const QTemporaryDir folder;
+    const Log log(folder.filePath(QStringLiteral("log")));
+    Examination made = saccadesOf(3);
+    made.baseName = QStringLiteral("S07");
+    made.leftEye.gazePoints.resize(2);
+    DataModel model = modelOf({made});
+    const auto outcome = calculateFixations(model, MixtureParameters{10, true}, &log);
+    const QString text = QStringLiteral("No fixations: fewer than three usable samples.");
+    QVERIFY(outcome);
+    QCOMPARE(outcome->warnings, (QList<DetectionWarning>{{QStringLiteral("S07"), QStringLiteral("left eye"), text}}));
+    QCOMPARE(linesOf(folder.filePath(QStringLiteral("log"))),
+             QStringList({QStringLiteral("S07, left eye: ") + text, QStringLiteral("S07, right eye: ") + text}));
+    QCOMPARE(model.examinations()[0].leftEye.scanpath.size(), 0);
+    QCOMPARE(model.examinations()[0].meanEye.scanpath.size(), 3);
 }
 
 QTEST_GUILESS_MAIN(TestFixationCalculation)

@@ -1,11 +1,10 @@
+#include "commands/IMainWindow.h"
 #include "detection/panel/FixationCommands.h"
 #include "detection/panel/FixationControl.h"
 #include "model/DataModel.h"
 #include "TestMessages.h"
 #include "TestSettings.h"
 
-#include <QGroupBox>
-#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
@@ -39,6 +38,19 @@ QStringList linesOf(const QString &path)
                                           : QStringList();
 }
 
+/// A main window of which only the picture matters.
+class StimulusWindow : public IMainWindow {
+public:
+    void addTableRow(const Examination &) override {}
+    void removeTableRows(const QList<int> &) override {}
+    void refreshPlainBackground() override {}
+    void showImported() override {}
+    int stimulusWidthPx() const override { return widthPx; }
+    void redraw() override {}
+
+    int widthPx = 1024;
+};
+
 } // namespace
 
 class TestFixationControl : public QObject {
@@ -49,7 +61,6 @@ private Q_SLOTS:
     void cleanup();
     void formAtConstruction_data();
     void formAtConstruction();
-    void onlyBuiltDetectorsAreOffered();
     void settingsAreShown();
     void emptyStoreIsShownClamped();
     void unknownTypeHasNoCurrentItem_data();
@@ -58,6 +69,9 @@ private Q_SLOTS:
     void changeOfControlIsACommand();
     void typeCommandNamesTheType();
     void clickCalculates();
+    void clickRunsTheChosenDetector_data();
+    void clickRunsTheChosenDetector();
+    void widthOfTheStimulusAtTheTimeOfTheCalculation();
     void undoReturnsOnlyTheTexts();
     void redoCalculatesAgain();
     void valueOfTheClickIsKeptForRedo();
@@ -109,6 +123,8 @@ void TestFixationControl::formAtConstruction_data()
     QTest::newRow("duration") << QStringLiteral("s_spinBox_dur") << 0 << 5000 << 10 << 200 << QStringLiteral(" ms");
     QTest::newRow("radius") << QStringLiteral("s_spinBox_rad") << 10 << 1000 << 1 << 50 << QStringLiteral(" px");
     QTest::newRow("outliers") << QStringLiteral("s_spinBox_out") << 0 << 20 << 1 << 2 << QString();
+    QTest::newRow("mixture") << QStringLiteral("minDurationGauss") << 0 << 5000 << 10 << 200 << QString();
+    QTest::newRow("velocity") << QStringLiteral("minVelocityDuration") << 0 << 5000 << 10 << 200 << QString();
 }
 
 void TestFixationControl::formAtConstruction()
@@ -122,15 +138,6 @@ void TestFixationControl::formAtConstruction()
     QTEST(control->singleStep(), "step");
     QTEST(control->value(), "value");
     QTEST(control->suffix(), "suffix");
-}
-
-void TestFixationControl::onlyBuiltDetectorsAreOffered()
-{
-    const auto *box = child<QComboBox>(*m_panel, "Fix_comboBox");
-    QCOMPARE(box->count(), 1);
-    QCOMPARE(box->itemText(0), QStringLiteral("Standard"));
-    QVERIFY(child<QGroupBox>(*m_panel, "standardBox")->isVisible());
-    QCOMPARE(child<QToolButton>(*m_panel, "toolButton")->text(), QStringLiteral("Calculate fixations"));
 }
 
 void TestFixationControl::settingsAreShown()
@@ -160,7 +167,6 @@ void TestFixationControl::emptyStoreIsShownClamped()
 void TestFixationControl::unknownTypeHasNoCurrentItem_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("known, but its detector is not built") << QStringLiteral("Gaussian Mixture Model");
     QTest::newRow("never recognised") << QStringLiteral("Velocity based");
     QTest::newRow("unknown") << QStringLiteral("x");
 }
@@ -195,6 +201,14 @@ void TestFixationControl::changeOfControlIsACommand_data()
                               << QStringLiteral("Calculation/Fixation/Standard/Outlier")
                               << QStringLiteral("Fixation standard calculation outliers allowed changed: 17")
                               << QStringLiteral("CommandChangeFixationControlStandardOutliersAllowed");
+    QTest::newRow("mixture duration") << QStringLiteral("minDurationGauss")
+                                      << QStringLiteral("Calculation/Fixation/Gaussian/MinimumDuration")
+                                      << QStringLiteral("Fixation gaussian calculation minimum duration changed: 17")
+                                      << QStringLiteral("CommandChangeFixationControlGaussianMinimumDuration");
+    QTest::newRow("velocity duration") << QStringLiteral("minVelocityDuration")
+                                       << QStringLiteral("Calculation/Fixation/Velocity/MinimumDuration")
+                                       << QStringLiteral("Fixation velocity calculation minimum duration changed: 17")
+                                       << QStringLiteral("CommandChangeFixationControlVelocityMinimumDuration");
 }
 
 void TestFixationControl::changeOfControlIsACommand()
@@ -236,6 +250,55 @@ void TestFixationControl::typeCommandNamesTheType()
     QCOMPARE(SettingsStore().value(typeKey).toString(), QStringLiteral("Standard"));
     QCOMPARE(linesOf(logPath), QStringList({QStringLiteral("CommandChangeFixationControlCalculationType::redo = 1"),
                                             QStringLiteral("CommandChangeFixationControlCalculationType::undo = 0")}));
+}
+
+void TestFixationControl::clickRunsTheChosenDetector_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("standard") << 0
+                              << QStringLiteral("Algorithm:STANDARD\nParameter:\n Minimum Duration:100, Outliers:2, "
+                                                "Maximum Radius:50\n");
+    QTest::newRow("mixture") << 1
+                             << QStringLiteral("Algorithm:GAUSSIAN\nParameter:\n Minimum Duration:0, "
+                                               "Merge Sequential:0\n");
+    QTest::newRow("velocity") << 2
+                              << QStringLiteral("Algorithm:VELOCITY\nParameter:\n Minimum Duration:0, "
+                                                "Velocity Threshold:0, Screen Distance:0, Image Size:0, "
+                                                "Unit:Percentile\n");
+}
+
+void TestFixationControl::clickRunsTheChosenDetector()
+{
+    QFETCH(int, type);
+    QFETCH(QString, text);
+    child<QComboBox>(*m_panel, "Fix_comboBox")->setCurrentIndex(type);
+    const RecordedMessages messages;
+    const QSignalSpy calculated(m_panel.get(), &FixationControl::sigCalculateFixations);
+    QTest::mouseClick(child<QToolButton>(*m_panel, "toolButton"), Qt::LeftButton);
+    QCOMPARE(calculated.count(), 1);
+    QVERIFY(m_model.examinations()[0].calculationInfo.fixationCalculationInfo.startsWith(text));
+    QCOMPARE(messages.texts().size(), type == 0 ? 1 : 0);
+    CommandStack::instance().undo();
+    QCOMPARE(m_model.examinations()[0].calculationInfo.fixationCalculationInfo, QStringLiteral("first\n"));
+    QCOMPARE(m_model.examinations()[1].calculationInfo.fixationCalculationInfo, QStringLiteral("second\n"));
+}
+
+/// A redo measures the picture that is shown by then.
+void TestFixationControl::widthOfTheStimulusAtTheTimeOfTheCalculation()
+{
+    StimulusWindow window;
+    m_panel->setMainWindow(&window);
+    const auto stored = [] { return SettingsStore().value(rows::velocityImageSizePixels.key).toInt(); };
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    QCOMPARE(stored(), 0); // of no concern to the standard detector
+    child<QComboBox>(*m_panel, "Fix_comboBox")->setCurrentIndex(2);
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    QCOMPARE(stored(), 1024);
+    CommandStack::instance().undo();
+    window.widthPx = 640;
+    CommandStack::instance().redo();
+    QCOMPARE(stored(), 640);
 }
 
 void TestFixationControl::clickCalculates()

@@ -1,95 +1,12 @@
-#include "detection/GeneratedGaze.h"
+#include "detection/DamagedGaze.h"
 #include "detection/PlainStandardScanpathBuilder.h"
+#include "detection/SectionDifference.h"
 #include "TestMessages.h"
 
 #include <QLoggingCategory>
 #include <QTest>
 
-#include <limits>
-
 namespace {
-
-/// Damages that recordings come with, applied to generated gaze.
-struct Damage {
-    const char *name;
-    void (*apply)(QList<GazePoint> &samples, std::mt19937 &random);
-};
-
-void forSome(QList<GazePoint> &samples, std::mt19937 &random, unsigned oneIn, auto change)
-{
-    for (GazePoint &sample : samples) {
-        if (random() % oneIn == 0)
-            change(sample);
-    }
-}
-
-constexpr Damage damages[] = {
-    {"as recorded", [](QList<GazePoint> &, std::mt19937 &) {}},
-    {"whole pixels",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 1, [](GazePoint &s) {
-             s.x = std::round(s.x);
-             s.y = std::round(s.y);
-         });
-     }},
-    {"one position", [](QList<GazePoint> &samples,
-                        std::mt19937 &random) { forSome(samples, random, 1, [](GazePoint &s) { s.x = s.y = 400; }); }},
-    {"two positions in turn",
-     [](QList<GazePoint> &samples, std::mt19937 &) {
-         for (qsizetype i = 0; i < samples.size(); ++i)
-             samples[i].x = i % 2 == 0 ? 100 : 140;
-     }},
-    {"equal times",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 1, [](GazePoint &s) { s.time = s.time / 40 * 40; });
-     }},
-    {"one time", [](QList<GazePoint> &samples,
-                    std::mt19937 &random) { forSome(samples, random, 1, [](GazePoint &s) { s.time = 7; }); }},
-    {"times backwards",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 1, [](GazePoint &s) { s.time = -s.time; });
-     }},
-    {"times shuffled",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 5, [&random](GazePoint &s) { s.time += static_cast<qint64>(random() % 200) - 100; });
-     }},
-    {"days between samples",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         qint64 offset = 0;
-         forSome(samples, random, 1, [&](GazePoint &s) {
-             offset += random() % 300 == 0 ? 1500000000 : 0;
-             s.time += offset;
-         });
-     }},
-    {"many short losses",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 6, [](GazePoint &s) { s.validFlag = false; });
-     }},
-    {"hardly a valid sample",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 1, [&random](GazePoint &s) { s.validFlag = random() % 40 == 0; });
-     }},
-    {"spikes", [](QList<GazePoint> &samples,
-                  std::mt19937 &random) { forSome(samples, random, 9, [](GazePoint &s) { s.x += 300; }); }},
-    {"not numbers",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 30, [](GazePoint &s) { s.x = std::numeric_limits<double>::quiet_NaN(); });
-         forSome(samples, random, 30, [](GazePoint &s) { s.y = std::numeric_limits<double>::infinity(); });
-     }},
-    {"only not numbers",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 1, [](GazePoint &s) { s.x = std::numeric_limits<double>::quiet_NaN(); });
-     }},
-    {"huge coordinates",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 20, [](GazePoint &s) { s.x *= 1e300; });
-         forSome(samples, random, 20, [](GazePoint &s) { s.y = -1e308; });
-     }},
-    {"far from the origin",
-     [](QList<GazePoint> &samples, std::mt19937 &random) {
-         forSome(samples, random, 1, [](GazePoint &s) { s.x += 1e15; });
-     }},
-};
 
 StandardParameters randomParameters(std::mt19937 &random)
 {
@@ -97,34 +14,6 @@ StandardParameters randomParameters(std::mt19937 &random)
     constexpr int radii[] = {0, 1, 5, 10, 50, 300};
     constexpr int outliers[] = {0, 1, 4, 20, 1000, -1};
     return {durations[random() % 6], radii[random() % 6], outliers[random() % 6]};
-}
-
-QString differenceOf(const ScanpathSection &a, const ScanpathSection &b)
-{
-    const auto sameSample = [](const GazePoint &p, const GazePoint &q) {
-        const auto same = [](double v, double w) { return v == w || (std::isnan(v) && std::isnan(w)); };
-        return p.time == q.time && same(p.x, q.x) && same(p.y, q.y) && p.validFlag == q.validFlag;
-    };
-    if (!std::equal(a.samples.cbegin(), a.samples.cend(), b.samples.cbegin(), b.samples.cend(), sameSample))
-        return QStringLiteral("samples");
-    if (a.mean != b.mean)
-        return QStringLiteral("mean");
-    if (a.number != b.number || a.type != b.type || a.timeSorted != b.timeSorted)
-        return QStringLiteral("number or type");
-    return a.median == b.median && a.variance == b.variance ? QString() : QStringLiteral("median or variance");
-}
-
-template <class Section>
-QString differenceOf(const QList<Section> &a, const QList<Section> &b)
-{
-    if (a.size() != b.size())
-        return QStringLiteral("%1 sections, %2 in the plain form").arg(a.size()).arg(b.size());
-    for (qsizetype i = 0; i < a.size(); ++i) {
-        const QString difference = differenceOf(a[i], b[i]);
-        if (!difference.isEmpty())
-            return QStringLiteral("section %1: %2").arg(i).arg(difference);
-    }
-    return {};
 }
 
 } // namespace

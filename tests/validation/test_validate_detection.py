@@ -2,6 +2,7 @@
 
 import pathlib
 import sys
+import tempfile
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "tools" / "validation"))
@@ -50,6 +51,26 @@ class Events(unittest.TestCase):
         self.assertEqual(v.as_intervals([(0, 2), (4, 6)], [0, 2, 4, 6]), [Interval(0, 1), Interval(2, 3)])
 
 
+class Recordings(unittest.TestCase):
+    def test_rate_is_that_of_the_median_step(self):
+        self.assertEqual(v.Recording(None, [0, 1, 3, 5, 8, 10, 5000], {}).rate, 500)
+        self.assertEqual(v.Recording(None, [0, 5, 10, 15], {}).rate, 200)
+
+    def test_stimulus_must_lie_beside_the_set_file(self):
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            (folder / "a.set").write_text("[subject]\npicturename=p.png\n", encoding="utf-8")
+            self.assertIsNone(v.stimulus_of(folder / "a.set"))
+            (folder / "p.png").write_bytes(b"")
+            self.assertEqual(v.stimulus_of(folder / "a.set"), folder / "p.png")
+
+    def test_settings_of_a_method(self):
+        method = v.velocity("v", "percentile", 60, 90)
+        self.assertEqual(method.options, ("--detector", "velocity", "--velocity-unit", "percentile"))
+        self.assertEqual(method.settings["Calculation/Fixation/Velocity/VelocityThreshold"], 90)
+        self.assertEqual(method.text(), "MinimumDuration 60, VelocityThreshold 90")
+
+
 class Agreement(unittest.TestCase):
     def test_kappa_by_hand(self):
         a = [True, True, True, False, False, False, False, False, True, True]
@@ -88,11 +109,23 @@ class Table(unittest.TestCase):
         times = list(range(0, 20, 2))
         first = Comparison.of([Interval(0, 4)], [Interval(0, 4)], times)
         second = Comparison.of([Interval(0, 4)], [], times)
-        lines = v.table([("one", "Vistrum / MN", first), ("two", "Vistrum / MN", second)]).splitlines()
-        self.assertEqual(lines[2], "| one | Vistrum / MN | 1.000 | 1.000 | 1.000 | 1 / 1 | 8 / 8 |")
-        self.assertEqual(lines[3], "| two | Vistrum / MN | 0.000 | 0.000 | 0.000 | 1 / 0 | 8 / - |")
+        compared = [("one", "standard / MN", first), ("two", "standard / MN", second)]
+        lines = v.table(compared).splitlines()
+        self.assertEqual(lines[2], "| one | standard / MN | 1.000 | 1.000 | 1.000 | 1 / 1 | 8 / 8 |")
+        self.assertEqual(lines[3], "| two | standard / MN | 0.000 | 0.000 | 0.000 | 1 / 0 | 8 / - |")
         # 20 samples, 15 agree; shares 0.5 and 0.25: expected 0.5; 2 * 1 / 3 events.
-        self.assertEqual(lines[4], "| all | Vistrum / MN | 0.500 | 0.667 | 0.667 | 2 / 1 | 8 / 8 |")
+        totals = v.table(compared, total_only=True).splitlines()
+        self.assertEqual(totals, lines[:2] + ["| all | standard / MN | 0.500 | 0.667 | 0.667 | 2 / 1 | 8 / 8 |"])
+        self.assertEqual(len(first.flags_a), 10)  # the totals leave the parts alone
+
+    def test_shares_of_each_code(self):
+        recording = v.Recording(pathlib.Path("one.data"), [0, 2, 4, 6, 8], {"MN": list("11442"), "RA": list("11111")})
+        found = {(method.name, "one"): [Interval(1, 2)] for method in v.METHODS}
+        lines = v.shares_by_code([recording], found).splitlines()
+        self.assertEqual(lines[0], "| in a fixation of | fixation | saccade | pursuit |")
+        # 3 of 7 called fixation lie in it, none of 1 saccade, 1 of 2 of pursuit
+        self.assertEqual(lines[2], "| standard | 43 % | 0 % | 50 % |")
+        self.assertEqual(lines[-1], "| samples so called | 7 | 1 | 2 |")
 
     def test_text_between_the_marks_is_replaced(self):
         document = f"before\n{v.BEGIN_MARK}\nold\n{v.END_MARK}\nafter\n"

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Compares the standard detector's fixations with those of human coders.
+"""Compares the fixations of each detector with those of human coders.
 
     validate_detection.py DATA_FOLDER VISTRUM_BATCH [--write docs/validation.md]
 
 Every recording of the folder that has a NAME.labels.csv beside NAME.data is analysed with vistrum-batch. The labels are
-a table with the columns sample, time, and one a coder; code 1 is a fixation. The result is a table in Markdown: on
+a table with the columns sample, time, and one a coder; code 1 is a fixation. The result are tables in Markdown: on
 standard output, or with --write between the markers of the document.
 """
 
@@ -17,17 +17,52 @@ import sys
 import tempfile
 from dataclasses import dataclass
 
-SETTINGS = {
-    "Calculation/Fixation/Standard/MinimumDuration": 100,  # ms
-    "Calculation/Fixation/Standard/MaximumRadius": 25,  # px
-    "Calculation/Fixation/Standard/Outlier": 2,  # samples
-}
+
+@dataclass(frozen=True)
+class Method:
+    """A detector with its settings, as the tables name it."""
+
+    name: str
+    options: tuple
+    settings: dict
+
+    def text(self):
+        return ", ".join(f"{key.rsplit('/', 1)[1]} {value}" for key, value in self.settings.items())
+
+
+def velocity(name, unit, duration, threshold, **further):
+    settings = {"MinimumDuration": duration, "VelocityThreshold": threshold, **further}
+    return Method(name, ("--detector", "velocity", "--velocity-unit", unit),
+                  {f"Calculation/Fixation/Velocity/{key}": value for key, value in settings.items()})
+
+
+# Of the screen that the recordings were made at; no file tells it.
+SCREEN = {"ScreenDistance": 0.67, "ImageSize": 0.38}  # m
+
+METHODS = (
+    Method("standard", ("--detector", "standard"), {
+        "Calculation/Fixation/Standard/MinimumDuration": 100,  # ms
+        "Calculation/Fixation/Standard/MaximumRadius": 25,  # px
+        "Calculation/Fixation/Standard/Outlier": 2,  # samples
+    }),
+    Method("mixture", ("--detector", "gaussian"), {
+        "Calculation/Fixation/Gaussian/MinimumDuration": 60,  # ms
+        "Calculation/Fixation/Gaussian/MergeSequential": "false",
+    }),
+    velocity("velocity px/ms", "pixel-per-ms", 60, 2),
+    velocity("velocity degrees/s", "degree-per-s", 60, 80, **SCREEN),
+    velocity("velocity percentile", "percentile", 60, 90),
+)
+
+# How the best threshold depends on the sampling rate.
+THRESHOLDS = (20, 30, 40, 60, 80, 100)  # degrees/s
 
 BEGIN_MARK = "<!-- table: begin, written by tools/validation/validate_detection.py -->"
 END_MARK = "<!-- table: end -->"
 
 CODERS = ("MN", "RA")  # columns of human coders; other columns, as those of a tracker's own parser, are left out
 FIXATION_CODE = "1"
+CODE_NAMES = {"1": "fixation", "2": "saccade", "3": "oscillation", "4": "pursuit", "5": "blink", "6": "undefined"}
 EVENT_COLUMNS = 11  # event, code, gaze points, cluster, onset, duration, ...; subject columns stand before them
 LEAST_IOU = 0.5
 
@@ -153,37 +188,35 @@ class Comparison:
         for field in self.__dataclass_fields__:
             setattr(self, field, getattr(self, field) + getattr(other, field))
 
-    def row(self, recording, names):
+    def measures(self):
         counts = len(self.durations_a), len(self.durations_b)
+        values = kappa(self.flags_a, self.flags_b), f1(self.overlapping, *counts), f1(self.alike, *counts)
+        return [f"{value:.3f}" for value in values]
+
+    def row(self, recording, names):
         means = [f"{sum(d) / len(d):.0f}" if d else "-" for d in (self.durations_a, self.durations_b)]
         cells = [
             recording,
             names,
-            f"{kappa(self.flags_a, self.flags_b):.3f}",
-            f"{f1(self.overlapping, *counts):.3f}",
-            f"{f1(self.alike, *counts):.3f}",
-            f"{counts[0]} / {counts[1]}",
+            *self.measures(),
+            f"{len(self.durations_a)} / {len(self.durations_b)}",
             f"{means[0]} / {means[1]}",
         ]
         return "| " + " | ".join(cells) + " |"
 
 
-def table(compared):
-    """Markdown of [(recording, names, comparison)], with a line of all recordings together for each pair of names."""
+def table(compared, total_only=False):
+    """Markdown of [(recording, names, comparison)]; the totals are over all recordings for each pair of names."""
     lines = [
         "| recording | compared | kappa | F1 overlap | F1 IoU >= 0.5 | fixations | mean duration [ms] |",
         "|---|---|---|---|---|---|---|",
     ]
+    if not total_only:
+        return "\n".join(lines + [comparison.row(*names) for *names, comparison in compared]) + "\n"
     totals = {}
-    for recording, names, comparison in compared:
-        lines.append(comparison.row(recording, names))
-        if names in totals:
-            totals[names].add(comparison)
-        else:
-            totals[names] = Comparison([], [], 0, 0, [], [])
-            totals[names].add(comparison)
-    lines += [total.row("all", names) for names, total in sorted(totals.items())]
-    return "\n".join(lines) + "\n"
+    for _, names, comparison in compared:
+        totals.setdefault(names, Comparison([], [], 0, 0, [], [])).add(comparison)
+    return "\n".join(lines + [total.row("all", names) for names, total in totals.items()]) + "\n"
 
 
 def replaced_between_marks(document, text):
@@ -194,43 +227,131 @@ def replaced_between_marks(document, text):
     return f"{before}{begin}\n{text}{end}{after}"
 
 
-def detected_fixations(batch, recording):
+def stimulus_of(set_file):
+    """The picture that the set file names, if it lies beside it."""
+    for line in set_file.read_text(encoding="utf-8").splitlines():
+        key, _, value = line.partition("=")
+        if key == "picturename" and (set_file.parent / value).is_file():
+            return set_file.parent / value
+    return None
+
+
+def detected_fixations(batch, recording, method):
     """Runs vistrum-batch on one recording and reads its events of the dominant eye."""
+    picture = stimulus_of(recording.with_suffix(".set"))
     with tempfile.TemporaryDirectory() as folder:
-        command = [str(batch), "--detector", "standard", "--calculate", "fixations", "--export", "fixations,events"]
-        command += ["--eyes", "dominant", "--out", folder, "--report", str(pathlib.Path(folder) / "report.json")]
-        for key, value in SETTINGS.items():
+        command = [str(batch), *method.options, "--calculate", "fixations", "--export", "events"]
+        command += ["--eyes", "dominant", "--out", folder]
+        command += ["--background", str(picture)] if picture else []
+        for key, value in method.settings.items():
             command += ["--set", f"{key}={value}"]
         subprocess.run([*command, "--quiet", str(recording)], check=True, stdout=subprocess.DEVNULL)
         (events,) = pathlib.Path(folder).glob("*_events_dominant.csv")
         return read_event_fixations(events.read_bytes())
 
 
-def compare(data_folder, batch):
-    compared = []
+@dataclass(frozen=True)
+class Recording:
+    path: pathlib.Path
+    times: list
+    coders: dict  # codes of each human coder by name
+
+    @property
+    def rate(self):
+        """In Hz, from the median time between samples, which are whole ms."""
+        steps = sorted(later - earlier for earlier, later in zip(self.times, self.times[1:]))
+        return round(1000 / steps[len(steps) // 2])
+
+    def coded(self):
+        return {coder: coded_fixations(codes) for coder, codes in self.coders.items()}
+
+    def detected(self, batch, method):
+        return as_intervals(detected_fixations(batch, self.path, method), self.times)
+
+
+def read_recordings(data_folder):
+    recordings = []
     for labels in sorted(data_folder.glob("*.labels.csv")):
-        name = labels.name.removesuffix(".labels.csv")
         times, coders = read_labels(labels.read_text(encoding="utf-8"))
-        if not coders:
-            continue
-        detected = as_intervals(detected_fixations(batch, data_folder / f"{name}.data"), times)
-        coded = {coder: coded_fixations(codes) for coder, codes in coders.items()}
-        for coder, intervals in coded.items():
-            compared.append((name, f"Vistrum / {coder}", Comparison.of(detected, intervals, times)))
+        if coders:
+            name = labels.name.removesuffix(".labels.csv")
+            recordings.append(Recording(data_folder / f"{name}.data", times, coders))
+    return recordings
+
+
+def compare(recordings, found):
+    """[(recording, names, comparison)]; `found` has the intervals by method and recording."""
+    compared = []
+    for recording in recordings:
+        coded, name = recording.coded(), recording.path.stem
+        for method in METHODS:
+            for coder, intervals in coded.items():
+                comparison = Comparison.of(found[method.name, name], intervals, recording.times)
+                compared.append((name, f"{method.name} / {coder}", comparison))
         if len(coded) == 2:
             (first, a), (second, b) = coded.items()
-            compared.append((name, f"{first} / {second}", Comparison.of(a, b, times)))
+            compared.append((name, f"{first} / {second}", Comparison.of(a, b, recording.times)))
     return compared
+
+
+def shares_by_code(recordings, found):
+    """Markdown: of the samples to which the coders give each code, how many lie in a fixation of each method."""
+    codes = sorted({code for r in recordings for given in r.coders.values() for code in given})
+    counts = {code: 0 for code in codes}
+    inside = {(method.name, code): 0 for method in METHODS for code in codes}
+    for recording in recordings:
+        for given in recording.coders.values():
+            for code in given:
+                counts[code] += 1
+            for method in METHODS:
+                flags = as_flags(found[method.name, recording.path.stem], len(recording.times))
+                for code, flag in zip(given, flags):
+                    inside[method.name, code] += flag
+    lines = ["| in a fixation of | " + " | ".join(CODE_NAMES.get(code, code) for code in codes) + " |",
+             "|---" * (len(codes) + 1) + "|"]
+    for method in METHODS:
+        shares = [f"{100 * inside[method.name, code] / counts[code]:.0f} %" for code in codes]
+        lines.append(f"| {method.name} | " + " | ".join(shares) + " |")
+    lines.append("| samples so called | " + " | ".join(str(counts[code]) for code in codes) + " |")
+    return "\n".join(lines) + "\n"
+
+
+def thresholds_by_rate(recordings, batch):
+    """Markdown: agreement of the velocity detector at several thresholds, apart by sampling rate."""
+    lines = ["| rate | threshold [degrees/s] | kappa | F1 overlap | F1 IoU >= 0.5 |", "|---|---|---|---|---|"]
+    for rate in sorted({recording.rate for recording in recordings}):
+        for threshold in THRESHOLDS:
+            method = velocity("", "degree-per-s", 60, threshold, **SCREEN)
+            total = Comparison([], [], 0, 0, [], [])
+            for recording in (r for r in recordings if r.rate == rate):
+                detected = recording.detected(batch, method)
+                for intervals in recording.coded().values():
+                    total.add(Comparison.of(detected, intervals, recording.times))
+            lines.append(f"| {rate} Hz | {threshold} | " + " | ".join(total.measures()) + " |")
+    return "\n".join(lines) + "\n"
+
+
+def pages(recordings, batch):
+    """All tables of the document."""
+    found = {(method.name, recording.path.stem): recording.detected(batch, method)
+             for method in METHODS for recording in recordings}
+    compared = compare(recordings, found)
+    settings = "".join(f"- {method.name}: {method.text()}\n" for method in METHODS)
+    return (f"Settings:\n\n{settings}\n"
+            f"All recordings together:\n\n{table(compared, total_only=True)}\n"
+            f"What the coders call the samples that lie in a fixation:\n\n{shares_by_code(recordings, found)}\n"
+            f"The velocity detector at other thresholds, minimum duration 60 ms, against both coders:\n\n"
+            f"{thresholds_by_rate(recordings, batch)}\n"
+            f"Each recording:\n\n{table(compared)}")
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("data_folder", type=pathlib.Path)
     parser.add_argument("vistrum_batch", type=pathlib.Path)
-    parser.add_argument("--write", type=pathlib.Path, metavar="DOCUMENT", help="replace the table of this document")
+    parser.add_argument("--write", type=pathlib.Path, metavar="DOCUMENT", help="replace the tables of this document")
     arguments = parser.parse_args()
-    settings = ", ".join(f"{key.rsplit('/', 1)[1]} {value}" for key, value in SETTINGS.items())
-    text = f"Settings: {settings}.\n\n" + table(compare(arguments.data_folder, arguments.vistrum_batch))
+    text = pages(read_recordings(arguments.data_folder), arguments.vistrum_batch)
     if arguments.write:
         document = arguments.write.read_text(encoding="utf-8")
         arguments.write.write_text(replaced_between_marks(document, text), encoding="utf-8")

@@ -1,12 +1,14 @@
 #include "detection/panel/FixationCommands.h"
 
+#include "commands/IMainWindow.h"
 #include "model/DataModel.h"
 
 CommandCalculateFixations::CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
-                                                     const Log *log)
+                                                     const IMainWindow *window, const Log *log)
     : QUndoCommand(QStringLiteral("Calculate Fixations"))
     , m_model(model)
     , m_parameters(parameters)
+    , m_window(window)
     , m_log(log)
 {
 }
@@ -28,5 +30,7 @@ void CommandCalculateFixations::redo()
         if (examinations[i].checked)
             m_oldTexts[i] = examinations[i].calculationInfo.fixationCalculationInfo;
     }
+    if (auto *velocity = std::get_if<VelocityParameters>(&m_parameters); velocity && m_window)
+        velocity->imageWidthPx = m_window->stimulusWidthPx();
     calculateFixations(m_model, m_parameters, m_log);
 }

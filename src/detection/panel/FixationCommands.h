@@ -7,6 +7,7 @@
 #include <QUndoCommand>
 
 class DataModel;
+class IMainWindow;
 
 /// Detects the fixations of the checked examinations.
 ///
@@ -14,8 +15,10 @@ class DataModel;
 /// calculation left them. Redo calculates again.
 class CommandCalculateFixations : public QUndoCommand {
 public:
-    /// @param log  may be null.
-    CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters, const Log *log);
+    /// @param window  is asked for the width of the stimulus at each calculation; may be null: the parameters' counts.
+    /// @param log     may be null.
+    CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
+                              const IMainWindow *window, const Log *log);
 
     void undo() override;
     void redo() override;
@@ -23,6 +26,7 @@ public:
 private:
     DataModel &m_model;
     FixationCalculationParameters m_parameters;
+    const IMainWindow *m_window;
     const Log *m_log;
     QHash<qsizetype, QString> m_oldTexts; ///< by place in the list of examinations
 };
@@ -31,3 +35,10 @@ using CommandChangeFixationControlCalculationType = ParameterCommand<rows::calcu
 using CommandChangeFixationControlStandardMinimumDuration = ParameterCommand<rows::standardMinimumDuration>;
 using CommandChangeFixationControlStandardMaximumRadius = ParameterCommand<rows::standardMaximumRadius>;
 using CommandChangeFixationControlStandardOutliersAllowed = ParameterCommand<rows::standardOutliers>;
+using CommandChangeFixationControlGaussianMinimumDuration = ParameterCommand<rows::gaussianMinimumDuration>;
+using CommandChangeFixationControlGaussianMergeSequentialFixations = ParameterCommand<rows::gaussianMergeSequential>;
+using CommandChangeFixationControlVelocityMinimumDuration = ParameterCommand<rows::velocityMinimumDuration>;
+using CommandChangeFixationControlVelocityThreshold = ParameterCommand<rows::velocityThreshold>;
+using CommandChangeFixationControlVelocityObserverDistance = ParameterCommand<rows::velocityScreenDistance>;
+using CommandChangeFixationControlVelocityImageSize = ParameterCommand<rows::velocityImageSize>;
+using CommandChangeFixationControlVelocityUnit = ParameterCommand<rows::velocityUnit>;

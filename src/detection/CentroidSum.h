@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QPoint>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+/// The centroid of a fixation as users know it from their exports: sums that are cut to whole numbers after each
+/// sample, divided as whole numbers.
+class CentroidSum {
+public:
+    void add(double x, double y)
+    {
+        m_x = truncatedSum(m_x, x);
+        m_y = truncatedSum(m_y, y);
+        ++m_count;
+    }
+
+    /// In whole pixels; at least one sample must have been added.
+    QPoint centroid() const { return {asPixel(m_x / m_count), asPixel(m_y / m_count)}; }
+
+private:
+    /// Whole part of sum + value. What is not a number adds nothing, and the sum stays within its type.
+    static qint64 truncatedSum(qint64 sum, double value)
+    {
+        constexpr double usual = 1e9;
+        constexpr qint64 usualSum = 1000000000000000000;
+        const double total = static_cast<double>(sum) + value;
+        if (std::abs(value) < usual && std::abs(sum) < usualSum)
+            return static_cast<qint64>(total);
+        constexpr double most = 9.2e18;
+        return std::isnan(total) ? sum : static_cast<qint64>(std::clamp(total, -most, most));
+    }
+
+    static int asPixel(qint64 value)
+    {
+        using Limits = std::numeric_limits<int>;
+        return static_cast<int>(std::clamp<qint64>(value, Limits::min(), Limits::max()));
+    }
+
+    qint64 m_x = 0;
+    qint64 m_y = 0;
+    qint64 m_count = 0;
+};
