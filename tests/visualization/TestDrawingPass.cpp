@@ -18,6 +18,9 @@ private Q_SLOTS:
     void onlyWhatIsChecked();
     void laterStepsLieOnTop();
     void emptyFrameAddsNoPixmap();
+    void heatmapsAndTheirFigures_data();
+    void heatmapsAndTheirFigures();
+    void heatmapsLieOverEachOther();
     void wholePicture();
     void plainBackground();
     void backgroundOfAnImage();
@@ -34,6 +37,12 @@ Examination examinationAt(QPoint mean, const QString &eye = QStringLiteral("left
     EyeData &data = eye == QStringLiteral("left") ? examination.leftEye : examination.rightEye;
     data.gazePoints = {toy::sample(10, mean.x() + 200.0, mean.y())};
     data.scanpath = {toy::fixation(mean, {40, 0}, {0, 40}, {toy::sample(10, 0, 0), toy::sample(90, 0, 0)})};
+    return examination;
+}
+
+Examination withCluster(Examination examination)
+{
+    examination.leftEye.fixationClusters << examination.leftEye.scanpath.first();
     return examination;
 }
 
@@ -105,6 +114,59 @@ void TestDrawingPass::emptyFrameAddsNoPixmap()
     QGraphicsScene scene;
     runDrawingPass(scene, scenery.model, scenery.context());
     QVERIFY(scene.items().isEmpty());
+}
+
+void TestDrawingPass::heatmapsAndTheirFigures_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<bool>("figures");
+    QTest::newRow("heatmap of gaze points") << 0 << 2 << true;
+    QTest::newRow("shadow map of gaze points") << 0 << 3 << false;
+    QTest::newRow("heatmap of fixations") << 1 << 3 << true;
+    QTest::newRow("shadow map of fixations") << 1 << 4 << false;
+    QTest::newRow("heatmap of clusters") << 2 << 3 << true;
+    QTest::newRow("shadow map of clusters") << 2 << 4 << false;
+    QTest::newRow("heatmap of saccades") << 3 << 3 << true;
+    QTest::newRow("shadow map of saccades") << 3 << 4 << false;
+}
+
+void TestDrawingPass::heatmapsAndTheirFigures()
+{
+    QFETCH(int, kind);
+    QFETCH(int, mode);
+    QFETCH(bool, figures);
+    toy::Scenery scenery = sceneryOf({withCluster(examinationAt({300, 300}))});
+    VisualizationParameters *parameters[] = {&scenery.gazePoints, &scenery.fixations, &scenery.clusters,
+                                             &scenery.saccades};
+    for (VisualizationParameters *none : parameters)
+        none->visualizationMode = 0;
+    parameters[kind]->visualizationMode = mode;
+    QGraphicsScene scene;
+    const QList<HeatmapFigures> found = runDrawingPass(scene, scenery.model, scenery.context());
+    QCOMPARE(kindsIn(scene), QStringLiteral("pixmap"));
+    QCOMPARE(found.size(), figures ? qsizetype(1) : qsizetype(0));
+    if (figures)
+        QCOMPARE(static_cast<int>(found[0].kind), kind);
+    scenery.frame = {5000, 6000};
+    scene.clear();
+    QVERIFY(runDrawingPass(scene, scenery.model, scenery.context()).isEmpty());
+    QVERIFY(scene.items().isEmpty());
+}
+
+void TestDrawingPass::heatmapsLieOverEachOther()
+{
+    toy::Scenery scenery = sceneryOf({withCluster(examinationAt({300, 300}))});
+    scenery.gazePoints.visualizationMode = 2;
+    scenery.fixations.visualizationMode = scenery.clusters.visualizationMode = scenery.saccades.visualizationMode = 3;
+    QGraphicsScene scene;
+    QList<HeatmapKind> kinds;
+    for (const HeatmapFigures &figures : runDrawingPass(scene, scenery.model, scenery.context()))
+        kinds << figures.kind;
+    const QList<HeatmapKind> expected{HeatmapKind::GazePoints, HeatmapKind::Fixations, HeatmapKind::Clusters,
+                                      HeatmapKind::Saccades};
+    QCOMPARE(kinds, expected);
+    QCOMPARE(kindsIn(scene), QStringLiteral("pixmap pixmap pixmap pixmap"));
 }
 
 void TestDrawingPass::wholePicture()
