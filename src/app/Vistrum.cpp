@@ -15,8 +15,10 @@
 #include "settings/StoredKeys.h"
 #include "visualization/ActivityCurves.h"
 #include "visualization/GroupColors.h"
+#include "visualization/Heatmap.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
+#include "visualization/scene/SceneItems.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -98,6 +100,7 @@ void Vistrum::connectPanels()
     connect(this, &Vistrum::sigUpdateSettings, &control.fixationControl(), &FixationControl::sltUpdateSettings);
     for (VisualizationWidget *panel : control.visualizationWidgets()) {
         connect(panel, &VisualizationWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
+        connect(panel, &VisualizationWidget::sigExportheatmap, this, &Vistrum::sltExportheatmap);
         connect(this, &Vistrum::sigUpdateSettings, panel, &VisualizationWidget::sltUpdateSettings);
     }
     connect(&control, &controlWidget::sigShowTable, this, &Vistrum::sltShowTable);
@@ -279,15 +282,31 @@ void Vistrum::redraw()
     m_scene.clear();
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
     SettingsStore().sync();
+    const auto panels = m_ui->control->visualizationWidgets();
+    for (const HeatmapFigures &figures : runDrawingPass(m_scene, m_model, drawingContext()))
+        panels[static_cast<std::size_t>(figures.kind)]->showFigures(figures);
+}
+
+DrawingContext Vistrum::drawingContext() const
+{
     const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
-    const DrawingContext context{.model = m_model,
-                                 .eyeMode = eyeMode(),
-                                 .frame = {timeline().start(), timeline().end()},
-                                 .gazePoints = *gazePoints,
-                                 .fixations = *fixations,
-                                 .clusters = *clusters,
-                                 .saccades = *saccades};
-    runDrawingPass(m_scene, m_model, context);
+    return {.model = m_model,
+            .eyeMode = eyeMode(),
+            .frame = {timeline().start(), timeline().end()},
+            .gazePoints = *gazePoints,
+            .fixations = *fixations,
+            .clusters = *clusters,
+            .saccades = *saccades};
+}
+
+/// On top of what is drawn, until the next redraw: what is exported then shows the heatmap.
+void Vistrum::sltExportheatmap(int id)
+{
+    constexpr Heatmap (*heatmaps[])(const DrawingContext &, HeatmapLook) = {drawGazeHeatmap, drawFixationHeatmap,
+                                                                            drawClusterHeatmap, drawSaccadeHeatmap};
+    const Heatmap heatmap = heatmaps[id](drawingContext(), HeatmapLook::RelativeScale);
+    if (!heatmap.image.isNull())
+        addItems(m_scene, {RasterShape{heatmap.image}});
 }
 
 void Vistrum::updateAndRedraw()

@@ -3,6 +3,7 @@
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
+#include "visualization/DrawingContext.h"
 #include "visualization/scene/Background.h"
 
 #include <QGraphicsScene>
@@ -13,7 +14,6 @@
 #include <memory>
 
 class ExaminationTableControl;
-struct VisualizationParameters;
 class Timeline;
 class QGraphicsPixmapItem;
 
@@ -64,6 +64,8 @@ public Q_SLOTS:
     /// Puts the detached timeline back above the picture.
     void slt_reinsert_timeline(QWidget *timeline);
     void sltImportPicture();
+    /// Draws the heatmap of a kind of data, 0 to 3, over everything, on the scale of its own maximum.
+    void sltExportheatmap(int id);
 
     void sltSaveRegistry();
     void sltImportRegistry();
@@ -80,6 +82,7 @@ private:
     void cutOrRestoreOutliers();
     Timeline &timeline() const;
     std::array<const VisualizationParameters *, 4> drawingParameters() const;
+    DrawingContext drawingContext() const;
     void refreshGroups();
     void rebuildImageList();
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "visualization/HeatmapFigures.h"
+
 #include <QBrush>
 #include <QFont>
 #include <QImage>
@@ -32,6 +34,7 @@ struct OvalShape {
 /// A picture of the canvas's size; what is transparent in it lets through what lies below.
 struct RasterShape {
     QImage image;
+    std::optional<HeatmapFigures> figures = std::nullopt; ///< what the colours of a heatmap stand for; not drawn
 };
 
 /// An arrow between two positions, with or without a head at `to`.

@@ -3,10 +3,12 @@
 #include "visualization/AngleStar.h"
 #include "visualization/FixationShapes.h"
 #include "visualization/GazePointRaster.h"
+#include "visualization/Heatmap.h"
 #include "visualization/SaccadeShapes.h"
 
 #include <QLatin1StringView>
 
+#include <algorithm>
 #include <iterator>
 
 /// One way of drawing a kind of data. The index in its table is the stored `visualizationMode`.
@@ -23,8 +25,8 @@ using PooledBuild = Drawing (*)(const DrawingContext &);
 inline constexpr DrawingMode<PooledBuild> gazePointModes[] = {
     {QLatin1StringView("none"), nullptr},
     {QLatin1StringView("points"), gazePointSquares},
-    {QLatin1StringView("heatmap"), nullptr},
-    {QLatin1StringView("shadowmap"), nullptr},
+    {QLatin1StringView("heatmap"), heatmapDrawing<drawGazeHeatmap, HeatmapLook::AbsoluteScale>},
+    {QLatin1StringView("shadowmap"), heatmapDrawing<drawGazeHeatmap, HeatmapLook::ShadowMap>},
 };
 
 /// Fixations, each examination by itself.
@@ -64,6 +66,33 @@ inline constexpr DrawingMode<SaccadeBuild> saccadeModes[] = {
     {QLatin1StringView("histogram seperated"), nullptr}, // sic
     {QLatin1StringView("histogram sac vs fix"), nullptr},
 };
+
+/// Modes of the other kinds that pool the checked examinations as well.
+struct PooledMode {
+    int mode; ///< the stored `visualizationMode`
+    PooledBuild build;
+};
+inline constexpr PooledMode pooledFixationModes[] = {
+    {3, heatmapDrawing<drawFixationHeatmap, HeatmapLook::AbsoluteScale>},
+    {4, heatmapDrawing<drawFixationHeatmap, HeatmapLook::ShadowMap>},
+};
+inline constexpr PooledMode pooledClusterModes[] = {
+    {3, heatmapDrawing<drawClusterHeatmap, HeatmapLook::AbsoluteScale>},
+    {4, heatmapDrawing<drawClusterHeatmap, HeatmapLook::ShadowMap>},
+};
+inline constexpr PooledMode pooledSaccadeModes[] = {
+    {3, heatmapDrawing<drawSaccadeHeatmap, HeatmapLook::AbsoluteScale>},
+    {4, heatmapDrawing<drawSaccadeHeatmap, HeatmapLook::ShadowMap>},
+};
+
+/// The drawing of a stored mode that pools; nothing for any other mode.
+template <std::size_t Count>
+Drawing pooledDrawing(const PooledMode (&modes)[Count], int mode, const DrawingContext &context)
+{
+    const auto *row = std::find_if(std::begin(modes), std::end(modes),
+                                   [mode](const PooledMode &pooled) { return pooled.mode == mode; });
+    return row != std::end(modes) ? row->build(context) : Drawing();
+}
 
 /// The builder of a stored mode; null for no drawing and for a mode that the table does not have.
 template <class Build, std::size_t Count>

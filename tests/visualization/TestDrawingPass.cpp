@@ -21,6 +21,9 @@ private Q_SLOTS:
     void laterStepsLieOnTop();
     void emptyFrameAddsNoPixmap();
     void saccadesLieBetweenFixationsAndWhatIsPooled();
+    void heatmapsAndTheirFigures_data();
+    void heatmapsAndTheirFigures();
+    void heatmapsLieOverEachOther();
     void wholePicture();
     void angleStarPicture();
     void plainBackground();
@@ -47,6 +50,12 @@ Examination movementFrom(QPoint mean)
     Examination examination = examinationAt(mean);
     examination.leftEye.scanpath << toy::fixation(mean + QPoint(100, 0), {40, 0}, {0, 40},
                                                   {toy::sample(120, 0, 0), toy::sample(200, 0, 0)});
+    return examination;
+}
+
+Examination withCluster(Examination examination)
+{
+    examination.leftEye.fixationClusters << examination.leftEye.scanpath.first();
     return examination;
 }
 
@@ -138,6 +147,59 @@ void TestDrawingPass::saccadesLieBetweenFixationsAndWhatIsPooled()
     QCOMPARE(arrow->toolTip(), QStringLiteral("Saccade ID: 1\r\nStart: 00:00:00.120\r\nEnd: 00:00:00.200\r\n"
                                               "Duration: 00.080\r\nMean: (400,300)"));
     QCOMPARE(arrow->boundingRect(), QRectF(300, 300, 100, 0));
+}
+
+void TestDrawingPass::heatmapsAndTheirFigures_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<bool>("figures");
+    QTest::newRow("heatmap of gaze points") << 0 << 2 << true;
+    QTest::newRow("shadow map of gaze points") << 0 << 3 << false;
+    QTest::newRow("heatmap of fixations") << 1 << 3 << true;
+    QTest::newRow("shadow map of fixations") << 1 << 4 << false;
+    QTest::newRow("heatmap of clusters") << 2 << 3 << true;
+    QTest::newRow("shadow map of clusters") << 2 << 4 << false;
+    QTest::newRow("heatmap of saccades") << 3 << 3 << true;
+    QTest::newRow("shadow map of saccades") << 3 << 4 << false;
+}
+
+void TestDrawingPass::heatmapsAndTheirFigures()
+{
+    QFETCH(int, kind);
+    QFETCH(int, mode);
+    QFETCH(bool, figures);
+    toy::Scenery scenery = sceneryOf({withCluster(examinationAt({300, 300}))});
+    VisualizationParameters *parameters[] = {&scenery.gazePoints, &scenery.fixations, &scenery.clusters,
+                                             &scenery.saccades};
+    for (VisualizationParameters *none : parameters)
+        none->visualizationMode = 0;
+    parameters[kind]->visualizationMode = mode;
+    QGraphicsScene scene;
+    const QList<HeatmapFigures> found = runDrawingPass(scene, scenery.model, scenery.context());
+    QCOMPARE(kindsIn(scene), QStringLiteral("pixmap"));
+    QCOMPARE(found.size(), figures ? qsizetype(1) : qsizetype(0));
+    if (figures)
+        QCOMPARE(static_cast<int>(found[0].kind), kind);
+    scenery.frame = {5000, 6000};
+    scene.clear();
+    QVERIFY(runDrawingPass(scene, scenery.model, scenery.context()).isEmpty());
+    QVERIFY(scene.items().isEmpty());
+}
+
+void TestDrawingPass::heatmapsLieOverEachOther()
+{
+    toy::Scenery scenery = sceneryOf({withCluster(examinationAt({300, 300}))});
+    scenery.gazePoints.visualizationMode = 2;
+    scenery.fixations.visualizationMode = scenery.clusters.visualizationMode = scenery.saccades.visualizationMode = 3;
+    QGraphicsScene scene;
+    QList<HeatmapKind> kinds;
+    for (const HeatmapFigures &figures : runDrawingPass(scene, scenery.model, scenery.context()))
+        kinds << figures.kind;
+    const QList<HeatmapKind> expected{HeatmapKind::GazePoints, HeatmapKind::Fixations, HeatmapKind::Clusters,
+                                      HeatmapKind::Saccades};
+    QCOMPARE(kinds, expected);
+    QCOMPARE(kindsIn(scene), QStringLiteral("pixmap pixmap pixmap pixmap"));
 }
 
 void TestDrawingPass::wholePicture()

@@ -45,7 +45,7 @@ void OptionForm::listFields(const Ui::VisualizationWidget &form)
     set(Option::FillOpacity, {{form.fillOpacitySpinBox}});
     set(Option::BorderWidth, {{form.borderWidthSpinBox}});
     set(Option::BorderType, {{form.bordertype_comboBox}});
-    set(Option::Colormap, {{form.heatmap_colormap}});
+    set(Option::Colormap, {{form.heatmap_colormap, form.export_heatmap}});
     set(Option::KernelWidth, {{form.normalDistributionWidthspinBox}});
     set(Option::KernelSigma, {{form.normalDistributionSigmaspinBox}});
     set(Option::Power, {{form.shadow_power_slider2}, form.powerLabel, form.shadow_power_slider2});

@@ -3,6 +3,7 @@
 
 #include "model/DataModel.h"
 #include "visualization/AdjustableColorMap.h"
+#include "visualization/HeatmapLabels.h"
 #include "visualization/panel/OpenGlViewport.h"
 #include "visualization/panel/OptionForm.h"
 #include "visualization/VisualizationCommands.h"
@@ -41,6 +42,7 @@ VisualizationWidget::VisualizationWidget(QWidget *parent)
     bindColorMap();
     bindWithoutKeys();
     connect(m_ui->start_calc, &QPushButton::clicked, this, &VisualizationWidget::sigGraphicsParametersChanged);
+    connect(m_ui->export_heatmap, &QPushButton::clicked, this, &VisualizationWidget::sltExportheatmap);
 }
 
 VisualizationWidget::~VisualizationWidget() = default;
@@ -221,6 +223,7 @@ void VisualizationWidget::takeStartValues()
 void VisualizationWidget::sltFixHeatmapinPercentage()
 {
     m_record.percentMode = m_ui->checkBox_inproz->isChecked();
+    clearFigures();
     takeStartValues();
 }
 
@@ -231,6 +234,46 @@ void VisualizationWidget::sltShowShadowMap(int shadow)
     m_ui->shadow_power_slider2->setVisible(isShadow);
     m_ui->heatmap_colormap->setEnabled(!isShadow);
     m_ui->colormapLabel->setEnabled(!isShadow);
+}
+
+// ---- what the colours stand for
+
+namespace {
+
+using ClassLabels = std::array<QLabel *, 5>;
+
+ClassLabels rangeLabels(const Ui::VisualizationWidget &form)
+{
+    return {form.fixmin1, form.fixmin2, form.fixmin3, form.fixmin4, form.fixmin5};
+}
+
+ClassLabels shareLabels(const Ui::VisualizationWidget &form)
+{
+    return {form.perc1, form.perc2, form.perc3, form.perc4, form.perc5};
+}
+
+void setTexts(const ClassLabels &labels, const QStringList &texts)
+{
+    for (std::size_t i = 0; i < labels.size() && std::cmp_less(i, texts.size()); ++i)
+        labels[i]->setText(texts[static_cast<qsizetype>(i)]);
+}
+
+} // namespace
+
+void VisualizationWidget::showFigures(const HeatmapFigures &figures)
+{
+    m_ui->max_val_heat->setText(maximumText(figures));
+    setTexts(rangeLabels(*m_ui), colorRangeTexts(figures));
+    setTexts(shareLabels(*m_ui), classPercentageTexts(figures));
+}
+
+/// Counts and shares are nothing to each other: the figures of the last heatmap would mislead.
+void VisualizationWidget::clearFigures()
+{
+    for (QLabel *range : rangeLabels(*m_ui))
+        range->setText(QStringLiteral("0-0"));
+    for (QLabel *share : shareLabels(*m_ui))
+        share->setText(QStringLiteral("0%"));
 }
 
 // ---- the adjustable colour map

@@ -11,6 +11,7 @@
 class DataModel;
 class OptionForm;
 struct AdjustableColorMap;
+struct HeatmapFigures;
 struct VisualizationKind;
 
 namespace Ui {
@@ -42,6 +43,9 @@ public:
     /// Lists the model's groups anew.
     void refreshGroups();
 
+    /// Labels the colours of the heatmap that was drawn.
+    void showFigures(const HeatmapFigures &figures);
+
 Q_SIGNALS:
     /// The user wants the picture to follow the parameters.
     void sigGraphicsParametersChanged();
@@ -67,6 +71,7 @@ private:
     void applyLayout();
 
     void sltFixHeatmapinPercentage();
+    void clearFigures();
     void sltGroupsSelectComboBoxChanged(const QString &name);
     void sltShowShadowMap(int shadow);
     void sltShadowMapPower_update();

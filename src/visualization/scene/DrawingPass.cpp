@@ -18,9 +18,34 @@ Drawing drawGazePoints(const DrawingContext &context)
     return build ? build(context) : Drawing();
 }
 
+Drawing drawPooledFixations(const DrawingContext &context)
+{
+    return pooledDrawing(pooledFixationModes, context.fixations.visualizationMode, context);
+}
+
+Drawing drawPooledClusters(const DrawingContext &context)
+{
+    return pooledDrawing(pooledClusterModes, context.clusters.visualizationMode, context);
+}
+
+Drawing drawPooledSaccades(const DrawingContext &context)
+{
+    return pooledDrawing(pooledSaccadeModes, context.saccades.visualizationMode, context);
+}
+
+void collectFigures(QList<HeatmapFigures> &figures, const Drawing &drawing)
+{
+    for (const Shape &shape : drawing) {
+        const auto *raster = std::get_if<RasterShape>(&shape);
+        if (raster && raster->figures)
+            figures << *raster->figures;
+    }
+}
+
 // Back to front.
 constexpr ExaminationStep examinationSteps[] = {drawFixations};
-constexpr PooledStep pooledSteps[] = {drawSaccades, drawGazePoints};
+constexpr PooledStep pooledSteps[] = {drawSaccades, drawGazePoints, drawPooledFixations, drawPooledClusters,
+                                      drawPooledSaccades};
 
 /// The view paints all items, and the next redraw throws them away: a fine index of their places never pays. Long
 /// arrows, which lie in most places at once, would make its time quadratic.
@@ -39,20 +64,26 @@ void finishNewItems(QGraphicsScene &scene)
 
 } // namespace
 
-void drawScene(QGraphicsScene &scene, const DrawingContext &context)
+QList<HeatmapFigures> drawScene(QGraphicsScene &scene, const DrawingContext &context)
 {
     keepTimeLinear(scene);
     for (const Examination *examination : context.model.checkedExaminations()) {
         for (const ExaminationStep step : examinationSteps)
             addItems(scene, step(*examination, context));
     }
-    for (const PooledStep step : pooledSteps)
-        addItems(scene, step(context));
+    QList<HeatmapFigures> figures;
+    for (const PooledStep step : pooledSteps) {
+        const Drawing drawing = step(context);
+        addItems(scene, drawing);
+        collectFigures(figures, drawing);
+    }
     finishNewItems(scene);
+    return figures;
 }
 
-void runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context)
+QList<HeatmapFigures> runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context)
 {
-    drawScene(scene, context);
+    const QList<HeatmapFigures> figures = drawScene(scene, context);
     setDrawnAs(model.examinations(), context);
+    return figures;
 }
