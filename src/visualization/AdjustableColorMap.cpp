@@ -2,9 +2,6 @@
 
 #include "visualization/VisualizationParameters.h"
 
-#include <QLinearGradient>
-#include <QPainter>
-
 #include <algorithm>
 
 namespace {
@@ -55,23 +52,7 @@ QGradientStops gradientStops(const AdjustableColorMap &map)
             continue;
         QColor color = stop.color;
         color.setAlpha(std::clamp(stop.transparency, 0, opaque));
-        stops << QGradientStop(stop.start > 0 ? std::min(stop.start, 1.0) : 0.0, color);
+        stops << QGradientStop(stop.start, color);
     }
     return stops;
-}
-
-QImage colorMapPreview(const AdjustableColorMap &map, QSize size)
-{
-    QImage image(size, QImage::Format_ARGB32);
-    if (image.isNull())
-        return image;
-    image.fill(QColor(255, 255, 255, 0));
-    const QGradientStops stops = gradientStops(map);
-    if (stops.isEmpty())
-        return image; // a gradient without stops would run from black to white
-    QLinearGradient gradient(0, 0, size.width(), 0);
-    for (const auto &[start, color] : stops)
-        gradient.setColorAt(start, color); // a later stop at the same place replaces the earlier one
-    QPainter(&image).fillRect(image.rect(), gradient);
-    return image;
 }

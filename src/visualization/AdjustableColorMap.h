@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QGradient>
-#include <QImage>
 
 #include <array>
 
@@ -33,8 +32,5 @@ AdjustableColorMap adjustableColorMap(const VisualizationParameters &parameters)
 /// Puts the map into record and store.
 void setAdjustableColorMap(VisualizationParameters &parameters, const AdjustableColorMap &map);
 
-/// The active stops. A start that is no share, 0 to 1, counts as the nearest one.
+/// The active stops, in the order of the map.
 QGradientStops gradientStops(const AdjustableColorMap &map);
-
-/// The map from left to right, over transparent white; null for an empty size.
-QImage colorMapPreview(const AdjustableColorMap &map, QSize size);

@@ -1,7 +1,7 @@
 #include "visualization/ColorTable.h"
 
-#include <QLinearGradient>
-#include <QPainter>
+#include "visualization/AdjustableColorMap.h"
+#include "visualization/GradientImage.h"
 
 #include <span>
 
@@ -50,33 +50,11 @@ QGradientStops fixedStops(int map)
     return stops;
 }
 
-QGradientStops adjustableStops(const VisualizationParameters &p)
-{
-    const bool active[] = {p.acmActive1, p.acmActive2, p.acmActive3, p.acmActive4};
-    const double starts[] = {p.acmStart1, p.acmStart2, p.acmStart3, p.acmStart4};
-    const int transparencies[] = {p.acmTransparency1, p.acmTransparency2, p.acmTransparency3, p.acmTransparency4};
-    const QColor colors[] = {p.acmColor1, p.acmColor2, p.acmColor3, p.acmColor4};
-    QGradientStops stops;
-    for (std::size_t i = 0; i < std::size(active); ++i) {
-        const QColor color(colors[i].red(), colors[i].green(), colors[i].blue(), qBound(0, transparencies[i], 255));
-        if (active[i])
-            stops << QGradientStop(starts[i], color);
-    }
-    return stops;
-}
-
 } // namespace
 
 QImage colorTable(const VisualizationParameters &parameters)
 {
-    QLinearGradient gradient(0, 0, entries, 0);
     const int map = parameters.heatmapColormap;
-    const QGradientStops stops = map == customMap ? adjustableStops(parameters) : fixedStops(map);
-    for (const auto &[position, color] : stops) // one by one: they may come unordered
-        gradient.setColorAt(qBound(0.0, position, 1.0), color);
-    QImage table(entries, 1, QImage::Format_ARGB32);
-    table.fill(qRgba(255, 255, 255, 0));
-    QPainter painter(&table);
-    painter.fillRect(0, 0, entries, 1, gradient);
-    return table;
+    const QGradientStops stops = map == customMap ? gradientStops(adjustableColorMap(parameters)) : fixedStops(map);
+    return gradientImage(stops, {entries, 1});
 }

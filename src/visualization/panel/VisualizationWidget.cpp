@@ -3,6 +3,8 @@
 
 #include "model/DataModel.h"
 #include "visualization/AdjustableColorMap.h"
+#include "visualization/ColorTable.h"
+#include "visualization/GradientImage.h"
 #include "visualization/HeatmapLabels.h"
 #include "visualization/panel/OpenGlViewport.h"
 #include "visualization/panel/OptionForm.h"
@@ -197,6 +199,7 @@ void VisualizationWidget::applyLayout()
 {
     sltShowShadowMap(isShadowMode(m_record));
     m_options->show(modeLayout(m_record));
+    m_ui->colormap_preview->setPixmap(QPixmap::fromImage(colorTable(m_record)));
     m_parameters.show(rows::power.key, m_record.power); // ranges may have changed what the boxes show
     m_parameters.show(rows::heatmapThreashold.key, m_record.heatmapThreashold);
     m_parameters.show(rows::stepSize.key, m_record.stepSize);
@@ -360,7 +363,7 @@ void VisualizationWidget::sltColorMapChanged()
     const QSize size = m_ui->graphicsView_ADM->viewport()->size();
     m_colorMapScene.clear();
     m_colorMapScene.setSceneRect(QRect(QPoint(0, 0), size));
-    m_colorMapScene.addPixmap(QPixmap::fromImage(colorMapPreview(shownColorMap(), size)));
+    m_colorMapScene.addPixmap(QPixmap::fromImage(gradientImage(gradientStops(shownColorMap()), size)));
 }
 
 /// The preview fills its view, whose size is known only when it is shown; most panels never show it.

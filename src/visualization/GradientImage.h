@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QGradient>
+#include <QImage>
+
+/// Colours that run from left to right through the stops, over transparent white; only that without a stop.
+///
+/// @param stops  in any order; of two at one place the later one counts. Positions beyond 0 to 1 count as the nearest.
+/// @param size   in pixels; the image is null where it is empty.
+/// @return Format_ARGB32.
+QImage gradientImage(const QGradientStops &stops, QSize size);
