@@ -166,6 +166,10 @@ private:
             return keep(&BatchOptions::tables, meaningsOf(row, value, optionwords::tables));
         case Id::Eyes:
             return keep(&BatchOptions::eyes, meaningOf(row, value, optionwords::eyes));
+        case Id::Density:
+            return takeDensity(row, value);
+        case Id::DensityKind:
+            return keep(&BatchOptions::densityKind, meaningOf(row, value, optionwords::densityKinds));
         case Id::Set:
             return takeSetting(row, value);
         case Id::Time:
@@ -233,6 +237,14 @@ private:
         if (std::find(std::begin(imageFormats), std::end(imageFormats), format) == std::end(imageFormats))
             return wrongValue(row, value, QStringLiteral("the name does not end in .png, .svg, .tiff or .jpg"));
         m_options.images << value;
+        return {};
+    }
+
+    Complaint takeDensity(const Row &row, const QString &value)
+    {
+        if (QFileInfo(value).suffix().toLower() != QLatin1StringView("tiff"))
+            return wrongValue(row, value, QStringLiteral("the name does not end in .tiff"));
+        m_options.densityFile = value;
         return {};
     }
 

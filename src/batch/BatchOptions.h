@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/EyeMode.h"
+#include "visualization/HeatmapFigures.h"
 
 #include <QList>
 #include <QStringList>
@@ -50,6 +51,8 @@ struct BatchOptions {
     QString outputFolder = QStringLiteral(".");
     QString prefix = QStringLiteral("vistrum");
     QStringList images;
+    QString densityFile; ///< empty: none
+    HeatmapKind densityKind = HeatmapKind::GazePoints;
     QString reportFile;
     std::optional<int> jobs; ///< at least 1; else as many as there are cores
     bool quiet = false;

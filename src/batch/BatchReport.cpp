@@ -120,7 +120,7 @@ QMap<QString, QString> reportedOptions(const BatchOptions &options)
 
 QJsonDocument toJson(const BatchReport &report)
 {
-    return QJsonDocument(QJsonObject{
+    QJsonObject object{
         {QStringLiteral("program"), QStringLiteral("vistrum-batch")},
         {QStringLiteral("version"), report.version},
         {QStringLiteral("options"), toJson(report.options)},
@@ -128,5 +128,8 @@ QJsonDocument toJson(const BatchReport &report)
         {QStringLiteral("inputs"), toJsonArray(report.inputs)},
         {QStringLiteral("messages"), toJson(report.messages)},
         {QStringLiteral("outputs"), toJsonArray(report.outputs)},
-    });
+    };
+    if (!report.density.isEmpty())
+        object.insert(QStringLiteral("density"), toJson(report.density));
+    return QJsonDocument(object);
 }

@@ -31,6 +31,7 @@ struct ReportedInput {
 struct BatchReport {
     QString version;
     QMap<QString, QString> options;    ///< what the command line asked for beyond the parameters
+    QMap<QString, QString> density;    ///< kind, kernel and unit of the exported density; empty without one
     QMap<QString, QString> parameters; ///< every key of the settings store
     QList<ReportedInput> inputs;       ///< in the order of the command line
     QList<ShownMessage> messages;      ///< those that are about no input

@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "batch/OptionWords.h"
 #include "batch/ParallelImport.h"
 #include "batch/Suggestion.h"
 #include "batch/Terminal.h"
@@ -10,6 +11,8 @@
 #include "export/DataExport.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
+#include "visualization/DensityTiff.h"
+#include "visualization/Heatmap.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/ImageExport.h"
@@ -79,6 +82,26 @@ QString wrongLengthText(const QString &path, const ImportCounts &counts)
         .arg(path, QString::number(counts.wrongLengthLines), QString::number(counts.firstWrongLengthLine));
 }
 
+/// The parameters of drawings as the store has them.
+struct DrawingParameters {
+    VisualizationParameters gazePoints = gazePointParameters();
+    VisualizationParameters fixations = fixationParameters();
+    VisualizationParameters clusters = clusterParameters();
+    VisualizationParameters saccades = saccadeParameters();
+};
+
+/// What the model shows with them in its time frame.
+DrawingContext contextOf(const DataModel &model, const DrawingParameters &parameters)
+{
+    return {.model = model,
+            .eyeMode = eyeMode(),
+            .frame = {model.timeStart(), model.timeEnd()},
+            .gazePoints = parameters.gazePoints,
+            .fixations = parameters.fixations,
+            .clusters = parameters.clusters,
+            .saccades = parameters.saccades};
+}
+
 } // namespace
 
 BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output)
@@ -104,6 +127,7 @@ ExitCode BatchRun::run()
     calculate();
     exportTables();
     exportImages();
+    exportDensity();
     writeReport();
     return m_failed ? ExitCode::SomethingFailed : ExitCode::AllDone;
 }
@@ -233,24 +257,37 @@ void BatchRun::exportImages()
         return;
     QGraphicsScene scene;
     addBackground(scene, backgroundPixmap(m_options.background, Border::Black));
-    const VisualizationParameters gazePoints = gazePointParameters();
-    const VisualizationParameters fixations = fixationParameters();
-    const VisualizationParameters clusters = clusterParameters();
-    const VisualizationParameters saccades = saccadeParameters();
-    runDrawingPass(scene, m_model,
-                   {.model = m_model,
-                    .eyeMode = eyeMode(),
-                    .frame = {m_model.timeStart(), m_model.timeEnd()},
-                    .gazePoints = gazePoints,
-                    .fixations = fixations,
-                    .clusters = clusters,
-                    .saccades = saccades});
+    const DrawingParameters parameters;
+    runDrawingPass(scene, m_model, contextOf(m_model, parameters));
     for (const QString &path : m_options.images) {
         if (const auto problem = exportScene(scene, path))
             fail(QStringLiteral("Image"), *problem);
         else
             keep(path);
     }
+}
+
+void BatchRun::exportDensity()
+{
+    if (m_options.densityFile.isEmpty() || m_model.examinations().isEmpty())
+        return;
+    const DrawingParameters parameters;
+    const std::optional<NamedDensity> density = heatmapDensity(contextOf(m_model, parameters), m_options.densityKind);
+    if (!density) {
+        fail(QStringLiteral("Density"), QStringLiteral("There is nothing of this kind in the time frame."));
+        return;
+    }
+    m_density = {{QStringLiteral("kind"), optionwords::wordFor(m_options.densityKind, optionwords::densityKinds)},
+                 {QStringLiteral("kernelWidthPx"), QString::number(density->kernel.width)},
+                 {QStringLiteral("kernelSigma"), QString::number(density->kernel.sigma)},
+                 {QStringLiteral("unit"), density->unit}};
+    QSaveFile file(m_options.densityFile);
+    if (file.open(QIODevice::WriteOnly) && file.write(densityTiff(density->cells, density->unit.toLatin1())) >= 0 &&
+        file.commit())
+        keep(m_options.densityFile);
+    else
+        fail(QStringLiteral("Density"),
+             QStringLiteral("%1 could not be written: %2").arg(file.fileName(), file.errorString()));
 }
 
 void BatchRun::writeReport()
@@ -271,6 +308,7 @@ BatchReport BatchRun::collectReport() const
 {
     BatchReport report{.version = QCoreApplication::applicationVersion(),
                        .options = reportedOptions(m_options),
+                       .density = m_density,
                        .parameters = storedParameters(SettingsStore()),
                        .inputs = m_inputs,
                        .messages = m_messages,

@@ -30,6 +30,7 @@ private:
     void calculate();
     void exportTables();
     void exportImages();
+    void exportDensity();
     void writeReport();
     BatchReport collectReport() const;
     void addInput(const QString &path, const QString &kind);
@@ -41,7 +42,8 @@ private:
     Terminal &m_output;
     DataModel m_model;
     QList<ReportedInput> m_inputs;
-    QList<ShownMessage> m_messages; ///< those that are about no input
+    QList<ShownMessage> m_messages;   ///< those that are about no input
+    QMap<QString, QString> m_density; ///< what the exported density is, for the report
     QStringList m_written;
     bool m_failed = false;
 };

@@ -51,6 +51,11 @@ inline constexpr Word<EyeMode> eyes[] = {{Text("all"), EyeMode::showAll},
                                          {Text("right"), EyeMode::showRight},
                                          {Text("mean"), EyeMode::showMean}};
 
+inline constexpr Word<HeatmapKind> densityKinds[] = {{Text("gaze"), HeatmapKind::GazePoints},
+                                                     {Text("fixations"), HeatmapKind::Fixations},
+                                                     {Text("clusters"), HeatmapKind::Clusters},
+                                                     {Text("saccades"), HeatmapKind::Saccades}};
+
 /// The word for a meaning that is in the vocabulary.
 template <class T, size_t N>
 QLatin1StringView wordFor(const T &meaning, const Word<T> (&vocabulary)[N])

@@ -44,17 +44,19 @@ private:
 
     void add(const FixationEvent &event)
     {
-        const FixationKernel::Extent &extent = m_kernel.extent();
         const double factor = (m_mass == FixationMass::Duration ? event.durationMs : 1.0) / m_kernel.mass();
         const int left = event.x - FixationKernel::center; // canvas column of the kernel's row 0
         const int top = event.y - FixationKernel::center;
-        const int firstRow = std::max(extent.firstRow, stripe().begin - left);
-        const int lastRow = std::min(extent.lastRow, stripe().end - 1 - left);
-        const int firstColumn = std::max(extent.firstColumn, -top);
-        const int count = std::min(extent.lastColumn, canvas::height - 1 - top) - firstColumn + 1;
-        for (int row = firstRow; row <= lastRow; ++row)
-            densityloops::addScaled(density().column(left + row) + top + firstColumn, m_kernel.row(row) + firstColumn,
-                                    factor, count);
+        const int firstRow = std::max(m_kernel.rows().first, stripe().begin - left);
+        const int lastRow = std::min(m_kernel.rows().last, stripe().end - 1 - left);
+        for (int row = firstRow; row <= lastRow; ++row) {
+            const FixationKernel::Span &columns = m_kernel.columns(row);
+            const int first = std::max(columns.first, -top);
+            const int last = std::min(columns.last, canvas::height - 1 - top);
+            if (first <= last)
+                densityloops::addScaled(density().column(left + row) + top + first, m_kernel.row(row) + first, factor,
+                                        last - first + 1);
+        }
     }
 
     std::span<const FixationEvent> m_events;

@@ -115,136 +115,156 @@ bool FixationKernel::build(const FixationEvent &event)
         m_jCos[index] = j * shape.cosine;
         m_jSin[index] = j * shape.sine;
     }
-    for (int i = -m_width; i < m_width; ++i)
+    for (int i = m_width - 1; i >= -m_width; --i)
         drawRow(shape, i);
+    findColumns(shape);
     fillHoles(shape.floor);
     return true;
 }
 
 void FixationKernel::clear()
 {
-    for (int row = m_extent.firstRow; row <= m_extent.lastRow; ++row)
-        std::fill_n(&m_cells[static_cast<std::size_t>(row * side + m_extent.firstColumn)],
-                    m_extent.lastColumn - m_extent.firstColumn + 1, 0.0);
-    m_extent = {};
+    for (int row = m_rows.first; row <= m_rows.last; ++row) {
+        Span &columns = columnsOf(row);
+        if (!columns.isEmpty())
+            std::fill_n(&m_cells[static_cast<std::size_t>(row * side + columns.first)], columns.count(), 0.0);
+        columns = {};
+    }
+    m_rows = {};
 }
 
-/// Steps in the order of j, so that in the end the first one in the order of i and j has its cell.
+/// Sets the columns that steps can hit in each row, a little wide. In x and y the exponent is a x^2 + 2 b x y + c y^2.
+void FixationKernel::findColumns(const Shape &shape)
+{
+    const double b = shape.cosine * shape.sine * (1 / shape.firstVariance - 1 / shape.secondVariance);
+    const double c = shape.sine * shape.sine / shape.firstVariance + shape.cosine * shape.cosine / shape.secondVariance;
+    const double determinant = 1 / (shape.firstVariance * shape.secondVariance);
+    const double margin = std::abs(b / c) + 3; // a row takes in what is less than 1 px from it
+    const auto columnAt = [](double y) { return static_cast<int>(std::clamp(y + center, 0.0, side - 1.0)); };
+    for (int row = m_rows.first; row <= m_rows.last; ++row) {
+        const double x = row - center;
+        const double nearest = std::max(0.0, std::abs(x) - 1);
+        const double square = c * shape.possibleExponent - determinant * nearest * nearest;
+        const double reach = std::sqrt(std::max(0.0, square)) / c + margin;
+        const double middle = -b * x / c;
+        columnsOf(row) = {columnAt(middle - reach), columnAt(middle + reach)};
+    }
+}
+
+/// The values of the steps (i, j) for all j that can be inside, and then the cells.
 void FixationKernel::drawRow(const Shape &shape, int i)
 {
     const double possible = shape.largestJ(shape.possibleExponent, i);
     if (possible < 0)
         return;
-    const auto within = [this](double j) { return static_cast<int>(std::min<double>(j, m_width)); };
-    const int outer = within(possible + 1);
-    const int inner = within(shape.largestJ(shape.sureExponent, i)); // -1: no step is sure
-    const double alongFirst = std::exp(-0.5 * i * i / shape.firstVariance) / shape.norm * shape.durationMs;
+    const auto within = [this](double reach) {
+        const int j = static_cast<int>(std::min<double>(reach, m_width));
+        return Span{std::max(-j, -m_width), std::min(j, m_width - 1)};
+    };
+    const Span all = within(possible + 1);
+    const double certain = shape.largestJ(shape.sureExponent, i);
+    const Span sure = certain < 0 ? Span{all.last + 1, all.last} : within(certain);
     const auto value = [&](int j) -> double & { return m_values[static_cast<std::size_t>(j + m_width)]; };
     const auto settleDoubt = [&](int first, int last) {
         for (int j = first; j <= last; ++j) {
             const double exact = shape.valueAt(i, j);
-            value(j) = exact >= shape.floor ? exact : 0; // a 0 leaves its cell free for a later step
+            value(j) = exact >= shape.floor ? exact : 0;
         }
     };
-    const int first = std::max(-outer, -m_width);
-    const int last = std::min(outer, m_width - 1);
-    const int firstSure = std::max(-inner, -m_width);
-    const int lastSure = std::min(inner, m_width - 1);
-    if (inner < 0) {
-        settleDoubt(first, last);
-    } else {
-        settleDoubt(first, firstSure - 1);
-        densityloops::scaled(&value(firstSure), &m_alongSecond[static_cast<std::size_t>(firstSure + m_width)],
-                             alongFirst, lastSure - firstSure + 1);
-        settleDoubt(lastSure + 1, last);
-    }
-    drawSteps(shape, i, first, last);
+    settleDoubt(all.first, sure.first - 1);
+    const double alongFirst = std::exp(-0.5 * i * i / shape.firstVariance) / shape.norm * shape.durationMs;
+    densityloops::scaled(m_values.data() + sure.first + m_width, m_alongSecond.data() + sure.first + m_width,
+                         alongFirst, sure.count());
+    settleDoubt(sure.last + 1, all.last);
+    drawSteps(shape, i, all, sure);
 }
 
-void FixationKernel::drawSteps(const Shape &shape, int i, int firstJ, int lastJ)
+/// Writes the steps from the last one to the first, so that of those on one cell the first one stays, and nobody has to
+/// look whether the cell is empty. A step outside has the value 0 and must not write.
+void FixationKernel::drawSteps(const Shape &shape, int i, const Span &all, const Span &sure)
 {
-    const auto begin = static_cast<std::size_t>(firstJ + m_width);
-    const auto end = static_cast<std::size_t>(lastJ + m_width) + 1;
-    const double iCos = i * shape.cosine;
-    const double iSin = i * shape.sine;
-    densityloops::rotatedCells(&m_targets[begin], &m_jCos[begin], &m_jSin[begin], iCos, iSin,
-                               static_cast<int>(end - begin));
-    for (std::size_t step = begin; step < end; ++step) {
-        double &cell = m_cells[static_cast<std::size_t>(m_targets[step])];
-        cell = cell == 0 ? m_values[step] : cell; // the first one stays
-    }
-    for (const std::size_t step : {begin, end - 1}) // along a line rows and columns change in one direction
-        grow(m_targets[step] / side, m_targets[step] % side);
-}
-
-void FixationKernel::grow(int row, int column)
-{
-    m_extent.firstRow = std::min(m_extent.firstRow, row);
-    m_extent.lastRow = std::max(m_extent.lastRow, row);
-    m_extent.firstColumn = std::min(m_extent.firstColumn, column);
-    m_extent.lastColumn = std::max(m_extent.lastColumn, column);
+    int *targets = m_targets.data() + m_width;
+    const double *values = m_values.data() + m_width;
+    double *cells = m_cells.data();
+    densityloops::rotatedCells(targets + all.first, m_jCos.data() + m_width + all.first,
+                               m_jSin.data() + m_width + all.first, i * shape.cosine, i * shape.sine, all.count());
+    const auto writeDoubtful = [&](int last, int first) {
+        for (int j = last; j >= first; --j) {
+            if (values[j] > 0)
+                cells[targets[j]] = values[j];
+        }
+    };
+    writeDoubtful(all.last, sure.last + 1);
+    for (int j = sure.last; j >= sure.first; --j)
+        cells[targets[j]] = values[j];
+    writeDoubtful(sure.first - 1, all.first);
+    m_rows.include(targets[all.first] / side); // along a line rows change in one direction
+    m_rows.include(targets[all.last] / side);
 }
 
 /// Cells are filled row by row, and a filled one counts as a neighbour of those after it. So the raster can grow to the
 /// right and downwards, as far as the means stay above the floor, but no further than one cell to the left and upwards.
 void FixationKernel::fillHoles(double floor)
 {
-    if (m_extent.lastRow < 0)
+    if (m_rows.isEmpty())
         return;
-    m_extent = {.firstRow = std::max(m_extent.firstRow - 1, firstInside),
-                .lastRow = m_extent.lastRow,
-                .firstColumn = std::max(m_extent.firstColumn - 1, firstInside),
-                .lastColumn = std::min(m_extent.lastColumn + 1, lastInside)};
     // A neighbour of 0 never counts, not even where the floor is no double any more: its share of the mean is 0.
     m_lowest = std::max(floor, std::numeric_limits<double>::denorm_min());
-    for (int row = m_extent.firstRow; row <= m_extent.lastRow; ++row) {
-        fillRow(row);
-        if (row == m_extent.lastRow && row < lastInside && isAnyInside(row))
-            ++m_extent.lastRow;
+    m_rows.first = std::max(m_rows.first - 1, firstInside);
+    for (int row = m_rows.first; row <= m_rows.last; ++row) {
+        Span columns = columnsOf(row);
+        columns = columns.isEmpty() ? columns : Span{columns.first - 1, columns.last + 1};
+        columns.include(columnsOf(row - 1));
+        columns.include(columnsOf(row + 1));
+        fillRow(row, {std::max(columns.first, firstInside), std::min(columns.last, lastInside)});
+        if (row == m_rows.last && row < lastInside && isAnyInside(row))
+            ++m_rows.last;
     }
 }
 
-void FixationKernel::fillRow(int row)
+void FixationKernel::fillRow(int row, const Span &columns)
 {
-    double *cells = &m_cells[static_cast<std::size_t>(row * side)];
     quint8 *holes = m_holes.data();
-    const int first = m_extent.firstColumn;
-    const int last = m_extent.lastColumn;
-    if (!densityloops::findEmptyBeside(holes + first, cells + first, side, m_lowest, last - first + 1))
+    const int first = columns.first;
+    const int last = columns.last;
+    if (!densityloops::findEmptyBeside(holes + first, this->row(row) + first, side, m_lowest, columns.count()))
         return;
     std::fill_n(holes + last + 1, sizeof(quint64), quint8(0)); // flags are looked at eight at a time
     for (int column = first; column <= last; column += sizeof(quint64)) {
         quint64 flags;
         std::memcpy(&flags, holes + column, sizeof flags);
         for (flags = qFromLittleEndian(flags); flags != 0; flags &= flags - 1)
-            fillFrom(cells, column + std::countr_zero(flags) / CHAR_BIT);
+            fillFrom(row, column + std::countr_zero(flags) / CHAR_BIT);
     }
 }
 
 /// Fills a cell, unless it was filled already, and those to the right that become holes by that.
-void FixationKernel::fillFrom(double *cells, int column)
+void FixationKernel::fillFrom(int row, int column)
 {
+    double *cells = &m_cells[static_cast<std::size_t>(row * side)];
     const auto fill = [](double *cell) { *cell = (cell[-1] + cell[1] + cell[-side] + cell[side]) * 0.25; };
     if (cells[column] != 0)
         return;
     fill(cells + column);
+    columnsOf(row).include(column);
     while (column < lastInside && cells[column] >= m_lowest && cells[column + 1] == 0)
         fill(cells + ++column);
-    m_extent.lastColumn = std::max(m_extent.lastColumn, column);
+    columnsOf(row).include(column);
 }
 
 bool FixationKernel::isAnyInside(int row) const
 {
     const double *cells = this->row(row);
-    return std::any_of(cells + m_extent.firstColumn, cells + m_extent.lastColumn + 1,
+    return std::any_of(cells + std::min(columns(row).first, side), cells + columns(row).last + 1,
                        [this](double cell) { return cell >= m_lowest; });
 }
 
 double FixationKernel::mass() const
 {
     double sum = 0;
-    for (int row = m_extent.firstRow; row <= m_extent.lastRow; ++row)
-        sum += densityloops::sum(&m_cells[static_cast<std::size_t>(row * side + m_extent.firstColumn)],
-                                 m_extent.lastColumn - m_extent.firstColumn + 1);
+    for (int row = m_rows.first; row <= m_rows.last; ++row) {
+        if (!columns(row).isEmpty())
+            sum += densityloops::sum(this->row(row) + columns(row).first, columns(row).count());
+    }
     return sum;
 }

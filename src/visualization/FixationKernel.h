@@ -3,6 +3,7 @@
 #include "visualization/HeatmapEvents.h"
 #include "visualization/HeatmapOptions.h"
 
+#include <algorithm>
 #include <vector>
 
 /// An oriented Gaussian along the axes of one fixation, as a raster around its centre. The lengths of the axes times
@@ -11,7 +12,7 @@
 ///
 /// The raster is made by rotating whole steps of both axes onto cells, so that some cells are hit twice and some never.
 /// Two rules settle that, and heatmaps are compared over years, so they stay:
-/// - of the steps that hit a cell the first one stays (`drawRow`);
+/// - of the steps that hit a cell the first one stays (`drawSteps`);
 /// - a cell that no step hits takes the mean of its four neighbours if one of them is inside the Gaussian
 /// (`fillHoles`).
 class FixationKernel {
@@ -19,12 +20,15 @@ public:
     static constexpr int side = 600;
     static constexpr int center = side / 2;
 
-    /// Rows and columns of cells, both ends included.
-    struct Extent {
-        int firstRow = side;
-        int lastRow = -1;
-        int firstColumn = side;
-        int lastColumn = -1;
+    /// Rows, or columns of a row; both ends included.
+    struct Span {
+        int first = side;
+        int last = -1;
+
+        void include(int position) { *this = {std::min(first, position), std::max(last, position)}; }
+        void include(const Span &other) { *this = {std::min(first, other.first), std::max(last, other.last)}; }
+        bool isEmpty() const { return first > last; }
+        int count() const { return last - first + 1; }
     };
 
     explicit FixationKernel(const NormalDistribution &size);
@@ -36,8 +40,10 @@ public:
     /// fixation adds nothing.
     bool build(const FixationEvent &event);
 
-    /// All that is not 0 lies within. A row is an offset in x from the centre, a column one in y, both plus `center`.
-    const Extent &extent() const { return m_extent; }
+    /// All that is not 0 lies within these rows and within these columns of each. A row is an offset in x from the
+    /// centre, a column one in y, both plus `center`.
+    const Span &rows() const { return m_rows; }
+    const Span &columns(int row) const { return m_columns[static_cast<std::size_t>(row)]; }
     const double *row(int row) const { return &m_cells[static_cast<std::size_t>(row * side)]; }
     /// The sum of all cells.
     double mass() const;
@@ -47,17 +53,19 @@ private:
 
     void clear();
     void drawRow(const Shape &shape, int i);
-    void drawSteps(const Shape &shape, int i, int firstJ, int lastJ);
-    void grow(int row, int column);
+    void drawSteps(const Shape &shape, int i, const Span &all, const Span &sure);
+    void findColumns(const Shape &shape);
+    Span &columnsOf(int row) { return m_columns[static_cast<std::size_t>(row)]; }
     void fillHoles(double floor);
-    void fillRow(int row);
-    void fillFrom(double *cells, int column);
+    void fillRow(int row, const Span &columns);
+    void fillFrom(int row, int column);
     bool isAnyInside(int row) const;
 
     int m_width;
     int m_sigma;
     std::vector<double> m_cells = std::vector<double>(side * side);
-    Extent m_extent;
+    Span m_rows;
+    std::vector<Span> m_columns = std::vector<Span>(side); ///< by row
     std::vector<double> m_alongSecond; ///< of the current event: exp(-0.5 * j * j / second variance), j from -width
     std::vector<double> m_jCos;        ///< j * cos a
     std::vector<double> m_jSin;        ///< j * sin a

@@ -18,6 +18,12 @@ int workersFor(std::size_t events, std::size_t enoughForAll = 4)
     return events < enoughForAll ? 1 : all;
 }
 
+int saccadeWorkersFor(std::size_t events)
+{
+    constexpr std::size_t enoughForAll = 40;
+    return workersFor(events, enoughForAll);
+}
+
 /// `showDurationArcs` is an option of the angle stars; the heatmaps of fixations and clusters show its box as
 /// "Duration" and store it under the same key.
 FixationMass massOf(const VisualizationParameters &parameters)
@@ -101,7 +107,42 @@ SaccadeMarkStyle markStyle(const VisualizationParameters &parameters, HeatmapLoo
             .lengthThresholdPx = look == HeatmapLook::ShadowMap ? parameters.heatmapThreashold * percent : 0};
 }
 
+std::optional<NamedDensity> sectionDensity(const std::vector<FixationEvent> &events,
+                                           const VisualizationParameters &parameters, const QString &name)
+{
+    if (events.empty())
+        return {};
+    const NormalDistribution kernel = normalDistribution(parameters);
+    const FixationMass mass = massOf(parameters);
+    return NamedDensity{
+        fixationDensity(events, kernel, mass, workersFor(events.size())), kernel,
+        (mass == FixationMass::Duration ? QStringLiteral("ms of %1 per px^2") : QStringLiteral("%1 per px^2"))
+            .arg(name)};
+}
+
 } // namespace
+
+std::optional<NamedDensity> heatmapDensity(const DrawingContext &context, HeatmapKind kind)
+{
+    if (kind == HeatmapKind::Fixations)
+        return sectionDensity(fixationEvents(context), context.fixations, QStringLiteral("fixations"));
+    if (kind == HeatmapKind::Clusters)
+        return sectionDensity(clusterEvents(context), context.clusters, QStringLiteral("clusters"));
+    if (kind == HeatmapKind::Saccades) {
+        const std::vector<SaccadeEvent> events = saccadeEvents(context);
+        if (events.empty())
+            return {};
+        const SaccadeMarkStyle style = markStyle(context.saccades, HeatmapLook::AbsoluteScale);
+        return NamedDensity{saccadeDensity(events, style, saccadeWorkersFor(events.size())), style.kernel,
+                            QStringLiteral("sum of the heights of saccade marks")};
+    }
+    const std::vector<GazePointEvent> events = gazePointEvents(context);
+    if (events.empty())
+        return {};
+    const NormalDistribution kernel = normalDistribution(context.gazePoints);
+    return NamedDensity{gazePointDensity(events, kernel, workersFor(events.size())), kernel,
+                        QStringLiteral("gaze points per px^2")};
+}
 
 Heatmap drawGazeHeatmap(const DrawingContext &context, HeatmapLook look)
 {
@@ -136,12 +177,11 @@ Heatmap drawClusterHeatmap(const DrawingContext &context, HeatmapLook look)
 
 Heatmap drawSaccadeHeatmap(const DrawingContext &context, HeatmapLook look)
 {
-    constexpr std::size_t enoughForAllWorkers = 40;
     const VisualizationParameters &parameters = context.saccades;
     const std::vector<SaccadeEvent> events = saccadeEvents(context);
     if (events.empty())
         return {};
-    const int workers = workersFor(events.size(), enoughForAllWorkers);
+    const int workers = saccadeWorkersFor(events.size());
     const Density density = saccadeDensity(events, markStyle(parameters, look), workers);
     const DensityPeak &peak = density.peak();
     const double maximum = positiveOr(peak.value, 1.0);

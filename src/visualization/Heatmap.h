@@ -1,7 +1,9 @@
 #pragma once
 
+#include "visualization/Density.h"
 #include "visualization/Drawing.h"
 #include "visualization/DrawingContext.h"
+#include "visualization/HeatmapOptions.h"
 
 /// The ways in which a density becomes a picture.
 enum class HeatmapLook {
@@ -14,6 +16,14 @@ struct Heatmap {
     QImage image;                          ///< 2560 x 1600, Format_ARGB32; null without events
     std::optional<HeatmapFigures> figures; ///< on the absolute scale only
 };
+
+/// The density of a heatmap by itself; without events nothing.
+struct NamedDensity {
+    Density cells;
+    NormalDistribution kernel;
+    QString unit; ///< of a cell
+};
+std::optional<NamedDensity> heatmapDensity(const DrawingContext &context, HeatmapKind kind);
 
 Heatmap drawGazeHeatmap(const DrawingContext &context, HeatmapLook look);
 Heatmap drawFixationHeatmap(const DrawingContext &context, HeatmapLook look);

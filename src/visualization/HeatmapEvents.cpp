@@ -3,6 +3,7 @@
 #include "base/TextFormat.h"
 #include "visualization/DataSelection.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {

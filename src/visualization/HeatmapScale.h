@@ -4,6 +4,7 @@
 #include "visualization/HeatmapEvents.h"
 #include "visualization/HeatmapOptions.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 

@@ -123,6 +123,12 @@ void acceptedFilesAndNumbers()
                 [](O &o) { o.prefix = QStringLiteral("--quiet"); });
     acceptedRow("images in all formats", "--image a.png --image b.svg --image c.tiff --image d.JPG a.data",
                 [](O &o) { o.images = QStringLiteral("a.png b.svg c.tiff d.JPG").split(u' '); });
+    acceptedRow("a density of gaze points", "--density d.tiff a.data",
+                [](O &o) { o.densityFile = QStringLiteral("d.tiff"); });
+    acceptedRow("a density of fixations", "--density=d.TIFF --density-kind fixations a.data", [](O &o) {
+        o.densityFile = QStringLiteral("d.TIFF");
+        o.densityKind = HeatmapKind::Fixations;
+    });
     acceptedRow("report", "--report r.json a.data", [](O &o) { o.reportFile = QStringLiteral("r.json"); });
     acceptedRow("one job", "--jobs 1 a.data", [](O &o) { o.jobs = 1; });
     acceptedRow("many jobs", "--jobs=64 a.data", [](O &o) { o.jobs = 64; });
@@ -235,6 +241,8 @@ void notBuilt()
         refuse("export", word);
     refusedRow("one entry of a list is not built", "--export fixations,clusters a.data",
                "--export clusters: not available in this version");
+    refusedRow("a density that is no .tiff", "--density d.png a.data",
+               "--density d.png: the name does not end in .tiff");
     refusedRow("not built, without its value", "--video", "--video: not available in this version");
 }
 

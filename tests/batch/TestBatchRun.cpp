@@ -11,6 +11,8 @@
 #include <QStringDecoder>
 #include <QTest>
 
+#include <algorithm>
+
 namespace {
 
 using Outcome = BatchProgram::Outcome;
@@ -73,6 +75,8 @@ private Q_SLOTS:
     void doubtfulParametersAreTold();
     void theUsersStoreIsNotTouched();
     void reportNamesWhatTheResultsRestOn();
+    void densityIsWrittenAndExplained();
+    void densityOfNothingFails();
     void sameRecordingTwice();
     void messagesWithoutQuiet();
     void help();
@@ -394,6 +398,32 @@ void TestBatchRun::theUsersStoreIsNotTouched()
     QCOMPARE(before.keys(), QStringList{name});
     QVERIFY(filesOf(tablesOfTheStudy(words("--set Calculation/Fixation/Standard/Outlier=2"))) == factory);
     QVERIFY(BatchProgram::filesIn(m_batch->configurationFolder()) == before);
+}
+
+void TestBatchRun::densityIsWrittenAndExplained()
+{
+    const Outcome outcome =
+        m_batch->run(words("--quiet --calculate fixations --density d.tiff --density-kind fixations "
+                           "--set Visualization/Fixation/NormalDistributionWidth=120 "
+                           "--report report.json study/S01.data"));
+    QCOMPARE(outcome.status, 0);
+    const QByteArray bytes = m_batch->contents(QStringLiteral("d.tiff"));
+    QVERIFY(bytes.startsWith("II*") && bytes.size() > 2560 * 1600 * 4);
+    const auto *cells = reinterpret_cast<const float *>(bytes.constData() + 8);
+    QVERIFY(std::any_of(cells, cells + 2560 * 1600, [](float cell) { return cell > 0; }));
+    const QJsonObject expected{{QStringLiteral("kind"), QStringLiteral("fixations")},
+                               {QStringLiteral("kernelWidthPx"), QStringLiteral("120")},
+                               {QStringLiteral("kernelSigma"), QStringLiteral("30")},
+                               {QStringLiteral("unit"), QStringLiteral("ms of fixations per px^2")}};
+    QCOMPARE(report()[QStringLiteral("density")].toObject(), expected);
+}
+
+void TestBatchRun::densityOfNothingFails()
+{
+    const Outcome outcome =
+        m_batch->run(words("--density d.tiff --density-kind fixations --report report.json study/S01.data"));
+    QCOMPARE(outcome.status, 1); // no fixations were calculated
+    QVERIFY(!report().contains(QStringLiteral("density")));
 }
 
 void TestBatchRun::reportNamesWhatTheResultsRestOn()

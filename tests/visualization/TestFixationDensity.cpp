@@ -158,13 +158,13 @@ void TestFixationDensity::sameAsThePlainForm_data()
     QTest::addColumn<int>("sigma");
     QTest::addColumn<unsigned>("seed");
     QTest::newRow("none") << 0 << 10 << 100 << 30 << 1U;
-    QTest::newRow("usual") << 40 << 30 << 150 << 30 << 2U;
-    QTest::newRow("the widest") << 24 << 60 << 200 << 100 << 3U;
-    QTest::newRow("the smallest") << 40 << 20 << 10 << 10 << 4U;
-    QTest::newRow("thin ones, whose rim is no double any more") << 24 << 3 << 200 << 10 << 5U;
-    QTest::newRow("long ones, cut by the width") << 24 << 400 << 100 << 100 << 6U;
-    QTest::newRow("steps exactly on the rim: 101 * 101 = 99 * 99 + 20 * 20") << 48 << 12 << 100 << 50 << 7U;
-    QTest::newRow("an odd width") << 24 << 15 << 73 << 45 << 8U;
+    QTest::newRow("usual") << 16 << 30 << 150 << 30 << 2U;
+    QTest::newRow("the widest") << 8 << 60 << 200 << 100 << 3U;
+    QTest::newRow("the smallest") << 30 << 20 << 10 << 10 << 4U;
+    QTest::newRow("thin ones, whose rim is no double any more") << 8 << 3 << 200 << 10 << 5U;
+    QTest::newRow("long ones, cut by the width") << 10 << 400 << 100 << 100 << 6U;
+    QTest::newRow("steps exactly on the rim: 101 * 101 = 99 * 99 + 20 * 20") << 20 << 12 << 100 << 50 << 7U;
+    QTest::newRow("an odd width") << 12 << 15 << 73 << 45 << 8U;
 }
 
 void TestFixationDensity::sameAsThePlainForm()

@@ -132,8 +132,8 @@ void TestGazePointDensity::sameAsThePlainForm_data()
     QTest::newRow("one") << 1 << 100 << 50 << 2U;
     QTest::newRow("few") << 40 << 200 << 10 << 3U;
     QTest::newRow("an odd width") << 300 << 33 << 17 << 4U;
-    QTest::newRow("many") << 1500 << 100 << 50 << 5U;
-    QTest::newRow("the widest") << 600 << 200 << 100 << 6U;
+    QTest::newRow("many") << 500 << 100 << 50 << 5U;
+    QTest::newRow("the widest") << 150 << 200 << 100 << 6U;
     QTest::newRow("the smallest") << 5000 << 10 << 10 << 7U;
 }
 
