@@ -41,6 +41,7 @@ struct BatchOptions {
     QList<Setting> settings;          ///< to be set after the files, in this order
     std::optional<Detector> detector; ///< else as the settings say
     QString background;
+    QStringList aoiFiles;            ///< of areas with the same name, those of later files count
     std::optional<TimeFrame> time;   ///< else from 0 to the longest duration
     QList<Calculation> calculations; ///< each once, in the order in which they run
     QList<Table> tables;             ///< each once, in the order in which they are written
