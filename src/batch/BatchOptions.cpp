@@ -190,6 +190,8 @@ private:
             m_options.settingsFiles << value;
         else if (id == Id::Background)
             m_options.background = value;
+        else if (id == Id::Aois)
+            m_options.aoiFiles << value;
         else if (id == Id::Out)
             m_options.outputFolder = value;
         else if (id == Id::Prefix)

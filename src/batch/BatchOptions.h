@@ -44,6 +44,7 @@ struct BatchOptions {
     std::optional<Detector> detector;         ///< else as the settings say
     std::optional<VelocityUnit> velocityUnit; ///< only for the velocity detector; else what the settings give
     QString background;
+    QStringList aoiFiles;            ///< of areas with the same name, those of later files count
     std::optional<TimeFrame> time;   ///< else from 0 to the longest duration
     QList<Calculation> calculations; ///< each once, in the order in which they run
     QList<Table> tables;             ///< each once, in the order in which they are written

@@ -20,8 +20,8 @@ struct ReportedFile {
 /// A file that the run read.
 struct ReportedInput {
     ReportedFile file;
-    QString kind;                 ///< "recording", "set file", "settings", "background"
-    bool used = true;             ///< false for a recording that was left out
+    QString kind;                 ///< "recording", "set file", "settings", "background", "areas of interest"
+    bool used = true;             ///< false for a file of which nothing was taken
     QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
     QList<ShownMessage> messages; ///< about this file
 };

@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "batch/AoiInput.h"
 #include "batch/OptionWords.h"
 #include "batch/ParallelImport.h"
 #include "batch/Suggestion.h"
@@ -123,6 +124,7 @@ ExitCode BatchRun::run()
         return ExitCode::Usage;
     }
     importRecordings();
+    loadAois();
     setTimeFrame();
     calculate();
     exportTables();
@@ -214,6 +216,19 @@ void BatchRun::takeRecording(const QString &path, const ImportedFile &file)
     const QString setFile = RecordingPath(path).setFile();
     if (QFileInfo::exists(setFile))
         addInput(setFile, QStringLiteral("set file"));
+}
+
+void BatchRun::loadAois()
+{
+    for (const QString &path : m_options.aoiFiles) {
+        m_messages << m_record.take();
+        const AoiInput input = loadAoiFile(path, m_model);
+        m_failed = m_failed || !input.complete;
+        addInput(path, QStringLiteral("areas of interest"));
+        m_inputs.last().used = input.used;
+        m_inputs.last().counts = input.counts;
+        m_inputs.last().messages = m_record.take();
+    }
 }
 
 void BatchRun::setTimeFrame()

@@ -8,8 +8,8 @@
 class Terminal;
 struct ImportedFile;
 
-/// One run of the batch tool: the same functions that the window's commands run, in the order import, calculations,
-/// exports, images, report.
+/// One run of the batch tool: the same functions that the window's commands run, in the order import, areas of
+/// interest, calculations, exports, images, report.
 ///
 /// The settings store of the process must be a private one by then, with the factory values in it.
 class BatchRun {
@@ -26,6 +26,7 @@ private:
     std::optional<UsageError> makeOutputFolder() const;
     void importRecordings();
     void takeRecording(const QString &path, const ImportedFile &file);
+    void loadAois();
     void setTimeFrame();
     void calculate();
     void exportTables();

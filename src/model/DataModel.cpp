@@ -28,6 +28,23 @@ EyeData &DataModel::pooledEyeData(int index)
     return m_pooled[known ? static_cast<size_t>(index) : static_cast<size_t>(Pool::Dominant)];
 }
 
+QList<AreaOfInterest> DataModel::checkedAois() const
+{
+    QList<AreaOfInterest> checked;
+    for (const AreaOfInterest &aoi : m_aois) {
+        if (aoi.enabled)
+            checked << aoi;
+    }
+    return checked;
+}
+
+/// QMap::value() makes a default value each time, and a new area takes the next colour from those to come.
+AreaOfInterest DataModel::aoi(const QString &name) const
+{
+    const auto found = m_aois.constFind(name);
+    return found == m_aois.cend() ? AreaOfInterest() : *found;
+}
+
 const Group *DataModel::group(const QString &name) const
 {
     const auto found = std::find_if(m_groups.cbegin(), m_groups.cend(), [&](const Group &g) { return g.name == name; });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/AreaOfInterest.h"
 #include "model/Examination.h"
 #include "model/Group.h"
 #include "model/ImageCache.h"
@@ -35,6 +36,17 @@ public:
     ImageCache &images() { return m_images; }
     const ImageCache &images() const { return m_images; }
 
+    /// The areas of interest in ascending order of their names; all examinations are measured against the same ones.
+    QList<AreaOfInterest> aoiList() const { return m_aois.values(); }
+    /// Those of them that are enabled.
+    QList<AreaOfInterest> checkedAois() const;
+    /// The area of that name; one with a null name if there is none.
+    AreaOfInterest aoi(const QString &name) const;
+    bool hasAoi(const QString &name) const { return m_aois.contains(name); }
+    /// Replaces the area of the same name.
+    void insertAoi(const AreaOfInterest &aoi) { m_aois.insert(aoi.name, aoi); }
+    void removeAoi(const QString &name) { m_aois.remove(name); }
+
     const QList<Group> &groups() const { return m_groups; }
     void setGroups(const QList<Group> &groups) { m_groups = groups; }
     /// The first group of that name; null if there is none.
@@ -50,6 +62,7 @@ private:
     QList<Examination> m_allExaminations;
     std::array<EyeData, 4> m_pooled;
     ImageCache m_images;
+    QMap<QString, AreaOfInterest> m_aois;
     QList<Group> m_groups;
     qint64 m_timeStart = 0; ///< ms
     qint64 m_timeEnd = 0;   ///< ms

@@ -39,6 +39,9 @@ private Q_SLOTS:
     void withoutUsableRecordingThereIsNothingToWrite();
     void missingSetFileAndPictureAreTold();
     void linesOfWrongLengthAreTold();
+    void areasOfInterest_data();
+    void areasOfInterest();
+    void areasOfOneNameInTwoFiles();
     void aTableThatCannotBeWritten();
     void picturesAndReportInAMissingFolder();
     void withoutTemporaryFolderTheUsersStoreIsNotUsedInstead();
@@ -63,7 +66,7 @@ void TestBatchFailures::refusedCalls_data()
     row("no recording", "--quiet", "no recording given");
     row("an option of nobody", "--setting a.ini study/S01.data", "unknown option --setting; did you mean --settings?");
     row("an option of the window toolkit", "-style fusion study/S01.data", "unknown option -style");
-    row("an option of a later version", "--aois a.aoi study/S01.data", "--aois: not available in this version");
+    row("an option of a later version", "--video a.avi study/S01.data", "--video: not available in this version");
     row("a misspelt key", "--out tables --set Calculation/Fixation/Standard/MaximumRadios=40 study/S01.data",
         "--set Calculation/Fixation/Standard/MaximumRadios: no such key; did you mean "
         "Calculation/Fixation/Standard/MaximumRadius?");
@@ -192,6 +195,75 @@ void TestBatchFailures::linesOfWrongLengthAreTold()
     QCOMPARE(recording[QStringLiteral("counts")][QStringLiteral("samples")].toInteger(), 3);
     QCOMPARE(recording[QStringLiteral("counts")][QStringLiteral("lines of wrong length")].toInteger(), 2);
     QCOMPARE(recording[QStringLiteral("messages")].toArray().size(), 1);
+}
+
+void TestBatchFailures::areasOfInterest_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("contents"); // none: there is no such file
+    QTest::addColumn<QString>("warning");     // the last line on the error channel, behind name and path
+    QTest::addColumn<int>("areas");
+    QTest::addColumn<int>("status");
+    const auto row = [](const char *name, const QByteArray &contents, const char *warning, int areas, int status) {
+        QTest::newRow(name) << QStringLiteral("study/%1.aoi") << contents << QString::fromUtf8(warning) << areas
+                            << status;
+    };
+    const QByteArray one = "AOI FILE\ntype=static\ncolor=1;2;3;4\nname=a\n1 2\n3 4\n";
+    QTest::newRow("no such file") << "missing.aoi" << QByteArray() << "cannot be read: No such file or directory." << 0
+                                  << 1;
+    row("an empty file", "", "holds no area of interest.", 0, 1);
+    row("no header", "type=static\n", "no area is read, since line 1 is not \"AOI FILE\".", 0, 1);
+    row("reading stops", one + "name=b\n",
+        "reading stopped at line 7; areas read before: 0. In each block, color= and name= stand before the first "
+        "vertex.",
+        0, 1);
+    row("reading stops behind an area", one + "type=static\n5 6\ntype=static\n",
+        "reading stopped at line 9; areas read before: 1. In each block, color= and name= stand before the first "
+        "vertex.",
+        1, 1);
+    row("lines that are no vertex", one + "5  6\nx\n",
+        "lines left out that are no vertex: 2; the first is line 7. A vertex is two whole numbers with one blank "
+        "between "
+        "them.",
+        1, 0);
+    row("an unfinished area", one + "type=static\nname=b\n",
+        "areas left out that have no name or no vertices: 1. Each needs both.", 1, 0);
+    row("two areas of one name", one + one.sliced(9),
+        "areas that replace one of the same name: 1; the first is \"a\". Each area needs a name of its own.", 2, 0);
+}
+
+void TestBatchFailures::areasOfInterest()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, warning);
+    QFETCH(int, areas);
+    if (!contents.isNull())
+        m_batch->write(name, contents);
+    const Outcome outcome = m_batch->run(words("--quiet --export fixations --report report.json --aois") +
+                                         QStringList{name} + words("study/S01.data"));
+    QTEST(outcome.status, "status");
+    QCOMPARE(outcome.written.size(), 3); // the rest goes on: a table for each eye, and the report
+    QCOMPARE(outcome.errors.last(),
+             QFileInfo(name).fileName() + QStringLiteral(": ") + name + QStringLiteral(": ") + warning);
+    const QJsonValue input = reportedInputs().last();
+    QCOMPARE(input[QStringLiteral("path")].toString(), name);
+    QCOMPARE(input[QStringLiteral("used")].toBool(), areas > 0);
+    QCOMPARE(input[QStringLiteral("counts")][QStringLiteral("areas")].toInt(), areas);
+    QCOMPARE(input[QStringLiteral("messages")].toArray().last()[QStringLiteral("text")].toString(),
+             name + QStringLiteral(": ") + warning);
+}
+
+void TestBatchFailures::areasOfOneNameInTwoFiles()
+{
+    const QByteArray longName(100, 'n');
+    for (const QString &name : {QStringLiteral("1.aoi"), QStringLiteral("2.aoi")})
+        m_batch->write(name, "AOI FILE\nname=" + longName + "\n1 2\n");
+    const Outcome outcome = m_batch->run(words("--aois 1.aoi --aois 2.aoi study/S01.data"));
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors, QStringList{QStringLiteral("2.aoi: 2.aoi: areas that replace one of the same name: 1; the "
+                                                        "first is \"%1...\". Each area needs a name of its own.")
+                                             .arg(QLatin1StringView(longName.first(40)))});
 }
 
 void TestBatchFailures::aTableThatCannotBeWritten()

@@ -90,6 +90,9 @@ void acceptedChoices()
     unit("unit before the detector", "--velocity-unit percentile --detector velocity a.data",
          O::VelocityUnit::Percentile);
     acceptedRow("background", "--background p.png a.data", [](O &o) { o.background = QStringLiteral("p.png"); });
+    acceptedRow("areas of interest in their order", "--aois 2.aoi --aois=1.aoi a.data", [](O &o) {
+        o.aoiFiles = QStringList{QStringLiteral("2.aoi"), QStringLiteral("1.aoi")};
+    });
     acceptedRow("calculation", "--calculate fixations a.data",
                 [](O &o) { o.calculations = {O::Calculation::Fixations}; });
     acceptedRow("a calculation named twice runs once", "--calculate fixations,fixations a.data",
@@ -158,6 +161,8 @@ void refusedArguments()
     refusedRow("value missing at the end", "a.data --out", "--out: needs a value, DIR");
     refusedRow("value missing before an option", "--out --quiet a.data", "--out: needs a value, DIR");
     refusedRow("empty value", "--out= a.data", "--out: the value is empty");
+    refusedRow("areas of interest without a file", "a.data --aois", "--aois: needs a value, FILE.aoi");
+    refusedRow("areas of interest with an empty name", "--aois= a.data", "--aois: the value is empty");
     refusedRow("empty report name", "--report= a.data", "--report: the value is empty");
     refusedRow("value for a flag", "--quiet=1 a.data", "--quiet: takes no value");
     refusedRow("folder given twice", "--out a --out b a.data", "--out: given twice");
@@ -223,7 +228,7 @@ void refusedNumbersAndNames()
 
 void notBuilt()
 {
-    for (const char *option : {"aois", "video", "video-step"}) {
+    for (const char *option : {"video", "video-step"}) {
         QTest::addRow("not built: %s", option)
             << u"--%1 x a.data"_qs.arg(QLatin1StringView(option))
             << u"--%1: not available in this version"_qs.arg(QLatin1StringView(option));
@@ -322,10 +327,10 @@ void TestBatchOptions::helpNamesWhatIsBuilt()
 {
     const QString help = batchHelp();
     for (const char *option :
-         {"settings", "set", "detector", "velocity-unit", "background", "time", "calculate", "export", "eyes", "out",
-          "prefix", "image", "report", "jobs", "quiet", "help", "version"})
+         {"settings", "set", "detector", "velocity-unit", "background", "aois", "time", "calculate", "export", "eyes",
+          "out", "prefix", "image", "report", "jobs", "quiet", "help", "version"})
         QVERIFY2(help.contains(u"\n  --%1 "_qs.arg(QLatin1StringView(option))), option);
-    for (const char *option : {"video", "aois"})
+    for (const char *option : {"video"})
         QVERIFY2(!help.contains(QLatin1StringView(option)), option);
     for (const QString &line : help.split(u'\n'))
         QVERIFY2(line.size() < 100, qPrintable(line));

@@ -77,6 +77,7 @@ private Q_SLOTS:
     void reportNamesWhatTheResultsRestOn();
     void densityIsWrittenAndExplained();
     void densityOfNothingFails();
+    void areasOfInterestAreReported();
     void sameRecordingTwice();
     void messagesWithoutQuiet();
     void help();
@@ -467,6 +468,28 @@ void TestBatchRun::reportNamesWhatTheResultsRestOn()
     keys.sort();
     QCOMPARE(all[QStringLiteral("parameters")].toObject().keys(), keys);
     QVERIFY(!m_batch->contents(QStringLiteral("report.json")).contains(m_batch->root().toUtf8()));
+}
+
+void TestBatchRun::areasOfInterestAreReported()
+{
+    const QByteArray areas = "AOI FILE\ntype=static\ncolor=1;2;3;4\nname=a\n1 2\ntype=static\nname=b\n3 4\n";
+    m_batch->write(QStringLiteral("areas.aoi"), areas);
+    m_batch->write(QStringLiteral("more.aoi"), "AOI FILE\nname=c\n1 2\n");
+    const Outcome outcome = m_batch->run(words("--aois areas.aoi --report report.json --aois more.aoi study/S01.data"));
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors, QStringList());
+    const QJsonArray inputs = report()[QStringLiteral("inputs")].toArray();
+    QCOMPARE(inputs.size(), 4); // behind the recording and its set file
+    const QJsonObject expected{{QStringLiteral("path"), QStringLiteral("areas.aoi")},
+                               {QStringLiteral("bytes"), areas.size()},
+                               {QStringLiteral("sha256"), sha256(areas)},
+                               {QStringLiteral("kind"), QStringLiteral("areas of interest")},
+                               {QStringLiteral("used"), true},
+                               {QStringLiteral("counts"), QJsonObject{{QStringLiteral("areas"), 2},
+                                                                      {QStringLiteral("lines that are no vertex"), 0}}},
+                               {QStringLiteral("messages"), QJsonArray()}};
+    QCOMPARE(inputs[2].toObject(), expected);
+    QCOMPARE(inputs[3][QStringLiteral("path")].toString(), QStringLiteral("more.aoi"));
 }
 
 void TestBatchRun::sameRecordingTwice()
