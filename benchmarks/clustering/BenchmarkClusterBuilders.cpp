@@ -1,3 +1,4 @@
+#include "base/Progress.h"
 #include "clustering/ClusterSamples.h"
 #include "clustering/MeanShiftClustering.h"
 #include "clustering/OverlapClusters.h"
@@ -6,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <ctime>
 #include <functional>
 #include <string>
@@ -19,6 +21,39 @@ struct Task {
     std::function<void(EyeData &)> run;
     std::function<void(EyeData &)> plain;
 };
+
+/// Measures for how long nothing is shown: a window stands still for that time.
+class Gaps : public Progress::IDisplay {
+public:
+    explicit Gaps(double &longestMs) : m_longestMs(longestMs) {}
+    void open(const QString &, int) override { note(); }
+    void show(int) override { note(); }
+    void close() override { note(); }
+
+private:
+    void note()
+    {
+        const auto now = std::chrono::steady_clock::now();
+        m_longestMs = std::max(m_longestMs, std::chrono::duration<double, std::milli>(now - m_last).count());
+        m_last = now;
+    }
+
+    double &m_longestMs;
+    std::chrono::steady_clock::time_point m_last = std::chrono::steady_clock::now();
+};
+
+/// In the progress of a caller, as in a calculation.
+double longestGapMs(EyeData stream, const std::function<void(EyeData &)> &run)
+{
+    double longestMs = 0;
+    auto before = Progress::install(std::make_unique<Gaps>(longestMs));
+    {
+        const Progress progress(QStringLiteral("all"), 1);
+        run(stream);
+    }
+    Progress::install(std::move(before));
+    return longestMs;
+}
 
 double seconds(EyeData stream, const std::function<void(EyeData &)> &run)
 {
@@ -78,6 +113,7 @@ Task meanShift(const std::string &name, const EyeData &stream)
     return {"meanShift/" + name, stream,
             [=](EyeData &eye) {
                 MeanShiftClustering clustering;
+                clustering.arrived = [] { Progress::refresh(); };
                 clustering.cluster(centroids(eye), 100, 0.25, 50, 0);
                 eye.fixationClusters.resize(static_cast<qsizetype>(clustering.labels.back()));
             },
@@ -92,6 +128,7 @@ std::vector<Task> tasks()
         standard("spread/2000", samples::randomStream({.count = 2000, .widthPx = 1900}, 1), {5, 0, 100}),
         standard("tooFewForAnyCluster/2000", placesOfInterest(2000, 12, 40), {2000, 0, 100}),
         overlap("places/500", placesOfInterest(500, 12, 40)),
+        overlap("places/3000", placesOfInterest(3000, 12, 40)),
         overlap("spread/500", samples::randomStream({.count = 500, .widthPx = 1900}, 1)),
         meanShift("places/1000", placesOfInterest(1000, 12, 40)),
         meanShift("places/5000", placesOfInterest(5000, 12, 40)),
@@ -110,6 +147,7 @@ void measure(benchmark::State &state, const Task &task)
     state.counters["clusters"] = static_cast<double>(result.fixationClusters.size());
     state.counters["ms"] = 1e3 * fastest;
     state.counters["plain_ms"] = 1e3 * plain;
+    state.counters["gap_ms"] = longestGapMs(task.stream, task.run);
     state.counters["ratio"] = plain / fastest;
 }
 
