@@ -10,59 +10,69 @@
 
 namespace {
 
-/// Places of fixations in the stream: one and all that touch it, itself first, the others ascending.
-using Neighbourhood = std::vector<int>;
 using IsCluster = std::function<bool(const QList<Fixation> &)>;
 
-std::vector<Neighbourhood> neighbourhoodsOf(const QList<Fixation> &fixations)
-{
-    const std::vector<FixationOutline> outlines(fixations.cbegin(), fixations.cend());
-    const int count = static_cast<int>(outlines.size());
-    Progress progress(QStringLiteral("Calculating the Clusters, please wait."), count);
-    // Touching is mutual: each pair is looked at once. The others come in ascending order all the same, as all pairs
-    // with an earlier first one are done before.
-    std::vector<Neighbourhood> touching(outlines.size());
-    for (int i = 0; i < count; ++i) {
-        const auto first = static_cast<size_t>(i);
-        for (int j = i + 1; j < count; ++j) {
-            const auto second = static_cast<size_t>(j);
-            if (!outlines[first].touches(outlines[second]))
-                continue;
-            touching[first].push_back(j);
-            touching[second].push_back(i);
+/// Each fixation's list: itself and all that touch it. The lists are used up as groups are made of them.
+class Neighbourhoods {
+public:
+    explicit Neighbourhoods(const QList<Fixation> &fixations)
+        : m_touching(static_cast<size_t>(fixations.size()), std::vector<bool>(static_cast<size_t>(fixations.size())))
+        , m_sizes(m_touching.size(), 1)
+        , m_left(m_touching.size())
+    {
+        const std::vector<FixationOutline> outlines(fixations.cbegin(), fixations.cend());
+        Progress progress(QStringLiteral("Calculating the Clusters, please wait."), static_cast<int>(outlines.size()));
+        for (size_t i = 0; i < outlines.size(); ++i) {
+            for (size_t j = i + 1; j < outlines.size(); ++j) { // touching is mutual
+                if (outlines[i].touches(outlines[j]))
+                    join(i, j);
+            }
+            progress.tick();
         }
-        touching[first].insert(touching[first].begin(), i);
-        progress.tick();
     }
-    return touching;
-}
 
-Neighbourhood takeLongest(std::vector<Neighbourhood> &neighbourhoods)
-{
-    const auto longest =
-        std::max_element(neighbourhoods.begin(), neighbourhoods.end(),
-                         [](const Neighbourhood &a, const Neighbourhood &b) { return a.size() < b.size(); });
-    Neighbourhood taken = std::move(*longest);
-    neighbourhoods.erase(longest);
-    return taken;
-}
+    size_t listsLeft() const { return m_left; }
 
-/// A list with any fixation of the current group is dropped as a whole. What else it holds does not join the group: it
-/// never did, and the clusters in users' results rest on it. It may still come in with another list.
-void dropTouched(std::vector<Neighbourhood> &neighbourhoods, const QList<Fixation> &fixations, int group)
-{
-    std::erase_if(neighbourhoods, [&](const Neighbourhood &each) {
-        return std::any_of(each.cbegin(), each.cend(), [&](int place) { return fixations[place].cluster == group; });
-    });
-}
+    /// The members of the longest list, the first among equals: the one it belongs to, then the others ascending. This
+    /// and every other list that has any of them is used up as a whole. What else those hold does not join the group:
+    /// it never did, and the clusters in users' results rest on it. It may still come in with another list.
+    std::vector<size_t> takeLongest()
+    {
+        const auto longest = std::max_element(m_sizes.cbegin(), m_sizes.cend());
+        const auto first = static_cast<size_t>(longest - m_sizes.cbegin());
+        std::vector<size_t> members{first};
+        for (size_t other = 0; other < m_sizes.size(); ++other) {
+            if (m_touching[first][other])
+                members.push_back(other);
+        }
+        for (const size_t member : members) {
+            useUp(member);
+            for (size_t other = 0; other < m_sizes.size(); ++other) {
+                if (m_touching[member][other])
+                    useUp(other);
+            }
+        }
+        return members;
+    }
 
-QList<Fixation> membersOf(const Neighbourhood &group, const QList<Fixation> &fixations)
-{
-    QList<Fixation> members;
-    for (const int place : group)
-        members << fixations[place];
-    return members;
-}
+private:
+    void join(size_t a, size_t b)
+    {
+        m_touching[a][b] = m_touching[b][a] = true;
+        ++m_sizes[a];
+        ++m_sizes[b];
+    }
+
+    void useUp(size_t list)
+    {
+        m_left -= m_sizes[list] > 0 ? 1 : 0;
+        m_sizes[list] = 0;
+    }
+
+    std::vector<std::vector<bool>> m_touching;
+    std::vector<int> m_sizes; ///< of the lists; 0 for those that are used up
+    size_t m_left;
+};
 
 /// In single precision, as ever: with many fixations it differs from the exact mean.
 QPoint centreOf(const QList<Fixation> &members)
@@ -84,22 +94,22 @@ void build(EyeData &stream, const IsCluster &isCluster)
         return;
     for (Fixation &fixation : fixations)
         fixation.cluster = 0;
-    std::vector<Neighbourhood> neighbourhoods = neighbourhoodsOf(fixations);
+    Neighbourhoods neighbourhoods(fixations);
     // The count of rounds is compared with the number of lists that are left, and both change: the last lists are never
     // taken up, and their fixations keep 0.
     size_t rounds = 0;
     do {
-        const Neighbourhood current = takeLongest(neighbourhoods);
-        const int group = static_cast<int>(rounds) + 1;
-        for (const int place : current)
-            fixations[place].cluster = group;
-        dropTouched(neighbourhoods, fixations, group);
-        const QList<Fixation> members = membersOf(current, fixations);
+        QList<Fixation> members;
+        for (const size_t place : neighbourhoods.takeLongest()) {
+            Fixation &fixation = fixations[static_cast<qsizetype>(place)];
+            fixation.cluster = static_cast<int>(rounds) + 1;
+            members << fixation;
+        }
         if (isCluster(members))
             stream.fixationClusters << FixationCluster(members, centreOf(members));
         ++rounds;
         Progress::refresh();
-    } while (rounds + 1 < neighbourhoods.size());
+    } while (rounds + 1 < neighbourhoods.listsLeft());
 }
 
 /// The fixation in the middle does not count.

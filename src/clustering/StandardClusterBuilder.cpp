@@ -40,60 +40,70 @@ std::vector<Disc> discsOf(const auto &sections)
 }
 
 /// The fixations of a round, and the circle around them. What is asked about a further fixation is answered from sums
-/// and from the circle so far, with the same bits as if it were computed from all of them: the sums are added up in the
-/// same order, and the largest of some numbers depends on no order.
+/// and from the circle about one reference place, with the same bits as if it were computed from all of them: the sums
+/// are added up in the same order, and the largest of some numbers depends on no order.
 class Candidates {
 public:
-    bool isEmpty() const { return m_discs.empty(); }
     size_t count() const { return m_discs.size(); }
 
     /// Mean of the fixations, weighted with their samples, cut to whole pixels.
-    QPoint weightedCentre() const { return m_centre; }
+    QPoint weightedCentre() const { return centreOf(m_sumX, m_sumY, m_weight); }
     QPoint weightedCentreWith(const Disc &further) const
     {
-        const double weight = m_weight + further.weight;
-        return {text::truncated((m_sumX + further.mean.x() * further.weight) / weight),
-                text::truncated((m_sumY + further.mean.y() * further.weight) / weight)};
+        return centreOf(m_sumX + further.mean.x() * further.weight, m_sumY + further.mean.y() * further.weight,
+                        m_weight + further.weight);
     }
 
-    /// Radius of the circle around `centre` that covers all of them and a further one. Where that is more than the
-    /// limit, any number above the limit may come back.
-    double coverRadiusWith(const Disc &further, QPoint centre, double limit)
+    struct Bounds {
+        double least;
+        double most;
+    };
+    /// Between which numbers the radius of the circle around `centre` lies that covers all of them and a further one:
+    /// it differs from that about the reference place by no more than the two are apart.
+    Bounds coverRadiusBounds(const Disc &further, QPoint centre) const
     {
-        double radius = std::max(0.0, further.reach(centre));
-        if (isEmpty() || radius > limit)
-            return radius;
-        if (centre == m_centre)
-            return std::max(radius, m_radius);
-        radius = std::max(radius, m_discs[m_farthest].reach(centre)); // it often decides again
-        for (size_t i = 0; i < m_discs.size() && radius <= limit; ++i) {
-            const double reach = m_discs[i].reach(centre);
-            if (reach > radius) {
-                radius = reach;
-                m_farthest = i;
-            }
-        }
-        return radius;
+        constexpr double rounding = 1e-9;
+        const double own = std::max(0.0, further.reach(centre));
+        if (m_discs.empty())
+            return {own, own};
+        const double apart = distancePx(centre, m_reference);
+        const double slack = apart == 0 ? 0 : apart + rounding * (1 + apart + m_radius);
+        return {std::max(own, m_radius - slack), std::max(own, m_radius + slack)};
     }
 
-    void add(const Disc &disc, QPoint centre, double radius)
+    /// That radius itself. The place becomes the reference.
+    double coverRadiusWith(const Disc &further, QPoint centre)
     {
+        m_reference = centre;
+        m_radius = 0;
+        for (const Disc &disc : m_discs)
+            m_radius = std::max(m_radius, disc.reach(centre));
+        return std::max(m_radius, further.reach(centre));
+    }
+
+    void add(const Disc &disc)
+    {
+        if (m_discs.empty())
+            m_reference = disc.mean;
         m_discs.push_back(disc);
         m_sumX += disc.mean.x() * disc.weight;
         m_sumY += disc.mean.y() * disc.weight;
         m_weight += disc.weight;
-        m_centre = centre;
-        m_radius = radius;
+        m_radius = std::max(m_radius, disc.reach(m_reference));
     }
 
 private:
+    static QPoint centreOf(double sumX, double sumY, double weight)
+    {
+        return {text::truncated(sumX / weight), text::truncated(sumY / weight)};
+    }
+
     std::vector<Disc> m_discs;
     double m_sumX = 0;
     double m_sumY = 0;
     double m_weight = 0;
-    QPoint m_centre;
-    double m_radius = 0; ///< around `m_centre`, of all of them
-    size_t m_farthest = 0;
+    QPoint m_reference;
+    double m_radius = 0; ///< of the circle around the reference place that covers all of them
 };
 
 class Growth {
@@ -119,20 +129,19 @@ public:
         Candidates candidates;
         Round round;
         for (auto next = std::lower_bound(m_free.cbegin(), m_free.cend(), first); next != m_free.cend(); ++next) {
-            const Disc &disc = m_fixations[*next];
-            const QPoint centre = candidates.weightedCentreWith(disc);
-            const double radius = candidates.coverRadiusWith(disc, centre, m_parameters.maximumRadiusPx);
+            if (static_cast<qint64>(candidates.count()) + (m_free.cend() - next) < m_parameters.minimumFixations)
+                return {}; // however many of the rest go with them
             // The first fixation of a round is in without a test.
-            if (*next != first && !(m_parameters.maximumRadiusPx >= radius && clearOfClusters(centre, radius)))
+            const Disc &disc = m_fixations[*next];
+            if (*next != first && !fits(disc, candidates))
                 continue;
-            candidates.add(disc, centre, radius);
+            candidates.add(disc);
             round.fixations.push_back(*next);
-            Progress::refresh();
         }
-        round.centre = candidates.weightedCentre();
         // Without a candidate there is no cluster, whatever the minimum.
-        if (candidates.isEmpty() || static_cast<int>(candidates.count()) < m_parameters.minimumFixations)
+        if (round.fixations.empty() || static_cast<qint64>(candidates.count()) < m_parameters.minimumFixations)
             return {};
+        round.centre = candidates.weightedCentre();
         return round;
     }
 
@@ -146,6 +155,24 @@ public:
     }
 
 private:
+    bool fits(const Disc &disc, Candidates &candidates) const
+    {
+        const QPoint centre = candidates.weightedCentreWith(disc);
+        const Candidates::Bounds radius = candidates.coverRadiusBounds(disc, centre);
+        // Where a circle has no place, a larger one has none.
+        if (!hasPlace(centre, radius.least))
+            return false;
+        if (hasPlace(centre, radius.most))
+            return true;
+        Progress::refresh();
+        return hasPlace(centre, candidates.coverRadiusWith(disc, centre));
+    }
+
+    bool hasPlace(QPoint centre, double radius) const
+    {
+        return m_parameters.maximumRadiusPx >= radius && clearOfClusters(centre, radius);
+    }
+
     /// Neither centre lies in the other circle, and what the circles overlap is, in whole percent of the distance of
     /// the centres, no more than allowed: the part behind the decimal point never counted.
     bool clearOfClusters(QPoint centre, double radius) const
