@@ -7,7 +7,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <ctime>
 #include <functional>
 #include <string>
@@ -22,7 +21,7 @@ struct Task {
     std::function<void(EyeData &)> plain;
 };
 
-/// Measures for how long nothing is shown: a window stands still for that time.
+/// Measures for how long nothing is shown, in processor time: a window stands still for as long.
 class Gaps : public Progress::IDisplay {
 public:
     explicit Gaps(double &longestMs) : m_longestMs(longestMs) {}
@@ -33,13 +32,13 @@ public:
 private:
     void note()
     {
-        const auto now = std::chrono::steady_clock::now();
-        m_longestMs = std::max(m_longestMs, std::chrono::duration<double, std::milli>(now - m_last).count());
+        const std::clock_t now = std::clock();
+        m_longestMs = std::max(m_longestMs, 1e3 * static_cast<double>(now - m_last) / CLOCKS_PER_SEC);
         m_last = now;
     }
 
     double &m_longestMs;
-    std::chrono::steady_clock::time_point m_last = std::chrono::steady_clock::now();
+    std::clock_t m_last = std::clock();
 };
 
 /// In the progress of a caller, as in a calculation.

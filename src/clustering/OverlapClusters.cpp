@@ -15,13 +15,17 @@ using IsCluster = std::function<bool(const QList<Fixation> &)>;
 /// Each fixation's list: itself and all that touch it. The lists are used up as groups are made of them.
 class Neighbourhoods {
 public:
-    explicit Neighbourhoods(const QList<Fixation> &fixations)
+    /// @param progress  gets a step for each fixation.
+    Neighbourhoods(const QList<Fixation> &fixations, Progress &progress)
         : m_touching(static_cast<size_t>(fixations.size()), std::vector<bool>(static_cast<size_t>(fixations.size())))
         , m_sizes(m_touching.size(), 1)
         , m_left(m_touching.size())
     {
-        const std::vector<FixationOutline> outlines(fixations.cbegin(), fixations.cend());
-        Progress progress(QStringLiteral("Calculating the Clusters, please wait."), static_cast<int>(outlines.size()));
+        std::vector<FixationOutline> outlines;
+        for (const Fixation &fixation : fixations) {
+            outlines.emplace_back(fixation);
+            Progress::refresh();
+        }
         for (size_t i = 0; i < outlines.size(); ++i) {
             for (size_t j = i + 1; j < outlines.size(); ++j) { // touching is mutual
                 if (outlines[i].touches(outlines[j]))
@@ -51,6 +55,7 @@ public:
                 if (m_touching[member][other])
                     useUp(other);
             }
+            Progress::refresh();
         }
         return members;
     }
@@ -94,7 +99,8 @@ void build(EyeData &stream, const IsCluster &isCluster)
         return;
     for (Fixation &fixation : fixations)
         fixation.cluster = 0;
-    Neighbourhoods neighbourhoods(fixations);
+    Progress progress(QStringLiteral("Calculating the Clusters, please wait."), static_cast<int>(fixations.size()));
+    Neighbourhoods neighbourhoods(fixations, progress);
     // The count of rounds is compared with the number of lists that are left, and both change: the last lists are never
     // taken up, and their fixations keep 0.
     size_t rounds = 0;
