@@ -59,12 +59,13 @@ public:
         double most;
     };
     /// Between which numbers the radius of the circle around `centre` lies that covers all of them and a further one:
-    /// it differs from that about the reference place by no more than the two are apart.
-    Bounds coverRadiusBounds(const Disc &further, QPoint centre) const
+    /// it differs from that about the reference place by no more than the two are apart. Where the further one alone
+    /// reaches beyond the limit, the others are not looked at.
+    Bounds coverRadiusBounds(const Disc &further, QPoint centre, double limit) const
     {
         constexpr double rounding = 1e-9;
         const double own = std::max(0.0, further.reach(centre));
-        if (m_discs.empty())
+        if (m_discs.empty() || own > limit)
             return {own, own};
         const double apart = distancePx(centre, m_reference);
         const double slack = apart == 0 ? 0 : apart + rounding * (1 + apart + m_radius);
@@ -158,7 +159,7 @@ private:
     bool fits(const Disc &disc, Candidates &candidates) const
     {
         const QPoint centre = candidates.weightedCentreWith(disc);
-        const Candidates::Bounds radius = candidates.coverRadiusBounds(disc, centre);
+        const Candidates::Bounds radius = candidates.coverRadiusBounds(disc, centre, m_parameters.maximumRadiusPx);
         // Where a circle has no place, a larger one has none.
         if (!hasPlace(centre, radius.least))
             return false;
