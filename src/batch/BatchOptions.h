@@ -20,8 +20,8 @@ enum class ExitCode {
 struct BatchOptions {
     enum class Detector { Standard = 0, Gaussian = 1, Velocity = 2 };           ///< as the stored calculation type
     enum class VelocityUnit { PixelPerMs = 0, DegreePerS = 1, Percentile = 2 }; ///< as the stored unit
-    enum class Calculation { Fixations };
-    enum class Table { Fixations, Events };
+    enum class Calculation { Fixations, Clusters, CumulativeClusters };
+    enum class Table { Fixations, Clusters, Events, CumulativeClusters };
 
     /// One key of the settings store and the text that it gets.
     struct Setting {
@@ -44,10 +44,12 @@ struct BatchOptions {
     std::optional<Detector> detector;         ///< else as the settings say
     std::optional<VelocityUnit> velocityUnit; ///< only for the velocity detector; else what the settings give
     QString background;
-    QStringList aoiFiles;            ///< of areas with the same name, those of later files count
-    std::optional<TimeFrame> time;   ///< else from 0 to the longest duration
-    QList<Calculation> calculations; ///< each once, in the order in which they run
-    QList<Table> tables;             ///< each once, in the order in which they are written
+    QStringList aoiFiles;               ///< of areas with the same name, those of later files count
+    std::optional<TimeFrame> time;      ///< else from 0 to the longest duration
+    QList<Calculation> calculations;    ///< each once, in the order in which they run
+    QList<Table> tables;                ///< each once, in the order in which they are written
+    int overlapFixations = 1;           ///< minimum of the overlap method of clusters, 1 to 500
+    std::optional<int> overlapOutliers; ///< 0 to 500; else the pooled recordings are not told apart
     EyeMode eyes = EyeMode::showAll;
     QString outputFolder = QStringLiteral(".");
     QString prefix = QStringLiteral("vistrum");

@@ -7,6 +7,8 @@
 #include "batch/ParallelImport.h"
 #include "batch/Suggestion.h"
 #include "batch/Terminal.h"
+#include "clustering/ClusterCalculation.h"
+#include "clustering/CumulativeClusters.h"
 #include "detection/FixationCalculation.h"
 #include "detection/FixationSettingsModel.h"
 #include "export/DataExport.h"
@@ -240,8 +242,25 @@ void BatchRun::setTimeFrame()
 
 void BatchRun::calculate()
 {
-    if (!m_options.calculations.contains(BatchOptions::Calculation::Fixations) || m_model.examinations().isEmpty())
+    if (m_model.examinations().isEmpty())
         return;
+    for (const BatchOptions::Calculation calculation : m_options.calculations) {
+        switch (calculation) {
+        case BatchOptions::Calculation::Fixations:
+            detectFixations();
+            break;
+        case BatchOptions::Calculation::Clusters:
+            calculateClusters(m_model, clusterParametersOfRun(std::nullopt));
+            break;
+        case BatchOptions::Calculation::CumulativeClusters:
+            calculateCumulativeClusters(m_model, clusterParametersOfRun(m_options.overlapOutliers));
+            break;
+        }
+    }
+}
+
+void BatchRun::detectFixations()
+{
     const FixationSettingsModel settings = fixationSettings(m_options);
     const auto outcome =
         calculateFixations(m_model, calculationParameters(settings.calculationType, settings), nullptr);
@@ -251,14 +270,35 @@ void BatchRun::calculate()
         messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
 }
 
+ClusterParameters BatchRun::clusterParametersOfRun(std::optional<int> overlapOutliers) const
+{
+    ClusterSettingsModel settings;
+    loadParameters(settings, rows::cluster);
+    return clusterParameters(settings.calculationType, settings, {m_options.overlapFixations, overlapOutliers});
+}
+
+ExportResult BatchRun::exported(BatchOptions::Table table, const ExportTarget &target)
+{
+    switch (table) {
+    case BatchOptions::Table::Fixations:
+        return exportFixations(m_model, target);
+    case BatchOptions::Table::Clusters:
+        return exportClusters(m_model, target);
+    case BatchOptions::Table::Events:
+        return exportEvents(m_model, target);
+    case BatchOptions::Table::CumulativeClusters:
+        break;
+    }
+    return exportCumulativeClusters(m_model, target);
+}
+
 void BatchRun::exportTables()
 {
     if (m_model.examinations().isEmpty())
         return;
     const ExportTarget target{m_options.outputFolder, m_options.prefix, m_options.eyes};
     for (const BatchOptions::Table table : m_options.tables) {
-        const ExportResult result =
-            table == BatchOptions::Table::Fixations ? exportFixations(m_model, target) : exportEvents(m_model, target);
+        const ExportResult result = exported(table, target);
         for (const QString &path : result.written)
             keep(path);
         for (const QString &path : result.failed)

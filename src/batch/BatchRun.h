@@ -3,6 +3,8 @@
 #include "batch/BatchOptions.h"
 #include "batch/BatchReport.h"
 #include "batch/MessageRecord.h"
+#include "clustering/ClusterParameters.h"
+#include "export/DataExport.h"
 #include "model/DataModel.h"
 
 class Terminal;
@@ -29,7 +31,10 @@ private:
     void loadAois();
     void setTimeFrame();
     void calculate();
+    void detectFixations();
+    ClusterParameters clusterParametersOfRun(std::optional<int> overlapOutliers) const;
     void exportTables();
+    ExportResult exported(BatchOptions::Table table, const ExportTarget &target);
     void exportImages();
     void exportDensity();
     void writeReport();

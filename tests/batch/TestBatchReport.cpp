@@ -149,6 +149,11 @@ void TestBatchReport::options_data()
         << "calculate=fixations detector=standard export=fixations,events eyes=mean time=1:20";
     QTest::newRow("detector and unit") << "--detector velocity --velocity-unit degree-per-s a.data"
                                        << "calculate= detector=velocity export= eyes=all velocity-unit=degree-per-s";
+    QTest::newRow("numbers of the overlap method")
+        << "--overlap-fixations 2 --overlap-outliers 0 --calculate clusters,cumulative-clusters --export "
+           "cumulative-clusters a.data"
+        << "calculate=clusters,cumulative-clusters export=cumulative-clusters eyes=all overlap-fixations=2 "
+           "overlap-outliers=0";
     QTest::newRow("jobs and quiet do not") << "--jobs 3 --quiet a.data"
                                            << "calculate= export= eyes=all";
 }
