@@ -4,6 +4,9 @@
 
 #include <QTest>
 
+#include <algorithm>
+#include <random>
+
 namespace {
 
 GazePoint at(qint64 timeMs, double x, double y)
@@ -25,6 +28,7 @@ class TestFixationCluster : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void samplesOfAllAreSortedByTime();
+    void anyNumberOfFixationsIsMergedAsIfSorted();
     void centreIsTaken();
     void withoutCentreTheMeanIsThatOfTheSamples();
     void fewSamplesHaveTheAxisOfOne();
@@ -45,6 +49,25 @@ void TestFixationCluster::samplesOfAllAreSortedByTime()
     QCOMPARE(cluster.cluster, 0);
     QCOMPARE(cluster.type, QString());
     QCOMPARE(cluster.examination, -1);
+}
+
+void TestFixationCluster::anyNumberOfFixationsIsMergedAsIfSorted()
+{
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        std::mt19937 random(seed);
+        const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
+        QList<Fixation> fixations(static_cast<qsizetype>(1 + seed % 17));
+        QList<GazePoint> expected;
+        for (Fixation &fixation : fixations) {
+            for (int i = below(9); i > 0; --i) // few times, so that many are equal; x tells the samples apart
+                fixation.samples << at(below(30), static_cast<double>(expected.size() + i), 0);
+            expected.append(fixation.samples);
+        }
+        std::stable_sort(expected.begin(), expected.end(),
+                         [](const GazePoint &a, const GazePoint &b) { return a.time < b.time; });
+        QVERIFY2(FixationCluster::gathered(fixations).samples == expected,
+                 qPrintable(QStringLiteral("seed %1").arg(seed)));
+    }
 }
 
 void TestFixationCluster::centreIsTaken()
