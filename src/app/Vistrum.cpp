@@ -2,6 +2,7 @@
 #include "ui_Vistrum.h"
 
 #include "base/Messages.h"
+#include "clustering/panel/ClusterControl.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
@@ -97,6 +98,13 @@ void Vistrum::connectPanels()
     connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
     connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
     connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateClusters, this, &Vistrum::sltCalculateClusters);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateCumulativeClusters, this,
+            &Vistrum::sltCalculateCumulativeClusters);
+    connect(this, &Vistrum::sigEnable_fixationcluster_export, &control.exportWidget(),
+            &ExportWidget::sltEnableFixationClusterExport);
+    connect(this, &Vistrum::sigEnable_cumulativecluster_export, &control.exportWidget(),
+            &ExportWidget::sltEnableCumulativeClusterExport);
     connect(this, &Vistrum::sigUpdateSettings, &control.fixationControl(), &FixationControl::sltUpdateSettings);
     for (VisualizationWidget *panel : control.visualizationWidgets()) {
         connect(panel, &VisualizationWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
@@ -241,6 +249,19 @@ void Vistrum::sltCalculateFixations()
     Q_EMIT sigEnable_fixation_export();
     Q_EMIT sigEnable_event_export();
     Q_EMIT sigSetSaccadeClusterStatusNone();
+    redraw();
+}
+
+void Vistrum::sltCalculateClusters()
+{
+    Q_EMIT sigEnable_fixationcluster_export();
+    redraw();
+}
+
+void Vistrum::sltCalculateCumulativeClusters()
+{
+    if (!m_model.checkedExaminations().isEmpty())
+        Q_EMIT sigEnable_cumulativecluster_export();
     redraw();
 }
 

@@ -44,11 +44,15 @@ public:
 Q_SIGNALS:
     void sigUpdateSettings();
     void sigEnable_fixation_export();
+    void sigEnable_cumulativecluster_export();
     void sigEnable_event_export();
+    void sigEnable_fixationcluster_export();
     void sigSetSaccadeClusterStatusNone();
 
 public Q_SLOTS:
     void sltCalculateFixations();
+    void sltCalculateClusters();
+    void sltCalculateCumulativeClusters();
     void sltDrawPaths();
     void sltUpdateAndRedraw();
 

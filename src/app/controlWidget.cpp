@@ -78,6 +78,7 @@ void controlWidget::setModel(DataModel *model)
     m_model = model;
     m_ui->Data_Widget->setModel(model);
     m_ui->FixCalc_widget->setModel(model);
+    m_ui->clusterCalc_widget->setModel(model);
     m_ui->export_widget->setModel(model);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setModel(model);
@@ -94,6 +95,7 @@ void controlWidget::setLog(const Log *log)
     m_log = log;
     m_ui->Data_Widget->setLog(log);
     m_ui->FixCalc_widget->setLog(log);
+    m_ui->clusterCalc_widget->setLog(log);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setLog(log);
 }
@@ -106,6 +108,11 @@ DataWidget &controlWidget::dataWidget()
 FixationControl &controlWidget::fixationControl()
 {
     return *m_ui->FixCalc_widget;
+}
+
+ClusterControl &controlWidget::clusterControl()
+{
+    return *m_ui->clusterCalc_widget;
 }
 
 ExportWidget &controlWidget::exportWidget()

@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 
+class ClusterControl;
 class DataModel;
 class DataWidget;
 class ExportWidget;
@@ -32,6 +33,7 @@ public:
 
     DataWidget &dataWidget();
     FixationControl &fixationControl();
+    ClusterControl &clusterControl();
     ExportWidget &exportWidget();
 
     /// The panels of gaze points, fixations, fixation clusters and saccades.

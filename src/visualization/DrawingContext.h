@@ -4,8 +4,6 @@
 #include "visualization/TimeFrame.h"
 #include "visualization/VisualizationParameters.h"
 
-#include <QPolygon>
-
 /// What a drawing is made from. The references are to objects of the caller, who keeps them alive while drawing.
 struct DrawingContext {
     const DataModel &model;
@@ -15,5 +13,4 @@ struct DrawingContext {
     const VisualizationParameters &fixations;
     const VisualizationParameters &clusters;
     const VisualizationParameters &saccades;
-    QList<QPolygon> enabledAreas = {}; ///< outlines of the areas of interest that are switched on; empty: there is none
 };

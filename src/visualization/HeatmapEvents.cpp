@@ -47,24 +47,38 @@ FixationEvent eventOf(const ScanpathSection &section)
             section.duration()};
 }
 
-qsizetype timesTaken(QPoint mean, const DrawingContext &context, const VisualizationParameters &parameters)
-{
-    if (!onlyInsideAreas(parameters))
-        return 1;
-    return std::count_if(context.enabledAreas.cbegin(), context.enabledAreas.cend(),
-                         [&](const QPolygon &area) { return area.containsPoint(mean, Qt::WindingFill); });
-}
+/// How often a section at this place counts.
+class Occurrences {
+public:
+    Occurrences(const DrawingContext &context, const VisualizationParameters &parameters)
+    {
+        if (onlyInsideAreas(parameters))
+            m_areas = context.model.checkedAois();
+    }
+
+    std::size_t at(QPoint mean) const
+    {
+        if (!m_areas)
+            return 1;
+        return static_cast<std::size_t>(
+            std::count_if(m_areas->cbegin(), m_areas->cend(),
+                          [&](const AreaOfInterest &area) { return area.contains(mean, Qt::WindingFill); }));
+    }
+
+private:
+    std::optional<QList<AreaOfInterest>> m_areas; ///< none where sections count wherever they are
+};
 
 template <class Section>
 std::vector<FixationEvent> sectionEvents(const DrawingContext &context, QList<Section> EyeData::*sections,
                                          const VisualizationParameters &parameters)
 {
     std::vector<FixationEvent> events;
+    const Occurrences occurrences(context, parameters);
     forEachEye(context, [&](const EyeData &eye) {
         for (const Section &section : eye.*sections) {
             if (beginsInside(section, context.frame))
-                events.insert(events.end(), static_cast<std::size_t>(timesTaken(section.mean, context, parameters)),
-                              eventOf(section));
+                events.insert(events.end(), occurrences.at(section.mean), eventOf(section));
         }
     });
     return events;

@@ -55,7 +55,7 @@ Examination movementFrom(QPoint mean)
 
 Examination withCluster(Examination examination)
 {
-    examination.leftEye.fixationClusters << examination.leftEye.scanpath.first();
+    examination.leftEye.fixationClusters << toy::clusterOf(examination.leftEye.scanpath.first());
     return examination;
 }
 

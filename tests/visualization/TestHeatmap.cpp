@@ -44,7 +44,7 @@ toy::Scenery scenery()
     for (const QPoint &mean : {QPoint(500, 400), QPoint(500, 400), QPoint(500, 400), QPoint(900, 400)}) {
         examination.leftEye.gazePoints << toy::sample(100, mean.x(), mean.y());
         examination.leftEye.scanpath << fixationAt(mean);
-        examination.leftEye.fixationClusters << fixationAt(mean);
+        examination.leftEye.fixationClusters << toy::clusterOf(fixationAt(mean));
     }
     scenery.model.examinations() = {examination, Examination()};
     scenery.frame = {0, 60000};

@@ -94,7 +94,7 @@ void TestHeatmapEvents::eyesOfTheMode()
     {
         eye->gazePoints = {toy::sample(0, x, 5)};
         eye->scanpath = {fixationAt({x, 5}, 0, 100)};
-        eye->fixationClusters = {fixationAt({x, 5}, 0, 100)};
+        eye->fixationClusters = {toy::clusterOf(fixationAt({x, 5}, 0, 100))};
     }
     scenery.model.examinations() = {examination};
     QTEST(columnsOf(gazePointEvents(scenery.context())), "columns");
@@ -168,11 +168,13 @@ void TestHeatmapEvents::onlyInsideAreas()
     Examination examination;
     examination.leftEye.scanpath = {fixationAt(mean, 0, 100)};
     scenery.model.examinations() = {examination};
-    DrawingContext context{scenery.model,     scenery.eyeMode,  scenery.frame,    scenery.gazePoints,
-                           scenery.fixations, scenery.clusters, scenery.saccades, {}};
-    QCOMPARE(fixationEvents(context).size(), only ? size_t(0) : size_t(1)); // there is no area at all
-    context.enabledAreas = {QPolygon(QRect(0, 0, 150, 150), true), QPolygon(QRect(100, 100, 200, 200), true)};
-    QCOMPARE(fixationEvents(context).size(), size_t(times));
+    QCOMPARE(fixationEvents(scenery.context()).size(), only ? size_t(0) : size_t(1)); // there is no area at all
+    scenery.model.insertAoi(AreaOfInterest(QStringLiteral("one"), QPolygon(QRect(0, 0, 150, 150), true)));
+    scenery.model.insertAoi(AreaOfInterest(QStringLiteral("two"), QPolygon(QRect(100, 100, 200, 200), true)));
+    AreaOfInterest off(QStringLiteral("switched off"), QPolygon(QRect(0, 0, 2560, 1600), true));
+    off.enabled = false;
+    scenery.model.insertAoi(off);
+    QCOMPARE(fixationEvents(scenery.context()).size(), size_t(times));
 }
 
 void TestHeatmapEvents::clustersLikeFixations()
@@ -180,7 +182,8 @@ void TestHeatmapEvents::clustersLikeFixations()
     toy::Scenery scenery;
     scenery.fixations.showLenghtArcs = true; // of the fixations only
     Examination examination;
-    examination.leftEye.fixationClusters = {fixationAt({20, 30}, 0, 100), fixationAt({40, 50}, 2000, 2100)};
+    examination.leftEye.fixationClusters = {toy::clusterOf(fixationAt({20, 30}, 0, 100)),
+                                            toy::clusterOf(fixationAt({40, 50}, 2000, 2100))};
     scenery.model.examinations() = {examination};
     const std::vector<FixationEvent> expected{{20, 30, 3, 0, 0, 2, 100}};
     QVERIFY(clusterEvents(scenery.context()) == expected);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/FixationCluster.h"
 #include "visualization/DrawingContext.h"
 
 /// Small recordings made by hand, and parameters as a new program has them.
@@ -27,6 +28,15 @@ inline VisualizationParameters parameters(const QString &settingsName = QStringL
     parameters.settingsName = settingsName;
     setInitialValues(parameters, rows::visualization);
     return parameters;
+}
+
+/// A cluster of this one fixation, with its centre, axes and samples.
+inline FixationCluster clusterOf(const Fixation &fixation)
+{
+    FixationCluster cluster;
+    static_cast<ScanpathSection &>(cluster) = fixation;
+    cluster.fixations = {fixation};
+    return cluster;
 }
 
 /// A model and the parameters of all kinds, with a context that refers to them.
