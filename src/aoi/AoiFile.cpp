@@ -1,12 +1,12 @@
 #include "aoi/AoiFile.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/TextDecoding.h"
 
 #include <QDebug>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <optional>
@@ -181,20 +181,6 @@ private:
     AreaOfInterest m_current;
 };
 
-/// Saving puts a new file in the place of the old one; a device or a pipe must not lose its place that way.
-bool isReplaceable(const QString &path)
-{
-    const QFileInfo info(path);
-    return info.isFile() || !info.exists();
-}
-
-bool replaceFile(const QString &path, const QByteArray &bytes)
-{
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
-
 } // namespace
 
 AoiFileContents readAoiFile(const QString &path)
@@ -224,7 +210,7 @@ bool writeAoiFile(const QList<AreaOfInterest> &aois, const QString &path)
         messages::warning(Text("AOIs are empty!"), Text("You are trying to save an empty AOI. Aborted."));
         return false;
     }
-    if (isReplaceable(path) && replaceFile(path, aoiFileText(aois)))
+    if (!replaceFile(path, aoiFileText(aois)))
         return true;
     messages::warning(Text("Cannot write to file!"),
                       Text("Error when trying to write to the specified file. Please make sure you have selected the "

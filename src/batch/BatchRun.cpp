@@ -1,5 +1,6 @@
 #include "batch/BatchRun.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "batch/AoiInput.h"
@@ -26,7 +27,6 @@
 #include <QGraphicsScene>
 #include <QImageReader>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 #include <thread>
 
@@ -336,13 +336,15 @@ void BatchRun::exportDensity()
                  {QStringLiteral("kernelWidthPx"), QString::number(density->kernel.width)},
                  {QStringLiteral("kernelSigma"), QString::number(density->kernel.sigma)},
                  {QStringLiteral("unit"), density->unit}};
-    QSaveFile file(m_options.densityFile);
-    if (file.open(QIODevice::WriteOnly) && file.write(densityTiff(density->cells, density->unit.toLatin1())) >= 0 &&
-        file.commit())
-        keep(m_options.densityFile);
+    write(QStringLiteral("Density"), m_options.densityFile, densityTiff(density->cells, density->unit.toLatin1()));
+}
+
+void BatchRun::write(const QString &title, const QString &path, const QByteArray &bytes)
+{
+    if (const std::optional<QString> problem = replaceFile(path, bytes))
+        fail(title, QStringLiteral("%1 could not be written: %2").arg(path, *problem));
     else
-        fail(QStringLiteral("Density"),
-             QStringLiteral("%1 could not be written: %2").arg(file.fileName(), file.errorString()));
+        keep(path);
 }
 
 void BatchRun::writeReport()
@@ -351,12 +353,7 @@ void BatchRun::writeReport()
         return;
     m_messages << m_record.take();
     const BatchReport report = collectReport();
-    QSaveFile file(m_options.reportFile);
-    if (file.open(QIODevice::WriteOnly) && file.write(toJson(report).toJson()) >= 0 && file.commit())
-        keep(m_options.reportFile);
-    else
-        fail(QStringLiteral("Report"),
-             QStringLiteral("%1 could not be written: %2").arg(file.fileName(), file.errorString()));
+    write(QStringLiteral("Report"), m_options.reportFile, toJson(report).toJson());
 }
 
 BatchReport BatchRun::collectReport() const

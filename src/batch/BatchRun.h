@@ -38,6 +38,7 @@ private:
     void exportImages();
     void exportDensity();
     void writeReport();
+    void write(const QString &title, const QString &path, const QByteArray &bytes);
     BatchReport collectReport() const;
     void addInput(const QString &path, const QString &kind);
     void keep(const QString &path);

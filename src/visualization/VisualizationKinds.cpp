@@ -18,10 +18,10 @@ QStringList namesOf()
 using Qt::StringLiterals::operator""_L1;
 
 constexpr VisualizationKind kinds[] = {
-    {"Visualization/Gazepoint"_L1, "GazepointVisualization"_L1, "Points size:"_L1, namesOf<gazePointModes>},
-    {"Visualization/Fixation"_L1, "FixationVisualization"_L1, "Circle size:"_L1, namesOf<fixationModes>},
-    {"Visualization/Fixationcluster"_L1, "FixationclusterVisualization"_L1, "Circles size:"_L1, namesOf<clusterModes>},
-    {"Visualization/Saccade"_L1, "SaccadeVisualization"_L1, "Line thickness:"_L1, namesOf<saccadeModes>},
+    {gazePointParameters, "GazepointVisualization"_L1, "Points size:"_L1, namesOf<gazePointModes>},
+    {fixationParameters, "FixationVisualization"_L1, "Circle size:"_L1, namesOf<fixationModes>},
+    {clusterParameters, "FixationclusterVisualization"_L1, "Circles size:"_L1, namesOf<clusterModes>},
+    {saccadeParameters, "SaccadeVisualization"_L1, "Line thickness:"_L1, namesOf<saccadeModes>},
 };
 
 } // namespace

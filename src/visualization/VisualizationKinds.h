@@ -1,5 +1,7 @@
 #pragma once
 
+#include "visualization/VisualizationParameters.h"
+
 #include <QLatin1StringView>
 #include <QStringList>
 
@@ -7,8 +9,8 @@
 
 /// A kind of data that has a drawing panel of its own.
 struct VisualizationKind {
-    QLatin1StringView settingsPath; ///< first part of its keys in the store
-    QLatin1StringView settingsName; ///< its name in the colour maps of groups
+    VisualizationParameters (*stored)(); ///< its record, as the store has it
+    QLatin1StringView settingsName;      ///< its name in the colour maps of groups
     QLatin1StringView sizeLabel;
     QStringList (*modeNames)(); ///< the index is the stored `visualizationMode`
 };

@@ -51,7 +51,7 @@ VisualizationWidget::~VisualizationWidget() = default;
 
 void VisualizationWidget::setKind(const VisualizationKind &kind)
 {
-    m_record = loadedParameters(kind.settingsPath, kind.settingsName);
+    m_record = kind.stored();
     m_ui->sizeLabel->setText(kind.sizeLabel);
     const QSignalBlocker blocker(m_ui->comboBox_vismode);
     m_ui->comboBox_vismode->clear();
