@@ -1,13 +1,17 @@
 #include "base/Progress.h"
 
-#include <QString>
-
 namespace {
 
 std::unique_ptr<Progress::IDisplay> &display()
 {
     static std::unique_ptr<Progress::IDisplay> installed;
     return installed;
+}
+
+Progress *&innermost()
+{
+    static Progress *current = nullptr;
+    return current;
 }
 
 } // namespace
@@ -17,21 +21,65 @@ std::unique_ptr<Progress::IDisplay> Progress::install(std::unique_ptr<IDisplay> 
     return std::exchange(display(), std::move(next));
 }
 
-Progress::Progress(const QString &label, int steps)
+Progress::Progress(const QString &label, int steps) : m_label(label), m_steps(steps), m_outer(innermost())
 {
-    if (display())
-        display()->open(label, steps);
+    if (m_outer)
+        m_outer->close();
+    innermost() = this;
+    open();
 }
 
 Progress::~Progress()
 {
-    if (display())
-        display()->close();
+    close();
+    innermost() = m_outer;
 }
 
 void Progress::advance()
 {
     ++m_done;
+    show();
+}
+
+void Progress::tick()
+{
+    ++m_done;
+    showIfDue();
+}
+
+void Progress::refresh()
+{
+    if (innermost())
+        innermost()->showIfDue();
+}
+
+void Progress::open()
+{
+    if (display())
+        display()->open(m_label, m_steps);
+    m_isOpen = true;
+    m_shown = std::chrono::steady_clock::now();
+}
+
+void Progress::close()
+{
+    if (display() && m_isOpen)
+        display()->close();
+    m_isOpen = false;
+}
+
+void Progress::show()
+{
+    if (!m_isOpen)
+        open();
     if (display())
         display()->show(m_done);
+    m_shown = std::chrono::steady_clock::now();
+}
+
+void Progress::showIfDue()
+{
+    constexpr std::chrono::milliseconds interval(50); // twenty pictures a second look like one movement
+    if (std::chrono::steady_clock::now() - m_shown >= interval)
+        show();
 }

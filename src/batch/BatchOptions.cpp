@@ -168,6 +168,10 @@ private:
             return takeTime(row, value);
         case Id::Image:
             return takeImage(row, value);
+        case Id::OverlapFixations:
+            return takeNumber(row, value, 1, &BatchOptions::overlapFixations);
+        case Id::OverlapOutliers:
+            return takeNumber(row, value, 0, &BatchOptions::overlapOutliers);
         case Id::Jobs:
             return takeJobs(row, value);
         default:
@@ -229,6 +233,19 @@ private:
         if (std::find(std::begin(imageFormats), std::end(imageFormats), format) == std::end(imageFormats))
             return wrongValue(row, value, QStringLiteral("the name does not end in .png, .svg, .tiff or .jpg"));
         m_options.images << value;
+        return {};
+    }
+
+    /// The bounds are those of the panel.
+    template <class Number>
+    Complaint takeNumber(const Row &row, const QString &value, int least, Number BatchOptions::*member)
+    {
+        constexpr int most = 500;
+        bool ok = false;
+        const int number = value.toInt(&ok);
+        if (!ok || number < least || number > most)
+            return wrongValue(row, value, QStringLiteral("not a whole number from %1 to %2").arg(least).arg(most));
+        m_options.*member = number;
         return {};
     }
 

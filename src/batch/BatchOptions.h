@@ -18,8 +18,8 @@ enum class ExitCode {
 /// The command line of the batch tool, checked as far as it can be without opening a file.
 struct BatchOptions {
     enum class Detector { Standard = 0 }; ///< the values are those of the stored calculation type
-    enum class Calculation { Fixations };
-    enum class Table { Fixations, Events };
+    enum class Calculation { Fixations, Clusters, CumulativeClusters };
+    enum class Table { Fixations, Clusters, Events, CumulativeClusters };
 
     /// One key of the settings store and the text that it gets.
     struct Setting {
@@ -41,9 +41,11 @@ struct BatchOptions {
     QList<Setting> settings;          ///< to be set after the files, in this order
     std::optional<Detector> detector; ///< else as the settings say
     QString background;
-    std::optional<TimeFrame> time;   ///< else from 0 to the longest duration
-    QList<Calculation> calculations; ///< each once, in the order in which they run
-    QList<Table> tables;             ///< each once, in the order in which they are written
+    std::optional<TimeFrame> time;      ///< else from 0 to the longest duration
+    QList<Calculation> calculations;    ///< each once, in the order in which they run
+    QList<Table> tables;                ///< each once, in the order in which they are written
+    int overlapFixations = 1;           ///< minimum of the overlap method of clusters, 1 to 500
+    std::optional<int> overlapOutliers; ///< 0 to 500; else the pooled recordings are not told apart
     EyeMode eyes = EyeMode::showAll;
     QString outputFolder = QStringLiteral(".");
     QString prefix = QStringLiteral("vistrum");

@@ -108,6 +108,10 @@ QMap<QString, QString> reportedOptions(const BatchOptions &options)
     QMap<QString, QString> reported{{QStringLiteral("calculate"), wordsFor(options.calculations, calculations)},
                                     {QStringLiteral("export"), wordsFor(options.tables, tables)},
                                     {QStringLiteral("eyes"), wordFor(options.eyes, eyes)}};
+    if (options.overlapFixations != BatchOptions().overlapFixations)
+        reported.insert(QStringLiteral("overlap-fixations"), QString::number(options.overlapFixations));
+    if (options.overlapOutliers)
+        reported.insert(QStringLiteral("overlap-outliers"), QString::number(*options.overlapOutliers));
     if (options.detector)
         reported.insert(QStringLiteral("detector"), wordFor(*options.detector, detectors));
     if (options.time)

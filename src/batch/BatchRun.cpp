@@ -5,6 +5,8 @@
 #include "batch/ParallelImport.h"
 #include "batch/Suggestion.h"
 #include "batch/Terminal.h"
+#include "clustering/ClusterCalculation.h"
+#include "clustering/CumulativeClusters.h"
 #include "detection/FixationCalculation.h"
 #include "detection/FixationSettingsModel.h"
 #include "export/DataExport.h"
@@ -187,11 +189,50 @@ void BatchRun::setTimeFrame()
 
 void BatchRun::calculate()
 {
-    if (!m_options.calculations.contains(BatchOptions::Calculation::Fixations) || m_model.examinations().isEmpty())
+    if (m_model.examinations().isEmpty())
         return;
+    for (const BatchOptions::Calculation calculation : m_options.calculations) {
+        switch (calculation) {
+        case BatchOptions::Calculation::Fixations:
+            detectFixations();
+            break;
+        case BatchOptions::Calculation::Clusters:
+            calculateClusters(m_model, clusterParametersOfRun(std::nullopt));
+            break;
+        case BatchOptions::Calculation::CumulativeClusters:
+            calculateCumulativeClusters(m_model, clusterParametersOfRun(m_options.overlapOutliers));
+            break;
+        }
+    }
+}
+
+void BatchRun::detectFixations()
+{
     FixationSettingsModel settings;
     loadFixationSettings(settings);
     calculateFixations(m_model, calculationParameters(settings.calculationType, settings), nullptr);
+}
+
+ClusterParameters BatchRun::clusterParametersOfRun(std::optional<int> overlapOutliers) const
+{
+    ClusterSettingsModel settings;
+    loadParameters(settings, rows::cluster);
+    return clusterParameters(settings.calculationType, settings, {m_options.overlapFixations, overlapOutliers});
+}
+
+ExportResult BatchRun::exported(BatchOptions::Table table, const ExportTarget &target)
+{
+    switch (table) {
+    case BatchOptions::Table::Fixations:
+        return exportFixations(m_model, target);
+    case BatchOptions::Table::Clusters:
+        return exportClusters(m_model, target);
+    case BatchOptions::Table::Events:
+        return exportEvents(m_model, target);
+    case BatchOptions::Table::CumulativeClusters:
+        break;
+    }
+    return exportCumulativeClusters(m_model, target);
 }
 
 void BatchRun::exportTables()
@@ -200,8 +241,7 @@ void BatchRun::exportTables()
         return;
     const ExportTarget target{m_options.outputFolder, m_options.prefix, m_options.eyes};
     for (const BatchOptions::Table table : m_options.tables) {
-        const ExportResult result =
-            table == BatchOptions::Table::Fixations ? exportFixations(m_model, target) : exportEvents(m_model, target);
+        const ExportResult result = exported(table, target);
         for (const QString &path : result.written)
             keep(path);
         for (const QString &path : result.failed)

@@ -3,6 +3,8 @@
 #include "batch/BatchOptions.h"
 #include "batch/BatchReport.h"
 #include "batch/MessageRecord.h"
+#include "clustering/ClusterParameters.h"
+#include "export/DataExport.h"
 #include "model/DataModel.h"
 
 class Terminal;
@@ -28,7 +30,10 @@ private:
     void takeRecording(const QString &path, const ImportedFile &file);
     void setTimeFrame();
     void calculate();
+    void detectFixations();
+    ClusterParameters clusterParametersOfRun(std::optional<int> overlapOutliers) const;
     void exportTables();
+    ExportResult exported(BatchOptions::Table table, const ExportTarget &target);
     void exportImages();
     void writeReport();
     BatchReport collectReport() const;

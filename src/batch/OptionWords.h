@@ -24,20 +24,21 @@ inline constexpr Word<BatchOptions::Detector> detectors[] = {
 
 inline constexpr Word<BatchOptions::Calculation> calculations[] = {
     {Text("fixations"), BatchOptions::Calculation::Fixations},
-    {Text("clusters")},
-    {Text("cumulative-clusters")},
+    {Text("clusters"), BatchOptions::Calculation::Clusters},
+    {Text("cumulative-clusters"), BatchOptions::Calculation::CumulativeClusters},
     {Text("saccade-clusters")},
     {Text("general-statistics")},
     {Text("aoi-statistics")}};
 
-inline constexpr Word<BatchOptions::Table> tables[] = {{Text("fixations"), BatchOptions::Table::Fixations},
-                                                       {Text("clusters")},
-                                                       {Text("events"), BatchOptions::Table::Events},
-                                                       {Text("cumulative-clusters")},
-                                                       {Text("general-statistics")},
-                                                       {Text("aoi-statistics")},
-                                                       {Text("transitions")},
-                                                       {Text("anglestar")}};
+inline constexpr Word<BatchOptions::Table> tables[] = {
+    {Text("fixations"), BatchOptions::Table::Fixations},
+    {Text("clusters"), BatchOptions::Table::Clusters},
+    {Text("events"), BatchOptions::Table::Events},
+    {Text("cumulative-clusters"), BatchOptions::Table::CumulativeClusters},
+    {Text("general-statistics")},
+    {Text("aoi-statistics")},
+    {Text("transitions")},
+    {Text("anglestar")}};
 
 inline constexpr Word<EyeMode> eyes[] = {{Text("all"), EyeMode::showAll},
                                          {Text("dominant"), EyeMode::showDominant},

@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "export/ClusterExport.h"
 #include "export/CsvFile.h"
 #include "export/EventExport.h"
 #include "export/FixationExport.h"
@@ -56,6 +57,33 @@ void writeFixations(const DataModel &model, QList<EyeFile> &files)
     }
 }
 
+/// The file of that path, first used here or before.
+CsvFile &fileOf(const QString &path, ExportEye eye, QList<EyeFile> &files)
+{
+    for (EyeFile &each : files) {
+        if (each.file.path() == path)
+            return each.file;
+    }
+    files << EyeFile{eye, CsvFile(path)};
+    return files.last().file;
+}
+
+QList<EyeFile> writeClusters(const DataModel &model, const ExportTarget &target)
+{
+    QList<EyeFile> files;
+    Progress progress(QStringLiteral("Exporting fixation clusters. Please wait."), progressSteps(model));
+    for (const Examination *examination : model.checkedExaminations()) {
+        const QString infix = QStringLiteral("_fixationclusters_%1_clusters_").arg(examination->baseName);
+        for (const ExportEye eye : exportedEyes(target.eyes)) {
+            const EyeData &stream = examination->*streamOf(eye, *examination);
+            fileOf(exportPath(target, infix, eye), eye, files)
+                .append(clusterBlock(*examination, stream, timeSpan(model)));
+        }
+        progress.advance();
+    }
+    return files;
+}
+
 void writeEvents(DataModel &model, QList<EyeFile> &files)
 {
     Progress progress(QStringLiteral("Exporting events. Please wait."), progressSteps(model));
@@ -82,6 +110,29 @@ ExportResult exportFixations(const DataModel &model, const ExportTarget &target)
     QList<EyeFile> files = eyeFiles(target, QStringLiteral("_fixations__fixations_")); // sic, twice
     writeFixations(model, files);
     messages::information(QStringLiteral("Fixation Export"), QStringLiteral("Fixations exported to: ") + target.folder);
+    return resultOf(files);
+}
+
+ExportResult exportClusters(const DataModel &model, const ExportTarget &target)
+{
+    const QList<EyeFile> files = writeClusters(model, target);
+    messages::information(QStringLiteral("Fixation cluster Export"),
+                          QStringLiteral("Fixation clusters exported to: ") + target.folder +
+                              QLatin1StringView("_filename_fixationclusters_left/right"));
+    return resultOf(files);
+}
+
+ExportResult exportCumulativeClusters(const DataModel &model, const ExportTarget &target)
+{
+    QList<EyeFile> files;
+    for (const ExportEye eye : exportedEyes(target.eyes)) {
+        const QString infix = QStringLiteral("_cumulative_%1_cumclusters_").arg(eyeWord(eye));
+        files << EyeFile{eye, CsvFile(exportPath(target, infix, eye))};
+        files.last().file.append(cumulativeClusterBlock(model, model.pooledEyeData(poolOf(eye))));
+    }
+    messages::information(QStringLiteral("Cumulative clusters Export"),
+                          QStringLiteral("Cumulative clusters exported to: ") + target.folder +
+                              QLatin1StringView("_cumulative_left/right"));
     return resultOf(files);
 }
 

@@ -49,6 +49,21 @@ EyeData Examination::*streamOf(ExportEye eye, const Examination &examination)
     return &Examination::meanEye;
 }
 
+DataModel::Pool poolOf(ExportEye eye)
+{
+    switch (eye) {
+    case ExportEye::Left:
+        return DataModel::Pool::Left;
+    case ExportEye::Right:
+        return DataModel::Pool::Right;
+    case ExportEye::Dominant:
+        return DataModel::Pool::Dominant;
+    case ExportEye::Mean:
+        break;
+    }
+    return DataModel::Pool::Mean;
+}
+
 QString exportPath(const ExportTarget &target, const QString &infix, ExportEye eye)
 {
     return target.folder + QDir::separator() + target.prefix + infix + eyeWord(eye) + QLatin1StringView(".csv");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Examination.h"
+#include "model/DataModel.h"
 
 /// Where an export goes and which eyes it covers.
 struct ExportTarget {
@@ -20,6 +20,9 @@ QLatin1StringView eyeWord(ExportEye eye);
 
 /// The member that holds the stream in this examination: which eye is dominant differs from one to the next.
 EyeData Examination::*streamOf(ExportEye eye, const Examination &examination);
+
+/// The container that pools the stream of all examinations.
+DataModel::Pool poolOf(ExportEye eye);
 
 /// Path of an export file: folder, separator, prefix, `infix`, the eye's word, ".csv".
 QString exportPath(const ExportTarget &target, const QString &infix, ExportEye eye);

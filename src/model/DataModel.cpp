@@ -24,8 +24,18 @@ qint64 DataModel::longestCheckedDuration() const
 
 EyeData &DataModel::pooledEyeData(int index)
 {
-    const bool known = index >= 0 && index < static_cast<int>(m_pooled.size());
-    return m_pooled[known ? static_cast<size_t>(index) : static_cast<size_t>(Pool::Dominant)];
+    return m_pooled[poolPlace(index)];
+}
+
+const EyeData &DataModel::pooledEyeData(int index) const
+{
+    return m_pooled[poolPlace(index)];
+}
+
+size_t DataModel::poolPlace(int index)
+{
+    const bool known = index >= 0 && index < static_cast<int>(std::tuple_size_v<decltype(m_pooled)>);
+    return static_cast<size_t>(known ? index : static_cast<int>(Pool::Dominant));
 }
 
 const Group *DataModel::group(const QString &name) const

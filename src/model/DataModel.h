@@ -30,7 +30,14 @@ public:
 
     /// Any index beyond the four means the dominant container.
     EyeData &pooledEyeData(int index);
+    const EyeData &pooledEyeData(int index) const;
+    EyeData &pooledEyeData(Pool pool) { return pooledEyeData(static_cast<int>(pool)); }
+    const EyeData &pooledEyeData(Pool pool) const { return pooledEyeData(static_cast<int>(pool)); }
     void clearPooled(int index) { pooledEyeData(index) = {}; }
+
+    /// What was done with the checked examinations as a whole.
+    CalculationInfo &calculationInfo() { return m_calculationInfo; }
+    const CalculationInfo &calculationInfo() const { return m_calculationInfo; }
 
     ImageCache &images() { return m_images; }
     const ImageCache &images() const { return m_images; }
@@ -46,9 +53,12 @@ public:
     void setTimeEnd(qint64 timeMs) { m_timeEnd = timeMs; }
 
 private:
+    static size_t poolPlace(int index);
+
     QList<Examination> m_examinations;
     QList<Examination> m_allExaminations;
     std::array<EyeData, 4> m_pooled;
+    CalculationInfo m_calculationInfo;
     ImageCache m_images;
     QList<Group> m_groups;
     qint64 m_timeStart = 0; ///< ms

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ScanpathSection.h"
+#include "model/FixationCluster.h"
 
 #include <QStringList>
 
@@ -34,5 +34,5 @@ struct EyeData {
     QList<Fixation> scanpath;                ///< order of creation
     QList<Invalid> invalids;                 ///< order of creation
     QList<Saccade> saccades;                 ///< order of creation
-    QList<ScanpathSection> fixationClusters; ///< clusters of this stream
+    QList<FixationCluster> fixationClusters; ///< clusters of this stream
 };

@@ -38,30 +38,6 @@ QPoint middleInTime(const QList<GazePoint> &samples)
     return {truncated((upper.x + lower.x) / 2), truncated((upper.y + lower.y) / 2)};
 }
 
-QPoint varianceAbout(QPoint center, const QList<GazePoint> &samples)
-{
-    double sumX = 0;
-    double sumY = 0;
-    for (const GazePoint &sample : samples) {
-        sumX += (sample.x - center.x()) * (sample.x - center.x());
-        sumY += (sample.y - center.y()) * (sample.y - center.y());
-    }
-    const auto count = static_cast<double>(samples.size());
-    return {truncated(sumX / count), truncated(sumY / count)};
-}
-
-QPoint centroidOf(const QList<GazePoint> &samples)
-{
-    double sumX = 0;
-    double sumY = 0;
-    for (const GazePoint &sample : samples) {
-        sumX += sample.x;
-        sumY += sample.y;
-    }
-    const auto count = static_cast<double>(samples.size());
-    return {truncated(sumX / count), truncated(sumY / count)};
-}
-
 bool isEarlier(const GazePoint &a, const GazePoint &b)
 {
     return a.time < b.time;
@@ -93,6 +69,30 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
     const cv::PCA pca(positions, cv::noArray(), cv::PCA::DATA_AS_ROW, 2);
     const PrincipalAxes axes{scaledAxis(pca, 0), scaledAxis(pca, 1)};
     return isFinite(axes) ? axes : none;
+}
+
+QPoint meanOf(const QList<GazePoint> &samples)
+{
+    double sumX = 0;
+    double sumY = 0;
+    for (const GazePoint &sample : samples) {
+        sumX += sample.x;
+        sumY += sample.y;
+    }
+    const auto count = static_cast<double>(samples.size());
+    return {truncated(sumX / count), truncated(sumY / count)};
+}
+
+QPoint varianceAbout(QPoint center, const QList<GazePoint> &samples)
+{
+    double sumX = 0;
+    double sumY = 0;
+    for (const GazePoint &sample : samples) {
+        sumX += (sample.x - center.x()) * (sample.x - center.x());
+        sumY += (sample.y - center.y()) * (sample.y - center.y());
+    }
+    const auto count = static_cast<double>(samples.size());
+    return {truncated(sumX / count), truncated(sumY / count)};
 }
 
 int ScanpathSection::duration() const
@@ -130,7 +130,7 @@ Fixation::Fixation(QList<GazePoint> samples_, const QString &type_, QPoint centr
     median = middleInTime(samples);
     variance = varianceAbout(mean, samples); // about the centroid as given, even where it is replaced below
     if (mean.isNull())
-        mean = centroidOf(samples);
+        mean = meanOf(samples);
     const PrincipalAxes axes = principalAxes(samples);
     majorAxis = axes.major;
     minorAxis = axes.minor;

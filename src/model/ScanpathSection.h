@@ -19,6 +19,12 @@ struct PrincipalAxes {
 /// or so large that the variance is not, both axes are (0,0).
 PrincipalAxes principalAxes(const QList<GazePoint> &samples);
 
+/// Mean position of the samples, valid or not, each axis cut to whole pixels; (0,0) without samples.
+QPoint meanOf(const QList<GazePoint> &samples);
+
+/// Mean of the squared distances from `center` along each axis, in px^2, cut to whole numbers; (0,0) without samples.
+QPoint varianceAbout(QPoint center, const QList<GazePoint> &samples);
+
 /// A stretch of consecutive samples of one eye: what fixations, saccades and invalid sections have in common.
 ///
 /// The samples keep their raw coordinates, also those that were interpolated for the detection.
@@ -46,6 +52,7 @@ struct ScanpathSection {
     int number = 0;          ///< running number given by the detector
     QString type;            ///< "fixation", "saccade" or "invalid"
     bool timeSorted = false; ///< the samples were sorted by time
+    int examination = -1;    ///< of a pooled copy: place of its source in the list of all examinations
 };
 
 /// A stretch in which the eye rests.

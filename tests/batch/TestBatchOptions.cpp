@@ -82,9 +82,19 @@ void acceptedChoices()
                 [](O &o) { o.calculations = {O::Calculation::Fixations}; });
     acceptedRow("a calculation named twice runs once", "--calculate fixations,fixations a.data",
                 [](O &o) { o.calculations = {O::Calculation::Fixations}; });
-    acceptedRow("exports in the order in which they are written", "--export events,fixations a.data", [](O &o) {
-        o.tables = {O::Table::Fixations, O::Table::Events};
-    });
+    acceptedRow(
+        "calculations in the order in which they run", "--calculate cumulative-clusters,clusters,fixations a.data",
+        [](O &o) {
+            o.calculations = {O::Calculation::Fixations, O::Calculation::Clusters, O::Calculation::CumulativeClusters};
+        });
+    acceptedRow(
+        "exports in the order in which they are written",
+        "--export cumulative-clusters,events,fixations,clusters a.data", [](O &o) {
+            o.tables = {O::Table::Fixations, O::Table::Clusters, O::Table::Events, O::Table::CumulativeClusters};
+        });
+    acceptedRow("minimum of the overlap method", "--overlap-fixations 500 a.data",
+                [](O &o) { o.overlapFixations = 500; });
+    acceptedRow("outliers of the overlap method", "--overlap-outliers 0 a.data", [](O &o) { o.overlapOutliers = 0; });
     acceptedRow("one export", "--export events a.data", [](O &o) { o.tables = {O::Table::Events}; });
     acceptedRow("all eyes", "--eyes all a.data", [](O &o) { o.eyes = EyeMode::showAll; });
     acceptedRow("dominant eye", "--eyes dominant a.data", [](O &o) { o.eyes = EyeMode::showDominant; });
@@ -188,6 +198,16 @@ void refusedNumbersAndNames()
         QTest::addRow("jobs: %s", jobs) << u"--jobs %1 a.data"_qs.arg(QLatin1StringView(jobs))
                                         << u"--jobs %1: not a whole number from 1 on"_qs.arg(QLatin1StringView(jobs));
     }
+    const auto badNumber = [](const char *option, const char *value, const char *range) {
+        QTest::addRow("%s: %s", option, value)
+            << u"--%1 %2 a.data"_qs.arg(QLatin1StringView(option), QLatin1StringView(value))
+            << u"--%1 %2: not a whole number from %3"_qs.arg(QLatin1StringView(option), QLatin1StringView(value),
+                                                             QLatin1StringView(range));
+    };
+    for (const char *value : {"0", "501", "1.5", "many"})
+        badNumber("overlap-fixations", value, "1 to 500");
+    for (const char *value : {"-1", "501", "none"})
+        badNumber("overlap-outliers", value, "0 to 500");
     for (const char *image : {"a.bmp", "a", "png", "a.png.gz"}) {
         QTest::addRow("image: %s", image)
             << u"--image %1 a.data"_qs.arg(QLatin1StringView(image))
@@ -209,14 +229,12 @@ void notBuilt()
     };
     refuse("detector", "gaussian");
     refuse("detector", "velocity");
-    for (const char *word :
-         {"clusters", "cumulative-clusters", "saccade-clusters", "general-statistics", "aoi-statistics"})
+    for (const char *word : {"saccade-clusters", "general-statistics", "aoi-statistics"})
         refuse("calculate", word);
-    for (const char *word :
-         {"clusters", "cumulative-clusters", "general-statistics", "aoi-statistics", "transitions", "anglestar"})
+    for (const char *word : {"general-statistics", "aoi-statistics", "transitions", "anglestar"})
         refuse("export", word);
-    refusedRow("one entry of a list is not built", "--export fixations,clusters a.data",
-               "--export clusters: not available in this version");
+    refusedRow("one entry of a list is not built", "--export fixations,transitions a.data",
+               "--export transitions: not available in this version");
     refusedRow("not built, without its value", "--video", "--video: not available in this version");
 }
 

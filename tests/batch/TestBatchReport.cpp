@@ -147,6 +147,11 @@ void TestBatchReport::options_data()
     QTest::newRow("all that shapes the results")
         << "--time 1:20 --eyes mean --export events,fixations --calculate fixations --detector standard a.data"
         << "calculate=fixations detector=standard export=fixations,events eyes=mean time=1:20";
+    QTest::newRow("numbers of the overlap method")
+        << "--overlap-fixations 2 --overlap-outliers 0 --calculate clusters,cumulative-clusters --export "
+           "cumulative-clusters a.data"
+        << "calculate=clusters,cumulative-clusters export=cumulative-clusters eyes=all overlap-fixations=2 "
+           "overlap-outliers=0";
     QTest::newRow("jobs and quiet do not") << "--jobs 3 --quiet a.data"
                                            << "calculate= export= eyes=all";
 }

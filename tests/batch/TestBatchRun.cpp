@@ -69,6 +69,9 @@ private Q_SLOTS:
     void theUsersStoreIsNotTouched();
     void reportNamesWhatTheResultsRestOn();
     void sameRecordingTwice();
+    void clusters_data();
+    void clusters();
+    void overlapNumbers();
     void messagesWithoutQuiet();
     void help();
     void version();
@@ -371,6 +374,65 @@ void TestBatchRun::sameRecordingTwice()
     QCOMPARE(inputs.size(), 2); // it has no set file, which is told for each
     for (const QJsonValue &input : inputs)
         QCOMPARE(input[QStringLiteral("messages")].toArray().size(), 1);
+}
+
+void TestBatchRun::clusters_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("algorithm");
+    QTest::newRow("standard") << 0 << QStringLiteral("Algorithm:STANDARD\nParameter:\n Minimum Fixations:3, ");
+    QTest::newRow("mean-shift") << 1
+                                << QStringLiteral("Algorithm:MEANSHIFT\nParameter:\n Minimum Fixations:3, "
+                                                  "Radius:100, Gradient:0.25, Iterations:50\n");
+    QTest::newRow("overlap") << 2 << QStringLiteral("Algorithm:OVERLAP\nParameter:\n Minimum Fixations:1\n");
+}
+
+void TestBatchRun::clusters()
+{
+    QFETCH(int, type);
+    QFETCH(QString, algorithm);
+    const QStringList arguments =
+        words("--quiet --calculate fixations,clusters,cumulative-clusters --export clusters,cumulative-clusters "
+              "--eyes left --set") +
+        QStringList{QStringLiteral("Calculation/Cluster/CalculationType=%1").arg(type)} + BatchProgram::study();
+    const auto files = filesOf(arguments);
+    QStringList names{QStringLiteral("vistrum_cumulative_left_cumclusters_left.csv")};
+    for (int i = 1; i <= 6; ++i)
+        names << QStringLiteral("vistrum_fixationclusters_S0%1_clusters_left.csv").arg(i);
+    QCOMPARE(files.keys(), names);
+    QVERIFY(filesOf(arguments) == files);
+    for (const QByteArray &bytes : files) {
+        QStringDecoder decode(QStringDecoder::Utf16);
+        const QString text = decode(bytes);
+        QVERIFY(text.contains(QStringLiteral("Fixation calculation parameters:\nAlgorithm:STANDARD\n")));
+        QVERIFY(text.contains(QStringLiteral("\nCluster calculation parameters:\n") + algorithm));
+        QVERIFY(text.contains(QStringLiteral("\nCumCluster calculation parameters:\n") + algorithm));
+    }
+}
+
+void TestBatchRun::overlapNumbers()
+{
+    const QStringList arguments =
+        words("--quiet --calculate fixations,clusters,cumulative-clusters --export clusters,cumulative-clusters "
+              "--eyes left --set Calculation/Cluster/CalculationType=2 --report report.json") +
+        BatchProgram::study();
+    const auto usual = filesOf(arguments);
+    QVERIFY(!report()[QStringLiteral("options")].toObject().contains(QStringLiteral("overlap-fixations")));
+    const auto other = filesOf(words("--overlap-fixations 2 --overlap-outliers 1") + arguments);
+    QCOMPARE(other.keys(), usual.keys());
+    QCOMPARE(report()[QStringLiteral("options")][QStringLiteral("overlap-fixations")].toString(), QStringLiteral("2"));
+    QCOMPARE(report()[QStringLiteral("options")][QStringLiteral("overlap-outliers")].toString(), QStringLiteral("1"));
+    const auto textOf = [&](const QString &name) {
+        QStringDecoder decode(QStringDecoder::Utf16);
+        return QString(decode(other[name]));
+    };
+    const QString parameters =
+        QStringLiteral("Cluster calculation parameters:\nAlgorithm:OVERLAP\nParameter:\n Minimum "
+                       "Fixations:2\n");
+    QVERIFY(textOf(QStringLiteral("vistrum_fixationclusters_S01_clusters_left.csv")).contains(parameters));
+    const QString pooled = textOf(QStringLiteral("vistrum_cumulative_left_cumclusters_left.csv"));
+    QVERIFY(pooled.contains(parameters));
+    QVERIFY(pooled.contains(QStringLiteral("Algorithm:OVERLAP\nParameter:\n Minimum Fixations:2, Outlier:1\n")));
 }
 
 void TestBatchRun::messagesWithoutQuiet()

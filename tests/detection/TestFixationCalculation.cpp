@@ -117,7 +117,7 @@ void TestFixationCalculation::uncheckedIsLeftAlone()
 {
     Examination unchecked = examination(false);
     unchecked.leftEye.scanpath << Fixation();
-    unchecked.leftEye.fixationClusters << ScanpathSection();
+    unchecked.leftEye.fixationClusters << FixationCluster();
     DataModel model = modelOf({unchecked, examination()});
     calculateFixations(model, parameters, nullptr);
     QCOMPARE(model.examinations()[0].leftEye, unchecked.leftEye);
@@ -189,7 +189,7 @@ void TestFixationCalculation::clustersAreCleared()
 {
     Examination made = examination();
     for (EyeData *eye : {&made.leftEye, &made.rightEye, &made.meanEye})
-        eye->fixationClusters << ScanpathSection();
+        eye->fixationClusters << FixationCluster();
     DataModel model = modelOf({made});
     calculateFixations(model, parameters, nullptr);
     const Examination &calculated = model.examinations()[0];
@@ -202,7 +202,7 @@ void TestFixationCalculation::pooledContainersAreCleared()
     DataModel model = modelOf({examination()});
     for (int pool = 0; pool < 4; ++pool) {
         model.pooledEyeData(pool).scanpath << Fixation();
-        model.pooledEyeData(pool).fixationClusters << ScanpathSection();
+        model.pooledEyeData(pool).fixationClusters << FixationCluster();
         model.pooledEyeData(pool).saccades << Saccade();
     }
     calculateFixations(model, parameters, nullptr);

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void cleanup();
     void startsWithTheStoredFolderAndNothingToExport();
     void buttonFollowsTheCheckBoxes();
+    void clusterKindsAreEnabledOnTheirOwn();
     void exportsEachCheckedKindInOrder();
     void eyeSelection_data();
     void eyeSelection();
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void cancelledBrowsingChangesNothing();
     void typedFolderIsStored();
     void withoutModelNothingHappens();
+    void appendedInformationIsStored();
 
 private:
     template <class Widget>
@@ -127,24 +129,58 @@ void TestExportWidget::buttonFollowsTheCheckBoxes()
     QVERIFY(!button->isEnabled());
 }
 
+void TestExportWidget::clusterKindsAreEnabledOnTheirOwn()
+{
+    auto *button = child<QPushButton>("dataExportButton");
+    m_widget->sltEnableFixationClusterExport();
+    QVERIFY(child<QCheckBox>("clusterCheckBox")->isEnabled());
+    QVERIFY(!child<QCheckBox>("cumulativeClusterCheckBox")->isEnabled());
+    m_widget->sltEnableCumulativeClusterExport();
+    QVERIFY(child<QCheckBox>("cumulativeClusterCheckBox")->isEnabled());
+    QVERIFY(!child<QCheckBox>("fixationCheckBox")->isEnabled());
+    QVERIFY(!button->isEnabled());
+    tick("cumulativeClusterCheckBox");
+    QVERIFY(button->isEnabled());
+    tick("clusterCheckBox");
+    tick("cumulativeClusterCheckBox");
+    QVERIFY(button->isEnabled());
+    tick("clusterCheckBox");
+    QVERIFY(!button->isEnabled());
+}
+
 void TestExportWidget::exportsEachCheckedKindInOrder()
 {
     const RecordedMessages messages;
     m_widget->sltEnableFixationExport();
+    m_widget->sltEnableFixationClusterExport();
     m_widget->sltEnableEventExport();
-    tick("eventCheckBox");
-    tick("fixationCheckBox");
+    m_widget->sltEnableCumulativeClusterExport();
+    for (const char *kind : {"cumulativeClusterCheckBox", "eventCheckBox", "fixationCheckBox", "clusterCheckBox"})
+        tick(kind);
     type("dataPrefixLineEdit", QStringLiteral("study"));
     child<QComboBox>("dataEyeComboBox")->setCurrentText(QStringLiteral("left only"));
     click("dataExportButton");
     const QString where = QStringLiteral("[exportdir=%1, prefix=study]").arg(m_folder->path());
-    QCOMPARE(newCommands(),
-             QStringList({QStringLiteral("Export fixations ") + where, QStringLiteral("Export events ") + where}));
-    QCOMPARE(exportedNames(), QStringList({QStringLiteral("study_events_left.csv"),
+    QCOMPARE(
+        newCommands(),
+        QStringList({QStringLiteral("Export fixations ") + where, QStringLiteral("Export clusters ") + where,
+                     QStringLiteral("Export events ") + where, QStringLiteral("Export cumulative clusters ") + where}));
+    QCOMPARE(exportedNames(), QStringList({QStringLiteral("study_cumulative_left_cumclusters_left.csv"),
+                                           QStringLiteral("study_events_left.csv"),
+                                           QStringLiteral("study_fixationclusters__clusters_left.csv"),
                                            QStringLiteral("study_fixations__fixations_left.csv")}));
-    QCOMPARE(messages.texts().size(), 2);
-    QVERIFY(messages.texts()[0].startsWith(QStringLiteral("Fixation Export|")));
-    QVERIFY(messages.texts()[1].startsWith(QStringLiteral("Event Export|")));
+    QStringList titles;
+    for (const QString &text : messages.texts())
+        titles << text.section(u'|', 0, 0);
+    QCOMPARE(titles, QStringList({QStringLiteral("Fixation Export"), QStringLiteral("Fixation cluster Export"),
+                                  QStringLiteral("Event Export"), QStringLiteral("Cumulative clusters Export")}));
+    for (int i = 0; i < 4; ++i)
+        CommandStack::instance().undo();
+    QCOMPARE(exportedNames().size(), 4);
+    QVERIFY(QFile::remove(m_folder->filePath(QStringLiteral("study_fixationclusters__clusters_left.csv"))));
+    for (int i = 0; i < 4; ++i)
+        CommandStack::instance().redo();
+    QCOMPARE(exportedNames().size(), 4);
 }
 
 void TestExportWidget::eyeSelection_data()
@@ -262,6 +298,12 @@ void TestExportWidget::withoutModelNothingHappens()
     tick("fixationCheckBox");
     click("dataExportButton");
     QCOMPARE(newCommands(), QStringList());
+}
+
+void TestExportWidget::appendedInformationIsStored()
+{
+    m_widget->sltExportAppendInfo(Qt::Checked);
+    QCOMPARE(SettingsStore().value(QStringLiteral("Export/Data/AppendInfo")).toInt(), 2);
 }
 
 QTEST_MAIN(TestExportWidget)

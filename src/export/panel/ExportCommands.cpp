@@ -19,6 +19,26 @@ void CommandExportFixations::redo()
     exportFixations(m_model, m_target);
 }
 
+CommandExportClusters::CommandExportClusters(DataModel &model, const ExportTarget &target)
+    : ExportCommand(QLatin1StringView("clusters"), model, target)
+{
+}
+
+void CommandExportClusters::redo()
+{
+    exportClusters(m_model, m_target);
+}
+
+CommandExportCumulativeClusters::CommandExportCumulativeClusters(DataModel &model, const ExportTarget &target)
+    : ExportCommand(QLatin1StringView("cumulative clusters"), model, target)
+{
+}
+
+void CommandExportCumulativeClusters::redo()
+{
+    exportCumulativeClusters(m_model, m_target);
+}
+
 CommandExportEvents::CommandExportEvents(DataModel &model, const ExportTarget &target)
     : ExportCommand(QLatin1StringView("events"), model, target)
 {

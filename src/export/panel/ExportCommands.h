@@ -25,6 +25,18 @@ public:
     void redo() override;
 };
 
+class CommandExportClusters : public ExportCommand {
+public:
+    CommandExportClusters(DataModel &model, const ExportTarget &target);
+    void redo() override;
+};
+
+class CommandExportCumulativeClusters : public ExportCommand {
+public:
+    CommandExportCumulativeClusters(DataModel &model, const ExportTarget &target);
+    void redo() override;
+};
+
 class CommandExportEvents : public ExportCommand {
 public:
     CommandExportEvents(DataModel &model, const ExportTarget &target);

@@ -9,6 +9,8 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace {
 
 constexpr std::pair<QLatin1StringView, EyeMode> eyeSelections[] = {
@@ -42,7 +44,9 @@ ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_uniq
     connect(ui->dataBrowseButton, &QAbstractButton::clicked, this, &ExportWidget::sltBrowseDataExportFolder);
     connect(ui->dataExportButton, &QAbstractButton::clicked, this, &ExportWidget::sltExportData);
     connect(ui->fixationCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableFixationExport);
+    connect(ui->clusterCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableFixationClusterExport);
     connect(ui->eventCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableEventExport);
+    connect(ui->cumulativeClusterCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableCumulativeClusterExport);
 }
 
 ExportWidget::~ExportWidget() = default;
@@ -61,8 +65,12 @@ void ExportWidget::sltExportData()
         return;
     if (ui->fixationCheckBox->isChecked())
         CommandStack::instance().push(new CommandExportFixations(*m_model, target));
+    if (ui->clusterCheckBox->isChecked())
+        CommandStack::instance().push(new CommandExportClusters(*m_model, target));
     if (ui->eventCheckBox->isChecked())
         CommandStack::instance().push(new CommandExportEvents(*m_model, target));
+    if (ui->cumulativeClusterCheckBox->isChecked())
+        CommandStack::instance().push(new CommandExportCumulativeClusters(*m_model, target));
 }
 
 void ExportWidget::sltBrowseDataExportFolder()
@@ -77,17 +85,35 @@ void ExportWidget::sltBrowseDataExportFolder()
 
 void ExportWidget::sltEnableFixationExport()
 {
-    ui->fixationCheckBox->setEnabled(true);
-    enableExportButton();
+    enable(ui->fixationCheckBox);
+}
+
+void ExportWidget::sltEnableFixationClusterExport()
+{
+    enable(ui->clusterCheckBox);
 }
 
 void ExportWidget::sltEnableEventExport()
 {
-    ui->eventCheckBox->setEnabled(true);
-    enableExportButton();
+    enable(ui->eventCheckBox);
 }
 
-void ExportWidget::enableExportButton()
+void ExportWidget::sltEnableCumulativeClusterExport()
 {
-    ui->dataExportButton->setEnabled(ui->fixationCheckBox->isChecked() || ui->eventCheckBox->isChecked());
+    enable(ui->cumulativeClusterCheckBox);
+}
+
+void ExportWidget::sltExportAppendInfo(int state)
+{
+    writeStored(keys::exportAppendInfo, state);
+}
+
+/// The button follows the check boxes: on when at least one of them is.
+void ExportWidget::enable(QCheckBox *kind)
+{
+    kind->setEnabled(true);
+    const QCheckBox *kinds[] = {ui->fixationCheckBox, ui->clusterCheckBox, ui->eventCheckBox,
+                                ui->cumulativeClusterCheckBox};
+    ui->dataExportButton->setEnabled(
+        std::any_of(std::begin(kinds), std::end(kinds), [](const QCheckBox *each) { return each->isChecked(); }));
 }

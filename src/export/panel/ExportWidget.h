@@ -5,6 +5,7 @@
 #include <memory>
 
 class DataModel;
+class QCheckBox;
 
 namespace Ui {
 class ExportWidget;
@@ -26,10 +27,14 @@ public Q_SLOTS:
     void sltBrowseDataExportFolder();
     /// Fixations were calculated, or their check box was clicked: it can be chosen, and the button follows.
     void sltEnableFixationExport();
+    void sltEnableFixationClusterExport();
     void sltEnableEventExport();
+    void sltEnableCumulativeClusterExport();
+    /// Stores a choice, a Qt::CheckState, for which the form has no control any more.
+    void sltExportAppendInfo(int state);
 
 private:
-    void enableExportButton();
+    void enable(QCheckBox *kind);
 
     std::unique_ptr<Ui::ExportWidget> ui;
     DataModel *m_model = nullptr;

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "model/FixationCluster.h"
+
+/// Puts the clusters with the most fixations first; equals keep their order.
+void sortBySize(QList<FixationCluster> &clusters);

@@ -1,0 +1,113 @@
+#include "base/Progress.h"
+
+#include <QStringList>
+#include <QTest>
+
+namespace {
+
+/// Writes down what a display is told.
+class Notes : public Progress::IDisplay {
+public:
+    explicit Notes(QStringList &notes) : m_notes(notes) {}
+    void open(const QString &label, int steps) override { m_notes << QStringLiteral("%1 of %2").arg(label).arg(steps); }
+    void show(int stepsDone) override { m_notes << QString::number(stepsDone); }
+    void close() override { m_notes << QStringLiteral("closed"); }
+
+private:
+    QStringList &m_notes;
+};
+
+const QString outer = QStringLiteral("outer");
+const QString inner = QStringLiteral("inner");
+
+} // namespace
+
+class TestProgress : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { m_before = Progress::install(std::make_unique<Notes>(m_notes)); }
+    void cleanup()
+    {
+        Progress::install(std::move(m_before));
+        m_notes.clear();
+    }
+
+    void everyStepIsShown();
+    void innerTakesThePlaceOfTheOuter();
+    void outerComesBackOnlyToShowSomething();
+    void shortStepsAreNotAllShown();
+    void refreshShowsTheInnermostAsItStands();
+    void withoutProgressThereIsNothingToRefresh();
+
+private:
+    QStringList m_notes;
+    std::unique_ptr<Progress::IDisplay> m_before;
+};
+
+void TestProgress::everyStepIsShown()
+{
+    {
+        Progress progress(outer, 2);
+        progress.advance();
+        progress.advance();
+    }
+    QCOMPARE(m_notes, QStringLiteral("outer of 2|1|2|closed").split(u'|'));
+}
+
+void TestProgress::innerTakesThePlaceOfTheOuter()
+{
+    {
+        Progress first(outer, 3);
+        first.advance();
+        {
+            Progress second(inner, 5);
+            second.advance();
+        }
+        first.advance();
+    }
+    QCOMPARE(m_notes, QStringLiteral("outer of 3|1|closed|inner of 5|1|closed|outer of 3|2|closed").split(u'|'));
+}
+
+void TestProgress::outerComesBackOnlyToShowSomething()
+{
+    {
+        const Progress first(outer, 3);
+        const Progress second(inner, 5);
+    }
+    QCOMPARE(m_notes, QStringLiteral("outer of 3|closed|inner of 5|closed").split(u'|'));
+}
+
+void TestProgress::shortStepsAreNotAllShown()
+{
+    constexpr int steps = 100000;
+    {
+        Progress progress(outer, steps + 1);
+        for (int i = 0; i < steps; ++i)
+            progress.tick();
+        progress.advance();
+    }
+    QVERIFY(m_notes.size() < steps / 10);
+    QCOMPARE(m_notes.last(), QStringLiteral("closed"));
+    QCOMPARE(m_notes[m_notes.size() - 2], QString::number(steps + 1)); // all are counted
+}
+
+void TestProgress::refreshShowsTheInnermostAsItStands()
+{
+    Progress first(outer, 3);
+    first.advance();
+    {
+        Progress second(inner, 5);
+        QTRY_VERIFY2(m_notes.endsWith(QStringLiteral("0")) || (Progress::refresh(), false), "never shown again");
+    }
+    QTRY_VERIFY2(m_notes.endsWith(QStringLiteral("1")) || (Progress::refresh(), false), "never shown again");
+    QCOMPARE(m_notes, QStringLiteral("outer of 3|1|closed|inner of 5|0|closed|outer of 3|1").split(u'|'));
+}
+
+void TestProgress::withoutProgressThereIsNothingToRefresh()
+{
+    Progress::refresh();
+    QCOMPARE(m_notes, QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestProgress)
+#include "TestProgress.moc"

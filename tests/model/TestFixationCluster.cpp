@@ -1,0 +1,115 @@
+#include "model/FixationCluster.h"
+
+#include "model/DataModel.h"
+
+#include <QTest>
+
+namespace {
+
+GazePoint at(qint64 timeMs, double x, double y)
+{
+    return {timeMs, x, y, 0, 0, 1};
+}
+
+Fixation fixationOf(const QList<GazePoint> &samples)
+{
+    return {samples, QStringLiteral("fixation"), QPoint(), 7};
+}
+
+const Fixation early = fixationOf({at(0, 10, 0), at(10, 20, 0)});
+const Fixation late = fixationOf({at(5, 30, 8), at(10, 40, 8)});
+
+} // namespace
+
+class TestFixationCluster : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void samplesOfAllAreSortedByTime();
+    void centreIsTaken();
+    void withoutCentreTheMeanIsThatOfTheSamples();
+    void fewSamplesHaveTheAxisOfOne();
+    void emptyListIsAWarning();
+    void fixationWithoutSamples();
+    void gatheredHasNoStatistics();
+    void pooledByConstReference();
+};
+
+void TestFixationCluster::samplesOfAllAreSortedByTime()
+{
+    const FixationCluster cluster({late, early}, {1, 1});
+    // Two at 10 ms: they stay in the order of the list.
+    QCOMPARE(cluster.samples, QList({early.samples[0], late.samples[0], late.samples[1], early.samples[1]}));
+    QCOMPARE(cluster.fixations, QList({late, early}));
+    QCOMPARE(cluster.median, QPoint());
+    QCOMPARE(cluster.number, 0);
+    QCOMPARE(cluster.cluster, 0);
+    QCOMPARE(cluster.type, QString());
+    QCOMPARE(cluster.examination, -1);
+}
+
+void TestFixationCluster::centreIsTaken()
+{
+    const FixationCluster cluster({early, late}, {20, 4});
+    QCOMPARE(cluster.mean, QPoint(20, 4));
+    // x: ((-10)^2 + 0 + 10^2 + 20^2) / 4 = 150; y: 4 * 4^2 / 4 = 16
+    QCOMPARE(cluster.variance, QPoint(150, 16));
+}
+
+void TestFixationCluster::withoutCentreTheMeanIsThatOfTheSamples()
+{
+    const FixationCluster cluster({early, late}, {0, 0});
+    QCOMPARE(cluster.mean, QPoint(25, 4));
+    // x: (15^2 + 5^2 + 5^2 + 15^2) / 4 = 125; y: 16
+    QCOMPARE(cluster.variance, QPoint(125, 16));
+    // Covariances over 4 samples: xx 125, yy 16, xy (15*4 + 5*4 + 5*4 + 15*4) / 4 = 40. The eigenvalues are
+    // (141 +- sqrt(109^2 + 4 * 40^2)) / 2 = (141 +- 135.2072) / 2 = 138.1036 and 2.8964.
+    QVERIFY(qAbs(cluster.majorAxis.length() - 11.7518F) < 1e-3F);
+    QVERIFY(qAbs(cluster.minorAxis.length() - 1.7019F) < 1e-3F);
+}
+
+void TestFixationCluster::fewSamplesHaveTheAxisOfOne()
+{
+    const FixationCluster cluster({early}, {3, 3});
+    QCOMPARE(cluster.majorAxis, QVector2D(1, 0));
+    QCOMPARE(cluster.minorAxis, QVector2D());
+}
+
+void TestFixationCluster::emptyListIsAWarning()
+{
+    QTest::ignoreMessage(QtWarningMsg, "WARNING: Cluster of size zero constructed!");
+    const FixationCluster cluster({}, {3, 3});
+    QCOMPARE(cluster, FixationCluster());
+}
+
+void TestFixationCluster::fixationWithoutSamples()
+{
+    const FixationCluster cluster({Fixation()}, {});
+    QCOMPARE(cluster.fixations.size(), 1);
+    QCOMPARE(cluster.mean, QPoint());
+    QCOMPARE(cluster.variance, QPoint());
+    QCOMPARE(cluster.firstTime(), -1);
+}
+
+void TestFixationCluster::gatheredHasNoStatistics()
+{
+    const FixationCluster cluster = FixationCluster::gathered({late, early});
+    QCOMPARE(cluster.samples.size(), 4);
+    QCOMPARE(cluster.firstTime(), 0);
+    QCOMPARE(cluster.mean, QPoint());
+    QCOMPARE(cluster.majorAxis, QVector2D());
+    QCOMPARE(FixationCluster::gathered({}), FixationCluster());
+}
+
+void TestFixationCluster::pooledByConstReference()
+{
+    DataModel model;
+    model.pooledEyeData(DataModel::Pool::Dominant).calculationInfo = QStringLiteral("dominant");
+    model.pooledEyeData(DataModel::Pool::Mean).calculationInfo = QStringLiteral("mean");
+    const DataModel &same = model;
+    QCOMPARE(same.pooledEyeData(3).calculationInfo, QStringLiteral("mean"));
+    for (const int index : {2, 7, -1, 4})
+        QCOMPARE(same.pooledEyeData(index).calculationInfo, QStringLiteral("dominant"));
+}
+
+QTEST_GUILESS_MAIN(TestFixationCluster)
+#include "TestFixationCluster.moc"
