@@ -1,5 +1,7 @@
 #include "model/FixationCluster.h"
 
+#include <algorithm>
+
 FixationCluster::FixationCluster(QList<Fixation> fixations_, QPoint center)
 {
     if (fixations_.isEmpty()) {
@@ -23,4 +25,10 @@ FixationCluster FixationCluster::gathered(QList<Fixation> fixations)
     cluster.extend(all);
     cluster.fixations = std::move(fixations);
     return cluster;
+}
+
+qsizetype FixationCluster::fixationsWithin(qint64 startMs, qint64 endMs) const
+{
+    return std::count_if(fixations.cbegin(), fixations.cend(),
+                         [&](const Fixation &fixation) { return fixation.isWithin(startMs, endMs); });
 }

@@ -19,7 +19,7 @@ Drawing drawGazePoints(const DrawingContext &context)
 }
 
 // Back to front.
-constexpr ExaminationStep examinationSteps[] = {drawFixations};
+constexpr ExaminationStep examinationSteps[] = {drawFixations, drawClusters};
 constexpr PooledStep pooledSteps[] = {drawSaccades, drawGazePoints};
 
 /// The view paints all items, and the next redraw throws them away: a fine index of their places never pays. Long
