@@ -46,28 +46,39 @@ struct Stay {
 
 } // namespace
 
+ClusterIndex::Key::Key(const Fixation &fixation_)
+    : mean(fixation_.mean)
+    , firstTime(fixation_.firstTime())
+    , fixation(&fixation_)
+{
+}
+
+bool ClusterIndex::Key::operator==(const Key &other) const
+{
+    return mean == other.mean && firstTime == other.firstTime && fixation->samples == other.fixation->samples;
+}
+
+size_t ClusterIndex::Hash::operator()(const Key &key) const noexcept
+{
+    return qHashMulti(0, key.mean.x(), key.mean.y(), key.firstTime);
+}
+
 ClusterIndex::ClusterIndex(const QList<FixationCluster> &clusters) : m_clusterCount(clusters.size())
 {
+    size_t fixations = 0;
+    for (const FixationCluster &cluster : clusters)
+        fixations += static_cast<size_t>(cluster.fixations.size());
+    m_clusters.reserve(fixations);
     for (qsizetype i = 0; i < clusters.size(); ++i) {
         for (const Fixation &fixation : clusters[i].fixations)
-            m_clusters.emplace(&fixation, i); // the first cluster stays
+            m_clusters.emplace(Key(fixation), i); // the first cluster stays
     }
 }
 
 qsizetype ClusterIndex::clusterOf(const Fixation &fixation) const
 {
-    const auto found = m_clusters.find(&fixation);
+    const auto found = m_clusters.find(Key(fixation));
     return found == m_clusters.cend() ? -1 : found->second;
-}
-
-size_t ClusterIndex::Hash::operator()(const Fixation *fixation) const noexcept
-{
-    return qHashMulti(0, fixation->mean.x(), fixation->mean.y(), fixation->firstTime(), fixation->samples.size());
-}
-
-bool ClusterIndex::Equal::operator()(const Fixation *a, const Fixation *b) const
-{
-    return a->mean == b->mean && a->samples == b->samples;
 }
 
 void ClusterTransitions::add(Pair pair, double length)

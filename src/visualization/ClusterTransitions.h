@@ -33,14 +33,20 @@ public:
     qsizetype clusterCount() const { return m_clusterCount; }
 
 private:
-    struct Hash {
-        size_t operator()(const Fixation *fixation) const noexcept;
+    /// What is compared first stands in the key: most answers need not look at the fixations, which lie far apart.
+    struct Key {
+        explicit Key(const Fixation &fixation_);
+        bool operator==(const Key &other) const;
+
+        QPoint mean;
+        qint64 firstTime;
+        const Fixation *fixation;
     };
-    struct Equal {
-        bool operator()(const Fixation *a, const Fixation *b) const;
+    struct Hash {
+        size_t operator()(const Key &key) const noexcept;
     };
 
-    std::unordered_map<const Fixation *, qsizetype, Hash, Equal> m_clusters;
+    std::unordered_map<Key, qsizetype, Hash> m_clusters;
     qsizetype m_clusterCount;
 };
 
