@@ -67,3 +67,9 @@ FixationCluster FixationCluster::gathered(QList<Fixation> fixations)
     cluster.fixations = std::move(fixations);
     return cluster;
 }
+
+qsizetype FixationCluster::fixationsWithin(qint64 startMs, qint64 endMs) const
+{
+    return std::count_if(fixations.cbegin(), fixations.cend(),
+                         [&](const Fixation &fixation) { return fixation.isWithin(startMs, endMs); });
+}

@@ -17,6 +17,9 @@ struct FixationCluster : ScanpathSection {
     /// The fixations and their samples, sorted by time, and no statistics.
     static FixationCluster gathered(QList<Fixation> fixations);
 
+    /// How many of its fixations begin and end between the two times, which belong to it.
+    qsizetype fixationsWithin(qint64 startMs, qint64 endMs) const;
+
     QList<Fixation> fixations; ///< as they stood when the cluster was made
 };
 

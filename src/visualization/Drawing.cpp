@@ -79,17 +79,19 @@ QString penStyleText(Qt::PenStyle style)
 QString lineOf(const LineShape &shape)
 {
     return QStringLiteral("line %1 to %2 pen %3 %4 %5")
-        .arg(numbers({shape.line.x1(), shape.line.y1()}), numbers({shape.line.x2(), shape.line.y2()}),
-             shape.pen.color().name(QColor::HexArgb), text::general6(shape.pen.widthF()),
-             penStyleText(shape.pen.style()));
+               .arg(numbers({shape.line.x1(), shape.line.y1()}), numbers({shape.line.x2(), shape.line.y2()}),
+                    shape.pen.color().name(QColor::HexArgb), text::general6(shape.pen.widthF()),
+                    penStyleText(shape.pen.style())) +
+           toolTipText(shape.toolTip);
 }
 
 QString lineOf(const TextShape &shape)
 {
-    return QStringLiteral("text %1 %2 font %3 %4 reads %5")
-        .arg(numbers({shape.topLeft.x(), shape.topLeft.y()}), shape.color.name(), shape.font.family())
-        .arg(shape.font.pointSize())
-        .arg(shape.text);
+    const QString place = shape.anchor == TextAnchor::Middle ? QStringLiteral("text middle ") : QStringLiteral("text ");
+    return place + QStringLiteral("%1 %2 font %3 %4 reads %5")
+                       .arg(numbers({shape.top.x(), shape.top.y()}), shape.color.name(), shape.font.family())
+                       .arg(shape.font.pointSize())
+                       .arg(shape.text);
 }
 
 } // namespace

@@ -50,14 +50,18 @@ struct ArrowShape {
 struct LineShape {
     QLineF line;
     QPen pen;
+    QString toolTip = {};
 };
 
-/// A text at its top left corner.
+/// Which place on its upper edge a text is placed by. Its width is known only where it is shown.
+enum class TextAnchor { Left, Middle };
+
 struct TextShape {
-    QPointF topLeft;
+    QPointF top; ///< position of the anchor
     QString text;
     QFont font;
     QColor color;
+    TextAnchor anchor = TextAnchor::Left;
 };
 
 using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape>;
@@ -71,6 +75,7 @@ using Drawing = QList<Shape>;
 ///     oval 10 20 5 5 pen #000000 1 brush none
 ///     raster 2560 1600 sha1 ...
 ///     arrow 10 20 to 30 40 pointed pen #ff0000 5 brush #ffff0000 tip Saccade ID: 1 | ...
-///     line 10 20 to 30 40 pen #7fff0000 1 dashed
+///     line 10 20 to 30 40 pen #7fff0000 1 dashed tip From Cluster 0 to Cluster 1 :2 | ...
 ///     text 10 20 #000000 font Arial 30 reads 14.4°
+///     text middle 10 20 #000000 font Arial 30 reads C0
 QString toText(const Drawing &drawing);

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "visualization/AngleStar.h"
+#include "visualization/ClusterShapes.h"
 #include "visualization/FixationShapes.h"
 #include "visualization/GazePointRaster.h"
 #include "visualization/Heatmap.h"
 #include "visualization/SaccadeShapes.h"
+#include "visualization/TransitionShapes.h"
 
 #include <QLatin1StringView>
 
@@ -41,18 +43,17 @@ inline constexpr DrawingMode<FixationBuild> fixationModes[] = {
 };
 
 /// Fixation clusters, each examination by itself.
-using ClusterBuild = Drawing (*)(const Examination &, const DrawingContext &);
 inline constexpr DrawingMode<ClusterBuild> clusterModes[] = {
     {QLatin1StringView("none"), nullptr},
-    {QLatin1StringView("elliptic (pca)"), nullptr},
-    {QLatin1StringView("circular"), nullptr},
+    {QLatin1StringView("elliptic (pca)"), clustersOfEye<clusterEllipses, ClusterSource::Own>},
+    {QLatin1StringView("circular"), clustersOfEye<clusterCircles, ClusterSource::Own>},
     {QLatin1StringView("heatmap"), nullptr},
     {QLatin1StringView("shadowmap"), nullptr},
-    {QLatin1StringView("cumulative elliptic"), nullptr},
-    {QLatin1StringView("cumulative circle"), nullptr},
-    {QLatin1StringView("transitions"), nullptr},
-    {QLatin1StringView("cumulative transitions"), nullptr},
-    {QLatin1StringView("cluster + cumulative transitions"), nullptr},
+    {QLatin1StringView("cumulative elliptic"), clustersOfEye<clusterEllipses, ClusterSource::Cumulative>},
+    {QLatin1StringView("cumulative circle"), clustersOfEye<clusterCircles, ClusterSource::Cumulative>},
+    {QLatin1StringView("transitions"), transitionsOfEye<ClusterSource::Own>},
+    {QLatin1StringView("cumulative transitions"), transitionsOfEye<ClusterSource::Cumulative>},
+    {QLatin1StringView("cluster + cumulative transitions"), transitionsOfEye<ClusterSource::OwnThenCumulative>},
 };
 
 /// Saccades, all examinations pass by pass.

@@ -35,6 +35,8 @@ private Q_SLOTS:
     void emptyListIsAWarning();
     void fixationWithoutSamples();
     void gatheredHasNoStatistics();
+    void fixationsWithinTheFrame_data();
+    void fixationsWithinTheFrame();
     void pooledByConstReference();
 };
 
@@ -121,6 +123,26 @@ void TestFixationCluster::gatheredHasNoStatistics()
     QCOMPARE(cluster.mean, QPoint());
     QCOMPARE(cluster.majorAxis, QVector2D());
     QCOMPARE(FixationCluster::gathered({}), FixationCluster());
+}
+
+void TestFixationCluster::fixationsWithinTheFrame_data()
+{
+    QTest::addColumn<qint64>("start");
+    QTest::addColumn<qint64>("end");
+    QTest::addColumn<qsizetype>("count");
+    // From 0 to 10 and from 5 to 10 ms, and one without samples.
+    QTest::newRow("its limits belong to it") << qint64(0) << qint64(10) << qsizetype(2);
+    QTest::newRow("one begins before it") << qint64(1) << qint64(10) << qsizetype(1);
+    QTest::newRow("both end after it") << qint64(0) << qint64(9) << qsizetype(0);
+    QTest::newRow("one without samples lies nowhere") << qint64(-5) << qint64(20) << qsizetype(2);
+}
+
+void TestFixationCluster::fixationsWithinTheFrame()
+{
+    QFETCH(qint64, start);
+    QFETCH(qint64, end);
+    const FixationCluster cluster = FixationCluster::gathered({early, late, Fixation()});
+    QTEST(cluster.fixationsWithin(start, end), "count");
 }
 
 void TestFixationCluster::pooledByConstReference()

@@ -41,6 +41,14 @@ void TestDrawingModes::buildersOfWhatIsDrawn()
     QVERIFY(builderOf(gazePointModes, 1) == gazePointSquares);
     QVERIFY(builderOf(fixationModes, 1) == fixationEllipses);
     QVERIFY(builderOf(fixationModes, 2) == fixationCircles);
+    using enum ClusterSource;
+    QVERIFY((builderOf(clusterModes, 1) == clustersOfEye<clusterEllipses, Own>));
+    QVERIFY((builderOf(clusterModes, 2) == clustersOfEye<clusterCircles, Own>));
+    QVERIFY((builderOf(clusterModes, 5) == clustersOfEye<clusterEllipses, Cumulative>));
+    QVERIFY((builderOf(clusterModes, 6) == clustersOfEye<clusterCircles, Cumulative>));
+    QVERIFY((builderOf(clusterModes, 7) == transitionsOfEye<Own>));
+    QVERIFY((builderOf(clusterModes, 8) == transitionsOfEye<Cumulative>));
+    QVERIFY((builderOf(clusterModes, 9) == transitionsOfEye<OwnThenCumulative>));
     QVERIFY(builderOf(saccadeModes, 1) == arrowsOfPass);
     QVERIFY(builderOf(saccadeModes, 2) == angleStarOfPass);
 }

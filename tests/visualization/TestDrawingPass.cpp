@@ -4,6 +4,7 @@
 #include "visualization/scene/ArrowItem.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
+#include "visualization/scene/SceneItems.h"
 
 #include <QGraphicsEllipseItem>
 #include <QGraphicsPixmapItem>
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void heatmapsAndTheirFigures_data();
     void heatmapsAndTheirFigures();
     void heatmapsLieOverEachOther();
+    void clustersFollowTheFixationsOfTheirExamination();
+    void namesStandInTheMiddle();
     void wholePicture();
     void angleStarPicture();
     void plainBackground();
@@ -200,6 +203,45 @@ void TestDrawingPass::heatmapsLieOverEachOther()
                                       HeatmapKind::Saccades};
     QCOMPARE(kinds, expected);
     QCOMPARE(kindsIn(scene), QStringLiteral("pixmap pixmap pixmap pixmap"));
+}
+
+void TestDrawingPass::clustersFollowTheFixationsOfTheirExamination()
+{
+    Examination examination = movementFrom({300, 300});
+    const QList<Fixation> &scanpath = examination.leftEye.scanpath;
+    examination.leftEye.fixationClusters = {toy::cluster({300, 300}, {scanpath[0]}),
+                                            toy::cluster({400, 300}, {scanpath[1]})};
+    toy::Scenery scenery = sceneryOf({examination, examination});
+    scenery.saccades.visualizationMode = 1;
+    scenery.clusters.visualizationMode = 1;
+    QGraphicsScene scene;
+    runDrawingPass(scene, scenery.model, scenery.context());
+    QCOMPARE(kindsIn(scene), QStringLiteral("oval oval ellipse ellipse oval oval ellipse ellipse arrow arrow pixmap"));
+
+    scenery.clusters.visualizationMode = 7;
+    scenery.clusters.showOriginalSize = true;
+    QGraphicsScene transitions;
+    runDrawingPass(transitions, scenery.model, scenery.context());
+    QCOMPARE(kindsIn(transitions),
+             QStringLiteral("oval oval oval text oval text line oval oval oval text oval text line "
+                            "arrow arrow pixmap"));
+    const QGraphicsItem *line = transitions.items(Qt::AscendingOrder)[6];
+    QVERIFY2(line->toolTip().startsWith(QStringLiteral("From Cluster 0 to Cluster 1 :1\r\n")),
+             qPrintable(line->toolTip()));
+    QCOMPARE(scenery.model.examinations()[1].calculationInfo.clusterVisualizationInfo, QStringLiteral("TRANSITION\n"));
+}
+
+void TestDrawingPass::namesStandInTheMiddle()
+{
+    const QFont font(QStringLiteral("Times New Roman"), 30);
+    QGraphicsScene scene;
+    addItems(scene, {TextShape{{200, 100}, QStringLiteral("C:10"), font, Qt::blue, TextAnchor::Middle},
+                     TextShape{{200, 100}, QStringLiteral("C:10"), font, Qt::blue}});
+    const QList<QGraphicsItem *> items = scene.items(Qt::AscendingOrder);
+    QVERIFY(items[0]->boundingRect().width() > 20);
+    QCOMPARE(items[0]->sceneBoundingRect().center().x(), 200.0);
+    QCOMPARE(items[0]->pos().y(), 100.0);
+    QCOMPARE(items[1]->pos(), QPointF(200, 100));
 }
 
 void TestDrawingPass::wholePicture()

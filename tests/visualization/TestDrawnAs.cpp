@@ -1,4 +1,5 @@
 #include "ToyData.h"
+#include "visualization/DrawingModes.h"
 #include "visualization/DrawnAs.h"
 
 #include <QTest>
@@ -12,6 +13,7 @@ private Q_SLOTS:
     void fixations();
     void clusters_data();
     void clusters();
+    void clusterWordsOfVectorModesHaveABuilder();
     void uncheckedIsNotDrawn();
 };
 
@@ -83,6 +85,20 @@ void TestDrawnAs::clusters()
     scenery.clusters.visualizationMode = mode;
     const CalculationInfo info = infoAfterDrawing(scenery);
     QCOMPARE(info.clusterVisualizationInfo + u'/' + info.cumulativeClusterVisualizationInfo, expected);
+}
+
+void TestDrawnAs::clusterWordsOfVectorModesHaveABuilder()
+{
+    const QStringList vectorWords{QStringLiteral("ELLIPSE\n"), QStringLiteral("CIRCLE\n"),
+                                  QStringLiteral("TRANSITION\n")};
+    toy::Scenery scenery;
+    for (int mode = 0; mode < static_cast<int>(std::size(clusterModes)); ++mode) {
+        scenery.clusters.visualizationMode = mode;
+        const CalculationInfo info = infoAfterDrawing(scenery);
+        const bool saysDrawn = vectorWords.contains(info.clusterVisualizationInfo) ||
+                               vectorWords.contains(info.cumulativeClusterVisualizationInfo);
+        QVERIFY2(saysDrawn == (builderOf(clusterModes, mode) != nullptr), qPrintable(QString::number(mode)));
+    }
 }
 
 void TestDrawnAs::uncheckedIsNotDrawn()

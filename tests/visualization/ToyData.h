@@ -22,6 +22,25 @@ inline Fixation fixation(QPoint mean, QVector2D major, QVector2D minor, const QL
     return fixation;
 }
 
+/// A fixation for 80 ms from that time, its samples at its mean; neither has axes worth mentioning.
+inline Fixation stay(QPoint mean, qint64 startMs)
+{
+    return fixation(mean, {1, 0}, {0, 1},
+                    {sample(startMs, mean.x(), mean.y()), sample(startMs + 80, mean.x(), mean.y())});
+}
+
+/// A cluster with given statistics, without fitting.
+inline FixationCluster cluster(QPoint mean, const QList<Fixation> &fixations, QVector2D major = {30, 10},
+                               QVector2D minor = {-2, 6})
+{
+    FixationCluster cluster;
+    cluster.mean = mean;
+    cluster.majorAxis = major;
+    cluster.minorAxis = minor;
+    cluster.fixations = fixations;
+    return cluster;
+}
+
 inline VisualizationParameters parameters(const QString &settingsName = QStringLiteral("FixationVisualization"))
 {
     VisualizationParameters parameters;

@@ -43,7 +43,7 @@ void collectFigures(QList<HeatmapFigures> &figures, const Drawing &drawing)
 }
 
 // Back to front.
-constexpr ExaminationStep examinationSteps[] = {drawFixations};
+constexpr ExaminationStep examinationSteps[] = {drawFixations, drawClusters};
 constexpr PooledStep pooledSteps[] = {drawSaccades, drawGazePoints, drawPooledFixations, drawPooledClusters,
                                       drawPooledSaccades};
 

@@ -36,14 +36,15 @@ void addItem(QGraphicsScene &scene, const ArrowShape &shape)
 
 void addItem(QGraphicsScene &scene, const LineShape &shape)
 {
-    scene.addLine(shape.line, shape.pen);
+    scene.addLine(shape.line, shape.pen)->setToolTip(shape.toolTip);
 }
 
 void addItem(QGraphicsScene &scene, const TextShape &shape)
 {
     QGraphicsTextItem *item = scene.addText(shape.text, shape.font);
     item->setDefaultTextColor(shape.color);
-    item->setPos(shape.topLeft);
+    const double left = shape.anchor == TextAnchor::Middle ? item->boundingRect().width() * 0.5 : 0;
+    item->setPos(shape.top - QPointF(left, 0));
 }
 
 } // namespace

@@ -1,0 +1,48 @@
+#include "clustering/ClusterOrder.h"
+
+#include "model/DataModel.h"
+
+#include <algorithm>
+
+namespace {
+
+struct Rank {
+    qsizetype index = 0;
+    qsizetype fixations = 0; ///< within the frame
+};
+
+bool isLarger(const Rank &a, const Rank &b)
+{
+    return a.fixations > b.fixations;
+}
+
+QList<Rank> ranksOf(const QList<FixationCluster> &clusters, qint64 startMs, qint64 endMs)
+{
+    QList<Rank> ranks;
+    for (qsizetype i = 0; i < clusters.size(); ++i)
+        ranks << Rank{i, clusters[i].fixationsWithin(startMs, endMs)};
+    return ranks;
+}
+
+} // namespace
+
+QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &clusters, qint64 startMs, qint64 endMs)
+{
+    QList<Rank> ranks = ranksOf(clusters, startMs, endMs);
+    if (std::is_sorted(ranks.cbegin(), ranks.cend(), isLarger))
+        return clusters; // shared, as on most moves of the timeline
+    std::stable_sort(ranks.begin(), ranks.end(), isLarger);
+    QList<FixationCluster> ordered;
+    ordered.reserve(clusters.size());
+    for (const Rank &rank : std::as_const(ranks))
+        ordered << clusters[rank.index];
+    return ordered;
+}
+
+void orderClusters(DataModel &model, qint64 startMs, qint64 endMs)
+{
+    for (Examination &examination : model.examinations()) {
+        for (EyeData *eye : {&examination.leftEye, &examination.rightEye, &examination.meanEye})
+            eye->fixationClusters = orderedByFixationsWithin(eye->fixationClusters, startMs, endMs);
+    }
+}
