@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/SaccadeClusterOptions.h"
 #include "model/EyeMode.h"
 
 #include <QList>
@@ -18,7 +19,7 @@ enum class ExitCode {
 /// The command line of the batch tool, checked as far as it can be without opening a file.
 struct BatchOptions {
     enum class Detector { Standard = 0 }; ///< the values are those of the stored calculation type
-    enum class Calculation { Fixations, Clusters, CumulativeClusters };
+    enum class Calculation { Fixations, Clusters, CumulativeClusters, SaccadeClusters };
     enum class Table { Fixations, Clusters, Events, CumulativeClusters };
 
     /// One key of the settings store and the text that it gets.
@@ -46,6 +47,7 @@ struct BatchOptions {
     QList<Table> tables;                ///< each once, in the order in which they are written
     int overlapFixations = 1;           ///< minimum of the overlap method of clusters, 1 to 500
     std::optional<int> overlapOutliers; ///< 0 to 500; else the pooled recordings are not told apart
+    SaccadeClusterOptions saccadeClusters;
     EyeMode eyes = EyeMode::showAll;
     QString outputFolder = QStringLiteral(".");
     QString prefix = QStringLiteral("vistrum");

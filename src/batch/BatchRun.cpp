@@ -12,6 +12,7 @@
 #include "export/DataExport.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
+#include "visualization/scene/ArrowGroup.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/ImageExport.h"
@@ -202,6 +203,9 @@ void BatchRun::calculate()
         case BatchOptions::Calculation::CumulativeClusters:
             calculateCumulativeClusters(m_model, clusterParametersOfRun(m_options.overlapOutliers));
             break;
+        case BatchOptions::Calculation::SaccadeClusters:
+            clusterSaccades();
+            break;
         }
     }
 }
@@ -211,6 +215,14 @@ void BatchRun::detectFixations()
     FixationSettingsModel settings;
     loadFixationSettings(settings);
     calculateFixations(m_model, calculationParameters(settings.calculationType, settings), nullptr);
+}
+
+void BatchRun::clusterSaccades()
+{
+    m_saccadeClusters.setModel(&m_model);
+    m_saccadeClusters.setParameters(m_options.saccadeClusters.parameters);
+    m_saccadeClusters.cluster();
+    m_failed = m_failed || m_saccadeClusters.stage() < SaccadeClusterModel::stageCount;
 }
 
 ClusterParameters BatchRun::clusterParametersOfRun(std::optional<int> overlapOutliers) const
@@ -267,6 +279,8 @@ void BatchRun::exportImages()
                     .fixations = fixations,
                     .clusters = clusters,
                     .saccades = saccades});
+    addArrowGroup(scene, saccadeClusterArrows(m_saccadeClusters.distanceClusters(), m_options.saccadeClusters.mode,
+                                              m_options.saccadeClusters.style));
     for (const QString &path : m_options.images) {
         if (const auto problem = exportScene(scene, path))
             fail(QStringLiteral("Image"), *problem);

@@ -48,11 +48,11 @@ public:
     const QList<SaccadeVector> &vectors() const { return m_vectors; }
     const std::vector<SaccadeGroup> &angleMatrices() const { return m_angleMatrices; }
     const std::vector<ClusterTree> &angleTrees() const { return m_angleTrees; }
-    const SaccadeClusters &angleClusters() const { return m_angleClusters; }
+    const SaccadeClusterList &angleClusters() const { return m_angleClusters; }
     const std::vector<SaccadeGroup> &distanceMatrices() const { return m_distanceMatrices; }
     const std::vector<ClusterTree> &distanceTrees() const { return m_distanceTrees; }
     /// The outcome: what is drawn.
-    const SaccadeClusters &distanceClusters() const { return m_distanceClusters; }
+    const SaccadeClusterList &distanceClusters() const { return m_distanceClusters; }
 
 Q_SIGNALS:
     void sigPreProcessingDone();
@@ -82,8 +82,8 @@ private:
     QList<SaccadeVector> m_vectors;
     std::vector<SaccadeGroup> m_angleMatrices;
     std::vector<ClusterTree> m_angleTrees;
-    SaccadeClusters m_angleClusters;
+    SaccadeClusterList m_angleClusters;
     std::vector<SaccadeGroup> m_distanceMatrices;
     std::vector<ClusterTree> m_distanceTrees;
-    SaccadeClusters m_distanceClusters;
+    SaccadeClusterList m_distanceClusters;
 };

@@ -23,7 +23,7 @@ SaccadeGroup groupOf(const QList<SaccadeVector> &vectors, const Distance &distan
     return group;
 }
 
-int vectorCount(const SaccadeClusters &clusters)
+int vectorCount(const SaccadeClusterList &clusters)
 {
     qsizetype count = 0;
     for (const QList<SaccadeVector> &cluster : clusters)
@@ -88,15 +88,15 @@ std::vector<ClusterTree> clusterTrees(const std::vector<SaccadeGroup> &groups, L
     return trees;
 }
 
-SaccadeClusters angleClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum)
+SaccadeClusterList angleClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum)
 {
-    SaccadeClusters clusters;
+    SaccadeClusterList clusters;
     for (const ClusterTree &tree : trees)
         clusters << cutTree(tree.root(), cutoff, minimum);
     return clusters;
 }
 
-std::vector<SaccadeGroup> distanceGroups(const SaccadeClusters &clusters, DistanceAlgorithm algorithm)
+std::vector<SaccadeGroup> distanceGroups(const SaccadeClusterList &clusters, DistanceAlgorithm algorithm)
 {
     std::vector<SaccadeGroup> groups;
     if (clusters.isEmpty())
@@ -110,12 +110,12 @@ std::vector<SaccadeGroup> distanceGroups(const SaccadeClusters &clusters, Distan
     return groups;
 }
 
-SaccadeClusters distanceClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum)
+SaccadeClusterList distanceClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum)
 {
     if (trees.empty())
         return {};
     Progress progress(treeText, static_cast<int>(trees.size()));
-    SaccadeClusters clusters;
+    SaccadeClusterList clusters;
     for (const ClusterTree &tree : trees) {
         clusters << cutTree(tree.root(), cutoff, minimum);
         progress.tick();

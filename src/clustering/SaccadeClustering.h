@@ -6,7 +6,7 @@
 class DataModel;
 
 /// Lists of movements that belong together.
-using SaccadeClusters = QList<QList<SaccadeVector>>;
+using SaccadeClusterList = QList<QList<SaccadeVector>>;
 
 /// Movements and their distances from each other.
 struct SaccadeGroup {
@@ -34,10 +34,10 @@ std::vector<SaccadeGroup> angleGroups(const QList<SaccadeVector> &vectors, Direc
 std::vector<ClusterTree> clusterTrees(const std::vector<SaccadeGroup> &groups, Linkage linkage);
 
 /// Stage 3: the clusters of all trees, see `cutTree`.
-SaccadeClusters angleClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum);
+SaccadeClusterList angleClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum);
 
 /// Stage 4: a group for each cluster of directions, with the distances of the places. One movement makes a group, too.
-std::vector<SaccadeGroup> distanceGroups(const SaccadeClusters &clusters, DistanceAlgorithm algorithm);
+std::vector<SaccadeGroup> distanceGroups(const SaccadeClusterList &clusters, DistanceAlgorithm algorithm);
 
 /// Stage 6: as stage 3, with progress.
-SaccadeClusters distanceClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum);
+SaccadeClusterList distanceClusters(const std::vector<ClusterTree> &trees, int cutoff, int minimum);

@@ -91,7 +91,7 @@ SaccadeClusterLine singleLine(const QList<SaccadeVector> &cluster)
     return line;
 }
 
-QList<ArrowShape> saccadeClusterArrows(const SaccadeClusters &clusters, SaccadeClusterMode mode,
+QList<ArrowShape> saccadeClusterArrows(const SaccadeClusterList &clusters, SaccadeClusterMode mode,
                                        const SaccadeClusterStyle &style)
 {
     const ClusterBuild build = buildOf(mode);

@@ -33,5 +33,5 @@ struct SaccadeClusterLine {
 SaccadeClusterLine singleLine(const QList<SaccadeVector> &cluster);
 
 /// The arrows of a mode in the colours of their clusters; a cluster keeps its colour whichever others are hidden.
-QList<ArrowShape> saccadeClusterArrows(const SaccadeClusters &clusters, SaccadeClusterMode mode,
+QList<ArrowShape> saccadeClusterArrows(const SaccadeClusterList &clusters, SaccadeClusterMode mode,
                                        const SaccadeClusterStyle &style);

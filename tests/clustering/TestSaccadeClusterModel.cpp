@@ -56,7 +56,7 @@ QList<QPoint> rows()
     return {{100, 100}, {500, 100}, {100, 140}, {500, 140}, {100, 180}, {500, 180}};
 }
 
-QList<QList<QLine>> linesOf(const SaccadeClusters &clusters)
+QList<QList<QLine>> linesOf(const SaccadeClusterList &clusters)
 {
     QList<QList<QLine>> lines;
     for (const QList<SaccadeVector> &cluster : clusters) {

@@ -24,7 +24,7 @@ SaccadeVector saccade(QPoint start, QPoint end)
 }
 
 /// One cluster of two saccades, an empty one, one of a single saccade.
-SaccadeClusters threeClusters()
+SaccadeClusterList threeClusters()
 {
     return {{saccade({100, 100}, {200, 100}), saccade({90, 110}, {150, 110})}, {}, {saccade({10, 20}, {30, 40})}};
 }
