@@ -180,6 +180,8 @@ private:
             return takeNumber(row, value, 1, &BatchOptions::overlapFixations);
         case Id::OverlapOutliers:
             return takeNumber(row, value, 0, &BatchOptions::overlapOutliers);
+        case Id::SaccadeCluster:
+            return takeSaccadeCluster(row, value);
         case Id::Jobs:
             return takeJobs(row, value);
         default:
@@ -264,6 +266,15 @@ private:
         if (!ok || number < least || number > most)
             return wrongValue(row, value, QStringLiteral("not a whole number from %1 to %2").arg(least).arg(most));
         m_options.*member = number;
+        return {};
+    }
+
+    Complaint takeSaccadeCluster(const Row &row, const QString &value)
+    {
+        const auto changed = withAssignment(m_options.saccadeClusters, value);
+        if (const auto *problem = std::get_if<QString>(&changed))
+            return wrongValue(row, value, *problem);
+        m_options.saccadeClusters = std::get<SaccadeClusterOptions>(changed);
         return {};
     }
 

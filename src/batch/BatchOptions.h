@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/SaccadeClusterOptions.h"
 #include "model/EyeMode.h"
 #include "visualization/HeatmapFigures.h"
 
@@ -20,7 +21,7 @@ enum class ExitCode {
 struct BatchOptions {
     enum class Detector { Standard = 0, Gaussian = 1, Velocity = 2 };           ///< as the stored calculation type
     enum class VelocityUnit { PixelPerMs = 0, DegreePerS = 1, Percentile = 2 }; ///< as the stored unit
-    enum class Calculation { Fixations, Clusters, CumulativeClusters };
+    enum class Calculation { Fixations, Clusters, CumulativeClusters, SaccadeClusters };
     enum class Table { Fixations, Clusters, Events, CumulativeClusters };
 
     /// One key of the settings store and the text that it gets.
@@ -50,6 +51,7 @@ struct BatchOptions {
     QList<Table> tables;                ///< each once, in the order in which they are written
     int overlapFixations = 1;           ///< minimum of the overlap method of clusters, 1 to 500
     std::optional<int> overlapOutliers; ///< 0 to 500; else the pooled recordings are not told apart
+    SaccadeClusterOptions saccadeClusters;
     EyeMode eyes = EyeMode::showAll;
     QString outputFolder = QStringLiteral(".");
     QString prefix = QStringLiteral("vistrum");

@@ -112,6 +112,8 @@ QMap<QString, QString> reportedOptions(const BatchOptions &options)
         reported.insert(QStringLiteral("overlap-fixations"), QString::number(options.overlapFixations));
     if (options.overlapOutliers)
         reported.insert(QStringLiteral("overlap-outliers"), QString::number(*options.overlapOutliers));
+    if (options.calculations.contains(BatchOptions::Calculation::SaccadeClusters))
+        reported.insert(QStringLiteral("saccade-cluster"), assignments(options.saccadeClusters));
     if (options.detector)
         reported.insert(QStringLiteral("detector"), wordFor(*options.detector, detectors));
     if (options.velocityUnit)

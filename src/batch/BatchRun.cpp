@@ -17,6 +17,7 @@
 #include "settings/StoredKeys.h"
 #include "visualization/DensityTiff.h"
 #include "visualization/Heatmap.h"
+#include "visualization/scene/ArrowGroup.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/ImageExport.h"
@@ -255,6 +256,9 @@ void BatchRun::calculate()
         case BatchOptions::Calculation::CumulativeClusters:
             calculateCumulativeClusters(m_model, clusterParametersOfRun(m_options.overlapOutliers));
             break;
+        case BatchOptions::Calculation::SaccadeClusters:
+            clusterSaccades();
+            break;
         }
     }
 }
@@ -268,6 +272,14 @@ void BatchRun::detectFixations()
         return;
     for (const DetectionWarning &warning : outcome->warnings)
         messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+}
+
+void BatchRun::clusterSaccades()
+{
+    m_saccadeClusters.setModel(&m_model);
+    m_saccadeClusters.setParameters(m_options.saccadeClusters.parameters);
+    m_saccadeClusters.cluster();
+    m_failed = m_failed || m_saccadeClusters.stage() < SaccadeClusterModel::stageCount;
 }
 
 ClusterParameters BatchRun::clusterParametersOfRun(std::optional<int> overlapOutliers) const
@@ -314,6 +326,8 @@ void BatchRun::exportImages()
     addBackground(scene, backgroundPixmap(m_options.background, Border::Black));
     const DrawingParameters parameters;
     runDrawingPass(scene, m_model, contextOf(m_model, parameters));
+    addArrowGroup(scene, saccadeClusterArrows(m_saccadeClusters.distanceClusters(), m_options.saccadeClusters.mode,
+                                              m_options.saccadeClusters.style));
     for (const QString &path : m_options.images) {
         if (const auto problem = exportScene(scene, path))
             fail(QStringLiteral("Image"), *problem);

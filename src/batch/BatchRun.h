@@ -4,6 +4,7 @@
 #include "batch/BatchReport.h"
 #include "batch/MessageRecord.h"
 #include "clustering/ClusterParameters.h"
+#include "clustering/SaccadeClusterModel.h"
 #include "export/DataExport.h"
 #include "model/DataModel.h"
 
@@ -32,6 +33,7 @@ private:
     void setTimeFrame();
     void calculate();
     void detectFixations();
+    void clusterSaccades();
     ClusterParameters clusterParametersOfRun(std::optional<int> overlapOutliers) const;
     void exportTables();
     ExportResult exported(BatchOptions::Table table, const ExportTarget &target);
@@ -48,6 +50,7 @@ private:
     MessageRecord &m_record;
     Terminal &m_output;
     DataModel m_model;
+    SaccadeClusterModel m_saccadeClusters;
     QList<ReportedInput> m_inputs;
     QList<ShownMessage> m_messages;   ///< those that are about no input
     QMap<QString, QString> m_density; ///< what the exported density is, for the report

@@ -32,7 +32,7 @@ inline constexpr Word<BatchOptions::Calculation> calculations[] = {
     {Text("fixations"), BatchOptions::Calculation::Fixations},
     {Text("clusters"), BatchOptions::Calculation::Clusters},
     {Text("cumulative-clusters"), BatchOptions::Calculation::CumulativeClusters},
-    {Text("saccade-clusters")},
+    {Text("saccade-clusters"), BatchOptions::Calculation::SaccadeClusters},
     {Text("general-statistics")},
     {Text("aoi-statistics")}};
 

@@ -97,11 +97,11 @@ void acceptedChoices()
                 [](O &o) { o.calculations = {O::Calculation::Fixations}; });
     acceptedRow("a calculation named twice runs once", "--calculate fixations,fixations a.data",
                 [](O &o) { o.calculations = {O::Calculation::Fixations}; });
-    acceptedRow(
-        "calculations in the order in which they run", "--calculate cumulative-clusters,clusters,fixations a.data",
-        [](O &o) {
-            o.calculations = {O::Calculation::Fixations, O::Calculation::Clusters, O::Calculation::CumulativeClusters};
-        });
+    acceptedRow("calculations in the order in which they run",
+                "--calculate saccade-clusters,cumulative-clusters,clusters,fixations a.data", [](O &o) {
+                    o.calculations = {O::Calculation::Fixations, O::Calculation::Clusters,
+                                      O::Calculation::CumulativeClusters, O::Calculation::SaccadeClusters};
+                });
     acceptedRow(
         "exports in the order in which they are written",
         "--export cumulative-clusters,events,fixations,clusters a.data", [](O &o) {
@@ -110,6 +110,20 @@ void acceptedChoices()
     acceptedRow("minimum of the overlap method", "--overlap-fixations 500 a.data",
                 [](O &o) { o.overlapFixations = 500; });
     acceptedRow("outliers of the overlap method", "--overlap-outliers 0 a.data", [](O &o) { o.overlapOutliers = 0; });
+    acceptedRow("values of saccade clusters",
+                "--saccade-cluster minimum-length=10000 --saccade-cluster distance-linkage=maximum "
+                "--saccade-cluster=mode=single-line --saccade-cluster direction-dependent=no --saccade-cluster "
+                "arrow-tips=yes a.data",
+                [](O &o) {
+                    o.saccadeClusters.parameters.minimumLength = 10'000;
+                    o.saccadeClusters.parameters.distanceLinkage = 1;
+                    o.saccadeClusters.parameters.directionDependent = false;
+                    o.saccadeClusters.style.showArrowTips = true;
+                    o.saccadeClusters.mode = SaccadeClusterMode::SingleLine;
+                });
+    acceptedRow("of two values the later one counts",
+                "--saccade-cluster angle-cutoff=1 --saccade-cluster angle-cutoff=180 a.data",
+                [](O &o) { o.saccadeClusters.parameters.angleCutoff = 180; });
     acceptedRow("one export", "--export events a.data", [](O &o) { o.tables = {O::Table::Events}; });
     acceptedRow("all eyes", "--eyes all a.data", [](O &o) { o.eyes = EyeMode::showAll; });
     acceptedRow("dominant eye", "--eyes dominant a.data", [](O &o) { o.eyes = EyeMode::showDominant; });
@@ -197,6 +211,21 @@ void refusedChoices()
                "--velocity-unit: only with --detector velocity");
     refusedRow("unit without a detector", "a.data --velocity-unit percentile",
                "--velocity-unit: only with --detector velocity");
+    refusedRow("saccade clusters without value", "--saccade-cluster mode a.data",
+               "--saccade-cluster mode: not of the form NAME=VALUE");
+    refusedRow("saccade clusters without name", "--saccade-cluster =1 a.data",
+               "--saccade-cluster =1: not of the form NAME=VALUE");
+    refusedRow("saccade clusters in an unknown mode", "--saccade-cluster mode=line a.data",
+               "--saccade-cluster mode=line: line is not one of none, lines, single-line; did you mean lines?");
+    for (const char *value : {"-1", "181", "1.5", "none"})
+        QTest::addRow("angle cutoff: %s", value)
+            << u"--saccade-cluster angle-cutoff=%1 a.data"_qs.arg(QLatin1StringView(value))
+            << u"--saccade-cluster angle-cutoff=%1: not a whole number from 0 to 180"_qs.arg(QLatin1StringView(value));
+    refusedRow("unknown value of saccade clusters", "--saccade-cluster mod=lines a.data",
+               "--saccade-cluster mod=lines: mod is not one of minimum-length, minimum-angle-difference, "
+               "direction-dependent, angle-linkage, angle-cutoff, minimum-angle-quantity, distance, distance-linkage, "
+               "distance-cutoff, minimum-distance-quantity, mode, line-width, arrow-tips, minimum-quantity; did you "
+               "mean mode?");
     refusedRow("unknown calculation", "--calculate fixation a.data",
                "--calculate fixation: not one of fixations, clusters, cumulative-clusters, saccade-clusters, "
                "general-statistics, aoi-statistics; did you mean fixations?");
@@ -258,7 +287,7 @@ void notBuilt()
         QTest::addRow("not built: %s %s", option, word)
             << call + QStringLiteral(" a.data") << call + QStringLiteral(": not available in this version");
     };
-    for (const char *word : {"saccade-clusters", "general-statistics", "aoi-statistics"})
+    for (const char *word : {"general-statistics", "aoi-statistics"})
         refuse("calculate", word);
     for (const char *word : {"general-statistics", "aoi-statistics", "transitions", "anglestar"})
         refuse("export", word);

@@ -154,6 +154,12 @@ void TestBatchReport::options_data()
            "cumulative-clusters a.data"
         << "calculate=clusters,cumulative-clusters export=cumulative-clusters eyes=all overlap-fixations=2 "
            "overlap-outliers=0";
+    QTest::newRow("values of saccade clusters, where they are calculated")
+        << "--saccade-cluster angle-linkage=average --calculate saccade-clusters a.data"
+        << "calculate=saccade-clusters export= eyes=all saccade-cluster=minimum-length=0,minimum-angle-difference=0,"
+           "direction-dependent=yes,angle-linkage=average,angle-cutoff=10,minimum-angle-quantity=10,distance=euclidean,"
+           "distance-linkage=minimum,distance-cutoff=25,minimum-distance-quantity=1,mode=none,line-width=3,"
+           "arrow-tips=no,minimum-quantity=1";
     QTest::newRow("jobs and quiet do not") << "--jobs 3 --quiet a.data"
                                            << "calculate= export= eyes=all";
 }

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void clusters_data();
     void clusters();
     void overlapNumbers();
+    void saccadeClusters();
     void messagesWithoutQuiet();
     void help();
     void version();
@@ -573,6 +574,27 @@ void TestBatchRun::overlapNumbers()
     const QString pooled = textOf(QStringLiteral("vistrum_cumulative_left_cumclusters_left.csv"));
     QVERIFY(pooled.contains(parameters));
     QVERIFY(pooled.contains(QStringLiteral("Algorithm:OVERLAP\nParameter:\n Minimum Fixations:2, Outlier:1\n")));
+}
+
+void TestBatchRun::saccadeClusters()
+{
+    const auto svg = [this](const QStringList &further) {
+        const auto files = filesOf(words("--quiet --image a.svg --set Visualization/Saccade/VisualizationMode=0 "
+                                         "--calculate fixations,saccade-clusters --saccade-cluster angle-cutoff=40 "
+                                         "--saccade-cluster distance-cutoff=60") +
+                                   further + BatchProgram::study());
+        return files[QStringLiteral("a.svg")];
+    };
+    const auto lines = [](const QByteArray &picture) { return picture.count("<polyline"); };
+    const QByteArray none = svg({});
+    const QByteArray all = svg(words("--saccade-cluster mode=lines"));
+    const QByteArray large = svg(words("--saccade-cluster mode=lines --saccade-cluster minimum-quantity=3"));
+    const QByteArray single = svg(words("--saccade-cluster mode=single-line"));
+    QVERIFY(lines(all) > lines(single));
+    QVERIFY(lines(all) > lines(large));
+    QVERIFY(lines(single) > lines(none));
+    QCOMPARE(svg(words("--saccade-cluster mode=lines --saccade-cluster minimum-length=10000")), none);
+    QCOMPARE(svg(words("--saccade-cluster mode=lines")), all);
 }
 
 void TestBatchRun::messagesWithoutQuiet()

@@ -1,0 +1,97 @@
+#include "clustering/SaccadeClusterModel.h"
+
+#include "model/DataModel.h"
+
+struct SaccadeClusterModel::Stage {
+    void (SaccadeClusterModel::*run)();
+    void (SaccadeClusterModel::*done)();
+};
+
+constexpr SaccadeClusterModel::Stage SaccadeClusterModel::stages[stageCount] = {
+    {&SaccadeClusterModel::preProcess, &SaccadeClusterModel::sigPreProcessingDone},
+    {&SaccadeClusterModel::makeAngleMatrices, &SaccadeClusterModel::sigAngleMatrixDone},
+    {&SaccadeClusterModel::makeAngleTrees, &SaccadeClusterModel::sigAngleTreeDone},
+    {&SaccadeClusterModel::makeAngleClusters, &SaccadeClusterModel::sigAngleClusterDone},
+    {&SaccadeClusterModel::makeDistanceMatrices, &SaccadeClusterModel::sigDistanceMatrixDone},
+    {&SaccadeClusterModel::makeDistanceTrees, &SaccadeClusterModel::sigDistanceTreeDone},
+    {&SaccadeClusterModel::makeDistanceClusters, &SaccadeClusterModel::sigDistanceClusterDone},
+};
+
+void SaccadeClusterModel::resetStage(int stage)
+{
+    m_stage = std::min(m_stage, stage);
+}
+
+bool SaccadeClusterModel::hasExaminations() const
+{
+    return m_model && !m_model->examinations().isEmpty();
+}
+
+void SaccadeClusterModel::cluster()
+{
+    constexpr int angleMatrix = 1;
+    if (!m_model)
+        return;
+    for (int i = 0; i < stageCount; ++i) {
+        if (m_stage != i)
+            continue;
+        if (i == angleMatrix && !canClusterSaccades(m_vectors.size())) {
+            clearFromAngleMatrices();
+            return;
+        }
+        (this->*stages[i].run)();
+        ++m_stage;
+        Q_EMIT(this->*stages[i].done)();
+    }
+}
+
+void SaccadeClusterModel::preProcess()
+{
+    m_vectors = preProcessedVectors(*m_model, {m_parameters.minimumLength, m_parameters.minimumAngleDifference});
+}
+
+/// What the old matrices hold is given back before new ones are made, so that both are never there at once.
+void SaccadeClusterModel::makeAngleMatrices()
+{
+    clearFromAngleMatrices();
+    m_angleMatrices =
+        angleGroups(m_vectors, m_parameters.directionDependent ? Direction::Counts : Direction::DoesNotCount);
+}
+
+void SaccadeClusterModel::makeAngleTrees()
+{
+    m_angleTrees = clusterTrees(m_angleMatrices, static_cast<Linkage>(m_parameters.angleLinkage));
+}
+
+void SaccadeClusterModel::makeAngleClusters()
+{
+    m_angleClusters = ::angleClusters(m_angleTrees, m_parameters.angleCutoff, m_parameters.minimumAngleQuantity);
+}
+
+void SaccadeClusterModel::makeDistanceMatrices()
+{
+    m_distanceMatrices.clear();
+    m_distanceMatrices =
+        distanceGroups(m_angleClusters, static_cast<DistanceAlgorithm>(m_parameters.distanceAlgorithm));
+}
+
+void SaccadeClusterModel::makeDistanceTrees()
+{
+    m_distanceTrees = clusterTrees(m_distanceMatrices, static_cast<Linkage>(m_parameters.distanceLinkage));
+}
+
+void SaccadeClusterModel::makeDistanceClusters()
+{
+    m_distanceClusters =
+        ::distanceClusters(m_distanceTrees, m_parameters.distanceCutoff, m_parameters.minimumDistanceQuantity);
+}
+
+void SaccadeClusterModel::clearFromAngleMatrices()
+{
+    m_angleMatrices.clear();
+    m_angleTrees.clear();
+    m_angleClusters.clear();
+    m_distanceMatrices.clear();
+    m_distanceTrees.clear();
+    m_distanceClusters.clear();
+}

@@ -1,0 +1,35 @@
+#include "clustering/SaccadeVector.h"
+
+#include "base/TextFormat.h"
+
+#include <cmath>
+
+namespace {
+
+/// In floating point: positions of damaged files are too far apart for int.
+double along(int from, int to)
+{
+    return double(to) - double(from);
+}
+
+} // namespace
+
+int directionOf(QPoint start, QPoint end)
+{
+    constexpr double degreesPerRadian = 57.29577951308232;
+    constexpr double fullTurn = 360.0;
+    const double angle = std::atan2(along(start.y(), end.y()), along(start.x(), end.x())) * degreesPerRadian;
+    return text::truncated(angle > 0.0 ? angle : angle + fullTurn);
+}
+
+SaccadeVector::SaccadeVector(QPoint start_, QPoint end_, qint64 startTime_, qint64 endTime_)
+    : start(start_)
+    , end(end_)
+    , startTime(startTime_)
+    , endTime(endTime_)
+    , angle(directionOf(start, end))
+{
+    const double dx = along(start.x(), end.x());
+    const double dy = along(start.y(), end.y());
+    length = text::truncated(std::sqrt(dx * dx + dy * dy));
+}
