@@ -53,6 +53,7 @@ controlWidget::controlWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_
         panel->setKind(kinds[i++]);
         panel->sltUpdateSettings();
     }
+    m_ui->saccadebundle_widget->setClusters(m_ui->saccadeClusterWidget->saccadeClusterModel());
     openPage(m_ui->toolBox, openedCalculationPage);
     openPage(m_ui->toolBox_4, openedVisualizationPage);
     sltSetSalButtons();
@@ -79,6 +80,7 @@ void controlWidget::setModel(DataModel *model)
     m_ui->Data_Widget->setModel(model);
     m_ui->FixCalc_widget->setModel(model);
     m_ui->clusterCalc_widget->setModel(model);
+    m_ui->saccadeClusterWidget->setModel(model);
     m_ui->export_widget->setModel(model);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setModel(model);
@@ -113,6 +115,16 @@ FixationControl &controlWidget::fixationControl()
 ClusterControl &controlWidget::clusterControl()
 {
     return *m_ui->clusterCalc_widget;
+}
+
+SaccadeClusterControl &controlWidget::saccadeClusterControl()
+{
+    return *m_ui->saccadeClusterWidget;
+}
+
+VisualizationSaccadeClustersWidget &controlWidget::saccadeClustersWidget()
+{
+    return *m_ui->saccadebundle_widget;
 }
 
 ExportWidget &controlWidget::exportWidget()

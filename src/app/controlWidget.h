@@ -14,6 +14,8 @@ class ExportWidget;
 class FixationControl;
 class IMainWindow;
 class Log;
+class SaccadeClusterControl;
+class VisualizationSaccadeClustersWidget;
 class VisualizationWidget;
 
 namespace Ui {
@@ -34,7 +36,9 @@ public:
     DataWidget &dataWidget();
     FixationControl &fixationControl();
     ClusterControl &clusterControl();
+    SaccadeClusterControl &saccadeClusterControl();
     ExportWidget &exportWidget();
+    VisualizationSaccadeClustersWidget &saccadeClustersWidget();
 
     /// The panels of gaze points, fixations, fixation clusters and saccades.
     std::array<VisualizationWidget *, 4> visualizationWidgets() const;

@@ -9,6 +9,7 @@
 #include "batch/Suggestion.h"
 #include "batch/Terminal.h"
 #include "clustering/ClusterCalculation.h"
+#include "clustering/ClusterOrder.h"
 #include "clustering/CumulativeClusters.h"
 #include "detection/FixationCalculation.h"
 #include "detection/FixationSettingsModel.h"
@@ -261,6 +262,7 @@ void BatchRun::calculate()
             break;
         }
     }
+    orderClusters(m_model, m_model.timeStart(), m_model.timeEnd()); // as each redraw of the window does
 }
 
 void BatchRun::detectFixations()

@@ -1,0 +1,80 @@
+// Who hears whom: the connections of the main window.
+
+#include "app/Vistrum.h"
+#include "ui_Vistrum.h"
+
+#include "clustering/panel/ClusterControl.h"
+#include "clustering/panel/SaccadeClusterControl.h"
+#include "detection/panel/FixationControl.h"
+#include "export/panel/ExportWidget.h"
+#include "import/panel/DataWidget.h"
+#include "import/panel/ExaminationTableControl.h"
+#include "visualization/GroupColors.h"
+#include "visualization/panel/VisualizationSaccadeClustersWidget.h"
+#include "visualization/panel/VisualizationWidget.h"
+
+void Vistrum::makeTable()
+{
+    using Control = ExaminationTableControl;
+    m_table = new Control(*m_ui->tableWidget, *m_ui->groupByComboBox, m_model, *this, this);
+    m_table->setColorTable([this] {
+        const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
+        return groupColors(*gazePoints, *fixations, *clusters, *saccades);
+    });
+    connect(m_ui->check_Button, &QPushButton::clicked, m_table, &Control::sltCheck);
+    connect(m_ui->uncheck_Button, &QPushButton::clicked, m_table, &Control::sltUncheck);
+    connect(m_ui->filterButton, &QPushButton::clicked, m_table, &Control::sltShowFilterDialog);
+    connect(m_ui->clearFilterButton, &QPushButton::clicked, m_table, &Control::sltClearFilter);
+    connect(m_ui->manageGroupsButton, &QPushButton::clicked, m_table, &Control::sltManageGroups);
+    connect(m_table, &Control::rowsAdded, this, &Vistrum::rebuildImageList);
+    connect(m_table, &Control::timeSpanWanted, &timeline(), &Timeline::setTimeSpan);
+    connect(m_table, &Control::groupsChanged, this, &Vistrum::refreshGroups);
+    connect(m_table, &Control::sigSetSaccadeClusterStatusNone, this, &Vistrum::sigSetSaccadeClusterStatusNone);
+}
+
+void Vistrum::connectForm()
+{
+    connect(m_ui->image_comboBox, &QComboBox::currentIndexChanged, this, &Vistrum::sltUpdateImageView);
+    connect(m_ui->fitToScreenButton, &QPushButton::clicked, this, &Vistrum::sltFitToScreen);
+    connect(m_ui->originalSiteButton, &QPushButton::clicked, this, &Vistrum::sltOriginalSize);
+    connect(m_ui->loadPictureButton, &QPushButton::clicked, this, &Vistrum::sltImportPicture);
+    connect(m_ui->showBorderCheckBox, &QCheckBox::clicked, this, &Vistrum::sltUpdateBorder);
+    connect(m_ui->remove_outlier, &QCheckBox::stateChanged, this, &Vistrum::sltCutData);
+    connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
+    connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
+    connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltLoadDefaultSettings);
+}
+
+void Vistrum::connectPanels()
+{
+    controlWidget &control = *m_ui->control;
+    connect(&control, &controlWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
+    connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
+    connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
+    connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
+    connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateClusters, this, &Vistrum::sltCalculateClusters);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateCumulativeClusters, this,
+            &Vistrum::sltCalculateCumulativeClusters);
+    connect(this, &Vistrum::sigEnable_fixationcluster_export, &control.exportWidget(),
+            &ExportWidget::sltEnableFixationClusterExport);
+    connect(this, &Vistrum::sigEnable_cumulativecluster_export, &control.exportWidget(),
+            &ExportWidget::sltEnableCumulativeClusterExport);
+    connect(this, &Vistrum::sigUpdateSettings, &control.fixationControl(), &FixationControl::sltUpdateSettings);
+    for (VisualizationWidget *panel : control.visualizationWidgets()) {
+        connect(panel, &VisualizationWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
+        connect(panel, &VisualizationWidget::sigExportheatmap, this, &Vistrum::sltExportheatmap);
+        connect(this, &Vistrum::sigUpdateSettings, panel, &VisualizationWidget::sltUpdateSettings);
+    }
+    control.saccadeClustersWidget().setScene(&m_scene);
+    connect(this, &Vistrum::sigSetSaccadeClusterStatusNone, &control.saccadeClusterControl(),
+            &SaccadeClusterControl::sltSetStatusNone);
+    connect(&control.saccadeClusterControl(), &SaccadeClusterControl::sigRedrawClusters,
+            &control.saccadeClustersWidget(), &VisualizationSaccadeClustersWidget::sltRedrawClusters);
+    connect(&control, &controlWidget::sigShowTable, this, &Vistrum::sltShowTable);
+    connect(&control, &controlWidget::sigShowTimeline, this, &Vistrum::sltShowTimeline);
+    connect(&timeline(), &Timeline::timespanChanged, &control, &controlWidget::sltTimespanHasChanged);
+    connect(&timeline(), &Timeline::update_widget, this, &Vistrum::update_timeline_widget);
+    connect(&timeline(), &Timeline::reinsert_widget, this, &Vistrum::slt_reinsert_timeline);
+    connect(&control, &controlWidget::sigUpdateTimeframe, &timeline(), &Timeline::setSliderTimeframe);
+}
