@@ -29,20 +29,27 @@ bool SaccadeClusterModel::hasExaminations() const
 
 void SaccadeClusterModel::cluster()
 {
-    constexpr int angleMatrix = 1;
     if (!m_model)
         return;
     for (int i = 0; i < stageCount; ++i) {
-        if (m_stage != i)
-            continue;
-        if (i == angleMatrix && !canClusterSaccades(m_vectors.size())) {
-            clearFromAngleMatrices();
+        if (m_stage == i && !doStage())
             return;
-        }
-        (this->*stages[i].run)();
-        ++m_stage;
-        Q_EMIT(this->*stages[i].done)();
     }
+}
+
+/// @return whether the next stage can follow.
+bool SaccadeClusterModel::doStage()
+{
+    constexpr int angleMatrix = 1;
+    if (m_stage == angleMatrix && !canClusterSaccades(m_vectors.size())) {
+        clearFromAngleMatrices();
+        return false;
+    }
+    const Stage &stage = stages[m_stage];
+    (this->*stage.run)();
+    ++m_stage;
+    Q_EMIT(this->*stage.done)();
+    return true;
 }
 
 void SaccadeClusterModel::preProcess()

@@ -67,6 +67,7 @@ private:
     struct Stage;
     static const Stage stages[stageCount];
 
+    bool doStage();
     void preProcess();
     void makeAngleMatrices();
     void makeAngleTrees();
