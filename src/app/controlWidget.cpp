@@ -2,6 +2,7 @@
 #include "ui_controlWidget.h"
 
 #include "base/Log.h"
+#include "base/TextFormat.h"
 #include "commands/CommandStack.h"
 #include "model/DataModel.h"
 #include "settings/StoredKeys.h"
@@ -71,7 +72,7 @@ void controlWidget::connectControls()
     connect(m_ui->comboBox_sal, &QComboBox::currentIndexChanged, this, &controlWidget::sltSetSalButtons);
     for (QSpinBox *number : saliencyNumbers(*m_ui))
         connect(number, &QSpinBox::valueChanged, this, &controlWidget::sltSetSalVal);
-    connect(m_ui->stat_calc, &QPushButton::clicked, this, &controlWidget::sigGraphicsParametersChanged);
+    connect(m_ui->stat_calc, &QPushButton::clicked, this, &controlWidget::sltEmitGraphicChanged);
 }
 
 void controlWidget::setModel(DataModel *model)
@@ -182,6 +183,11 @@ void controlWidget::sltTimeSpinboxChanged()
     const double start = m_ui->doubleSpinBox_start->value();
     m_ui->doubleSpinBox_start->setMaximum(end);
     Q_EMIT sigUpdateTimeframe(static_cast<qint64>(start), static_cast<qint64>(end));
+}
+
+QString controlWidget::time2specific_String(qint64 durationMs) const
+{
+    return text::timeText(durationMs);
 }
 
 void controlWidget::write(const QString &line) const

@@ -48,15 +48,29 @@ Q_SIGNALS:
     /// The user typed a time frame, in ms.
     void sigUpdateTimeframe(qint64 start, qint64 end);
 
+    void sigUpdateTime();
+
     // Kept for whoever drives the window from outside by its signals; the panel itself does not emit them.
     void sigShowTable(bool shown);
+    void sigShowZoom(bool shown);
+    void sigShowVideoControl(bool shown);
     void sigShowTimeline(bool shown);
+    void sigUpdateImageView(int index);
+    void sigCheck();
+    void sigUncheck();
+    void sigSortBy(int column);
+    void sigCalcAOItrans();
 
 public Q_SLOTS:
     /// Follows a move of the timeline: fields and model get the frame, in ms.
     void sltTimelineHasChanged(qint64 start, qint64 end);
     /// The timeline got another length, in ms.
     void sltTimespanHasChanged(qint64 duration);
+    void sltUpdateTime() { Q_EMIT sigUpdateTime(); }
+    /// Asks for the picture anew.
+    void sltEmitGraphicChanged() { Q_EMIT sigGraphicsParametersChanged(); }
+    /// A duration with its unit, as `text::timeText` writes it.
+    QString time2specific_String(qint64 durationMs) const;
     /// Opens a further view of the undo stack in a window of its own.
     void sltShowCommandProcessor();
 

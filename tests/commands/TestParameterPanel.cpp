@@ -14,6 +14,10 @@ struct Record {
     bool flag = false;
     int choice = 0;
     int unbound = 0;
+    QColor color = QColor(1, 2, 3);
+    QColor quietColor = QColor(4, 5, 6);
+    int quietNumber = 1;
+    bool quietFlag = false;
 };
 
 constexpr Parameter wholeRow{&Record::whole, QLatin1StringView("Whole"), 3, QLatin1StringView("Whole changed: %1"),
@@ -25,7 +29,13 @@ constexpr Parameter flagRow{&Record::flag, QLatin1StringView("Flag"), false, QLa
 constexpr Parameter choiceRow{&Record::choice, QLatin1StringView("Choice"), 0, QLatin1StringView("Choice changed: %1"),
                               QLatin1StringView("CommandChangeChoice")};
 constexpr Parameter unboundRow{&Record::unbound, QLatin1StringView("Unbound"), 0};
-constexpr auto recordRows = std::tie(wholeRow, realRow, flagRow, choiceRow, unboundRow);
+constexpr Parameter colorRow{&Record::color, QLatin1StringView("Color"), QColor(1, 2, 3),
+                             QLatin1StringView("Color changed: "), QLatin1StringView("CommandChangeColor")};
+constexpr Parameter quietColorRow{&Record::quietColor, QLatin1StringView("QuietColor"), QColor(4, 5, 6)};
+constexpr Parameter quietNumberRow{&Record::quietNumber, QLatin1StringView("QuietNumber"), 1};
+constexpr Parameter quietFlagRow{&Record::quietFlag, QLatin1StringView("QuietFlag"), false};
+constexpr auto recordRows =
+    std::tie(wholeRow, realRow, flagRow, choiceRow, unboundRow, colorRow, quietColorRow, quietNumberRow, quietFlagRow);
 
 /// A command that differs from its row's in what it shows.
 class CommandChangeChoice : public ParameterCommand<choiceRow> {
@@ -52,6 +62,14 @@ public:
         m_parameters.bind<realRow>(m_real, m_record);
         m_parameters.bind<flagRow>(m_flag, m_record);
         m_parameters.bind<choiceRow, CommandChangeChoice>(m_choice, m_record);
+        const auto choose = [this](const QColor &start) {
+            m_start = start;
+            return m_chosen;
+        };
+        m_parameters.bindColor<colorRow>(m_color, m_record, choose);
+        m_parameters.bindColorWithoutCommand<quietColorRow>(m_quietColor, m_record, choose);
+        m_parameters.bindWithoutCommand<quietNumberRow>(m_quietNumber, m_record);
+        m_parameters.bindWithoutCommand<quietFlagRow>(m_quietFlag, m_record);
         m_parameters.refresh(m_record, recordRows);
     }
 
@@ -61,12 +79,27 @@ public:
     QDoubleSpinBox &real() { return *m_real; }
     QCheckBox &flag() { return *m_flag; }
     QComboBox &choice() { return *m_choice; }
+    QToolButton &color() { return *m_color; }
+    QToolButton &quietColor() { return *m_quietColor; }
+    QSpinBox &quietNumber() { return *m_quietNumber; }
+    QCheckBox &quietFlag() { return *m_quietFlag; }
+
+    /// What the user will choose; invalid for a cancelled choice.
+    void setChosen(const QColor &color) { m_chosen = color; }
+    /// The colour with which the last choice began.
+    const QColor &start() const { return m_start; }
 
 private:
     QSpinBox *m_whole = new QSpinBox(this);
     QDoubleSpinBox *m_real = new QDoubleSpinBox(this);
     QCheckBox *m_flag = new QCheckBox(this);
     QComboBox *m_choice = new QComboBox(this);
+    QToolButton *m_color = new QToolButton(this);
+    QToolButton *m_quietColor = new QToolButton(this);
+    QSpinBox *m_quietNumber = new QSpinBox(this);
+    QCheckBox *m_quietFlag = new QCheckBox(this);
+    QColor m_chosen;
+    QColor m_start;
     Record m_record;
     ParameterPanel m_parameters;
 };
@@ -95,6 +128,10 @@ private Q_SLOTS:
     void aClampedControlChangesFromItsOwnValue();
     void aChoiceBeyondTheItemsShowsNone();
     void aKeyWithoutControlIsNoError();
+    void aChosenColorIsACommand();
+    void aCancelledChoiceChangesNothing();
+    void aColorWithoutCommand();
+    void controlsWithoutCommand();
 
 private:
     QTemporaryDir m_folder;
@@ -118,12 +155,16 @@ void TestParameterPanel::cleanup()
 
 void TestParameterPanel::showsTheRecordWithoutACommand()
 {
-    m_panel->record() = {7, 0.25, true, 2, 9};
+    m_panel->record() = {7, 0.25, true, 2, 9, QColor(10, 11, 12), QColor(13, 14, 15), 8, true};
     m_panel->parameters().refresh(m_panel->record(), recordRows);
     QCOMPARE(m_panel->whole().value(), 7);
     QCOMPARE(m_panel->real().value(), 0.25);
     QVERIFY(m_panel->flag().isChecked());
     QCOMPARE(m_panel->choice().currentIndex(), 2);
+    QCOMPARE(shownColor(&m_panel->color()), QColor(10, 11, 12));
+    QCOMPARE(shownColor(&m_panel->quietColor()), QColor(13, 14, 15));
+    QCOMPARE(m_panel->quietNumber().value(), 8);
+    QVERIFY(m_panel->quietFlag().isChecked());
     QCOMPARE(stack().count(), m_before);
     QVERIFY2(SettingsStore().allKeys().isEmpty(), "a refresh writes nothing");
 }
@@ -257,6 +298,63 @@ void TestParameterPanel::aKeyWithoutControlIsNoError()
     m_panel->parameters().show(QLatin1StringView("No/Such/Key"), 5);
     QCOMPARE(m_panel->whole().value(), 3);
     QCOMPARE(m_panel->choice().currentIndex(), 0);
+}
+
+void TestParameterPanel::aChosenColorIsACommand()
+{
+    m_panel->setChosen(QColor(200, 100, 50));
+    QTest::mouseClick(&m_panel->color(), Qt::LeftButton);
+    QCOMPARE(m_panel->start(), QColor(1, 2, 3));
+    QCOMPARE(stack().count(), m_before + 1);
+    QCOMPARE(stack().text(m_before), QStringLiteral("Color changed: #c86432"));
+    QCOMPARE(m_panel->record().color, QColor(200, 100, 50));
+    QCOMPARE(SettingsStore().value(colorRow.key).toString(), QStringLiteral("#c86432"));
+    QCOMPARE(m_panel->color().styleSheet(), QStringLiteral("background-color:#c86432"));
+    stack().undo();
+    QCOMPARE(m_panel->record().color, QColor(1, 2, 3));
+    QCOMPARE(SettingsStore().value(colorRow.key).toString(), QStringLiteral("#010203"));
+    QCOMPARE(m_panel->color().styleSheet(), QStringLiteral("background-color:#010203"));
+    stack().redo();
+    QCOMPARE(m_panel->color().styleSheet(), QStringLiteral("background-color:#c86432"));
+    QCOMPARE(stack().count(), m_before + 1);
+}
+
+void TestParameterPanel::aCancelledChoiceChangesNothing()
+{
+    for (QToolButton *button : {&m_panel->color(), &m_panel->quietColor()}) {
+        const QString style = button->styleSheet();
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(button->styleSheet(), style);
+    }
+    QCOMPARE(m_panel->record().color, QColor(1, 2, 3));
+    QCOMPARE(m_panel->record().quietColor, QColor(4, 5, 6));
+    QCOMPARE(stack().count(), m_before);
+    QVERIFY(SettingsStore().allKeys().isEmpty());
+}
+
+void TestParameterPanel::aColorWithoutCommand()
+{
+    m_panel->setChosen(QColor(200, 100, 50));
+    QTest::mouseClick(&m_panel->quietColor(), Qt::LeftButton);
+    QCOMPARE(m_panel->start(), QColor(4, 5, 6));
+    QCOMPARE(m_panel->record().quietColor, QColor(200, 100, 50));
+    QCOMPARE(SettingsStore().value(quietColorRow.key).toString(), QStringLiteral("#c86432"));
+    QCOMPARE(m_panel->quietColor().styleSheet(), QStringLiteral("background-color:#c86432"));
+    QCOMPARE(stack().count(), m_before);
+}
+
+void TestParameterPanel::controlsWithoutCommand()
+{
+    QTest::keyClick(&m_panel->quietNumber(), Qt::Key_Up);
+    QTest::mouseClick(&m_panel->quietFlag(), Qt::LeftButton, {}, QPoint(8, m_panel->quietFlag().height() / 2));
+    QCOMPARE(m_panel->record().quietNumber, 2);
+    QVERIFY(m_panel->record().quietFlag);
+    QCOMPARE(SettingsStore().value(quietNumberRow.key).toInt(), 2);
+    QCOMPARE(SettingsStore().value(quietFlagRow.key).toBool(), true);
+    QCOMPARE(stack().count(), m_before);
+    m_panel->parameters().show(quietNumberRow.key, 77); // as a refresh does, silently
+    QCOMPARE(m_panel->quietNumber().value(), 77);
+    QCOMPARE(m_panel->record().quietNumber, 2);
 }
 
 QTEST_MAIN(TestParameterPanel)

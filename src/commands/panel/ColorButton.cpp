@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QColorDialog>
+#include <QToolButton>
 
 namespace {
 
@@ -31,6 +32,8 @@ void showColor(QAbstractButton *button, const QColor &color)
     QPalette palette = button->palette();
     palette.setColor(QPalette::ButtonText, readableOn(color));
     button->setPalette(palette);
+    if (auto *tool = qobject_cast<QToolButton *>(button))
+        tool->setAutoRaise(true); // a raised button would be painted in lighter tones of the colour
     button->setStyleSheet(background + color.name());
 }
 

@@ -360,7 +360,7 @@ void VisualizationWidget::sltColorMapChangedApply()
 /// Shows the map as the controls have it, applied or not.
 void VisualizationWidget::sltColorMapChanged()
 {
-    const QSize size = m_ui->graphicsView_ADM->viewport()->size();
+    const QSize size = m_ui->graphicsView_ADM->maximumViewportSize(); // the viewport itself follows a resize later
     m_colorMapScene.clear();
     m_colorMapScene.setSceneRect(QRect(QPoint(0, 0), size));
     m_colorMapScene.addPixmap(QPixmap::fromImage(gradientImage(gradientStops(shownColorMap()), size)));

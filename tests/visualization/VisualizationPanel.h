@@ -1,0 +1,131 @@
+#pragma once
+
+#include "commands/CommandStack.h"
+#include "TestSettings.h"
+#include "visualization/panel/VisualizationWidget.h"
+#include "visualization/VisualizationKinds.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFile>
+#include <QSlider>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+enum class PanelKind { GazePoints, Fixations, Clusters, Saccades };
+
+/// A test that opens the drawing panel of a kind of data, with a store and a log of its own. The store begins with the
+/// values of the construction, and the undo stack begins empty.
+class VisualizationPanelTest : public QObject {
+protected:
+    void openPanel(PanelKind kind, int mode = 0)
+    {
+        closePanel();
+        m_settings = std::make_unique<TemporarySettings>();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_log = std::make_unique<Log>(m_folder->filePath(QStringLiteral("log")));
+        const VisualizationKind &row = visualizationKinds()[static_cast<std::size_t>(kind)];
+        m_path = row.settingsPath;
+        storeInitialValues();
+        setStored("/VisualizationMode", mode);
+        m_panel = std::make_unique<VisualizationWidget>();
+        m_panel->setKind(row);
+        m_panel->setLog(m_log.get());
+        m_panel->sltUpdateSettings();
+        m_panel->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
+    }
+
+    void closePanel()
+    {
+        CommandStack::instance().clear(); // its commands refer to the panel
+        m_panel.reset();
+        m_settings.reset();
+    }
+
+    VisualizationWidget &panel() const { return *m_panel; }
+    const VisualizationParameters &record() const { return m_panel->parameters(); }
+    static CommandStack &stack() { return CommandStack::instance(); }
+
+    template <class Widget>
+    Widget *find(const char *name) const
+    {
+        auto *widget = m_panel->findChild<Widget *>(QLatin1StringView(name));
+        Q_ASSERT(widget);
+        return widget;
+    }
+    /// At the left, where a wide check box has its box.
+    void click(const char *name) const
+    {
+        auto *button = find<QAbstractButton>(name);
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    }
+
+    QString stored(const char *key) const { return SettingsStore().value(m_path + QLatin1StringView(key)).toString(); }
+    void setStored(const char *key, const QVariant &value) const
+    {
+        SettingsStore().setValue(m_path + QLatin1StringView(key), value);
+    }
+
+    /// What the record has under a key, in the form of the store.
+    QString recorded(const char *key) const
+    {
+        QString value;
+        const auto read = [&](const auto &row) {
+            if (row.key == QLatin1StringView(key))
+                value = toStored(record().*row.member).toString();
+        };
+        std::apply([&](const auto &...row) { (read(row), ...); }, rows::visualization);
+        return value;
+    }
+
+    QStringList takeLogLines() const
+    {
+        QFile file(m_folder->filePath(QStringLiteral("log")));
+        const bool isOpen = file.open(QIODevice::ReadOnly);
+        const QString text = isOpen ? QString::fromUtf8(file.readAll()) : QString();
+        m_log->clear();
+        return text.split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    /// The value of a control as it is shown: number, "true" or "false", or index.
+    static QString shown(const QWidget *control)
+    {
+        if (const auto *box = qobject_cast<const QSpinBox *>(control))
+            return QString::number(box->value());
+        if (const auto *box = qobject_cast<const QDoubleSpinBox *>(control))
+            return QString::number(box->value());
+        if (const auto *box = qobject_cast<const QCheckBox *>(control))
+            return QVariant(box->isChecked()).toString();
+        if (const auto *slider = qobject_cast<const QSlider *>(control))
+            return QString::number(slider->value());
+        return QString::number(qobject_cast<const QComboBox *>(control)->currentIndex());
+    }
+
+    /// One step of a control by the user: a click on a check box, else the key.
+    static void step(QWidget *control, Qt::Key key)
+    {
+        if (qobject_cast<QCheckBox *>(control))
+            QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
+        else
+            QTest::keyClick(control, key);
+    }
+
+private:
+    /// In one writing of the file.
+    void storeInitialValues() const
+    {
+        SettingsStore store;
+        const auto write = [&](const auto &row) { store.setValue(m_path + row.key, storedForm(row, row.initial)); };
+        std::apply([&](const auto &...row) { (write(row), ...); }, rows::visualization);
+    }
+
+    std::unique_ptr<TemporarySettings> m_settings;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Log> m_log;
+    std::unique_ptr<VisualizationWidget> m_panel;
+    QString m_path;
+};
