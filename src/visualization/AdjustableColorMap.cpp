@@ -52,7 +52,7 @@ QGradientStops gradientStops(const AdjustableColorMap &map)
             continue;
         QColor color = stop.color;
         color.setAlpha(std::clamp(stop.transparency, 0, opaque));
-        stops << QGradientStop(stop.start, color);
+        stops << QGradientStop(stop.start > 0 ? std::min(stop.start, 1.0) : 0.0, color);
     }
     return stops;
 }

@@ -32,5 +32,5 @@ AdjustableColorMap adjustableColorMap(const VisualizationParameters &parameters)
 /// Puts the map into record and store.
 void setAdjustableColorMap(VisualizationParameters &parameters, const AdjustableColorMap &map);
 
-/// The active stops, in the order of the map.
+/// The active stops, in the order of the map. A start that is no share, 0 to 1, counts as the nearest one.
 QGradientStops gradientStops(const AdjustableColorMap &map);

@@ -12,7 +12,7 @@ QImage gradientImage(const QGradientStops &stops, QSize size)
         return image; // a gradient without stops would run from black to white
     QLinearGradient gradient(0, 0, size.width(), 0);
     for (const auto &[position, color] : stops)
-        gradient.setColorAt(position > 0 ? qMin(position, 1.0) : 0.0, color);
+        gradient.setColorAt(position, color);
     QPainter(&image).fillRect(image.rect(), gradient);
     return image;
 }

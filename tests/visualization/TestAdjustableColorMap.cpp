@@ -1,5 +1,6 @@
 #include "TestSettings.h"
 #include "visualization/AdjustableColorMap.h"
+#include "visualization/GradientImage.h"
 #include "visualization/VisualizationParameters.h"
 
 #include <QTest>
@@ -25,6 +26,11 @@ AdjustableColorMap fullMap()
                   {false, 255, 0.25, QColor(4, 5, 6)},
                   {true, 17, 0.5, QColor(7, 8, 9)},
                   {true, 128, 1.0, QColor(250, 251, 252)}});
+}
+
+QImage preview(const AdjustableColorMap &map, QSize size)
+{
+    return gradientImage(gradientStops(map), size);
 }
 
 } // namespace
@@ -157,7 +163,7 @@ void TestAdjustableColorMap::opacityIsTheAlpha()
 
 void TestAdjustableColorMap::previewWithoutStopsIsEmpty()
 {
-    const QImage image = colorMapPreview({}, {20, 3});
+    const QImage image = preview({}, {20, 3});
     QCOMPARE(image.size(), QSize(20, 3));
     for (const int x : {0, 10, 19})
         QCOMPARE(image.pixel(x, 1), qRgba(255, 255, 255, 0));
@@ -165,15 +171,15 @@ void TestAdjustableColorMap::previewWithoutStopsIsEmpty()
 
 void TestAdjustableColorMap::previewOfNoSizeIsNull()
 {
-    QVERIFY(colorMapPreview(fullMap(), {}).isNull());
-    QVERIFY(colorMapPreview(fullMap(), {0, 20}).isNull());
-    QVERIFY(colorMapPreview(fullMap(), {20, 0}).isNull());
+    QVERIFY(preview(fullMap(), {}).isNull());
+    QVERIFY(preview(fullMap(), {0, 20}).isNull());
+    QVERIFY(preview(fullMap(), {20, 0}).isNull());
 }
 
 void TestAdjustableColorMap::previewRunsFromLeftToRight()
 {
     const AdjustableColorMap map = mapOf({{true, 255, 0, Qt::black}, {true, 255, 1, Qt::white}});
-    const QImage image = colorMapPreview(map, {256, 4});
+    const QImage image = preview(map, {256, 4});
     QCOMPARE(image.format(), QImage::Format_ARGB32);
     for (const int x : {0, 64, 128, 192, 255}) {
         const QColor color = image.pixelColor(x, 0);
@@ -186,7 +192,7 @@ void TestAdjustableColorMap::previewRunsFromLeftToRight()
 void TestAdjustableColorMap::previewEndsBeforeItsFirstAndBehindItsLastStop()
 {
     const AdjustableColorMap map = mapOf({{true, 255, 0.25, Qt::red}, {true, 255, 0.75, Qt::blue}});
-    const QImage image = colorMapPreview(map, {100, 1});
+    const QImage image = preview(map, {100, 1});
     QCOMPARE(image.pixelColor(0, 0), QColor(Qt::red));
     QCOMPARE(image.pixelColor(20, 0), QColor(Qt::red));
     QCOMPARE(image.pixelColor(80, 0), QColor(Qt::blue));
@@ -197,7 +203,7 @@ void TestAdjustableColorMap::previewEndsBeforeItsFirstAndBehindItsLastStop()
 
 void TestAdjustableColorMap::previewIsTransparentWhereTheMapIs()
 {
-    const QImage image = colorMapPreview(mapOf({{true, 0, 0, Qt::red}, {true, 255, 1, Qt::red}}), {256, 1});
+    const QImage image = preview(mapOf({{true, 0, 0, Qt::red}, {true, 255, 1, Qt::red}}), {256, 1});
     QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
     QVERIFY(std::abs(image.pixelColor(128, 0).alpha() - 128) <= 1);
     QVERIFY(image.pixelColor(255, 0).alpha() >= 254);
@@ -206,7 +212,7 @@ void TestAdjustableColorMap::previewIsTransparentWhereTheMapIs()
 void TestAdjustableColorMap::theLaterOfTwoStopsInOnePlaceIsShown()
 {
     const AdjustableColorMap map = mapOf({{true, 255, 0.5, Qt::red}, {true, 255, 0.5, Qt::green}});
-    QCOMPARE(colorMapPreview(map, {10, 1}).pixelColor(5, 0), QColor(Qt::green));
+    QCOMPARE(preview(map, {10, 1}).pixelColor(5, 0), QColor(Qt::green));
 }
 
 QTEST_GUILESS_MAIN(TestAdjustableColorMap)

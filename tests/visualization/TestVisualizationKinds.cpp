@@ -1,3 +1,4 @@
+#include "TestSettings.h"
 #include "visualization/VisualizationKinds.h"
 
 #include <QTest>
@@ -38,7 +39,10 @@ void TestVisualizationKinds::kind()
     QFETCH(int, number);
     QFETCH(QString, name);
     const VisualizationKind &kind = visualizationKinds()[static_cast<std::size_t>(number)];
-    QTEST(QString(kind.settingsPath), "path");
+    const TemporarySettings settings;
+    const VisualizationParameters stored = kind.stored();
+    QTEST(stored.settingsPath, "path");
+    QCOMPARE(stored.settingsName, QString(kind.settingsName));
     QTEST(QString(kind.settingsName), "name");
     QTEST(QString(kind.sizeLabel), "size");
     QTEST(kind.modeNames().join(u','), "modes");
