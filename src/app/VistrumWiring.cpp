@@ -50,6 +50,7 @@ void Vistrum::connectPanels()
     controlWidget &control = *m_ui->control;
     connect(&control, &controlWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
+    connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
     connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
     connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
     connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);

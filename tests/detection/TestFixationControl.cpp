@@ -47,6 +47,7 @@ public:
     void showImported() override {}
     int stimulusWidthPx() const override { return widthPx; }
     void redraw() override {}
+    void updateAndRedraw() override {}
 
     int widthPx = 1024;
 };

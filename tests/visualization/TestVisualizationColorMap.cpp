@@ -2,6 +2,7 @@
 
 #include <QGraphicsPixmapItem>
 #include <QGraphicsView>
+#include <QLabel>
 #include <QToolButton>
 
 /// The adjustable colour map in the panel: it is tried out in a preview before it is applied.
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void nothingIsStoredBeforeItIsApplied();
     void applyIsOneCommand();
     void undoAndRedoShowTheMap();
+    void theScaleShowsWhatIsApplied();
     void undoReturnsWhatSlidersCannotShow();
     void aColorThatIsNotChosenStays();
     void useItIsACommand();
@@ -161,6 +163,20 @@ void TestVisualizationColorMap::undoAndRedoShowTheMap()
     QCOMPARE(shownMap(), QString::fromLatin1(twoColorsShown));
     QCOMPARE(preview().pixelColor(preview().width() - 1, 2), QColor(Qt::blue));
     QCOMPARE(stack().count(), 1);
+}
+
+void TestVisualizationColorMap::theScaleShowsWhatIsApplied()
+{
+    const auto most = [this] {
+        const QImage image = find<QLabel>("colormap_preview")->pixmap().toImage();
+        return image.pixelColor(image.width() - 1, 0);
+    };
+    setTwoColors();
+    QCOMPARE(most().alpha(), 0);
+    click("pushButton_ACM");
+    QCOMPARE(most(), QColor(Qt::blue));
+    stack().undo();
+    QCOMPARE(most().alpha(), 0);
 }
 
 void TestVisualizationColorMap::undoReturnsWhatSlidersCannotShow()

@@ -28,7 +28,7 @@ protected:
         m_folder = std::make_unique<QTemporaryDir>();
         m_log = std::make_unique<Log>(m_folder->filePath(QStringLiteral("log")));
         const VisualizationKind &row = visualizationKinds()[static_cast<std::size_t>(kind)];
-        m_path = row.settingsPath;
+        m_path = row.stored().settingsPath;
         storeInitialValues();
         setStored("/VisualizationMode", mode);
         m_panel = std::make_unique<VisualizationWidget>();

@@ -199,10 +199,16 @@ void VisualizationWidget::applyLayout()
 {
     sltShowShadowMap(isShadowMode(m_record));
     m_options->show(modeLayout(m_record));
-    m_ui->colormap_preview->setPixmap(QPixmap::fromImage(colorTable(m_record)));
+    showColorTable();
     m_parameters.show(rows::power.key, m_record.power); // ranges may have changed what the boxes show
     m_parameters.show(rows::heatmapThreashold.key, m_record.heatmapThreashold);
     m_parameters.show(rows::stepSize.key, m_record.stepSize);
+}
+
+/// The colours as the next heatmap has them.
+void VisualizationWidget::showColorTable()
+{
+    m_ui->colormap_preview->setPixmap(QPixmap::fromImage(colorTable(m_record)));
 }
 
 /// Where another mode counts in other units, the numbers of the last mode would be nonsense. Steps back and forth in
@@ -349,6 +355,7 @@ void VisualizationWidget::showColorMap(const AdjustableColorMap &map)
         showColor(stop.color, map.stops[i].color);
     }
     sltColorMapChanged();
+    showColorTable();
 }
 
 void VisualizationWidget::sltColorMapChangedApply()

@@ -69,6 +69,7 @@ private:
 
     void takeStartValues();
     void applyLayout();
+    void showColorTable();
 
     void sltFixHeatmapinPercentage();
     void clearFigures();
