@@ -1,0 +1,196 @@
+#include "BatchRunTest.h"
+
+#include <QImage>
+#include <QJsonArray>
+#include <QStringDecoder>
+
+/// Which calculation runs, with what, and what it leaves in tables and pictures.
+class TestBatchCalculations : public BatchRunTest {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { start(); }
+
+    void aDetectorThatIsNotUsedDoesNotMatter();
+    void aDetectorThatIsNotRecognisedIsTold();
+    void detectorsAndUnitsGiveResultsOfTheirOwn();
+    void widthOfTheBackground_data();
+    void widthOfTheBackground();
+    void doubtfulParametersAreTold();
+    void clusters_data();
+    void clusters();
+    void overlapNumbers();
+    void saccadeClusters();
+};
+
+void TestBatchCalculations::aDetectorThatIsNotUsedDoesNotMatter()
+{
+    const QStringList velocity{QStringLiteral("--set"),
+                               QStringLiteral("Calculation/Fixation/CalculationType=Velocity based")};
+    QCOMPARE(m_batch->run(velocity + words("--export events study/S01.data")).status, 0);
+    QCOMPARE(m_batch->run(velocity + words("--quiet --export events study/S01.data")).errors, QStringList());
+    const Outcome standard =
+        m_batch->run(velocity + words("--quiet --detector standard --calculate fixations study/S01.data"));
+    QCOMPARE(standard.status, 0);
+    QCOMPARE(standard.errors, QStringList());
+}
+
+/// The window, too, runs the standard detector then.
+void TestBatchCalculations::aDetectorThatIsNotRecognisedIsTold()
+{
+    const auto factory = filesOf(tablesOfTheStudy());
+    m_batch->removeFiles();
+    const Outcome outcome = m_batch->run(
+        QStringList{QStringLiteral("--set"), QStringLiteral("Calculation/Fixation/CalculationType=Velocity based")} +
+        tablesOfTheStudy());
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors, QStringList(QStringLiteral(
+                                 "Detector: The settings choose \"Velocity based\", which is not recognised when "
+                                 "settings are read, as in the window: the standard detector runs. --detector "
+                                 "chooses another.")));
+    QVERIFY(m_batch->files() == factory);
+}
+
+void TestBatchCalculations::detectorsAndUnitsGiveResultsOfTheirOwn()
+{
+    const QStringList calls{QStringLiteral("--detector standard"), QStringLiteral("--detector gaussian"),
+                            QStringLiteral("--detector velocity"),
+                            QStringLiteral("--detector velocity --velocity-unit pixel-per-ms "
+                                           "--set Calculation/Fixation/Velocity/VelocityThreshold=2"),
+                            QStringLiteral("--detector velocity --velocity-unit degree-per-s")};
+    QSet<QByteArray> results;
+    for (const QString &call : calls) {
+        const auto files = filesOf(tablesOfTheStudy(call.split(u' ')));
+        QCOMPARE(files.size(), 4);
+        for (const QByteArray &file : files)
+            QVERIFY2(file.count('\n') > 6, qPrintable(call));
+        results << files[QStringLiteral("vistrum_events_left.csv")];
+    }
+    QCOMPARE(results.size(), calls.size());
+    // What is loaded is a percentile, whatever was stored.
+    QVERIFY(filesOf(tablesOfTheStudy(words("--detector velocity --velocity-unit percentile"))) ==
+            filesOf(tablesOfTheStudy(words("--detector velocity --set Calculation/Fixation/Velocity/Unit=0"))));
+}
+
+/// The picture gives the width of an angle; the report says what was used.
+void TestBatchCalculations::widthOfTheBackground_data()
+{
+    QTest::addColumn<QStringList>("background");
+    QTest::addColumn<QString>("width");
+    QTest::newRow("the canvas") << QStringList() << QStringLiteral("2560");
+    QTest::newRow("a picture") << words("--background study/bay.png") << QStringLiteral("1280");
+}
+
+void TestBatchCalculations::widthOfTheBackground()
+{
+    QFETCH(QStringList, background);
+    QVERIFY(!filesOf(background + words("--detector velocity --velocity-unit degree-per-s --calculate fixations "
+                                        "--report report.json study/S01.data"))
+                 .isEmpty());
+    const QJsonObject parameters = report()[QStringLiteral("parameters")].toObject();
+    QTEST(parameters[QStringLiteral("Calculation/Fixation/Velocity/ImageSizePixel")].toString(), "width");
+    QCOMPARE(parameters[QStringLiteral("Calculation/Fixation/Velocity/Unit")].toString(), QStringLiteral("1"));
+    QCOMPARE(parameters[QStringLiteral("Calculation/Fixation/CalculationType")].toString(),
+             QStringLiteral("Velocity based"));
+}
+
+void TestBatchCalculations::doubtfulParametersAreTold()
+{
+    const Outcome outcome = m_batch->run(words("--quiet --calculate fixations --report report.json --set "
+                                               "Calculation/Fixation/Standard/MinimumDuration=1 study/S01.data"));
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors.size(), 3);
+    QVERIFY(outcome.errors[0].startsWith(
+        QStringLiteral("S01: left eye: The minimum duration of 1 ms is shorter than one sampling interval, ")));
+    QVERIFY(outcome.errors[1].startsWith(QStringLiteral("S01: right eye: ")));
+    QVERIFY(outcome.errors[2].startsWith(QStringLiteral("S01: mean eye: ")));
+    QStringList reported;
+    for (const QJsonValue &message : report()[QStringLiteral("messages")].toArray()) {
+        if (message[QStringLiteral("severity")].toString() == QLatin1StringView("warning"))
+            reported << message[QStringLiteral("title")].toString() + QStringLiteral(": ") +
+                            message[QStringLiteral("text")].toString();
+    }
+    QCOMPARE(reported, outcome.errors);
+}
+
+void TestBatchCalculations::clusters_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("algorithm");
+    QTest::newRow("standard") << 0 << QStringLiteral("Algorithm:STANDARD\nParameter:\n Minimum Fixations:3, ");
+    QTest::newRow("mean-shift") << 1
+                                << QStringLiteral("Algorithm:MEANSHIFT\nParameter:\n Minimum Fixations:3, "
+                                                  "Radius:100, Gradient:0.25, Iterations:50\n");
+    QTest::newRow("overlap") << 2 << QStringLiteral("Algorithm:OVERLAP\nParameter:\n Minimum Fixations:1\n");
+}
+
+void TestBatchCalculations::clusters()
+{
+    QFETCH(int, type);
+    QFETCH(QString, algorithm);
+    const QStringList arguments =
+        words("--quiet --calculate fixations,clusters,cumulative-clusters --export clusters,cumulative-clusters "
+              "--eyes left --set") +
+        QStringList{QStringLiteral("Calculation/Cluster/CalculationType=%1").arg(type)} + BatchProgram::study();
+    const auto files = filesOf(arguments);
+    QStringList names{QStringLiteral("vistrum_cumulative_left_cumclusters_left.csv")};
+    for (int i = 1; i <= 6; ++i)
+        names << QStringLiteral("vistrum_fixationclusters_S0%1_clusters_left.csv").arg(i);
+    QCOMPARE(files.keys(), names);
+    QVERIFY(filesOf(arguments) == files);
+    for (const QByteArray &bytes : files) {
+        QStringDecoder decode(QStringDecoder::Utf16);
+        const QString text = decode(bytes);
+        QVERIFY(text.contains(QStringLiteral("Fixation calculation parameters:\nAlgorithm:STANDARD\n")));
+        QVERIFY(text.contains(QStringLiteral("\nCluster calculation parameters:\n") + algorithm));
+        QVERIFY(text.contains(QStringLiteral("\nCumCluster calculation parameters:\n") + algorithm));
+    }
+}
+
+void TestBatchCalculations::overlapNumbers()
+{
+    const QStringList arguments =
+        words("--quiet --calculate fixations,clusters,cumulative-clusters --export clusters,cumulative-clusters "
+              "--eyes left --set Calculation/Cluster/CalculationType=2 --report report.json") +
+        BatchProgram::study();
+    const auto usual = filesOf(arguments);
+    QVERIFY(!report()[QStringLiteral("options")].toObject().contains(QStringLiteral("overlap-fixations")));
+    const auto other = filesOf(words("--overlap-fixations 2 --overlap-outliers 1") + arguments);
+    QCOMPARE(other.keys(), usual.keys());
+    QCOMPARE(report()[QStringLiteral("options")][QStringLiteral("overlap-fixations")].toString(), QStringLiteral("2"));
+    QCOMPARE(report()[QStringLiteral("options")][QStringLiteral("overlap-outliers")].toString(), QStringLiteral("1"));
+    const auto textOf = [&](const QString &name) {
+        QStringDecoder decode(QStringDecoder::Utf16);
+        return QString(decode(other[name]));
+    };
+    const QString parameters =
+        QStringLiteral("Cluster calculation parameters:\nAlgorithm:OVERLAP\nParameter:\n Minimum "
+                       "Fixations:2\n");
+    QVERIFY(textOf(QStringLiteral("vistrum_fixationclusters_S01_clusters_left.csv")).contains(parameters));
+    const QString pooled = textOf(QStringLiteral("vistrum_cumulative_left_cumclusters_left.csv"));
+    QVERIFY(pooled.contains(parameters));
+    QVERIFY(pooled.contains(QStringLiteral("Algorithm:OVERLAP\nParameter:\n Minimum Fixations:2, Outlier:1\n")));
+}
+
+void TestBatchCalculations::saccadeClusters()
+{
+    const auto svg = [this](const QStringList &further) {
+        const auto files = filesOf(words("--quiet --image a.svg --set Visualization/Saccade/VisualizationMode=0 "
+                                         "--calculate fixations,saccade-clusters --saccade-cluster angle-cutoff=40 "
+                                         "--saccade-cluster distance-cutoff=60") +
+                                   further + BatchProgram::study());
+        return files[QStringLiteral("a.svg")];
+    };
+    const auto lines = [](const QByteArray &picture) { return picture.count("<polyline"); };
+    const QByteArray none = svg({});
+    const QByteArray all = svg(words("--saccade-cluster mode=lines"));
+    const QByteArray large = svg(words("--saccade-cluster mode=lines --saccade-cluster minimum-quantity=3"));
+    const QByteArray single = svg(words("--saccade-cluster mode=single-line"));
+    QVERIFY(lines(all) > lines(single));
+    QVERIFY(lines(all) > lines(large));
+    QVERIFY(lines(single) > lines(none));
+    QCOMPARE(svg(words("--saccade-cluster mode=lines --saccade-cluster minimum-length=10000")), none);
+    QCOMPARE(svg(words("--saccade-cluster mode=lines")), all);
+}
+
+QTEST_GUILESS_MAIN(TestBatchCalculations)
+#include "TestBatchCalculations.moc"
