@@ -1,6 +1,7 @@
 #include "app/controlWidget.h"
 #include "ui_controlWidget.h"
 
+#include "app/WheelGuard.h"
 #include "base/Log.h"
 #include "base/TextFormat.h"
 #include "commands/CommandStack.h"
@@ -59,6 +60,7 @@ controlWidget::controlWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_
     openPage(m_ui->toolBox_4, openedVisualizationPage);
     sltSetSalButtons();
     connectControls();
+    (new WheelGuard(this))->guard(*this);
 }
 
 controlWidget::~controlWidget() = default;

@@ -19,6 +19,7 @@
 #include <QToolBox>
 #include <QToolButton>
 #include <QUndoView>
+#include <QWheelEvent>
 
 #include <memory>
 
@@ -64,6 +65,7 @@ private Q_SLOTS:
     void withoutMethodTheModelKeepsItsNumbers();
     void theButtonAsksForThePicture();
     void undoView();
+    void theWheelTurnsOnlyWhatHasTheFocus();
 
 private:
     template <class Widget>
@@ -465,6 +467,26 @@ void TestControlWidget::undoView()
     QCOMPARE(size->value(), before + 1);
     views()[0]->close();
     QTRY_COMPARE(views().size(), 1);
+}
+
+void TestControlWidget::theWheelTurnsOnlyWhatHasTheFocus()
+{
+    showSaliencyPage();
+    auto *choice = find<QComboBox>("comboBox_sal");
+    const auto turnDown = [choice] {
+        constexpr QPoint oneStep(0, -120);
+        QWheelEvent event(QPointF(5, 5), choice->mapToGlobal(QPointF(5, 5)), QPoint(), oneStep, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(choice, &event);
+    };
+    find<QTabWidget>("tabWidget")->setFocus();
+    turnDown();
+    QCOMPARE(choice->currentIndex(), 0);
+    m_panel->activateWindow();
+    choice->setFocus();
+    QTRY_VERIFY(choice->hasFocus());
+    turnDown();
+    QCOMPARE(choice->currentIndex(), 1);
 }
 
 QTEST_MAIN(TestControlWidget)

@@ -1,0 +1,28 @@
+#include "app/WheelGuard.h"
+
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QScrollBar>
+
+void WheelGuard::guard(const QWidget &page)
+{
+    for (QWidget *control : page.findChildren<QWidget *>()) {
+        const bool takesWheel = qobject_cast<QAbstractSpinBox *>(control) || qobject_cast<QComboBox *>(control) ||
+                                qobject_cast<QAbstractSlider *>(control);
+        if (!takesWheel || qobject_cast<QScrollBar *>(control))
+            continue;
+        control->setFocusPolicy(Qt::StrongFocus); // the wheel gives no focus
+        control->installEventFilter(this);
+    }
+}
+
+bool WheelGuard::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *control = qobject_cast<QWidget *>(watched);
+    if (event->type() != QEvent::Wheel || !control || control->hasFocus())
+        return QObject::eventFilter(watched, event);
+    event->ignore(); // so that the page gets it
+    return true;
+}
