@@ -41,21 +41,20 @@ inline FixationCluster cluster(QPoint mean, const QList<Fixation> &fixations, QV
     return cluster;
 }
 
+/// A cluster of this one fixation, with its centre, axes and samples.
+inline FixationCluster clusterOf(const Fixation &fixation)
+{
+    FixationCluster made = cluster(fixation.mean, {fixation}, fixation.majorAxis, fixation.minorAxis);
+    made.samples = fixation.samples;
+    return made;
+}
+
 inline VisualizationParameters parameters(const QString &settingsName = QStringLiteral("FixationVisualization"))
 {
     VisualizationParameters parameters;
     parameters.settingsName = settingsName;
     setInitialValues(parameters, rows::visualization);
     return parameters;
-}
-
-/// A cluster of this one fixation, with its centre, axes and samples.
-inline FixationCluster clusterOf(const Fixation &fixation)
-{
-    FixationCluster cluster;
-    static_cast<ScanpathSection &>(cluster) = fixation;
-    cluster.fixations = {fixation};
-    return cluster;
 }
 
 /// A model and the parameters of all kinds, with a context that refers to them.
