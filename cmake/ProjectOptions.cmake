@@ -11,6 +11,8 @@ target_compile_definitions(project_options INTERFACE
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
   -ffp-contract=off)
+# Lets the compiler cache see into precompiled headers.
+target_compile_options(project_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 
 if(VISTRUM_SANITIZE)
   target_compile_options(project_options INTERFACE
