@@ -1,5 +1,5 @@
-#include "visualization/Canvas.h"
-#include "visualization/GazePointRaster.h"
+#include "model/Canvas.h"
+#include "visualization/shapes/GazePointRaster.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 

@@ -1,8 +1,8 @@
-#include "visualization/Heatmap.h"
+#include "visualization/heatmap/Heatmap.h"
 #include "visualization/PlainFixations.h"
 #include "visualization/PlainGazePoints.h"
 #include "visualization/PlainSaccades.h"
-#include "visualization/SaccadeDensity.h"
+#include "density/SaccadeDensity.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <benchmark/benchmark.h>

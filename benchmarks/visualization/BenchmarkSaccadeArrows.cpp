@@ -1,6 +1,6 @@
-#include "visualization/AngleStar.h"
-#include "visualization/Canvas.h"
-#include "visualization/SaccadeShapes.h"
+#include "visualization/shapes/AngleStar.h"
+#include "model/Canvas.h"
+#include "visualization/shapes/SaccadeShapes.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <benchmark/benchmark.h>

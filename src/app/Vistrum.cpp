@@ -8,14 +8,14 @@
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
-#include "import/panel/ExaminationTableControl.h"
+#include "table/panel/ExaminationTableControl.h"
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
-#include "visualization/ActivityCurves.h"
-#include "visualization/Heatmap.h"
+#include "visualization/timeline/ActivityCurves.h"
+#include "visualization/heatmap/Heatmap.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
@@ -237,7 +237,7 @@ void Vistrum::redraw()
         m_redrawMissed = true;
         return;
     }
-    orderClusters(m_model, timeline().start(), timeline().end());
+    orderClusters(m_model, {timeline().start(), timeline().end()});
     update_timeline_widget();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
     saccadeClusters.removeClusters(); // the panel keeps a pointer to its items

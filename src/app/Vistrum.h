@@ -3,7 +3,7 @@
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
-#include "visualization/DrawingContext.h"
+#include "visualization/selection/DrawingContext.h"
 #include "visualization/scene/Background.h"
 
 #include <QGraphicsScene>

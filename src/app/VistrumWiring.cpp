@@ -8,8 +8,8 @@
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataWidget.h"
-#include "import/panel/ExaminationTableControl.h"
-#include "visualization/GroupColors.h"
+#include "table/panel/ExaminationTableControl.h"
+#include "visualization/parameters/GroupColors.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 

@@ -7,7 +7,7 @@
 #include "commands/CommandStack.h"
 #include "model/DataModel.h"
 #include "settings/StoredKeys.h"
-#include "visualization/VisualizationKinds.h"
+#include "visualization/modes/VisualizationKinds.h"
 
 #include <QSignalBlocker>
 #include <QUndoView>
@@ -169,8 +169,7 @@ void controlWidget::sltTimelineHasChanged(qint64 start, qint64 end)
     write(QStringLiteral("controlWidget::sltTimelineHasChanged(%1, %2)").arg(start).arg(end));
     if (!m_model)
         return;
-    m_model->setTimeStart(start);
-    m_model->setTimeEnd(end);
+    m_model->setTimeFrame({start, end});
 }
 
 void controlWidget::sltTimespanHasChanged(qint64 duration)

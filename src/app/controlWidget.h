@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/EyeMode.h"
+#include "model/Eye.h"
 
 #include <QWidget>
 

@@ -235,7 +235,7 @@ private:
             return wrongValue(row, value, QStringLiteral("not of the form START:END in whole milliseconds"));
         if (startMs > endMs)
             return wrongValue(row, value, QStringLiteral("the start is after the end"));
-        m_options.time = BatchOptions::TimeFrame{startMs, endMs};
+        m_options.time = TimeFrame{startMs, endMs};
         return {};
     }
 

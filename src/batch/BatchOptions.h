@@ -1,8 +1,9 @@
 #pragma once
 
 #include "batch/SaccadeClusterOptions.h"
-#include "model/EyeMode.h"
-#include "visualization/HeatmapFigures.h"
+#include "model/Eye.h"
+#include "model/TimeFrame.h"
+#include "visualization/heatmap/HeatmapFigures.h"
 
 #include <QList>
 #include <QStringList>
@@ -30,13 +31,6 @@ struct BatchOptions {
         QString value;
         bool operator==(const Setting &) const = default;
     };
-    /// In ms, both ends included; the start is not after the end.
-    struct TimeFrame {
-        qint64 startMs = 0;
-        qint64 endMs = 0;
-        bool operator==(const TimeFrame &) const = default;
-    };
-
     bool operator==(const BatchOptions &) const = default;
 
     QStringList recordings; ///< never empty unless help or version is asked for

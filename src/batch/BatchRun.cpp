@@ -16,8 +16,8 @@
 #include "export/DataExport.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
-#include "visualization/DensityTiff.h"
-#include "visualization/Heatmap.h"
+#include "density/DensityTiff.h"
+#include "visualization/heatmap/Heatmap.h"
 #include "visualization/scene/ArrowGroup.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
@@ -100,7 +100,7 @@ DrawingContext contextOf(const DataModel &model, const DrawingParameters &parame
 {
     return {.model = model,
             .eyeMode = eyeMode(),
-            .frame = {model.timeStart(), model.timeEnd()},
+            .frame = model.timeFrame(),
             .gazePoints = parameters.gazePoints,
             .fixations = parameters.fixations,
             .clusters = parameters.clusters,
@@ -237,9 +237,7 @@ void BatchRun::loadAois()
 
 void BatchRun::setTimeFrame()
 {
-    const auto frame = m_options.time.value_or(BatchOptions::TimeFrame{0, m_model.longestCheckedDuration()});
-    m_model.setTimeStart(frame.startMs);
-    m_model.setTimeEnd(frame.endMs);
+    m_model.setTimeFrame(m_options.time.value_or(TimeFrame{0, m_model.longestCheckedDuration()}));
 }
 
 void BatchRun::calculate()
@@ -262,7 +260,7 @@ void BatchRun::calculate()
             break;
         }
     }
-    orderClusters(m_model, m_model.timeStart(), m_model.timeEnd()); // as each redraw of the window does
+    orderClusters(m_model, m_model.timeFrame()); // as each redraw of the window does
 }
 
 void BatchRun::detectFixations()

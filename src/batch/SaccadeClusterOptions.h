@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clustering/SaccadeClusterParameters.h"
-#include "visualization/SaccadeClusterShapes.h"
+#include "visualization/shapes/SaccadeClusterShapes.h"
 
 #include <QString>
 

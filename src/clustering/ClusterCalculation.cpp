@@ -51,7 +51,7 @@ QString parameterText(const OverlapClusterParameters &parameters)
 
 void clusterEyes(Examination &examination, const ClusterParameters &parameters)
 {
-    for (EyeData *eye : {&examination.leftEye, &examination.rightEye, &examination.meanEye})
+    for (EyeData *eye : examination.streams())
         eye->fixationClusters.clear();
     for (EyeData *eye : {&examination.rightEye, &examination.leftEye, &examination.meanEye})
         std::visit([&](const auto &p) { run(p, *eye); }, parameters);
@@ -62,9 +62,9 @@ void clusterEyes(Examination &examination, const ClusterParameters &parameters)
 
 void clearPooledFixations(DataModel &model)
 {
-    for (const DataModel::Pool pool : {DataModel::Pool::Left, DataModel::Pool::Right, DataModel::Pool::Mean}) {
-        model.pooledEyeData(pool).fixationClusters.clear();
-        model.pooledEyeData(pool).scanpath.clear();
+    for (const Eye pool : {Eye::Left, Eye::Right, Eye::Mean}) {
+        model.pooled(pool).fixationClusters.clear();
+        model.pooled(pool).scanpath.clear();
     }
 }
 

@@ -16,19 +16,19 @@ bool isLarger(const Rank &a, const Rank &b)
     return a.fixations > b.fixations;
 }
 
-QList<Rank> ranksOf(const QList<FixationCluster> &clusters, qint64 startMs, qint64 endMs)
+QList<Rank> ranksOf(const QList<FixationCluster> &clusters, TimeFrame frame)
 {
     QList<Rank> ranks;
     for (qsizetype i = 0; i < clusters.size(); ++i)
-        ranks << Rank{i, clusters[i].fixationsWithin(startMs, endMs)};
+        ranks << Rank{i, clusters[i].fixationsWithin(frame)};
     return ranks;
 }
 
 } // namespace
 
-QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &clusters, qint64 startMs, qint64 endMs)
+QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &clusters, TimeFrame frame)
 {
-    QList<Rank> ranks = ranksOf(clusters, startMs, endMs);
+    QList<Rank> ranks = ranksOf(clusters, frame);
     if (std::is_sorted(ranks.cbegin(), ranks.cend(), isLarger))
         return clusters; // shared, as on most moves of the timeline
     std::stable_sort(ranks.begin(), ranks.end(), isLarger);
@@ -39,10 +39,10 @@ QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &cl
     return ordered;
 }
 
-void orderClusters(DataModel &model, qint64 startMs, qint64 endMs)
+void orderClusters(DataModel &model, TimeFrame frame)
 {
     for (Examination &examination : model.examinations()) {
-        for (EyeData *eye : {&examination.leftEye, &examination.rightEye, &examination.meanEye})
-            eye->fixationClusters = orderedByFixationsWithin(eye->fixationClusters, startMs, endMs);
+        for (EyeData *eye : examination.streams())
+            eye->fixationClusters = orderedByFixationsWithin(eye->fixationClusters, frame);
     }
 }

@@ -5,7 +5,7 @@
 class DataModel;
 
 /// The clusters with the most fixations between the two times first; equals keep their order.
-QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &clusters, qint64 startMs, qint64 endMs);
+QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &clusters, TimeFrame frame);
 
 /// Orders the fixation clusters of each stream of each examination by what the frame shows of them. Each redraw begins
 /// with it.
@@ -13,4 +13,4 @@ QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &cl
 /// The place in the list is the number of a cluster: names, colours, tool tips and tables made from now on follow the
 /// new order. The `cluster` numbers of fixations keep the order of creation, and pooled clusters stay where they are:
 /// each recording sees the same ones. With the whole recording as frame the order is that of `sortBySize`.
-void orderClusters(DataModel &model, qint64 startMs, qint64 endMs);
+void orderClusters(DataModel &model, TimeFrame frame);

@@ -13,24 +13,7 @@
 
 namespace {
 
-using Pool = DataModel::Pool;
-
-constexpr Pool pools[] = {Pool::Dominant, Pool::Right, Pool::Left, Pool::Mean}; ///< in the order of the runs
-
-const EyeData &sourceOf(Pool pool, const Examination &examination)
-{
-    switch (pool) {
-    case Pool::Left:
-        return examination.leftEye;
-    case Pool::Right:
-        return examination.rightEye;
-    case Pool::Dominant:
-        return examination.dominantEyeData();
-    case Pool::Mean:
-        break;
-    }
-    return examination.meanEye;
-}
+constexpr Eye pools[] = {Eye::Dominant, Eye::Right, Eye::Left, Eye::Mean}; ///< in the order of the runs
 
 void appendCopies(QList<Fixation> &pooled, const QList<Fixation> &fixations, qsizetype examination)
 {
@@ -48,8 +31,8 @@ void collectFixations(DataModel &model)
     for (qsizetype i = 0; i < examinations.size(); ++i) {
         if (!examinations[i].checked)
             continue;
-        for (const Pool pool : pools)
-            appendCopies(model.pooledEyeData(pool).scanpath, sourceOf(pool, examinations[i]).scanpath, i);
+        for (const Eye eye : pools)
+            appendCopies(model.pooled(eye).scanpath, examinations[i].stream(eye).scanpath, i);
         progress.advance();
     }
 }
@@ -57,10 +40,10 @@ void collectFixations(DataModel &model)
 void runPooled(const StandardClusterParameters &parameters, DataModel &model, int examinations)
 {
     GrowingMinimum minimum(parameters.minimumFixations, examinations);
-    for (const Pool pool : pools) {
+    for (const Eye eye : pools) {
         StandardClusterParameters grown = parameters;
         grown.minimumFixations = minimum.next();
-        EyeData &pooled = model.pooledEyeData(pool);
+        EyeData &pooled = model.pooled(eye);
         if (pooled.scanpath.isEmpty())
             messages::information(QStringLiteral("No fixations found. Cannot calculate fixation clusters."),
                                   QStringLiteral("Please calculate clusters first."));
@@ -71,21 +54,21 @@ void runPooled(const StandardClusterParameters &parameters, DataModel &model, in
 
 void runPooled(const MeanShiftClusterParameters &parameters, DataModel &model, int)
 {
-    for (const Pool pool : pools)
-        const MeanShiftClusterBuilder builder(model.pooledEyeData(pool), parameters,
+    for (const Eye eye : pools)
+        const MeanShiftClusterBuilder builder(model.pooled(eye), parameters,
                                               MeanShiftClusterBuilder::ShowProgress::Yes);
 }
 
 void runPooled(const OverlapClusterParameters &parameters, DataModel &model, int examinations)
 {
-    for (const Pool pool : pools)
-        buildPooledOverlapClusters(model.pooledEyeData(pool), parameters, examinations);
+    for (const Eye eye : pools)
+        buildPooledOverlapClusters(model.pooled(eye), parameters, examinations);
 }
 
 void writeTexts(DataModel &model, const ClusterParameters &parameters)
 {
-    const auto found = [&](Pool pool) { return std::as_const(model).pooledEyeData(pool).fixationClusters.size(); };
-    const QString text = clusterResultText(parameters, found(Pool::Left), found(Pool::Right), found(Pool::Mean));
+    const auto found = [&](Eye eye) { return std::as_const(model).pooled(eye).fixationClusters.size(); };
+    const QString text = clusterResultText(parameters, found(Eye::Left), found(Eye::Right), found(Eye::Mean));
     model.calculationInfo().cumulativeClusterCalculationInfo = text;
     for (Examination &examination : model.examinations()) {
         if (!examination.checked)
@@ -102,8 +85,8 @@ bool calculateCumulativeClusters(DataModel &model, const ClusterParameters &para
 {
     if (!hasCheckedExamination(model))
         return false;
-    for (const Pool pool : pools)
-        model.clearPooled(static_cast<int>(pool));
+    for (const Eye eye : pools)
+        model.pooled(eye) = {};
     collectFixations(model);
     const auto examinations = static_cast<int>(model.checkedExaminations().size());
     std::visit([&](const auto &p) { runPooled(p, model, examinations); }, parameters);

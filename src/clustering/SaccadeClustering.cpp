@@ -58,9 +58,9 @@ QList<SaccadeVector> preProcessedVectors(const DataModel &model, const PreProces
 {
     QList<SaccadeVector> vectors;
     for (const Examination *examination : model.checkedExaminations()) {
-        const EyeData &eye = examination->dominantEyeData();
+        const EyeData &eye = examination->stream(Eye::Dominant);
         if (!eye.scanpath.isEmpty())
-            vectors << joinSaccadeVectors(collectSaccadeVectors(eye, {model.timeStart(), model.timeEnd()}), parameters);
+            vectors << joinSaccadeVectors(collectSaccadeVectors(eye, model.timeFrame()), parameters);
     }
     return vectors;
 }

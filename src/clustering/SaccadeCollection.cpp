@@ -7,11 +7,11 @@
 
 namespace {
 
-QList<GazePoint> samplesInside(const Fixation &fixation, TimeSpan span)
+QList<GazePoint> samplesInside(const Fixation &fixation, TimeFrame frame)
 {
     QList<GazePoint> inside;
     std::copy_if(fixation.samples.cbegin(), fixation.samples.cend(), std::back_inserter(inside),
-                 [span](const GazePoint &sample) { return span.startMs <= sample.time && sample.time <= span.endMs; });
+                 [frame](const GazePoint &sample) { return frame.contains(sample.time); });
     return inside;
 }
 
@@ -30,16 +30,16 @@ void moveTo(const QList<GazePoint> &samples, QPoint &previous, QList<SaccadeVect
 
 } // namespace
 
-QList<SaccadeVector> collectSaccadeVectors(const EyeData &eye, TimeSpan span)
+QList<SaccadeVector> collectSaccadeVectors(const EyeData &eye, TimeFrame frame)
 {
     Progress progress(QStringLiteral("Saccade clustering collecting data."), static_cast<int>(eye.scanpath.size()));
     QList<SaccadeVector> vectors;
     QPoint previous;
     auto fixation = eye.scanpath.cbegin();
-    for (; fixation != eye.scanpath.cend() && fixation->lastTime() < span.startMs; ++fixation)
+    for (; fixation != eye.scanpath.cend() && fixation->lastTime() < frame.startMs; ++fixation)
         progress.tick();
-    for (; fixation != eye.scanpath.cend() && fixation->firstTime() <= span.endMs; ++fixation) {
-        moveTo(samplesInside(*fixation, span), previous, vectors);
+    for (; fixation != eye.scanpath.cend() && fixation->firstTime() <= frame.endMs; ++fixation) {
+        moveTo(samplesInside(*fixation, frame), previous, vectors);
         progress.tick();
     }
     return vectors;

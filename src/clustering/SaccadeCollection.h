@@ -2,17 +2,12 @@
 
 #include "clustering/SaccadeVector.h"
 #include "model/EyeData.h"
-
-/// The time span that the user looks at, in ms; both ends belong to it.
-struct TimeSpan {
-    qint64 startMs = 0;
-    qint64 endMs = 0;
-};
+#include "model/TimeFrame.h"
 
 /// The movements between the fixations of one stream, as far as their samples lie in the span. Where a fixation rests
 /// is computed anew from these samples; one without any is passed over, and so is one with a negative coordinate: the
 /// movement goes on from the fixation before it. No movement starts at (0,0), which stands for an unknown place.
-QList<SaccadeVector> collectSaccadeVectors(const EyeData &eye, TimeSpan span);
+QList<SaccadeVector> collectSaccadeVectors(const EyeData &eye, TimeFrame frame);
 
 /// Which movements of a stream are clustered.
 struct PreProcessing {

@@ -75,10 +75,10 @@ void clearFixations(EyeData &eye)
 
 void clearFixations(Examination &examination, DataModel &model)
 {
-    for (EyeData *eye : {&examination.leftEye, &examination.rightEye, &examination.meanEye})
+    for (EyeData *eye : examination.streams())
         clearFixations(*eye);
-    for (const DataModel::Pool pool : {DataModel::Pool::Left, DataModel::Pool::Right, DataModel::Pool::Mean})
-        clearFixations(model.pooledEyeData(static_cast<int>(pool)));
+    for (const Eye pool : {Eye::Left, Eye::Right, Eye::Mean})
+        clearFixations(model.pooled(pool));
 }
 
 /// Runs a detector over examinations and gathers what it has to say.

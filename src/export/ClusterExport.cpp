@@ -12,12 +12,12 @@ QString clusterFields(const FixationCluster &cluster, qsizetype index)
     return fields.join(u';');
 }
 
-QString clusterTable(const Examination &examination, const QList<FixationCluster> &clusters, const TimeSpan &span)
+QString clusterTable(const Examination &examination, const QList<FixationCluster> &clusters, TimeFrame frame)
 {
     const QString subject = QStringLiteral("\"%1\";\"%2\";").arg(examination.subjectId, examination.subjectText);
     QString table = QStringLiteral("SubjectID;SubjectINFO;Cluster;Fixations;mean_x;mean_y;radius\n");
     for (qsizetype i = 0; i < clusters.size(); ++i) {
-        if (span.contains(clusters[i]))
+        if (frame.holds(clusters[i]))
             table += subject + clusterFields(clusters[i], i) + u'\n';
     }
     return table;
@@ -44,11 +44,11 @@ QString subjectsOf(const CumulativeCluster &cluster, const QList<Examination> &e
 
 } // namespace
 
-QString clusterBlock(const Examination &examination, const EyeData &stream, const TimeSpan &span)
+QString clusterBlock(const Examination &examination, const EyeData &stream, TimeFrame frame)
 {
     const QString table = stream.fixationClusters.isEmpty()
                               ? QStringLiteral("Unable to calculate clusters with this parameters!\n") // sic
-                              : clusterTable(examination, stream.fixationClusters, span);
+                              : clusterTable(examination, stream.fixationClusters, frame);
     return table + calculationLines(examination.calculationInfo) + QLatin1StringView("Subject information:\n") +
            examination.subjectText + u'\n';
 }

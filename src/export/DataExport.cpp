@@ -10,14 +10,14 @@
 namespace {
 
 struct EyeFile {
-    ExportEye eye;
+    Eye eye;
     CsvFile file;
 };
 
 QList<EyeFile> eyeFiles(const ExportTarget &target, const QString &infix)
 {
     QList<EyeFile> files;
-    for (const ExportEye eye : exportedEyes(target.eyes))
+    for (const Eye eye : eyesOf(target.eyes))
         files << EyeFile{eye, CsvFile(exportPath(target, infix, eye))};
     return files;
 }
@@ -34,11 +34,6 @@ ExportResult resultOf(const QList<EyeFile> &files)
     return result;
 }
 
-TimeSpan timeSpan(const DataModel &model)
-{
-    return {model.timeStart(), model.timeEnd()};
-}
-
 /// One more than there is work to do: the bar is never full while files are written.
 int progressSteps(const DataModel &model)
 {
@@ -50,15 +45,15 @@ void writeFixations(const DataModel &model, QList<EyeFile> &files)
     Progress progress(QStringLiteral("Exporting fixations. Please wait."), progressSteps(model));
     for (const Examination *examination : model.checkedExaminations()) {
         for (EyeFile &each : files) {
-            const EyeData &stream = examination->*streamOf(each.eye, *examination);
-            each.file.append(fixationBlock(*examination, stream, timeSpan(model)));
+            const EyeData &stream = examination->stream(each.eye);
+            each.file.append(fixationBlock(*examination, stream, model.timeFrame()));
         }
         progress.advance();
     }
 }
 
 /// The file of that path, first used here or before.
-CsvFile &fileOf(const QString &path, ExportEye eye, QList<EyeFile> &files)
+CsvFile &fileOf(const QString &path, Eye eye, QList<EyeFile> &files)
 {
     for (EyeFile &each : files) {
         if (each.file.path() == path)
@@ -74,10 +69,10 @@ QList<EyeFile> writeClusters(const DataModel &model, const ExportTarget &target)
     Progress progress(QStringLiteral("Exporting fixation clusters. Please wait."), progressSteps(model));
     for (const Examination *examination : model.checkedExaminations()) {
         const QString infix = QStringLiteral("_fixationclusters_%1_clusters_").arg(examination->baseName);
-        for (const ExportEye eye : exportedEyes(target.eyes)) {
-            const EyeData &stream = examination->*streamOf(eye, *examination);
+        for (const Eye eye : eyesOf(target.eyes)) {
+            const EyeData &stream = examination->stream(eye);
             fileOf(exportPath(target, infix, eye), eye, files)
-                .append(clusterBlock(*examination, stream, timeSpan(model)));
+                .append(clusterBlock(*examination, stream, model.timeFrame()));
         }
         progress.advance();
     }
@@ -93,8 +88,8 @@ void writeEvents(DataModel &model, QList<EyeFile> &files)
         if (!examination.checked)
             continue;
         for (EyeFile &each : files) {
-            EyeData &stream = examination.*streamOf(each.eye, examination);
-            const EventList events = eventsOf(stream, timeSpan(model));
+            EyeData &stream = examination.stream(each.eye);
+            const EventList events = eventsOf(stream, model.timeFrame());
             stream.eventRows = events.rows;
             if (each.file.state() == CsvFile::State::Written)
                 each.file.append(eventBlock(examination, events));
@@ -125,10 +120,10 @@ ExportResult exportClusters(const DataModel &model, const ExportTarget &target)
 ExportResult exportCumulativeClusters(const DataModel &model, const ExportTarget &target)
 {
     QList<EyeFile> files;
-    for (const ExportEye eye : exportedEyes(target.eyes)) {
+    for (const Eye eye : eyesOf(target.eyes)) {
         const QString infix = QStringLiteral("_cumulative_%1_cumclusters_").arg(eyeWord(eye));
         files << EyeFile{eye, CsvFile(exportPath(target, infix, eye))};
-        files.last().file.append(cumulativeClusterBlock(model, model.pooledEyeData(poolOf(eye))));
+        files.last().file.append(cumulativeClusterBlock(model, model.pooled(eye)));
     }
     messages::information(QStringLiteral("Cumulative clusters Export"),
                           QStringLiteral("Cumulative clusters exported to: ") + target.folder +

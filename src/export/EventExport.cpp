@@ -24,14 +24,14 @@ double distancePx(QPoint from, QPoint to)
 
 class EventWalk {
 public:
-    EventWalk(const QList<Fixation> &fixations, const TimeSpan &span) : m_fixations(fixations), m_span(span)
+    EventWalk(const QList<Fixation> &fixations, TimeFrame frame) : m_fixations(fixations), m_frame(frame)
     {
         skipFixationsOutside();
     }
 
     void take(const GazePoint &sample)
     {
-        if (!m_span.contains(sample.time))
+        if (!m_frame.contains(sample.time))
             return;
         if (!sample.validFlag) {
             if (m_errorSamples == 0)
@@ -48,7 +48,7 @@ public:
 private:
     void skipFixationsOutside()
     {
-        while (m_current < m_fixations.size() && !m_span.contains(m_fixations[m_current]))
+        while (m_current < m_fixations.size() && !m_frame.holds(m_fixations[m_current]))
             ++m_current;
     }
 
@@ -136,7 +136,7 @@ private:
     }
 
     const QList<Fixation> &m_fixations;
-    const TimeSpan m_span;
+    const TimeFrame m_frame;
     EventList m_events;
     qsizetype m_current = 0;            ///< the fixation that is awaited or under way
     const Fixation *m_former = nullptr; ///< the last one that became an event
@@ -182,9 +182,9 @@ double saccadeAngleDegree(QPoint from, QPoint to)
     return (2 * std::numbers::pi - base) * degreePerRadian;
 }
 
-EventList eventsOf(const EyeData &stream, const TimeSpan &span)
+EventList eventsOf(const EyeData &stream, TimeFrame frame)
 {
-    EventWalk walk(stream.scanpath, span);
+    EventWalk walk(stream.scanpath, frame);
     for (const GazePoint &sample : stream.gazePoints)
         walk.take(sample);
     return std::move(walk).result();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "export/TimeSpan.h"
+#include "model/TimeFrame.h"
 #include "model/Examination.h"
 
 /// What the summary below an events table needs of the walk.
@@ -29,10 +29,10 @@ double saccadeAngleDegree(QPoint from, QPoint to);
 /// Fixations, the saccades between them and the stretches without valid samples, as one walk over the samples in file
 /// order. Linear in the number of samples.
 ///
-/// Samples and fixations outside the span do not take part. A saccade comes from the gap between two fixations; its
+/// Samples and fixations outside the frame do not take part. A saccade comes from the gap between two fixations; its
 /// onset is the first valid sample after the earlier one, its count that of the valid samples between them. A stretch
 /// without valid samples that has not ended with the last sample makes no row.
-EventList eventsOf(const EyeData &stream, const TimeSpan &span);
+EventList eventsOf(const EyeData &stream, TimeFrame frame);
 
 /// The first line of an events file.
 QString eventHeader();

@@ -15,12 +15,12 @@ QString fixationFields(const Fixation &fixation, qsizetype number)
     return fields.join(u';');
 }
 
-QString fixationTable(const Examination &examination, const QList<Fixation> &fixations, const TimeSpan &span)
+QString fixationTable(const Examination &examination, const QList<Fixation> &fixations, TimeFrame frame)
 {
     const QString subject = QStringLiteral("\"%1\";\"%2\";").arg(examination.subjectId, examination.subjectText);
     QString table = QStringLiteral("subjectID;subjectINFO;Number;GazePoints;mean_x;mean_y;radius;cluster\n");
     for (qsizetype i = 0; i < fixations.size(); ++i) {
-        if (span.contains(fixations[i]))
+        if (frame.holds(fixations[i]))
             table += subject + fixationFields(fixations[i], i + 1) + u'\n';
     }
     return table;
@@ -28,11 +28,11 @@ QString fixationTable(const Examination &examination, const QList<Fixation> &fix
 
 } // namespace
 
-QString fixationBlock(const Examination &examination, const EyeData &stream, const TimeSpan &span)
+QString fixationBlock(const Examination &examination, const EyeData &stream, TimeFrame frame)
 {
     const QString table = stream.scanpath.isEmpty()
                               ? QStringLiteral("Unable to calculate fixations with this parameters!\n") // sic
-                              : fixationTable(examination, stream.scanpath, span);
+                              : fixationTable(examination, stream.scanpath, frame);
     return table + QLatin1StringView("Fixation calculation parameters:\n") +
            examination.calculationInfo.fixationCalculationInfo + QLatin1StringView("\nSubject information:\n") +
            examination.subjectText + u'\n';

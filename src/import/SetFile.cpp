@@ -60,7 +60,7 @@ public:
     DescribedExamination finish()
     {
         Examination &examination = m_result.examination;
-        for (EyeData *eye : {&examination.leftEye, &examination.rightEye, &examination.meanEye}) {
+        for (EyeData *eye : examination.streams()) {
             eye->setFileText = examination.setFileText;
             eye->subjectText = examination.subjectText;
         }

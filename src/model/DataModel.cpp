@@ -22,22 +22,6 @@ qint64 DataModel::longestCheckedDuration() const
     return longest;
 }
 
-EyeData &DataModel::pooledEyeData(int index)
-{
-    return m_pooled[poolPlace(index)];
-}
-
-const EyeData &DataModel::pooledEyeData(int index) const
-{
-    return m_pooled[poolPlace(index)];
-}
-
-size_t DataModel::poolPlace(int index)
-{
-    const bool known = index >= 0 && index < static_cast<int>(std::tuple_size_v<decltype(m_pooled)>);
-    return static_cast<size_t>(known ? index : static_cast<int>(Pool::Dominant));
-}
-
 QList<AreaOfInterest> DataModel::checkedAois() const
 {
     QList<AreaOfInterest> checked;

@@ -4,6 +4,7 @@
 #include "model/Examination.h"
 #include "model/Group.h"
 #include "model/ImageCache.h"
+#include "model/TimeFrame.h"
 
 #include <array>
 
@@ -12,9 +13,6 @@ class DataModel {
 public:
     /// The four numbers of the saliency page; what they mean depends on the method.
     std::array<int, 4> saliencyParameters{};
-
-    /// The containers that pool the checked examinations; the order is that of stored selections.
-    enum class Pool { Left = 0, Right = 1, Dominant = 2, Mean = 3 };
 
     QList<Examination> &examinations() { return m_examinations; }
     const QList<Examination> &examinations() const { return m_examinations; }
@@ -29,12 +27,9 @@ public:
     /// The longest duration of the checked examinations in ms; 0 if there is none.
     qint64 longestCheckedDuration() const;
 
-    /// Any index beyond the four means the dominant container.
-    EyeData &pooledEyeData(int index);
-    const EyeData &pooledEyeData(int index) const;
-    EyeData &pooledEyeData(Pool pool) { return pooledEyeData(static_cast<int>(pool)); }
-    const EyeData &pooledEyeData(Pool pool) const { return pooledEyeData(static_cast<int>(pool)); }
-    void clearPooled(int index) { pooledEyeData(index) = {}; }
+    /// The container that pools the stream of the checked examinations.
+    EyeData &pooled(Eye eye) { return m_pooled[static_cast<size_t>(eye)]; }
+    const EyeData &pooled(Eye eye) const { return m_pooled[static_cast<size_t>(eye)]; }
 
     /// What was done with the checked examinations as a whole.
     CalculationInfo &calculationInfo() { return m_calculationInfo; }
@@ -59,21 +54,16 @@ public:
     /// The first group of that name; null if there is none.
     const Group *group(const QString &name) const;
 
-    qint64 timeStart() const { return m_timeStart; }
-    qint64 timeEnd() const { return m_timeEnd; }
-    void setTimeStart(qint64 timeMs) { m_timeStart = timeMs; }
-    void setTimeEnd(qint64 timeMs) { m_timeEnd = timeMs; }
+    TimeFrame timeFrame() const { return m_timeFrame; }
+    void setTimeFrame(TimeFrame frame) { m_timeFrame = frame; }
 
 private:
-    static size_t poolPlace(int index);
-
     QList<Examination> m_examinations;
     QList<Examination> m_allExaminations;
-    std::array<EyeData, 4> m_pooled;
+    std::array<EyeData, allEyes.size()> m_pooled;
     CalculationInfo m_calculationInfo;
     ImageCache m_images;
     QMap<QString, AreaOfInterest> m_aois;
     QList<Group> m_groups;
-    qint64 m_timeStart = 0; ///< ms
-    qint64 m_timeEnd = 0;   ///< ms
+    TimeFrame m_timeFrame;
 };

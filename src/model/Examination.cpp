@@ -1,6 +1,7 @@
 #include "model/Examination.h"
 
 #include <algorithm>
+#include <utility>
 
 bool Examination::isLeftDominant() const
 {
@@ -15,19 +16,22 @@ qint64 Examination::duration() const
     return std::max(durationOf(leftEye.gazePoints), durationOf(rightEye.gazePoints));
 }
 
-QList<const EyeData *> selectedEyes(const Examination &examination, EyeMode mode)
+const EyeData &Examination::stream(Eye eye) const
 {
-    switch (mode) {
-    case EyeMode::showAll:
-        return {&examination.leftEye, &examination.rightEye};
-    case EyeMode::showLeft:
-        return {&examination.leftEye};
-    case EyeMode::showRight:
-        return {&examination.rightEye};
-    case EyeMode::showMean:
-        return {&examination.meanEye};
-    case EyeMode::showDominant:
+    switch (eye) {
+    case Eye::Left:
+        return leftEye;
+    case Eye::Right:
+        return rightEye;
+    case Eye::Dominant:
+        return isLeftDominant() ? leftEye : rightEye;
+    case Eye::Mean:
         break;
     }
-    return {&examination.dominantEyeData()};
+    return meanEye;
+}
+
+EyeData &Examination::stream(Eye eye)
+{
+    return const_cast<EyeData &>(std::as_const(*this).stream(eye));
 }

@@ -2,7 +2,7 @@
 
 #include "model/CalculationInfo.h"
 #include "model/EyeData.h"
-#include "model/EyeMode.h"
+#include "model/Eye.h"
 
 #include <QHash>
 
@@ -13,9 +13,15 @@ struct ImageRecord;
 /// The recording of one subject on one stimulus image, with three streams of samples of equal length. A plain value: a
 /// copy is cheap until written.
 struct Examination {
-    /// The stream of the eye named by the set file. Everything but "left" counts as right: results of recordings
-    /// without a usable entry rest on the right eye.
-    const EyeData &dominantEyeData() const { return isLeftDominant() ? leftEye : rightEye; }
+    /// The stream of an eye; that of the dominant eye is the left or the right one.
+    EyeData &stream(Eye eye);
+    const EyeData &stream(Eye eye) const;
+    /// The streams as they are stored: left, right, mean.
+    std::array<EyeData *, 3> streams() { return {&leftEye, &rightEye, &meanEye}; }
+    std::array<const EyeData *, 3> streams() const { return {&leftEye, &rightEye, &meanEye}; }
+
+    /// As the set file names it. Everything but "left" counts as right, so that a recording without a usable entry has
+    /// a dominant eye, too.
     bool isLeftDominant() const;
 
     /// The longer of the two eyes' time from first to last sample, in ms; 0 without samples.
@@ -41,6 +47,3 @@ struct Examination {
     EyeData leftEye;
     EyeData meanEye;
 };
-
-/// The streams of an examination that the mode selects, in drawing order: left before right for `showAll`.
-QList<const EyeData *> selectedEyes(const Examination &examination, EyeMode mode);

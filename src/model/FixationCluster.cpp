@@ -68,8 +68,8 @@ FixationCluster FixationCluster::gathered(QList<Fixation> fixations)
     return cluster;
 }
 
-qsizetype FixationCluster::fixationsWithin(qint64 startMs, qint64 endMs) const
+qsizetype FixationCluster::fixationsWithin(TimeFrame frame) const
 {
     return std::count_if(fixations.cbegin(), fixations.cend(),
-                         [&](const Fixation &fixation) { return fixation.isWithin(startMs, endMs); });
+                         [frame](const Fixation &fixation) { return frame.holds(fixation); });
 }

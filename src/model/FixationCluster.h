@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ScanpathSection.h"
+#include "model/TimeFrame.h"
 
 /// A region to which the gaze came back: fixations of one stream, or of one pooled stream.
 ///
@@ -17,8 +17,8 @@ struct FixationCluster : ScanpathSection {
     /// The fixations and their samples, sorted by time, and no statistics.
     static FixationCluster gathered(QList<Fixation> fixations);
 
-    /// How many of its fixations begin and end between the two times, which belong to it.
-    qsizetype fixationsWithin(qint64 startMs, qint64 endMs) const;
+    /// How many of its fixations the frame holds.
+    qsizetype fixationsWithin(TimeFrame frame) const;
 
     QList<Fixation> fixations; ///< as they stood when the cluster was made
 };

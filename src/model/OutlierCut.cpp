@@ -32,7 +32,7 @@ void cutOutliers(DataModel &model, QSizeF pictureSizePx)
 
     model.examinations() = model.allExaminations();
     for (Examination &examination : model.examinations()) {
-        for (EyeData *eye : {&examination.leftEye, &examination.rightEye, &examination.meanEye}) {
+        for (EyeData *eye : examination.streams()) {
             eye->gazePoints.removeIf(isOutlier);
             eye->scanpath.clear();
             eye->fixationClusters.clear();

@@ -36,12 +36,6 @@ struct ScanpathSection {
     qint64 firstTime() const { return samples.isEmpty() ? -1 : samples.first().time; }
     qint64 lastTime() const { return samples.isEmpty() ? -1 : samples.last().time; }
 
-    /// Whether the section begins and ends between the two times, which belong to it. One without samples lies nowhere.
-    bool isWithin(qint64 startMs, qint64 endMs) const
-    {
-        return !samples.isEmpty() && startMs <= firstTime() && lastTime() <= endMs;
-    }
-
     /// Appends samples and sorts all by time, stable; a section that was sorted before pays only for the new ones. The
     /// statistics stay those of the construction.
     void extend(const QList<GazePoint> &further);

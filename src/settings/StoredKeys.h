@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/EyeMode.h"
+#include "model/Eye.h"
 #include "settings/Parameter.h"
 
 #include <QLatin1StringView>
@@ -97,7 +97,7 @@ inline constexpr StoredKey<QColor> clusterOptionsBorderColor{"Visualization/Clus
 inline constexpr StoredKey<QColor> clusterOptionsBorderColorLeft{"Visualization/Cluster/BorderColorLeft"_L1};
 inline constexpr StoredKey<QColor> clusterOptionsBorderColorRight{"Visualization/Cluster/BorderColorRight"_L1};
 inline constexpr StoredKey<QString> clusterExportFolder{"Export/Cluster/Directory"_L1};
-inline constexpr StoredKey<int> clusterExportEyeMode{"Export/Cluster/EyeMode"_L1};
+inline constexpr StoredKey<int> clusterEyeMode{"Export/Cluster/EyeMode"_L1};
 
 inline constexpr StoredKey<QString> eyetrackerModel{"Analysis/EyetrackerModel"_L1}; ///< stays out of saved files
 
@@ -111,6 +111,6 @@ inline constexpr auto all =
              minimumGlanceDuration, numberOfFixations, numberOfGlances, timeOfFirstGlance, totalGlanceTime,
              clusterOptionsEyeMode, clusterOptionsMode, clusterOptionsFillColor, clusterOptionsFillColorLeft,
              clusterOptionsFillColorRight, clusterOptionsBorderColor, clusterOptionsBorderColorLeft,
-             clusterOptionsBorderColorRight, clusterExportFolder, clusterExportEyeMode, eyetrackerModel);
+             clusterOptionsBorderColorRight, clusterExportFolder, clusterEyeMode, eyetrackerModel);
 
 } // namespace keys

@@ -210,8 +210,8 @@ void TestControlWidget::timeFieldsFollowTheTimeline()
     QVERIFY(start()->isEnabled() && end()->isEnabled());
     QCOMPARE(start()->value(), 250.0);
     QCOMPARE(end()->value(), 4000.0);
-    QCOMPARE(m_model->timeStart(), 250);
-    QCOMPARE(m_model->timeEnd(), 4000);
+    QCOMPARE(m_model->timeFrame().startMs, 250);
+    QCOMPARE(m_model->timeFrame().endMs, 4000);
     QCOMPARE(takeLogLines(), QStringList(QStringLiteral("controlWidget::sltTimelineHasChanged(250, 4000)")));
     QCOMPARE(told.count(), 0); // the timeline knows
     QCOMPARE(drawn.count(), 0);
@@ -240,7 +240,7 @@ void TestControlWidget::aTypedTimeIsToldOnceItIsFinished()
     QTest::keyClick(start(), Qt::Key_Return);
     QCOMPARE(told.count(), 1);
     QCOMPARE(told[0], (QVariantList{qint64(1250), qint64(5000)}));
-    QCOMPARE(m_model->timeStart(), 0); // the timeline decides, and tells it back
+    QCOMPARE(m_model->timeFrame().startMs, 0); // the timeline decides, and tells it back
     type(end(), "3000");
     QTest::keyClick(end(), Qt::Key_Return);
     QCOMPARE(told.count(), 2);

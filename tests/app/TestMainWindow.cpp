@@ -1,6 +1,6 @@
-#include "import/panel/ExaminationTable.h"
+#include "table/panel/ExaminationTable.h"
 #include "settings/StoredKeys.h"
-#include "visualization/VisualizationParameters.h"
+#include "visualization/parameters/VisualizationParameters.h"
 #include "WindowTest.h"
 
 #include <QCheckBox>
@@ -284,8 +284,8 @@ void TestMainWindow::aCheckMarkShowsTheWholeSpan()
     importExamples();
     auto *table = find<ExaminationTable>("tableWidget");
     qobject_cast<QCheckBox *>(table->cellWidget(0, ExaminationTable::CheckBoxColumn))->click();
-    QCOMPARE(m_window->model().timeStart(), 0);
-    QCOMPARE(m_window->model().timeEnd(), m_window->model().longestCheckedDuration());
+    QCOMPARE(m_window->model().timeFrame().startMs, 0);
+    QCOMPARE(m_window->model().timeFrame().endMs, m_window->model().longestCheckedDuration());
 }
 
 void TestMainWindow::aHeldPictureIsDrawnAtTheEnd()
@@ -365,12 +365,12 @@ void TestMainWindow::drawingWithoutCheckedExaminationKeepsTheTimeSpan()
     find<ExaminationTable>("tableWidget")->selectAll();
     click("uncheck_Button");
     constexpr qint64 shortestSpan = 1000; // ms, of a table without a checked row
-    QCOMPARE(m_window->model().timeEnd(), shortestSpan);
+    QCOMPARE(m_window->model().timeFrame().endMs, shortestSpan);
     const qsizetype told = m_messages->texts().size();
     m_window->sltDrawPaths();
     QCOMPARE(m_messages->texts().sliced(told),
              QStringList{QStringLiteral("No examination selected|Please select an examination first")});
-    QCOMPARE(m_window->model().timeEnd(), shortestSpan);
+    QCOMPARE(m_window->model().timeFrame().endMs, shortestSpan);
 }
 
 void TestMainWindow::eyeModeIsStoredAndDrawnWithoutCommand()

@@ -7,9 +7,9 @@
 #include "ParameterMembers.h"
 #include "settings/FirstStart.h"
 #include "TestSettings.h"
-#include "visualization/AoiVisualizationParameters.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/panel/VisualizationWidget.h"
-#include "visualization/VisualizationParameters.h"
+#include "visualization/parameters/VisualizationParameters.h"
 
 #include <QCheckBox>
 #include <QComboBox>

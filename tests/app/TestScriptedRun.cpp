@@ -1,4 +1,4 @@
-#include "import/panel/ExaminationTable.h"
+#include "table/panel/ExaminationTable.h"
 #include "visualization/panel/Timeline.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "WindowTest.h"

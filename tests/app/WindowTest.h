@@ -3,7 +3,7 @@
 #include "app/Vistrum.h"
 #include "commands/CommandStack.h"
 #include "import/panel/DataWidget.h"
-#include "import/panel/filterDialog.h"
+#include "table/panel/filterDialog.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsStore.h"
 #include "TestMessages.h"

@@ -62,11 +62,11 @@ void TestClusterCalculation::nothingChecked()
 {
     DataModel model = modelOf({examination()});
     model.examinations()[0].checked = false;
-    model.pooledEyeData(DataModel::Pool::Left).scanpath << Fixation();
+    model.pooled(Eye::Left).scanpath << Fixation();
     const RecordedMessages messages;
     QVERIFY(!calculateClusters(model, standard));
     QCOMPARE(messages.texts(), QStringList(QStringLiteral("No examination selected!|Please select some data first.")));
-    QCOMPARE(model.pooledEyeData(DataModel::Pool::Left).scanpath.size(), 1);
+    QCOMPARE(model.pooled(Eye::Left).scanpath.size(), 1);
     QCOMPARE(found(model), QStringLiteral("Not set\n"));
 }
 
@@ -134,17 +134,17 @@ void TestClusterCalculation::onlyCheckedExaminations()
 void TestClusterCalculation::pooledContainersButTheDominantOneAreCleared()
 {
     DataModel model = modelOf({examination()});
-    for (int pool = 0; pool < 4; ++pool) {
-        model.pooledEyeData(pool).scanpath << Fixation();
-        model.pooledEyeData(pool).fixationClusters << FixationCluster();
-        model.pooledEyeData(pool).calculationInfo = QStringLiteral("stays");
+    for (const Eye pool : allEyes) {
+        model.pooled(pool).scanpath << Fixation();
+        model.pooled(pool).fixationClusters << FixationCluster();
+        model.pooled(pool).calculationInfo = QStringLiteral("stays");
     }
     calculateClusters(model, standard);
-    for (int pool = 0; pool < 4; ++pool) {
-        const qsizetype left = pool == static_cast<int>(DataModel::Pool::Dominant) ? 1 : 0;
-        QCOMPARE(model.pooledEyeData(pool).scanpath.size(), left);
-        QCOMPARE(model.pooledEyeData(pool).fixationClusters.size(), left);
-        QCOMPARE(model.pooledEyeData(pool).calculationInfo, QStringLiteral("stays"));
+    for (const Eye pool : allEyes) {
+        const qsizetype left = pool == Eye::Dominant ? 1 : 0;
+        QCOMPARE(model.pooled(pool).scanpath.size(), left);
+        QCOMPARE(model.pooled(pool).fixationClusters.size(), left);
+        QCOMPARE(model.pooled(pool).calculationInfo, QStringLiteral("stays"));
     }
 }
 

@@ -403,28 +403,28 @@ void TestClusterControl::clickPools()
     QTEST(CommandStack::instance().text(CommandStack::instance().count() - 1), "undoText");
     QTEST(m_model.calculationInfo().cumulativeClusterCalculationInfo, "result");
     QCOMPARE(at(2).calculationInfo.cumulativeClusterCalculationInfo, QStringLiteral("pooled third\n"));
-    QCOMPARE(m_model.pooledEyeData(DataModel::Pool::Right).scanpath.size(), 6);
+    QCOMPARE(m_model.pooled(Eye::Right).scanpath.size(), 6);
 }
 
 void TestClusterControl::undoBringsBackThePooledContainers()
 {
     m_model.calculationInfo().cumulativeClusterCalculationInfo = QStringLiteral("earlier\n");
-    for (int pool = 0; pool < 4; ++pool) {
-        m_model.pooledEyeData(pool).scanpath << samples::fixation({pool, pool});
-        m_model.pooledEyeData(pool).fixationClusters << FixationCluster({samples::fixation({1, 1})}, {pool, 1});
+    for (const Eye pool : allEyes) {
+        m_model.pooled(pool).scanpath << samples::fixation({static_cast<int>(pool), 1});
+        m_model.pooled(pool).fixationClusters << FixationCluster({samples::fixation({1, 1})}, {static_cast<int>(pool), 1});
     }
     const DataModel before = m_model;
     chooseMethod(1);
     click("toolButton");
-    QCOMPARE(clusterSizes(m_model.pooledEyeData(DataModel::Pool::Left)), QList<qsizetype>({4}));
+    QCOMPARE(clusterSizes(m_model.pooled(Eye::Left)), QList<qsizetype>({4}));
     CommandStack::instance().undo();
-    for (int pool = 0; pool < 4; ++pool)
-        QCOMPARE(m_model.pooledEyeData(pool), before.pooledEyeData(pool));
+    for (const Eye pool : allEyes)
+        QCOMPARE(m_model.pooled(pool), before.pooled(pool));
     QCOMPARE(m_model.calculationInfo(), before.calculationInfo());
     for (qsizetype i = 0; i < 3; ++i)
         QCOMPARE(at(i).calculationInfo, before.examinations()[i].calculationInfo);
     CommandStack::instance().redo();
-    QCOMPARE(clusterSizes(m_model.pooledEyeData(DataModel::Pool::Left)), QList<qsizetype>({4}));
+    QCOMPARE(clusterSizes(m_model.pooled(Eye::Left)), QList<qsizetype>({4}));
     QVERIFY(m_model.calculationInfo().cumulativeClusterCalculationInfo.startsWith(QStringLiteral("Algorithm:")));
 }
 

@@ -54,19 +54,19 @@ void TestClusterOrder::order()
 {
     QFETCH(qint64, start);
     QFETCH(qint64, end);
-    QTEST(namesOf(orderedByFixationsWithin(three, start, end)), "expected");
+    QTEST(namesOf(orderedByFixationsWithin(three, {start, end})), "expected");
 }
 
 void TestClusterOrder::emptyClustersComeLast()
 {
-    QCOMPARE(namesOf(orderedByFixationsWithin({FixationCluster(), clusterAt({5})}, 0, 10)), (QList<qint64>{5, -1}));
-    QVERIFY(orderedByFixationsWithin({}, 0, 10).isEmpty());
+    QCOMPARE(namesOf(orderedByFixationsWithin({FixationCluster(), clusterAt({5})}, {0, 10})), (QList<qint64>{5, -1}));
+    QVERIFY(orderedByFixationsWithin({}, {0, 10}).isEmpty());
 }
 
 void TestClusterOrder::anUnchangedOrderSharesTheList()
 {
-    const QList<FixationCluster> sorted = orderedByFixationsWithin(three, 0, 1000);
-    const QList<FixationCluster> again = orderedByFixationsWithin(sorted, 0, 1000);
+    const QList<FixationCluster> sorted = orderedByFixationsWithin(three, {0, 1000});
+    const QList<FixationCluster> again = orderedByFixationsWithin(sorted, {0, 1000});
     QVERIFY(again.constData() == sorted.constData());
 }
 
@@ -81,8 +81,8 @@ void TestClusterOrder::allStreamsOfAllExaminations()
     examination.meanEye.fixationClusters = three;
     model.examinations() = {examination, examination};
     model.examinations()[1].checked = false;
-    model.pooledEyeData(DataModel::Pool::Left).fixationClusters = three;
-    orderClusters(model, 500, 1000);
+    model.pooled(Eye::Left).fixationClusters = three;
+    orderClusters(model, {500, 1000});
     const QList<qint64> ordered{500, 1, 4};
     for (const Examination &each : std::as_const(model).examinations()) {
         QCOMPARE(namesOf(each.leftEye.fixationClusters), ordered);
@@ -90,7 +90,7 @@ void TestClusterOrder::allStreamsOfAllExaminations()
         QCOMPARE(namesOf(each.meanEye.fixationClusters), ordered);
         QCOMPARE(each.leftEye.scanpath[0].cluster, 2);
     }
-    QCOMPARE(namesOf(model.pooledEyeData(DataModel::Pool::Left).fixationClusters), namesOf(three));
+    QCOMPARE(namesOf(model.pooled(Eye::Left).fixationClusters), namesOf(three));
 }
 
 QTEST_GUILESS_MAIN(TestClusterOrder)

@@ -10,8 +10,6 @@
 
 using samples::clusterSizes;
 using samples::streamAt;
-using Pool = DataModel::Pool;
-
 namespace {
 
 /// So many fixations at one place in each stream.
@@ -55,11 +53,11 @@ void TestCumulativeClusters::nothingChecked()
 {
     DataModel model = modelOf({examination(1, 1, 1)});
     model.examinations()[0].checked = false;
-    model.pooledEyeData(Pool::Left).scanpath << Fixation();
+    model.pooled(Eye::Left).scanpath << Fixation();
     const RecordedMessages messages;
     QVERIFY(!calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100}));
     QCOMPARE(messages.texts(), QStringList(QStringLiteral("No examination selected!|Please select some data first.")));
-    QCOMPARE(model.pooledEyeData(Pool::Left).scanpath.size(), 1);
+    QCOMPARE(model.pooled(Eye::Left).scanpath.size(), 1);
 }
 
 void TestCumulativeClusters::fixationsArePooled()
@@ -67,21 +65,21 @@ void TestCumulativeClusters::fixationsArePooled()
     DataModel model = modelOf({examination(1, 2, 3), examination(9, 9, 9), examination(4, 5, 6)});
     model.examinations()[1].checked = false;
     model.examinations()[2].dominantEye = QStringLiteral("left");
-    model.pooledEyeData(Pool::Dominant).calculationInfo = QStringLiteral("of an earlier one");
+    model.pooled(Eye::Dominant).calculationInfo = QStringLiteral("of an earlier one");
     const ProgressLabels progress;
     QVERIFY(calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100}));
-    const auto sources = [&](Pool pool) {
+    const auto sources = [&](Eye pool) {
         QList<int> places;
-        for (const Fixation &each : std::as_const(model).pooledEyeData(pool).scanpath)
+        for (const Fixation &each : std::as_const(model).pooled(pool).scanpath)
             places << each.examination;
         return places;
     };
-    QCOMPARE(sources(Pool::Left), QList({0, 2, 2, 2, 2})); // places in the list of all
-    QCOMPARE(sources(Pool::Right), QList({0, 0, 2, 2, 2, 2, 2}));
-    QCOMPARE(sources(Pool::Mean), QList({0, 0, 0, 2, 2, 2, 2, 2, 2}));
-    QCOMPARE(sources(Pool::Dominant), QList({0, 0, 2, 2, 2, 2})); // the right eye of the first, the left of the third
-    QCOMPARE(model.pooledEyeData(Pool::Dominant).scanpath[0].mean, QPoint(200, 100));
-    QCOMPARE(model.pooledEyeData(Pool::Dominant).calculationInfo, QString());
+    QCOMPARE(sources(Eye::Left), QList({0, 2, 2, 2, 2})); // places in the list of all
+    QCOMPARE(sources(Eye::Right), QList({0, 0, 2, 2, 2, 2, 2}));
+    QCOMPARE(sources(Eye::Mean), QList({0, 0, 0, 2, 2, 2, 2, 2, 2}));
+    QCOMPARE(sources(Eye::Dominant), QList({0, 0, 2, 2, 2, 2})); // the right eye of the first, the left of the third
+    QCOMPARE(model.pooled(Eye::Dominant).scanpath[0].mean, QPoint(200, 100));
+    QCOMPARE(model.pooled(Eye::Dominant).calculationInfo, QString());
     QCOMPARE(model.examinations()[0].leftEye.scanpath[0].examination, -1);
     QCOMPARE(progress.opened().first(),
              QStringLiteral("Collecting data for cumulative fixationcluster calculation, please wait. 2"));
@@ -114,31 +112,31 @@ void TestCumulativeClusters::minimumGrowsFromRunToRun()
     // right hold the same.
     DataModel model = modelOf({examination(4, 1, 8), examination(4, 2, 8)});
     calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Dominant)), QList<qsizetype>({3}));
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Right)), QList<qsizetype>());
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Left)), QList<qsizetype>({8}));
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Mean)), QList<qsizetype>({16}));
+    QCOMPARE(clusterSizes(model.pooled(Eye::Dominant)), QList<qsizetype>({3}));
+    QCOMPARE(clusterSizes(model.pooled(Eye::Right)), QList<qsizetype>());
+    QCOMPARE(clusterSizes(model.pooled(Eye::Left)), QList<qsizetype>({8}));
+    QCOMPARE(clusterSizes(model.pooled(Eye::Mean)), QList<qsizetype>({16}));
     model.examinations()[0].meanEye.scanpath.removeLast();
     calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Mean)), QList<qsizetype>());
+    QCOMPARE(clusterSizes(model.pooled(Eye::Mean)), QList<qsizetype>());
 }
 
 void TestCumulativeClusters::oneExaminationKeepsTheMinimum()
 {
     DataModel model = modelOf({examination(3, 3, 3)});
     calculateCumulativeClusters(model, StandardClusterParameters{3, 0, 100});
-    for (int pool = 0; pool < 4; ++pool)
-        QCOMPARE(clusterSizes(model.pooledEyeData(pool)), QList<qsizetype>({3}));
+    for (const Eye pool : allEyes)
+        QCOMPARE(clusterSizes(model.pooled(pool)), QList<qsizetype>({3}));
 }
 
 void TestCumulativeClusters::eachCalculationBeginsWithTheParameter()
 {
     DataModel model = modelOf({examination(8, 2, 16), examination(0, 2, 0)});
     calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
-    const EyeData once = model.pooledEyeData(Pool::Mean);
+    const EyeData once = model.pooled(Eye::Mean);
     QCOMPARE(clusterSizes(once), QList<qsizetype>({16}));
     calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
-    QCOMPARE(model.pooledEyeData(Pool::Mean), once);
+    QCOMPARE(model.pooled(Eye::Mean), once);
 }
 
 void TestCumulativeClusters::clustersAreNotSorted()
@@ -149,7 +147,7 @@ void TestCumulativeClusters::clustersAreNotSorted()
     DataModel model = modelOf({made});
     const ProgressLabels progress;
     calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Right)), QList<qsizetype>({1, 2}));
+    QCOMPARE(clusterSizes(model.pooled(Eye::Right)), QList<qsizetype>({1, 2}));
     QVERIFY(progress.opened().filter(QStringLiteral("Sort")).isEmpty());
 }
 
@@ -173,8 +171,8 @@ void TestCumulativeClusters::meanShift()
     DataModel model = modelOf({examination(2, 1, 1), examination(2, 1, 1)});
     const ProgressLabels progress;
     calculateCumulativeClusters(model, MeanShiftClusterParameters{100, 0.25, 50, 2});
-    for (int pool = 0; pool < 4; ++pool)
-        QCOMPARE(model.pooledEyeData(pool).fixationClusters.size(), 1); // the minimum does not grow
+    for (const Eye pool : allEyes)
+        QCOMPARE(model.pooled(pool).fixationClusters.size(), 1); // the minimum does not grow
     QVERIFY(progress.opened().contains(QStringLiteral("Generate data vector, please wait. 4")));
     QVERIFY(progress.opened().contains(QStringLiteral("Filterng clusters, please wait. 2")));
 }
@@ -183,19 +181,19 @@ void TestCumulativeClusters::overlap()
 {
     DataModel model = modelOf({examination(1, 1, 1), examination(2, 0, 1)});
     calculateCumulativeClusters(model, OverlapClusterParameters{2, std::nullopt});
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Left)), QList<qsizetype>({3}));
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Mean)), QList<qsizetype>());
-    QCOMPARE(model.pooledEyeData(Pool::Left).fixationClusters[0].fixations[2].examination, 1);
+    QCOMPARE(clusterSizes(model.pooled(Eye::Left)), QList<qsizetype>({3}));
+    QCOMPARE(clusterSizes(model.pooled(Eye::Mean)), QList<qsizetype>());
+    QCOMPARE(model.pooled(Eye::Left).fixationClusters[0].fixations[2].examination, 1);
 }
 
 void TestCumulativeClusters::overlapOverExaminations()
 {
     DataModel model = modelOf({examination(2, 2, 2), examination(2, 0, 2), examination(2, 0, 2)});
     calculateCumulativeClusters(model, OverlapClusterParameters{1, 0});
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Left)), QList<qsizetype>({6}));
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Right)), QList<qsizetype>());
+    QCOMPARE(clusterSizes(model.pooled(Eye::Left)), QList<qsizetype>({6}));
+    QCOMPARE(clusterSizes(model.pooled(Eye::Right)), QList<qsizetype>());
     calculateCumulativeClusters(model, OverlapClusterParameters{1, 3}); // all may be missing
-    QCOMPARE(clusterSizes(model.pooledEyeData(Pool::Right)), QList<qsizetype>({2}));
+    QCOMPARE(clusterSizes(model.pooled(Eye::Right)), QList<qsizetype>({2}));
 }
 
 void TestCumulativeClusters::texts()

@@ -76,7 +76,7 @@ QString TestSaccadeClusterControl::states() const
 void TestSaccadeClusterControl::init()
 {
     m_model = DataModel();
-    m_model.setTimeEnd(1'000'000);
+    m_model.setTimeFrame({0, 1'000'000});
     m_model.examinations() << samples::examinationAt({{100, 100}, {500, 100}, {100, 140}, {500, 140}, {100, 180}});
     m_panel = std::make_unique<SaccadeClusterControl>();
     m_panel->setModel(&m_model);

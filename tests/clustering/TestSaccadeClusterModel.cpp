@@ -77,7 +77,7 @@ QLine between(int from, int to)
 void TestSaccadeClusterModel::init()
 {
     m_data = std::make_unique<DataModel>();
-    m_data->setTimeEnd(1'000'000'000);
+    m_data->setTimeFrame({0, 1'000'000'000});
     m_data->examinations() << examinationAt(rows());
     m_model = std::make_unique<SaccadeClusterModel>();
     m_model->setModel(m_data.get());
@@ -235,8 +235,7 @@ void TestSaccadeClusterModel::dominantEyeCounts()
 
 void TestSaccadeClusterModel::timeSpanCounts()
 {
-    m_data->setTimeStart(100);
-    m_data->setTimeEnd(200);
+    m_data->setTimeFrame({100, 200});
     m_model->cluster();
     QCOMPARE(m_model->vectors(), QList{SaccadeVector(rows()[1], rows()[2], 200, 200)});
 }

@@ -26,7 +26,7 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr TimeSpan always{0, 1'000'000};
+constexpr TimeFrame always{0, 1'000'000};
 
 using Ends = QList<QLine>;
 

@@ -2,8 +2,8 @@
 #include "commands/CommandStack.h"
 #include "commands/ParameterCommand.h"
 #include "detection/FixationSettingsModel.h"
-#include "visualization/AoiVisualizationParameters.h"
-#include "visualization/VisualizationParameters.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
+#include "visualization/parameters/VisualizationParameters.h"
 
 #include <QTemporaryDir>
 #include <QTest>

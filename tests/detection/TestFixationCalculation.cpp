@@ -135,11 +135,11 @@ void TestFixationCalculation::nothingChecked()
     DataModel model;
     for (const bool isChecked : checked)
         model.examinations() << examination(isChecked);
-    model.pooledEyeData(0).scanpath << Fixation();
+    model.pooled(Eye::Left).scanpath << Fixation();
     const RecordedMessages messages;
     QVERIFY(!calculateFixations(model, parameters, nullptr));
     QCOMPARE(messages.texts(), QStringList(QStringLiteral("No examination selected!|Please select some data first.")));
-    QCOMPARE(model.pooledEyeData(0).scanpath.size(), 1);
+    QCOMPARE(model.pooled(Eye::Left).scanpath.size(), 1);
 }
 
 void TestFixationCalculation::allThreeEyesAreDetected()
@@ -244,18 +244,18 @@ void TestFixationCalculation::clustersAreCleared()
 void TestFixationCalculation::pooledContainersAreCleared()
 {
     DataModel model = modelOf({examination()});
-    for (int pool = 0; pool < 4; ++pool) {
-        model.pooledEyeData(pool).scanpath << Fixation();
-        model.pooledEyeData(pool).fixationClusters << FixationCluster();
-        model.pooledEyeData(pool).saccades << Saccade();
+    for (const Eye pool : allEyes) {
+        model.pooled(pool).scanpath << Fixation();
+        model.pooled(pool).fixationClusters << FixationCluster();
+        model.pooled(pool).saccades << Saccade();
     }
     calculateFixations(model, parameters, nullptr);
     constexpr int dominant = 2;
-    for (int pool = 0; pool < 4; ++pool) {
+    for (const Eye pool : allEyes) {
         const qsizetype left = pool == dominant ? 1 : 0;
-        QCOMPARE(model.pooledEyeData(pool).scanpath.size(), left);
-        QCOMPARE(model.pooledEyeData(pool).fixationClusters.size(), left);
-        QCOMPARE(model.pooledEyeData(pool).saccades.size(), 1);
+        QCOMPARE(model.pooled(pool).scanpath.size(), left);
+        QCOMPARE(model.pooled(pool).fixationClusters.size(), left);
+        QCOMPARE(model.pooled(pool).saccades.size(), 1);
     }
 }
 

@@ -71,7 +71,7 @@ DataModel twoSubjects()
     model.examinations()[0].leftEye.fixationClusters << cluster({0, 10}, {11, 1}, {3, 4});
     model.examinations()[0].rightEye.fixationClusters << cluster({0, 10}, {12, 1}, {3, 4});
     model.examinations()[1].rightEye.fixationClusters << cluster({0, 10}, {22, 1}, {3, 4}, {0, 0});
-    model.setTimeEnd(1000);
+    model.setTimeFrame({0, 1000});
     return model;
 }
 
@@ -238,8 +238,8 @@ void TestClusterExport::cumulativeFiles()
     DataModel model = twoSubjects();
     const QStringList pools{QStringLiteral("left"), QStringLiteral("right"), QStringLiteral("dominant"),
                             QStringLiteral("mean")};
-    for (int pool = 0; pool < 4; ++pool)
-        model.pooledEyeData(pool).fixationClusters << cluster({0}, {pool, 0}, {1, 0}, {0, 1});
+    for (const Eye pool : allEyes)
+        model.pooled(pool).fixationClusters << cluster({0}, {static_cast<int>(pool), 0}, {1, 0}, {0, 1});
     model.calculationInfo() = model.examinations()[0].calculationInfo;
     const ExportResult result = exportCumulativeClusters(model, {folder.path(), QStringLiteral("p"), eyes});
     QCOMPARE(result.written.size(), words.size());

@@ -70,7 +70,7 @@ DataModel twoSubjects()
 {
     DataModel model;
     model.examinations() << examinationAt(QStringLiteral("A"), 11, 12) << examinationAt(QStringLiteral("B"), 21, 22);
-    model.setTimeEnd(1000);
+    model.setTimeFrame({0, 1000});
     return model;
 }
 

@@ -75,10 +75,10 @@ EventList allEvents(const EyeData &stream)
 void TestEventExport::walk_data()
 {
     QTest::addColumn<QString>("pattern");
-    QTest::addColumn<TimeSpan>("span");
+    QTest::addColumn<TimeFrame>("span");
     QTest::addColumn<QString>("expected"); // kind onset duration samples, for each row
 
-    const TimeSpan all{0, 1000};
+    const TimeFrame all{0, 1000};
     QTest::newRow("no samples") << "" << all << "";
     QTest::newRow("valid samples alone are no event") << "....." << all << "";
     QTest::newRow("one fixation") << "AAA" << all << "fixation 0 20 3";
@@ -106,16 +106,16 @@ void TestEventExport::walk_data()
     QTest::newRow("three fixations")
         << "A.B..C" << all << "fixation 0 0 1|saccade 10 10 1|fixation 20 0 1|saccade 30 20 2|fixation 50 0 1";
 
-    QTest::newRow("the span takes part with both ends") << "AAA" << TimeSpan{0, 20} << "fixation 0 20 3";
+    QTest::newRow("the span takes part with both ends") << "AAA" << TimeFrame{0, 20} << "fixation 0 20 3";
     QTest::newRow("a fixation that begins before the span is left out")
-        << "AAAAAA.BB" << TimeSpan{10, 1000} << "fixation 70 10 2";
+        << "AAAAAA.BB" << TimeFrame{10, 1000} << "fixation 70 10 2";
     QTest::newRow("a fixation that ends after the span is left out")
-        << "AA.BBBBBB" << TimeSpan{0, 70} << "fixation 0 10 2";
-    QTest::newRow("losses outside the span are not told") << "xx..xx" << TimeSpan{20, 30} << "";
+        << "AA.BBBBBB" << TimeFrame{0, 70} << "fixation 0 10 2";
+    QTest::newRow("losses outside the span are not told") << "xx..xx" << TimeFrame{20, 30} << "";
     QTest::newRow("a loss that reaches into the span begins with it")
-        << "xxx." << TimeSpan{10, 1000} << "error 10 20 2";
-    QTest::newRow("a span beyond the recording") << "AA.BB" << TimeSpan{500, 1000} << "";
-    QTest::newRow("a span that ends before it begins") << "AA.BB" << TimeSpan{1000, 0} << "";
+        << "xxx." << TimeFrame{10, 1000} << "error 10 20 2";
+    QTest::newRow("a span beyond the recording") << "AA.BB" << TimeFrame{500, 1000} << "";
+    QTest::newRow("a span that ends before it begins") << "AA.BB" << TimeFrame{1000, 0} << "";
 }
 
 void TestEventExport::walk()

@@ -191,7 +191,7 @@ void TestSetFile::dominantEye()
     const Examination examination = parsed("[subject]\n" + line);
     QCOMPARE(examination.dominantEye, dominantEye);
     QCOMPARE(examination.properties.value(QStringLiteral("dominant")), value);
-    QCOMPARE(&examination.dominantEyeData(),
+    QCOMPARE(&examination.stream(Eye::Dominant),
              dominantEye == QLatin1StringView("left") ? &examination.leftEye : &examination.rightEye);
     // Any key that begins with the word is one.
     QCOMPARE(parsed("[subject]\n" + QByteArray(line).replace("dominant=", "dominantEye=")).dominantEye, dominantEye);

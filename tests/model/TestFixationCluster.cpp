@@ -142,18 +142,17 @@ void TestFixationCluster::fixationsWithinTheFrame()
     QFETCH(qint64, start);
     QFETCH(qint64, end);
     const FixationCluster cluster = FixationCluster::gathered({early, late, Fixation()});
-    QTEST(cluster.fixationsWithin(start, end), "count");
+    QTEST(cluster.fixationsWithin({start, end}), "count");
 }
 
 void TestFixationCluster::pooledByConstReference()
 {
     DataModel model;
-    model.pooledEyeData(DataModel::Pool::Dominant).calculationInfo = QStringLiteral("dominant");
-    model.pooledEyeData(DataModel::Pool::Mean).calculationInfo = QStringLiteral("mean");
+    model.pooled(Eye::Dominant).calculationInfo = QStringLiteral("dominant");
+    model.pooled(Eye::Mean).calculationInfo = QStringLiteral("mean");
     const DataModel &same = model;
-    QCOMPARE(same.pooledEyeData(3).calculationInfo, QStringLiteral("mean"));
-    for (const int index : {2, 7, -1, 4})
-        QCOMPARE(same.pooledEyeData(index).calculationInfo, QStringLiteral("dominant"));
+    QCOMPARE(same.pooled(Eye::Mean).calculationInfo, QStringLiteral("mean"));
+    QCOMPARE(same.pooled(Eye::Dominant).calculationInfo, QStringLiteral("dominant"));
 }
 
 QTEST_GUILESS_MAIN(TestFixationCluster)

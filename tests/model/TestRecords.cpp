@@ -23,9 +23,7 @@ private Q_SLOTS:
     void durationIsThatOfTheLongerEye();
     void selectionOfEyes_data();
     void selectionOfEyes();
-    void pooledEyeData_data();
-    void pooledEyeData();
-    void clearPooled();
+    void pooledStreams();
     void checkedExaminations();
     void groupColours();
     void shades_data();
@@ -160,7 +158,7 @@ void TestRecords::dominantEye()
     Examination examination;
     examination.dominantEye = entry;
     QCOMPARE(examination.isLeftDominant(), left);
-    QCOMPARE(&examination.dominantEyeData(), left ? &examination.leftEye : &examination.rightEye);
+    QCOMPARE(&examination.stream(Eye::Dominant), left ? &examination.leftEye : &examination.rightEye);
 }
 
 void TestRecords::durationIsThatOfTheLongerEye()
@@ -194,44 +192,18 @@ void TestRecords::selectionOfEyes()
     examination.rightEye.calculationInfo = QStringLiteral("right");
     examination.meanEye.calculationInfo = QStringLiteral("mean");
     QStringList eyes;
-    for (const EyeData *eye : selectedEyes(examination, static_cast<EyeMode>(mode)))
-        eyes << eye->calculationInfo;
+    for (const Eye eye : eyesOf(static_cast<EyeMode>(mode)))
+        eyes << std::as_const(examination).stream(eye).calculationInfo;
     QTEST(eyes, "eyes");
 }
 
-void TestRecords::pooledEyeData_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("container");
-    QTest::newRow("left") << 0 << 0;
-    QTest::newRow("right") << 1 << 1;
-    QTest::newRow("dominant") << 2 << 2;
-    QTest::newRow("mean") << 3 << 3;
-    QTest::newRow("beyond: dominant") << 7 << 2;
-    QTest::newRow("negative: dominant") << -1 << 2;
-}
-
-void TestRecords::pooledEyeData()
-{
-    QFETCH(int, index);
-    QFETCH(int, container);
-    DataModel model;
-    for (int i = 0; i < 4; ++i)
-        model.pooledEyeData(i).calculationInfo = QString::number(i);
-    QCOMPARE(model.pooledEyeData(index).calculationInfo, QString::number(container));
-}
-
-void TestRecords::clearPooled()
+void TestRecords::pooledStreams()
 {
     DataModel model;
-    for (int i = 0; i < 4; ++i)
-        model.pooledEyeData(i).calculationInfo = QString::number(i);
-    model.clearPooled(0);
-    model.clearPooled(9);
-    QCOMPARE(model.pooledEyeData(0), EyeData());
-    QCOMPARE(model.pooledEyeData(1).calculationInfo, QStringLiteral("1"));
-    QCOMPARE(model.pooledEyeData(2), EyeData());
-    QCOMPARE(model.pooledEyeData(3).calculationInfo, QStringLiteral("3"));
+    for (const Eye eye : allEyes)
+        model.pooled(eye).calculationInfo = eyeWord(eye);
+    for (const Eye eye : allEyes)
+        QCOMPARE(std::as_const(model).pooled(eye).calculationInfo, QString(eyeWord(eye)));
 }
 
 void TestRecords::checkedExaminations()

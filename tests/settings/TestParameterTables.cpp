@@ -3,8 +3,8 @@
 #include "settings/Registry.h"
 #include "settings/SettingsFile.h"
 #include "settings/StoredKeys.h"
-#include "visualization/AoiVisualizationParameters.h"
-#include "visualization/VisualizationParameters.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
+#include "visualization/parameters/VisualizationParameters.h"
 
 #include <QPalette>
 #include <QSet>

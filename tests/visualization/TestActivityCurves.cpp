@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/ActivityCurves.h"
+#include "visualization/timeline/ActivityCurves.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 #include "TestSettings.h"
-#include "visualization/AdjustableColorMap.h"
-#include "visualization/GradientImage.h"
-#include "visualization/VisualizationParameters.h"
+#include "visualization/parameters/AdjustableColorMap.h"
+#include "visualization/heatmap/GradientImage.h"
+#include "visualization/parameters/VisualizationParameters.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/AngleStar.h"
+#include "visualization/shapes/AngleStar.h"
 
 #include <QTest>
 

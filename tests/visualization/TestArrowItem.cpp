@@ -1,4 +1,4 @@
-#include "visualization/Canvas.h"
+#include "model/Canvas.h"
 #include "visualization/scene/ArrowItem.h"
 
 #include <QGraphicsScene>

@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/ClusterShapes.h"
+#include "visualization/shapes/ClusterShapes.h"
 
 #include <QTest>
 
@@ -285,8 +285,8 @@ void TestClusterShapes::ownAndCumulative()
     examination.leftEye.fixationClusters = at(1);
     examination.rightEye.fixationClusters = at(2);
     examination.meanEye.fixationClusters = at(3);
-    for (int pool = 0; pool < 4; ++pool)
-        scenery.model.pooledEyeData(pool).fixationClusters = at(10 + pool);
+    for (const Eye pool : allEyes)
+        scenery.model.pooled(pool).fixationClusters = at(10 + static_cast<int>(pool));
     constexpr int radius = 60;
     QStringList found;
     for (const Shape &shape : drawClusters(examination, scenery.context())) {

@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/ColorTable.h"
+#include "visualization/heatmap/ColorTable.h"
 
 #include <QTest>
 

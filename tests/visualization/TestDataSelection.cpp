@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/DataSelection.h"
+#include "visualization/selection/DataSelection.h"
 
 #include <QTest>
 
@@ -59,11 +59,11 @@ void TestDataSelection::eyesAndTheirColors()
     Examination examination;
     examination.dominantEye = dominantEye;
     QStringList found;
-    for (const SelectedEye &eye : eyesToDraw(examination, static_cast<EyeMode>(mode))) {
-        const char *stream = eye.data == &examination.leftEye    ? "left"
-                             : eye.data == &examination.rightEye ? "right"
-                                                                 : "mean";
-        const char *color = eye.color == EyeColor::Left ? "Left" : eye.color == EyeColor::Right ? "Right" : "Dominant";
+    for (const ExaminationEye &each : eyesToDraw(examination, static_cast<EyeMode>(mode))) {
+        const char *stream = &each.stream() == &examination.leftEye    ? "left"
+                             : &each.stream() == &examination.rightEye ? "right"
+                                                                       : "mean";
+        const char *color = each.eye == Eye::Left ? "Left" : each.eye == Eye::Right ? "Right" : "Dominant";
         found << QString::fromLatin1(stream) + u':' + QString::fromLatin1(color);
     }
     QTEST(found.join(u' '), "expected");

@@ -1,4 +1,4 @@
-#include "visualization/Drawing.h"
+#include "visualization/shapes/Drawing.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "visualization/DrawingModes.h"
+#include "visualization/modes/DrawingModes.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/Canvas.h"
+#include "model/Canvas.h"
 #include "visualization/scene/ArbitraryEllipseItem.h"
 #include "visualization/scene/ArrowItem.h"
 #include "visualization/scene/Background.h"

@@ -1,6 +1,6 @@
 #include "ToyData.h"
-#include "visualization/DrawingModes.h"
-#include "visualization/DrawnAs.h"
+#include "visualization/modes/DrawingModes.h"
+#include "visualization/modes/DrawnAs.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/FixationShapes.h"
+#include "visualization/shapes/FixationShapes.h"
 
 #include <QTest>
 

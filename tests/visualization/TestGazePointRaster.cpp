@@ -1,6 +1,6 @@
 #include "ToyData.h"
-#include "visualization/Canvas.h"
-#include "visualization/GazePointRaster.h"
+#include "model/Canvas.h"
+#include "visualization/shapes/GazePointRaster.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "visualization/GroupColors.h"
+#include "visualization/parameters/GroupColors.h"
 
 #include <QTest>
 

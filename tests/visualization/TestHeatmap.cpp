@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/Heatmap.h"
+#include "visualization/heatmap/Heatmap.h"
 
 #include <QTest>
 

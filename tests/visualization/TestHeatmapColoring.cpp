@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/HeatmapColoring.h"
+#include "visualization/heatmap/HeatmapColoring.h"
 
 #include <QTest>
 

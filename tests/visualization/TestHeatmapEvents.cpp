@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/HeatmapEvents.h"
+#include "visualization/heatmap/HeatmapEvents.h"
 
 #include <QTest>
 

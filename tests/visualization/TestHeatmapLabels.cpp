@@ -1,4 +1,4 @@
-#include "visualization/HeatmapLabels.h"
+#include "visualization/heatmap/HeatmapLabels.h"
 
 #include <QTest>
 

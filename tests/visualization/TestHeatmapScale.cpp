@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/HeatmapScale.h"
+#include "visualization/heatmap/HeatmapScale.h"
 
 #include <QTest>
 
@@ -83,7 +83,7 @@ void TestHeatmapScale::perMinute()
 {
     QFETCH(qint64, start);
     QFETCH(qint64, end);
-    QTEST(perMinuteFactor({start, end}), "factor");
+    QTEST((TimeFrame{start, end}.perMinute()), "factor");
 }
 
 void TestHeatmapScale::eventsAroundThePeak_data()

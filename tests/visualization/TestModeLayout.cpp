@@ -1,5 +1,5 @@
-#include "visualization/ModeLayout.h"
-#include "visualization/VisualizationParameters.h"
+#include "visualization/modes/ModeLayout.h"
+#include "visualization/parameters/VisualizationParameters.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "visualization/SaccadeClusterShapes.h"
+#include "visualization/shapes/SaccadeClusterShapes.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/SaccadeShapes.h"
+#include "visualization/shapes/SaccadeShapes.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "ToyData.h"
-#include "visualization/ShapeStyle.h"
+#include "visualization/shapes/ShapeStyle.h"
 
 #include <QPalette>
 #include <QTest>
@@ -31,7 +31,7 @@ toy::Scenery withGroup()
     return scenery;
 }
 
-ShapeStyle styleOf(const toy::Scenery &scenery, const QString &groupName, EyeColor eye)
+ShapeStyle styleOf(const toy::Scenery &scenery, const QString &groupName, Eye eye)
 {
     Examination examination;
     examination.groupName = groupName;
@@ -67,13 +67,13 @@ void TestShapeStyle::colorsFollowTheEye()
     scenery.fixations.borderColorLeft = QColor(1, 2, 3);
     scenery.fixations.borderWidth = 4;
     const QString none = QStringLiteral("None");
-    const ShapeStyle left = styleOf(scenery, none, EyeColor::Left);
+    const ShapeStyle left = styleOf(scenery, none, Eye::Left);
     QCOMPARE(left.pen.color(), QColor(1, 2, 3));
     QCOMPARE(left.pen.width(), 4);
     QCOMPARE(left.brush.style(), Qt::SolidPattern);
     QCOMPARE(left.brush.color(), QColor(0, 255, 0, 127));
-    QCOMPARE(styleOf(scenery, none, EyeColor::Right).brush.color(), QColor(0, 0, 255, 127));
-    QCOMPARE(styleOf(scenery, none, EyeColor::Dominant).brush.color(), QColor(255, 0, 0, 127));
+    QCOMPARE(styleOf(scenery, none, Eye::Right).brush.color(), QColor(0, 0, 255, 127));
+    QCOMPARE(styleOf(scenery, none, Eye::Dominant).brush.color(), QColor(255, 0, 0, 127));
 }
 
 void TestShapeStyle::colorsOfTheGroup()
@@ -81,10 +81,10 @@ void TestShapeStyle::colorsOfTheGroup()
     toy::Scenery scenery = withGroup();
     scenery.fixations.borderType = 2;
     const QString experts = QStringLiteral("experts");
-    QCOMPARE(styleOf(scenery, experts, EyeColor::Dominant).brush.color(), QColor(10, 20, 30, 127));
-    QCOMPARE(styleOf(scenery, experts, EyeColor::Left).brush.color(), QColor(40, 50, 60, 127));
-    QCOMPARE(styleOf(scenery, experts, EyeColor::Right).brush.color(), QColor(70, 80, 90, 127));
-    QCOMPARE(styleOf(scenery, experts, EyeColor::Left).pen.color(), QPalette(QColor(40, 50, 60)).dark().color());
+    QCOMPARE(styleOf(scenery, experts, Eye::Dominant).brush.color(), QColor(10, 20, 30, 127));
+    QCOMPARE(styleOf(scenery, experts, Eye::Left).brush.color(), QColor(40, 50, 60, 127));
+    QCOMPARE(styleOf(scenery, experts, Eye::Right).brush.color(), QColor(70, 80, 90, 127));
+    QCOMPARE(styleOf(scenery, experts, Eye::Left).pen.color(), QPalette(QColor(40, 50, 60)).dark().color());
 }
 
 void TestShapeStyle::groupsThatAreNone_data()
@@ -97,14 +97,14 @@ void TestShapeStyle::groupsThatAreNone_data()
 void TestShapeStyle::groupsThatAreNone()
 {
     QFETCH(QString, name);
-    QCOMPARE(styleOf(withGroup(), name, EyeColor::Dominant).brush.color(), QColor(255, 0, 0, 127));
+    QCOMPARE(styleOf(withGroup(), name, Eye::Dominant).brush.color(), QColor(255, 0, 0, 127));
 }
 
 void TestShapeStyle::groupWithoutColorPaintsBlack()
 {
     toy::Scenery scenery = withGroup();
     scenery.fixations.settingsName = QStringLiteral("SaccadeVisualization");
-    const ShapeStyle style = styleOf(scenery, QStringLiteral("experts"), EyeColor::Left);
+    const ShapeStyle style = styleOf(scenery, QStringLiteral("experts"), Eye::Left);
     QVERIFY(!style.pen.color().isValid());
     QCOMPARE(style.pen.color().rgb(), QColor(Qt::black).rgb());
 }
@@ -113,7 +113,7 @@ void TestShapeStyle::negativeWidthCountsAsZero()
 {
     toy::Scenery scenery;
     scenery.fixations.borderWidth = -3;
-    QCOMPARE(styleOf(scenery, QStringLiteral("None"), EyeColor::Left).pen.width(), 0);
+    QCOMPARE(styleOf(scenery, QStringLiteral("None"), Eye::Left).pen.width(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestShapeStyle)

@@ -1,4 +1,4 @@
-#include "visualization/TimeScale.h"
+#include "visualization/timeline/TimeScale.h"
 
 #include <QTest>
 

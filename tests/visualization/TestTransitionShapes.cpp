@@ -1,6 +1,6 @@
 #include "ToyData.h"
-#include "visualization/ClusterShapes.h"
-#include "visualization/TransitionShapes.h"
+#include "visualization/shapes/ClusterShapes.h"
+#include "visualization/shapes/TransitionShapes.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "TestSettings.h"
-#include "visualization/VisualizationCommands.h"
+#include "visualization/parameters/VisualizationCommands.h"
 
 #include <QTest>
 #include <QUndoStack>

@@ -1,5 +1,5 @@
 #include "TestSettings.h"
-#include "visualization/VisualizationKinds.h"
+#include "visualization/modes/VisualizationKinds.h"
 
 #include <QTest>
 

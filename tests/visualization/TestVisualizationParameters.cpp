@@ -1,4 +1,4 @@
-#include "visualization/VisualizationParameters.h"
+#include "visualization/parameters/VisualizationParameters.h"
 
 #include <QPalette>
 #include <QSet>

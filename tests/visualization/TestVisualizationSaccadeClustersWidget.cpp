@@ -75,7 +75,7 @@ QImage TestVisualizationSaccadeClustersWidget::picture() const
 void TestVisualizationSaccadeClustersWidget::init()
 {
     m_data = DataModel();
-    m_data.setTimeEnd(1'000'000);
+    m_data.setTimeFrame({0, 1'000'000});
     m_data.examinations() << samples::examinationAt(
         {{100, 50}, {500, 50}, {100, 60}, {500, 60}, {100, 250}, {500, 250}});
     m_model = std::make_shared<SaccadeClusterModel>();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/FixationCluster.h"
-#include "visualization/DrawingContext.h"
+#include "visualization/selection/DrawingContext.h"
 
 /// Small recordings made by hand, and parameters as a new program has them.
 namespace toy {

@@ -3,7 +3,7 @@
 #include "commands/CommandStack.h"
 #include "TestSettings.h"
 #include "visualization/panel/VisualizationWidget.h"
-#include "visualization/VisualizationKinds.h"
+#include "visualization/modes/VisualizationKinds.h"
 
 #include <QCheckBox>
 #include <QComboBox>

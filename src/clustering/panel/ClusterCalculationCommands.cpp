@@ -65,7 +65,7 @@ CommandCalculateCumulativeClusters::CommandCalculateCumulativeClusters(DataModel
 void CommandCalculateCumulativeClusters::undo()
 {
     for (size_t i = 0; i < m_pooled.size(); ++i)
-        m_model.pooledEyeData(static_cast<int>(i)) = m_pooled[i];
+        m_model.pooled(allEyes[i]) = m_pooled[i];
     m_model.calculationInfo() = m_texts;
     QList<Examination> &examinations = m_model.examinations();
     for (qsizetype i = 0; i < examinations.size(); ++i) {
@@ -78,7 +78,7 @@ void CommandCalculateCumulativeClusters::undo()
 void CommandCalculateCumulativeClusters::redo()
 {
     for (size_t i = 0; i < m_pooled.size(); ++i)
-        m_pooled[i] = std::as_const(m_model).pooledEyeData(static_cast<int>(i));
+        m_pooled[i] = std::as_const(m_model).pooled(allEyes[i]);
     m_texts = m_model.calculationInfo();
     m_examinationTexts.clear();
     const QList<Examination> &examinations = std::as_const(m_model).examinations();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "visualization/ModeLayout.h"
+#include "visualization/modes/ModeLayout.h"
 
 #include <vector>
 

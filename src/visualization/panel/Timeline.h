@@ -1,6 +1,6 @@
 #pragma once
 
-#include "visualization/TimeScale.h"
+#include "visualization/timeline/TimeScale.h"
 
 #include <QWidget>
 

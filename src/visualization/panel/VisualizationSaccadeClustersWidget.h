@@ -1,6 +1,6 @@
 #pragma once
 
-#include "visualization/SaccadeClusterShapes.h"
+#include "visualization/shapes/SaccadeClusterShapes.h"
 
 #include <QPointer>
 #include <QWidget>

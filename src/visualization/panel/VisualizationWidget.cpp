@@ -2,14 +2,14 @@
 #include "ui_VisualizationWidget.h"
 
 #include "model/DataModel.h"
-#include "visualization/AdjustableColorMap.h"
-#include "visualization/ColorTable.h"
-#include "visualization/GradientImage.h"
-#include "visualization/HeatmapLabels.h"
+#include "visualization/parameters/AdjustableColorMap.h"
+#include "visualization/heatmap/ColorTable.h"
+#include "visualization/heatmap/GradientImage.h"
+#include "visualization/heatmap/HeatmapLabels.h"
 #include "visualization/panel/OpenGlViewport.h"
 #include "visualization/panel/OptionForm.h"
-#include "visualization/VisualizationCommands.h"
-#include "visualization/VisualizationKinds.h"
+#include "visualization/parameters/VisualizationCommands.h"
+#include "visualization/modes/VisualizationKinds.h"
 
 #include <QEvent>
 #include <QSignalBlocker>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "commands/panel/ParameterPanel.h"
-#include "visualization/VisualizationParameters.h"
+#include "visualization/parameters/VisualizationParameters.h"
 
 #include <QGraphicsScene>
 #include <QWidget>

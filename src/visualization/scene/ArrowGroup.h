@@ -1,6 +1,6 @@
 #pragma once
 
-#include "visualization/Drawing.h"
+#include "visualization/shapes/Drawing.h"
 
 class QGraphicsItemGroup;
 class QGraphicsScene;

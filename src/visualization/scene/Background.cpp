@@ -1,6 +1,6 @@
 #include "visualization/scene/Background.h"
 
-#include "visualization/Canvas.h"
+#include "model/Canvas.h"
 
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>

@@ -1,7 +1,7 @@
 #include "visualization/scene/DrawingPass.h"
 
-#include "visualization/DrawingModes.h"
-#include "visualization/DrawnAs.h"
+#include "visualization/modes/DrawingModes.h"
+#include "visualization/modes/DrawnAs.h"
 #include "visualization/scene/SceneItems.h"
 
 #include <QCoreApplication>

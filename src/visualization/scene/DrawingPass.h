@@ -1,7 +1,7 @@
 #pragma once
 
-#include "visualization/DrawingContext.h"
-#include "visualization/HeatmapFigures.h"
+#include "visualization/selection/DrawingContext.h"
+#include "visualization/heatmap/HeatmapFigures.h"
 
 #include <QList>
 

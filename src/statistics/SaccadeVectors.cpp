@@ -1,0 +1,75 @@
+#include "statistics/SaccadeVectors.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr qsizetype numbersPerTriple = 3;
+constexpr double fullTurn = 2 * std::numbers::pi;
+
+bool liesInside(const Fixation &fixation, TimeFrame frame)
+{
+    return frame.contains(fixation.firstTime()) && frame.contains(fixation.lastTime());
+}
+
+/// Straight to the right is a full turn, not 0, so that it counts among the directions a little below the horizontal:
+/// in the last bin. Evaluations of earlier recordings have it there.
+double direction(double dx, double dy, double length)
+{
+    return dy / length < 0 ? std::acos(dx / length) : std::acos(-dx / length) + std::numbers::pi;
+}
+
+} // namespace
+
+qsizetype tripleCount(const QList<double> &triples)
+{
+    return triples.size() / numbersPerTriple;
+}
+
+SaccadeTriple tripleAt(const QList<double> &triples, qsizetype index)
+{
+    const qsizetype first = index * numbersPerTriple;
+    return {triples[first], triples[first + 1], triples[first + 2]};
+}
+
+QList<double> saccadeVectors(const EyeData &eye, TimeFrame frame)
+{
+    const QList<Fixation> &scanpath = eye.scanpath;
+    QList<double> triples;
+    for (qsizetype i = 1; i < scanpath.size(); ++i) {
+        const Fixation &from = scanpath[i - 1];
+        const Fixation &to = scanpath[i];
+        if (!liesInside(from, frame) || !liesInside(to, frame) || from.mean == to.mean)
+            continue;
+        const double dx = double(to.mean.x()) - from.mean.x();
+        const double dy = double(to.mean.y()) - from.mean.y();
+        const double length = std::sqrt(dx * dx + dy * dy); // never rounded below |dx|, as std::acos needs it
+        const auto duration = static_cast<double>(elapsedMs(from.lastTime(), to.firstTime()));
+        triples << direction(dx, dy, length) << length << duration;
+    }
+    return triples;
+}
+
+AngleStarBins angleStarBins(const QList<double> &triples, int bins)
+{
+    constexpr int mostBins = 360;
+    const int count = std::clamp(bins, 1, mostBins);
+    const double binWidth = fullTurn / count;
+    AngleStarBins star{QList<double>(count), QList<double>(count), QList<double>(count)};
+    for (qsizetype i = 0; i < tripleCount(triples); ++i) {
+        const SaccadeTriple saccade = tripleAt(triples, i);
+        const int bin = std::min(static_cast<int>(saccade.angle / binWidth), count - 1);
+        star.quantity[bin] += 1;
+        star.meanLength[bin] += saccade.length;
+        star.meanDuration[bin] += saccade.duration;
+    }
+    for (int bin = 0; bin < count; ++bin) {
+        if (star.quantity[bin] > 0) {
+            star.meanLength[bin] /= star.quantity[bin];
+            star.meanDuration[bin] /= star.quantity[bin];
+        }
+    }
+    return star;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "table/ExaminationFilter.h"
+
+#include <QUndoCommand>
+
+class ExaminationTableControl;
+
+/// A filter set in the dialog. Since a filter only ever unchecks, its undo brings the old filter back, but not the
+/// check marks it took.
+class CommandFilter : public QUndoCommand {
+public:
+    CommandFilter(ExaminationFilter oldFilter, ExaminationFilter newFilter, ExaminationTableControl &table);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    ExaminationFilter m_oldFilter;
+    ExaminationFilter m_newFilter;
+    ExaminationTableControl &m_table;
+};

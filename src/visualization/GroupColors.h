@@ -1,9 +1,0 @@
-#pragma once
-
-#include "model/Group.h"
-#include "visualization/VisualizationParameters.h"
-
-/// The colours a new group starts with: the fill colours of the four kinds of data, each for the left, the right and
-/// the dominant eye, keyed as the group expects them ("fixationClustersLeft" and so on).
-Group::ColorTable groupColors(const VisualizationParameters &gazePoints, const VisualizationParameters &fixations,
-                              const VisualizationParameters &clusters, const VisualizationParameters &saccades);

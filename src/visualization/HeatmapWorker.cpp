@@ -1,8 +1,0 @@
-#include "visualization/HeatmapWorker.h"
-
-#include <algorithm>
-
-void HeatmapWorker::clearStripe()
-{
-    std::fill(m_density.column(m_stripe.begin), m_density.column(m_stripe.end), 0.0);
-}

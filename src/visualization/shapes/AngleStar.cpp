@@ -1,0 +1,146 @@
+#include "visualization/shapes/AngleStar.h"
+
+#include "base/TextFormat.h"
+#include "model/Canvas.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+using V = VisualizationParameters;
+
+// Rounded as they are, they make whole degrees a little less, which tells where these are cut: a third of a bin of 9
+// degrees is a shift of 2 degrees.
+constexpr double degreesPerRadian = 57.29577951;
+constexpr double radiansPerDegree = 0.017453293;
+constexpr double fullTurn = 2 * std::numbers::pi;
+
+constexpr QPointF center(canvas::width / 2, canvas::height / 2);
+constexpr double longestBar = 500;    // px
+constexpr double spokeLength = 600;   // px
+constexpr double labelDistance = 675; // px
+
+struct Measure {
+    bool V::*isShown;
+    QList<double> AngleStarBins::*values;
+    Qt::PenStyle line;
+    int thirds; ///< of a bin's width, by which the bars stand beside the middle
+};
+
+constexpr Measure measures[] = {
+    {&V::showQuantityArcs, &AngleStarBins::quantity, Qt::SolidLine, -1},
+    {&V::showDurationArcs, &AngleStarBins::meanDuration, Qt::DotLine, 0},
+    {&V::showLenghtArcs, &AngleStarBins::meanLength, Qt::DashLine, 1},
+};
+
+double binDegrees(qsizetype count)
+{
+    return fullTurn / static_cast<double>(count) * degreesPerRadian;
+}
+
+/// Counter-clockwise from the right.
+QPointF pointAt(double degrees, double distance)
+{
+    const double angle = fullTurn - degrees * radiansPerDegree;
+    return center + distance * QPointF(std::cos(angle), std::sin(angle));
+}
+
+Drawing discs()
+{
+    constexpr int largest = 1000; // px, diameter
+    constexpr int stepSize = 100;
+    const QColor light(200, 200, 200);
+    const QColor dark(100, 100, 100);
+    Drawing drawing;
+    for (int diameter = largest; diameter > 0; diameter -= stepSize) {
+        const QColor &grey = diameter / stepSize % 2 == 0 ? light : dark;
+        const double radius = diameter / 2.0;
+        drawing << OvalShape{{center.x() - radius, center.y() - radius, 2 * radius, 2 * radius},
+                             QPen(grey),
+                             QBrush(grey, Qt::SolidPattern),
+                             {}};
+    }
+    return drawing;
+}
+
+/// The first spoke reads "0°" whatever the offset: its label names the bins' zero.
+QString spokeLabel(qsizetype bin, double degrees)
+{
+    return (bin == 0 ? QStringLiteral("0") : text::general6(degrees)) + u'°';
+}
+
+Drawing spokes(qsizetype count, int offset)
+{
+    const QFont font(QStringLiteral("font: Arial"), 30, -1, false); // sic
+    Drawing drawing;
+    for (qsizetype bin = 0; bin < count; ++bin) {
+        const double degrees = static_cast<double>(bin) * binDegrees(count) + offset;
+        drawing << LineShape{{center, pointAt(degrees, spokeLength)}, QPen(Qt::black)};
+        drawing << TextShape{pointAt(degrees, labelDistance), spokeLabel(bin, degrees), font, Qt::black};
+    }
+    return drawing;
+}
+
+Drawing bars(const QList<double> &values, int shift, int offset, const QPen &pen)
+{
+    const double maximum = std::max(0.0, *std::max_element(values.cbegin(), values.cend()));
+    const double width = binDegrees(values.size());
+    Drawing drawing;
+    for (qsizetype bin = 0; bin < values.size(); ++bin) {
+        const double length = maximum > 0 ? values[bin] / maximum * longestBar : 0;
+        const double degrees = static_cast<double>(bin) * width + offset;
+        drawing << LineShape{{center, pointAt(shift + degrees + width * 0.5, length)}, pen};
+    }
+    return drawing;
+}
+
+/// The mean of both eyes has no colour of its own here, so that its bars are black.
+QColor barColor(EyeMode mode, const VisualizationParameters &parameters)
+{
+    switch (mode) {
+    case EyeMode::showLeft:
+        return parameters.fillColorLeft;
+    case EyeMode::showRight:
+        return parameters.fillColorRight;
+    case EyeMode::showMean:
+        return {};
+    case EyeMode::showAll:
+    case EyeMode::showDominant:
+        break;
+    }
+    return parameters.fillColor;
+}
+
+} // namespace
+
+Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const VisualizationParameters &parameters)
+{
+    constexpr int opaque = 255;
+    QColor translucent = color;
+    translucent.setAlpha(std::clamp(parameters.fillOpacity, 0, opaque)); // the number itself, not a percentage
+    const qsizetype count = bins.quantity.size();
+    Drawing drawing;
+    for (const Measure &measure : measures) {
+        if (!(parameters.*measure.isShown))
+            continue;
+        if (drawing.isEmpty())
+            drawing << discs() << spokes(count, parameters.angleOffset);
+        const int shift = text::truncated(measure.thirds * binDegrees(count) / 3);
+        const QPen pen(translucent, std::max(0, parameters.borderWidth), measure.line);
+        drawing << bars(bins.*measure.values, shift, parameters.angleOffset, pen);
+    }
+    return drawing;
+}
+
+Drawing angleStarOfPass(const QList<ExaminationEye> &pass, const DrawingContext &context)
+{
+    QList<double> triples;
+    for (const ExaminationEye &each : pass)
+        triples << saccadeVectors(each.stream(), context.frame);
+    if (triples.isEmpty())
+        return {};
+    const VisualizationParameters &parameters = context.saccades;
+    return angleStarChart(angleStarBins(triples, parameters.numberOfHistogramBins),
+                          barColor(context.eyeMode, parameters), parameters);
+}

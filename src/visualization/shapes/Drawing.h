@@ -1,0 +1,81 @@
+#pragma once
+
+#include "visualization/heatmap/HeatmapFigures.h"
+
+#include <QBrush>
+#include <QFont>
+#include <QImage>
+#include <QLineF>
+#include <QList>
+#include <QPen>
+#include <QRectF>
+#include <QVector2D>
+
+#include <variant>
+
+/// An ellipse at any angle, given by its semi-axes.
+struct EllipseShape {
+    QPoint center;
+    QVector2D major; ///< px
+    QVector2D minor; ///< px
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+};
+
+/// An ellipse whose axes are those of the canvas, such as a circle or the dot of a sample.
+struct OvalShape {
+    QRectF rect;
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+};
+
+/// A picture of the canvas's size; what is transparent in it lets through what lies below.
+struct RasterShape {
+    QImage image;
+    std::optional<HeatmapFigures> figures = std::nullopt; ///< what the colours of a heatmap stand for; not drawn
+};
+
+/// An arrow between two positions, with or without a head at `to`.
+struct ArrowShape {
+    QPoint from;
+    QPoint to;
+    bool showTip = false;
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+};
+
+struct LineShape {
+    QLineF line;
+    QPen pen;
+    QString toolTip = {};
+};
+
+/// Which place on its upper edge a text is placed by. Its width is known only where it is shown.
+enum class TextAnchor { Left, Middle };
+
+struct TextShape {
+    QPointF top; ///< position of the anchor
+    QString text;
+    QFont font;
+    QColor color;
+    TextAnchor anchor = TextAnchor::Left;
+};
+
+using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape>;
+
+/// A picture as data: shapes from back to front, in canvas pixels.
+using Drawing = QList<Shape>;
+
+/// The drawing in words, one shape a line, for comparisons in tests:
+///
+///     ellipse 640 400 major 30 0 minor 0 20 pen #ff0000 1 brush #7fff0000 tip Fixation ID: 0 | ...
+///     oval 10 20 5 5 pen #000000 1 brush none
+///     raster 2560 1600 sha1 ...
+///     arrow 10 20 to 30 40 pointed pen #ff0000 5 brush #ffff0000 tip Saccade ID: 1 | ...
+///     line 10 20 to 30 40 pen #7fff0000 1 dashed tip From Cluster 0 to Cluster 1 :2 | ...
+///     text 10 20 #000000 font Arial 30 reads 14.4°
+///     text middle 10 20 #000000 font Arial 30 reads C0
+QString toText(const Drawing &drawing);

@@ -1,0 +1,16 @@
+#include "visualization/shapes/FixationToolTip.h"
+
+#include "base/TextFormat.h"
+
+#include <QStringBuilder>
+
+QString fixationToolTip(QLatin1StringView title, qsizetype index, const Fixation &fixation, const QString &shapeLine)
+{
+    const QString clock = QStringLiteral("hh:mm:ss.zzz");
+    const qint64 first = fixation.firstTime();
+    const qint64 last = fixation.lastTime();
+    return title % u": " % QString::number(index) % u"\r\nStart: " % text::clockTime(first, clock) % u"\r\nEnd: " %
+           text::clockTime(last, clock) % u"\r\nDuration: " % text::clockTime(last - first, QStringLiteral("ss.zzz")) %
+           u"\r\n" % shapeLine % u"Mean: (" % QString::number(fixation.mean.x()) % u',' %
+           QString::number(fixation.mean.y()) % u')';
+}

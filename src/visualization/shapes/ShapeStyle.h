@@ -1,0 +1,25 @@
+#pragma once
+
+#include "visualization/selection/DataSelection.h"
+
+#include <QBrush>
+#include <QPen>
+
+class DataModel;
+struct VisualizationParameters;
+
+/// Outline and filling of the shapes of one stream.
+struct ShapeStyle {
+    QPen pen;
+    QBrush brush;
+};
+
+/// The style of one stream of an examination: in the colours of its group, or in those of the record where it has none.
+/// A group that the model does not know counts as none; a group without a colour for this kind of data gives an invalid
+/// colour, which paints black.
+ShapeStyle shapeStyle(const Examination &examination, Eye eye, const DataModel &model,
+                      const VisualizationParameters &parameters);
+
+/// The fill colour at the opacity given in percent. 100 percent come out as alpha 254: 2.55 is a little less than it
+/// looks.
+QColor withOpacity(QColor color, int opacityPercent);
