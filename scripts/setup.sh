@@ -1,7 +1,7 @@
 # What ./run and ./check share: packages, configuration, build. Sourced, with `root` set to the top of the tree.
 
-# A cache that other clones share: paths below the tree count as relative.
-export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1 CCACHE_MAXSIZE="${CCACHE_MAXSIZE:-3G}"
+# How the cache finds what other clones compiled stands in the presets.
+export CCACHE_MAXSIZE="${CCACHE_MAXSIZE:-3G}"
 
 # The packages of packages.txt that are there for one of the given purposes.
 listed_packages() {

@@ -1,7 +1,7 @@
-// Compiled once for all tests.
+// Compiled once for the tests without widgets.
 #pragma once
 
-#include "widgets.h"
+#include "core.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>

@@ -1,0 +1,1 @@
+// The sources of a set of precompiled headers: nothing but the headers.

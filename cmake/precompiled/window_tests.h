@@ -1,0 +1,8 @@
+// Compiled once for the tests of items, panels and the window.
+#pragma once
+
+#include "widgets.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
