@@ -39,23 +39,25 @@ double distance(QPoint from, QPoint to)
     return std::hypot(double(to.x()) - from.x(), double(to.y()) - from.y());
 }
 
-struct Stay {
-    const Fixation *fixation = nullptr;
-    qsizetype cluster = -1;
-};
+/// Sums that wrap around are those of damaged clocks.
+qint64 middleOf(const Fixation &fixation)
+{
+    return static_cast<qint64>(static_cast<quint64>(fixation.firstTime()) + static_cast<quint64>(fixation.lastTime())) /
+           2;
+}
 
 } // namespace
 
-ClusterIndex::Key::Key(const Fixation &fixation_)
-    : mean(fixation_.mean)
-    , firstTime(fixation_.firstTime())
-    , fixation(&fixation_)
+ClusterIndex::Key::Key(const Fixation &fixation, Likeness likeness)
+    : mean(fixation.mean)
+    , firstTime(fixation.firstTime())
+    , samples(likeness == Likeness::Samples ? &fixation.samples : nullptr)
 {
 }
 
 bool ClusterIndex::Key::operator==(const Key &other) const
 {
-    return mean == other.mean && firstTime == other.firstTime && fixation->samples == other.fixation->samples;
+    return mean == other.mean && firstTime == other.firstTime && (!samples || *samples == *other.samples);
 }
 
 size_t ClusterIndex::Hash::operator()(const Key &key) const noexcept
@@ -63,7 +65,9 @@ size_t ClusterIndex::Hash::operator()(const Key &key) const noexcept
     return qHashMulti(0, key.mean.x(), key.mean.y(), key.firstTime);
 }
 
-ClusterIndex::ClusterIndex(const QList<FixationCluster> &clusters) : m_clusterCount(clusters.size())
+ClusterIndex::ClusterIndex(const QList<FixationCluster> &clusters, Likeness likeness)
+    : m_clusterCount(clusters.size())
+    , m_likeness(likeness)
 {
     size_t fixations = 0;
     for (const FixationCluster &cluster : clusters)
@@ -71,23 +75,31 @@ ClusterIndex::ClusterIndex(const QList<FixationCluster> &clusters) : m_clusterCo
     m_clusters.reserve(fixations);
     for (qsizetype i = 0; i < clusters.size(); ++i) {
         for (const Fixation &fixation : clusters[i].fixations)
-            m_clusters.emplace(Key(fixation), i); // the first cluster stays
+            m_clusters.emplace(Key(fixation, likeness), i); // the first cluster stays
     }
 }
 
 qsizetype ClusterIndex::clusterOf(const Fixation &fixation) const
 {
-    const auto found = m_clusters.find(Key(fixation));
+    const auto found = m_clusters.find(Key(fixation, m_likeness));
     return found == m_clusters.cend() ? -1 : found->second;
 }
 
-void ClusterTransitions::add(Pair pair, double length)
+ClusterTransitions::ClusterTransitions(qsizetype clusterCount)
+    : totals(clusterCount)
+    , lengths(clusterCount)
+    , times(clusterCount)
+{
+}
+
+void ClusterTransitions::add(Pair pair, double lengthPx, qint64 timeMs)
 {
     ++counts[pair];
     ++sum;
     for (const qsizetype cluster : {pair.first, pair.second}) {
         ++totals[cluster];
-        lengths[cluster] << length;
+        lengths[cluster] << lengthPx;
+        times[cluster] << timeMs;
     }
 }
 
@@ -105,25 +117,25 @@ int ClusterTransitions::largest() const
     return largest;
 }
 
-ClusterTransitions countTransitions(const ClusterIndex &index, const QList<GazeWalk> &walks, TransitionType type,
+ClusterTransitions countTransitions(const ClusterIndex &index, const QList<GazeWalk> &walks, TransitionRules rules,
                                     TimeFrame frame)
 {
-    const bool direct = type == TransitionType::Saccades;
+    const bool direct = rules.type == TransitionType::Saccades;
+    const auto placesOf = [&](const Fixation &fixation) {
+        const qsizetype cluster = index.clusterOf(fixation);
+        return cluster < 0 ? Places() : Places{cluster};
+    };
     ClusterTransitions transitions(index.clusterCount());
     for (const GazeWalk &walk : walks) {
         const SaccadeTimes saccades(direct ? walk.saccades : nullptr);
-        Stay previous;
-        for (const Fixation &fixation : walk.fixations) {
-            if (!frame.holds(fixation))
-                continue;
-            const Stay stay{&fixation, index.clusterOf(fixation)};
-            if (stay.cluster < 0 && !direct)
-                continue; // neither ends nor begins a transition
-            if (previous.cluster >= 0 && stay.cluster >= 0 && previous.cluster != stay.cluster &&
-                (!direct || saccades.hasOneBetween(previous.fixation->lastTime(), fixation.firstTime())))
-                transitions.add({previous.cluster, stay.cluster}, distance(previous.fixation->mean, fixation.mean));
-            previous = stay;
-        }
+        const auto count = [&](const GazeStay &stay, const Fixation &fixation, const Places &places) {
+            if (stay.places == places ||
+                (direct && !saccades.hasOneBetween(stay.last->lastTime(), fixation.firstTime())))
+                return;
+            const Fixation &from = rules.lengthFrom == LengthFrom::FirstFixation ? *stay.first : *stay.last;
+            transitions.add({stay.places[0], places[0]}, distance(from.mean, fixation.mean), middleOf(fixation));
+        };
+        followGaze(walk, frame, rules.type, placesOf, count);
     }
     return transitions;
 }

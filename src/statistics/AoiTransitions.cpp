@@ -1,0 +1,76 @@
+#include "statistics/AoiTransitions.h"
+
+#include <numeric>
+
+namespace {
+
+double quotient(int count, int total)
+{
+    return total == 0 ? 0.0 : static_cast<double>(count) / total;
+}
+
+Places areasAt(QPoint place, const QList<AreaOfInterest> &areas)
+{
+    Places found;
+    for (qsizetype i = 0; i < areas.size(); ++i) {
+        if (areas[i].contains(place, Qt::WindingFill))
+            found << i;
+    }
+    return found;
+}
+
+} // namespace
+
+AoiTransitions::AoiTransitions(qsizetype areas, double perMinute)
+    : m_areas(areas)
+    , m_perMinute(perMinute)
+    , m_counts(areas * areas)
+{
+}
+
+void AoiTransitions::add(qsizetype from, qsizetype to)
+{
+    ++m_counts[from * m_areas + to];
+}
+
+int AoiTransitions::countOut(qsizetype from) const
+{
+    const auto row = m_counts.cbegin() + from * m_areas;
+    return std::accumulate(row, row + m_areas, 0);
+}
+
+int AoiTransitions::total() const
+{
+    return std::accumulate(m_counts.cbegin(), m_counts.cend(), 0);
+}
+
+double AoiTransitions::shareOfRow(qsizetype from, qsizetype to) const
+{
+    return quotient(count(from, to), countOut(from));
+}
+
+double AoiTransitions::shareOfAll(qsizetype from, qsizetype to) const
+{
+    return quotient(count(from, to), total());
+}
+
+AoiTransitions countAoiTransitions(const QList<AreaOfInterest> &areas, const QList<GazeWalk> &walks,
+                                   TransitionType type, TimeFrame frame)
+{
+    const auto placesOf = [&](const Fixation &fixation) {
+        Places places = areasAt(fixation.mean, areas);
+        if (type == TransitionType::Saccades && places.size() > 1)
+            places.resize(1);
+        return places;
+    };
+    AoiTransitions transitions(areas.size(), frame.perMinute());
+    const auto count = [&](const GazeStay &stay, const Fixation &, const Places &places) {
+        for (const qsizetype from : stay.places) {
+            for (const qsizetype to : places)
+                transitions.add(from, to);
+        }
+    };
+    for (const GazeWalk &walk : walks)
+        followGaze(walk, frame, type, placesOf, count);
+    return transitions;
+}
