@@ -134,11 +134,11 @@ void acceptedChoices()
 
 void acceptedFilesAndNumbers()
 {
-    acceptedRow("time frame", "--time 100:2000 a.data", [](O &o) { o.time = O::TimeFrame{100, 2000}; });
-    acceptedRow("time frame of one moment", "--time 5:5 a.data", [](O &o) { o.time = O::TimeFrame{5, 5}; });
-    acceptedRow("time before zero", "--time -5:-1 a.data", [](O &o) { o.time = O::TimeFrame{-5, -1}; });
+    acceptedRow("time frame", "--time 100:2000 a.data", [](O &o) { o.time = TimeFrame{100, 2000}; });
+    acceptedRow("time frame of one moment", "--time 5:5 a.data", [](O &o) { o.time = TimeFrame{5, 5}; });
+    acceptedRow("time before zero", "--time -5:-1 a.data", [](O &o) { o.time = TimeFrame{-5, -1}; });
     acceptedRow("time beyond 32 bits", "--time 0:9000000000 a.data", [](O &o) {
-        o.time = O::TimeFrame{0, 9000000000};
+        o.time = TimeFrame{0, 9000000000};
     });
     acceptedRow("folder and prefix", "--out results --prefix study a.data", [](O &o) {
         o.outputFolder = QStringLiteral("results");
