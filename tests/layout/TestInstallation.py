@@ -32,6 +32,10 @@ class TestInstallation(unittest.TestCase):
     def test_data_is_that_of_the_sources(self):
         for installed, source in (("vistrum/factory_settings.ini", "data/factory_settings.ini"),
                                   ("applications/vistrum.desktop", "data/vistrum.desktop"),
+                                  ("metainfo/org.vistrum.Vistrum.metainfo.xml", "data/org.vistrum.Vistrum.metainfo.xml"),
+                                  ("doc/Vistrum/LICENSE", "LICENSE"),
+                                  ("doc/Vistrum/README.md", "README.md"),
+                                  ("doc/Vistrum/docs/validation.md", "docs/validation.md"),
                                   ("icons/hicolor/scalable/apps/vistrum.svg", "data/icons/vistrum.svg")):
             with self.subTest(installed):
                 self.assertEqual((self.prefix / "share" / installed).read_bytes(), (REAL_ROOT / source).read_bytes())
@@ -41,6 +45,15 @@ class TestInstallation(unittest.TestCase):
             return sorted(path.name for path in folder.glob("study/*.data"))
         self.assertTrue(recordings(REAL_ROOT / "examples"))
         self.assertEqual(recordings(self.prefix / "share/vistrum/examples"), recordings(REAL_ROOT / "examples"))
+
+    def test_release_is_one_number(self):
+        """Citation, metainfo, change log and build name the same release."""
+        release = re.search(r"project\(Vistrum VERSION (\S+)", (REAL_ROOT / "CMakeLists.txt").read_text("utf-8"))[1]
+        for path, pattern in (("CITATION.cff", r"^version: (\S+)$"), ("CHANGELOG.md", r"^## (\S+)"),
+                              ("data/org.vistrum.Vistrum.metainfo.xml", r'<release version="([^"]+)"')):
+            with self.subTest(path):
+                text = (REAL_ROOT / path).read_text(encoding="utf-8")
+                self.assertEqual(re.search(pattern, text, re.MULTILINE)[1], release)
 
     def test_desktop_entry_names_what_is_installed(self):
         entry = (REAL_ROOT / "data/vistrum.desktop").read_text(encoding="utf-8")
