@@ -21,8 +21,8 @@ constexpr Text typeKey("type=");
 constexpr Text colorKey("color=");
 constexpr Text nameKey("name=");
 
-/// What stands behind the key, up to the next occurrence of the key: a name that has "name=" in it was always cut
-/// there. Nothing where the key does not occur. A value may be empty, but is never null.
+/// What stands behind the key, up to the next occurrence of the key: a name that has "name=" in it is cut there, which
+/// is kept. Nothing where the key does not occur. A value may be empty, but is never null.
 std::optional<QString> valueOf(QStringView line, Text key)
 {
     const qsizetype at = line.indexOf(key);

@@ -50,7 +50,7 @@ Q_SIGNALS:
 
     void sigUpdateTime();
 
-    // Kept for whoever drives the window from outside by its signals; the panel itself does not emit them.
+    // Part of the panel's interface; the panel itself does not emit them.
     void sigShowTable(bool shown);
     void sigShowZoom(bool shown);
     void sigShowVideoControl(bool shown);

@@ -15,8 +15,7 @@ bool calculateCumulativeClusters(DataModel &model, const ClusterParameters &para
 
 /// The minimum of the standard method for pooled fixations. It is multiplied by the number of examinations before each
 /// run and keeps the product, so that with k examinations the four runs ask for k, k^2, k^3 and k^4 times the minimum.
-/// Results of many years rest on it: users choose the minimum by what the containers show, and a corrected one would
-/// give other clusters for the same settings.
+/// That is kept; the plain form asks each run for k times the minimum and gives other clusters for the same settings.
 class GrowingMinimum {
 public:
     GrowingMinimum(int minimum, int examinations) : m_minimum(minimum), m_examinations(examinations) {}

@@ -39,8 +39,10 @@ PlanePoint GaussianField::shiftAt(PlanePoint place)
         sum = sum * x + row[k];
         sumByY = sumByY * x + rowByY[k];
     }
-    // A point on its way uphill is where its own weight is still felt. Whoever asks elsewhere, or with a kernel so
-    // narrow that squares have no place in the numbers, gets the plain sum: the polynomial would be all rounding there.
+    // The polynomial is precise where the sum is not small and the place lies in its square. A point that climbs has
+    // its own weight, 1 or more, in the sum at the start, and the sum grows on its way. Other places can have a smaller
+    // sum. With a very narrow kernel, rounding can put a place outside of its square. For both the sum over all points
+    // is used.
     constexpr double leastSum = 0.5;
     constexpr double halfSquare = 0.36; // in units: half of 1 / sqrt 2, and some rounding
     if (!(sum >= leastSum && std::abs(x) <= halfSquare && std::abs(y) <= halfSquare))

@@ -18,8 +18,8 @@ public:
 };
 
 /// Sorts fixations into groups and sets the `cluster` of each to the number of its group from 0: the first group's
-/// fixations read like those of no cluster, and the numbers of groups that are too small stay. Users' tables hold these
-/// numbers.
+/// fixations read like those of no cluster, and the numbers of groups that are too small stay. That is kept; the other
+/// methods count from 1 and have 0 for no cluster.
 ///
 /// @param labels  for each fixation a whole number from 1; fixations behind the last one are left alone.
 /// @return the fixations of each group, as they were before.

@@ -38,8 +38,8 @@ public:
     size_t listsLeft() const { return m_left; }
 
     /// The members of the longest list, the first among equals: the one it belongs to, then the others ascending. This
-    /// and every other list that has any of them is used up as a whole. What else those hold does not join the group:
-    /// it never did, and the clusters in users' results rest on it. It may still come in with another list.
+    /// and every other list that has any of them is used up as a whole. What else those hold does not join the group,
+    /// though it may still come in with another list. That is kept; the textbook form, connected components, joins it.
     std::vector<size_t> takeLongest()
     {
         const auto longest = std::max_element(m_sizes.cbegin(), m_sizes.cend());
@@ -79,7 +79,7 @@ private:
     size_t m_left;
 };
 
-/// In single precision, as ever: with many fixations it differs from the exact mean.
+/// In single precision, which is kept: from sums of 2^24 on it differs from the exact mean.
 QPoint centreOf(const QList<Fixation> &members)
 {
     float sumX = 0;
@@ -101,8 +101,8 @@ void build(EyeData &stream, const IsCluster &isCluster)
         fixation.cluster = 0;
     Progress progress(QStringLiteral("Calculating the Clusters, please wait."), static_cast<int>(fixations.size()));
     Neighbourhoods neighbourhoods(fixations, progress);
-    // The count of rounds is compared with the number of lists that are left, and both change: the last lists are never
-    // taken up, and their fixations keep 0.
+    // The count of rounds is compared with the number of lists that are left. One grows and the other shrinks, so that
+    // the last lists are never taken up, and their fixations keep 0. That is kept; the plain form goes on to the end.
     size_t rounds = 0;
     do {
         QList<Fixation> members;
@@ -125,7 +125,8 @@ bool isLargeEnough(const QList<Fixation> &members, int minimum)
 }
 
 /// How many examinations have at least the minimum among the members. Places are those in the list of all examinations,
-/// but only those below the number of checked ones are counted: users check from the top.
+/// but only those below the number of checked ones are counted. Kept: where an unchecked examination stands before a
+/// checked one, the last checked ones are not counted; the plain form would count each.
 int examinationsWithMinimum(const QList<Fixation> &members, int minimum, int examinations)
 {
     std::vector<int> counts(static_cast<size_t>(std::max(examinations, 0)));

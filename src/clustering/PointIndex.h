@@ -22,7 +22,8 @@ public:
     /// Places in the list of all points not farther away than the distance, in no particular order.
     std::vector<size_t> within(PlanePoint from, double distance) const
     {
-        // The search leaves out what is at just the limit, so that this is set a bit farther.
+        // The search finds points whose squared distance is below its limit. A point at exactly the distance is wanted,
+        // too, so that the limit is the next larger number.
         const double limit = std::nextafter(distance * distance, std::numeric_limits<double>::infinity());
         const double query[] = {from.x, from.y};
         std::vector<std::pair<size_t, double>> found;
@@ -35,7 +36,7 @@ public:
     }
 
 private:
-    /// What the search asks of a list of points.
+    /// The list of points in the form that the search tree of the library demands.
     struct Cloud {
         size_t kdtree_get_point_count() const { return points.size(); }
         double kdtree_get_pt(size_t place, size_t axis) const { return axis == 0 ? points[place].x : points[place].y; }

@@ -29,8 +29,8 @@ int wholeShare(Place point, Place start, Place end)
     return text::truncated(double(share));
 }
 
-/// With a share of 0 the start. With 1 the sum of both ends: it is the end that is added, not the way to it, and that
-/// must stay so, see `pointToSegmentDistance`.
+/// With a share of 0 the start. With 1 the sum of both ends: it is the end that is added, not the way to it. For the
+/// reason see `pointToSegmentDistance`.
 Place nearestPlace(Place point, Place start, Place end)
 {
     const int share = wholeShare(point, start, end);

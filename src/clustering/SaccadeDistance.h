@@ -19,6 +19,6 @@ int segmentDistance(const SaccadeVector &a, const SaccadeVector &b, DistanceAlgo
 /// largest one.
 ///
 /// The place on the segment is found with a whole share of its length. So it is one of its ends in nearly all cases,
-/// and where the share is 1, the sum of both ends, far from either. Thresholds that users have chosen over the years
-/// rest on these distances; a repaired one would give other clusters for the same settings.
+/// and where the share is 1, the sum of both ends, far from either. Both are kept: the textbook form, start + t * (end
+/// - start) with the fraction t between 0 and 1, gives other clusters for the same thresholds.
 int pointToSegmentDistance(QPoint point, QPoint start, QPoint end, DistanceAlgorithm algorithm);

@@ -175,7 +175,7 @@ private:
     }
 
     /// Neither centre lies in the other circle, and what the circles overlap is, in whole percent of the distance of
-    /// the centres, no more than allowed: the part behind the decimal point never counted.
+    /// the centres, no more than allowed: the part behind the decimal point does not count.
     bool clearOfClusters(QPoint centre, double radius) const
     {
         return std::all_of(m_clusters.cbegin(), m_clusters.cend(), [&](const Disc &cluster) {

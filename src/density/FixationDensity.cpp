@@ -7,7 +7,7 @@
 
 namespace {
 
-class worker_fixation_heatmap : public HeatmapWorker { // NOLINT(readability-identifier-naming): a name users know
+class worker_fixation_heatmap : public HeatmapWorker { // NOLINT(readability-identifier-naming): its given name
 public:
     worker_fixation_heatmap(ColumnStripe stripe, Density &density, std::span<const FixationEvent> events,
                             const NormalDistribution &kernel, FixationMass mass)

@@ -10,7 +10,7 @@
 /// at width + 1.
 ///
 /// The raster is made by rotating whole steps of both axes onto cells, so that some cells are hit twice and some never.
-/// Two rules settle that, and heatmaps are compared over years, so they stay:
+/// Two rules settle that. They are kept; the textbook form evaluates the Gaussian at the centre of each cell:
 /// - of the steps that hit a cell the first one stays (`drawSteps`);
 /// - a cell that no step hits takes the mean of its four neighbours if one of them is inside the Gaussian
 /// (`fillHoles`).

@@ -57,7 +57,7 @@ private:
     std::vector<quint16> m_rows;
 };
 
-class worker_gazepoint_heatmap : public HeatmapWorker { // NOLINT(readability-identifier-naming): a name users know
+class worker_gazepoint_heatmap : public HeatmapWorker { // NOLINT(readability-identifier-naming): its given name
 public:
     worker_gazepoint_heatmap(ColumnStripe stripe, Density &density, ColumnSums &sums,
                              std::span<const GazePointEvent> events, const NormalDistribution &kernel)
@@ -126,7 +126,7 @@ private:
         }
     }
 
-    /// Reads the sums of the neighbours' columns, too: they are finished in this stage.
+    /// Also reads columns that other workers have smoothed: all of them had finished that stage before this one began.
     void smoothAcross(int block)
     {
         const quint8 *reached = &m_sums.reached[static_cast<std::size_t>(block * canvas::width)];
@@ -170,8 +170,9 @@ std::vector<double> gaussianProfile(int count, int sigma)
 
 PositionRange positionsReaching(int cell, int size, int halfWidth)
 {
-    // |cell - p| < p means p > cell / 2, which also holds for every p that is at least halfWidth and near enough; at
-    // the far edge the same with both counted from there. Position 0 is no point's.
+    // Wanted are the p with |cell - p| < min(halfWidth, p, size - p). For p below the cell, |cell - p| < p means
+    // p > cell / 2, and |cell - p| < halfWidth means p > cell - halfWidth; for p from the cell on, |cell - p| < p holds
+    // for each cell but 0. The upper end is the lower one counted from the far edge.
     if (cell <= 0)
         return {0, 0};
     const int fromFarEdge = size - cell;

@@ -21,7 +21,7 @@ struct PositionRange {
 ///
 /// A point at p adds its kernel at p - i and p + i for each offset i below halfWidth with p - i > 0 and p + i < size:
 /// at the edge the kernel is cut offset by offset, on both sides at once. So p reaches i < min(halfWidth, p, size - p),
-/// and position 0 is reached by none. Users compare maps made in years: the cut stays as it is.
+/// and position 0 is reached by none. The cut is kept; the textbook form cuts only what lies outside the canvas.
 PositionRange positionsReaching(int cell, int size, int halfWidth);
 
 /// Density of gaze points: each adds a Gaussian of half width `width / 2`, with the value at offsets i and j

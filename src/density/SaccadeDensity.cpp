@@ -11,7 +11,7 @@ namespace {
 /// Tubes between two exchanges of margins, which is how many columns a margin has.
 constexpr int tubesPerStage = 32;
 
-class worker_saccade_heatmap : public HeatmapWorker { // NOLINT(readability-identifier-naming): a name users know
+class worker_saccade_heatmap : public HeatmapWorker { // NOLINT(readability-identifier-naming): its given name
 public:
     worker_saccade_heatmap(ColumnStripe stripe, Density &density, std::span<const SaccadeMark> marks,
                            const SaccadeMarkStyle &style)

@@ -71,7 +71,7 @@ private:
 
 StretchedGaussian::StretchedGaussian(const SaccadeMark &mark, const SaccadeMarkStyle &style)
 {
-    constexpr double euler = 2.71828182846; // as in known maps: the logarithm differs from the natural one in 1e-11
+    constexpr double euler = 2.71828182846; // kept: the logarithm differs from the natural one by 1e-11 of itself
     const double dx = static_cast<double>(mark.to.x) - mark.from.x;
     const double dy = static_cast<double>(mark.to.y) - mark.from.y;
     const double length = std::max(1.0, std::sqrt(dx * dx + dy * dy));

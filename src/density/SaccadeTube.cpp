@@ -87,7 +87,7 @@ struct TubeStrip::Brush {
 
 std::vector<double> tubeProfile(const NormalDistribution &kernel)
 {
-    constexpr double norm = 2.5; // about the root of 2 pi; known maps have it
+    constexpr double norm = 2.5; // kept; the root of 2 pi, 2.5066, would make the profile's integral 1
     std::vector<double> profile;
     for (int v = 0; v <= kernel.width; ++v) {
         const double distance = static_cast<double>(v) / kernel.sigma;
@@ -177,8 +177,8 @@ void TubeStrip::drawLine(const Brush &brush, qint64 x, qint64 y, int limit)
 }
 
 /// Lines one px apart leave cells between them out. Such a cell, with at least three drawn neighbours, is set to a
-/// quarter of their sum; what it had from earlier tubes is in them and not in it. Maps in use look like that, so it
-/// stays.
+/// quarter of their sum. What it had from earlier tubes is lost by that; what its neighbours had from them comes in.
+/// That is kept: the textbook form adds the profile at the cell's own distance from the middle of the tube.
 void TubeStrip::fillColumn(int x, int firstY, int lastY)
 {
     constexpr double share = 0.25;

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <limits>
 
-/// The centroid of a fixation as users know it from their exports: sums that are cut to whole numbers after each
-/// sample, divided as whole numbers.
+/// The centroid of a fixation: sums that are cut to whole numbers after each sample, divided as whole numbers. That is
+/// kept; the textbook mean is larger by up to one pixel at positive places, before it is cut, and by up to two after.
 class CentroidSum {
 public:
     void add(double x, double y)

@@ -10,8 +10,8 @@ namespace {
 constexpr int overlongMs = 1000;
 constexpr qsizetype fewestSaccadeSamples = 2;
 
-/// Smallest and largest so far. A smallest of 0 gives way to whatever comes next: users compare the figures of many
-/// years, so that it stays.
+/// Smallest and largest so far. A smallest of 0 gives way to whatever comes next. That is kept; in the plain form a
+/// duration of 0 would stay the smallest.
 struct Range {
     void add(qint64 value)
     {

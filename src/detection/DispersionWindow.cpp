@@ -58,7 +58,8 @@ bool DispersionWindow::decideFit()
     if (!m_box.isBuilt())
         m_box.build(m_samples, m_first);
     std::optional<bool> decided = boundedFit();
-    // A box anew costs the whole window: not more often than the changes pay for.
+    // Building the box reads all samples of the window. It is built again only after changes to half of them, so that
+    // a change costs a constant time on average.
     if (!decided && 2 * m_box.changes() > size()) {
         m_box.build(m_samples, m_first);
         decided = boundedFit();
@@ -118,8 +119,8 @@ bool DispersionWindow::isCleanFixation()
 {
     if (trimLimit() == 0)
         return fits();
-    // A front that the box knows to be an outlier settles it without a look at the rest, as long as the window slides
-    // out of a movement.
+    // While the window slides out of a movement, its first sample is mostly an outlier. Where the box proves that, the
+    // window is no clean fixation, and no other sample needs to be measured.
     const WorkSample &front = *m_samples[m_first];
     if (boxHoldsMedian() && m_box.bounds().isOutlier(m_limit, front.x, front.y).value_or(false))
         return false;

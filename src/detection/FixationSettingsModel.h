@@ -38,13 +38,13 @@ inline constexpr int unknownCalculationType = 3;
 /// The index of a name; the first where there is no such name.
 int calculationTypeNamed(const QString &name);
 
-/// The two values whose reading from the store is not the inverse of their writing. Users' stores, and the results
-/// calculated after a start of the program, depend on both.
+/// The two values whose reading from the store is not the inverse of their writing. Both are kept: the detector and the
+/// unit after a start of the program follow from them.
 namespace fixationstore {
 
 /// The name; empty for an unknown type.
 QVariant storedCalculationType(const int &type);
-/// "Velocity based" was never recognised: it reads as unknown, and the standard detector runs.
+/// "Velocity based" is not among the texts: it reads as unknown, and the standard detector runs.
 int loadedCalculationType(const QVariant &stored);
 
 /// The index.

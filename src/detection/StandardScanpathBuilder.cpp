@@ -34,8 +34,8 @@ QPoint centroidOf(std::span<const WorkSample *const> records)
     return sum.centroid();
 }
 
-/// Onset and duration stand one field before their own: rows of this kind always did, and the events export, which
-/// replaces them, never shows it.
+/// Onset and duration stand one field before their own. That is kept; nothing shows these rows, since the events export
+/// builds its own and replaces them.
 EventRow eventRowOf(const Invalid &section)
 {
     const QString nothing = QStringLiteral(".");

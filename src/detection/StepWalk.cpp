@@ -24,7 +24,7 @@ public:
         const Fixation &target = m_scanpath.constLast();
         const double dx = static_cast<double>(next.mean.x()) - target.mean.x();
         const double dy = static_cast<double>(next.mean.y()) - target.mean.y();
-        // The minor axis, though the extent of a fixation would be its major one: users' results rest on it.
+        // The minor axis is kept; the major one, which is the extent of a fixation, would merge more.
         return target.minorAxis.length() > std::sqrt(dx * dx + dy * dy);
     }
 

@@ -31,7 +31,7 @@ void SuspectList::build(QPointF anchor, const std::vector<double> &squares, std:
     const auto wanted = 16 + static_cast<std::size_t>(std::sqrt(static_cast<double>(squares.size())) / 2);
     std::vector<double> ordered = squares;
     const auto farthest = ordered.begin() + static_cast<std::ptrdiff_t>(wanted);
-    // What is not a number is as far as can be.
+    // The farthest come first. A square that is not a number stands before all others, as if it were infinite.
     std::nth_element(ordered.begin(), farthest, ordered.end(),
                      [](double a, double b) { return a > b || (std::isnan(a) && !std::isnan(b)); });
     const double nearDistance = std::max(std::sqrt(*farthest), m_radius / 2);

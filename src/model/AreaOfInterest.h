@@ -10,19 +10,19 @@
 /// written.
 struct AreaOfInterest {
     /// An area without name and vertices. Each new area, though not a copy, draws its colour from the C library's
-    /// generator, which nobody seeds: users find the same areas in the same colours in every session.
+    /// generator, which nobody seeds: each run of the program gives its first, second, third area the same colours.
     AreaOfInterest();
     AreaOfInterest(QString name, QPolygon polygon);
 
-    /// Size in px^2, whatever the direction of the vertices; 0 with fewer than three. Sums are of single precision, as
-    /// in earlier results: beyond 2^24 the last digits are rounded.
+    /// Size in px^2, whatever the direction of the vertices; 0 with fewer than three. Sums are of single precision,
+    /// which is kept: beyond 2^24 the last digits are rounded, where whole numbers would be exact.
     float area() const;
 
     /// Mean of the vertices (not of the surface), each coordinate truncated towards zero; (0,0) without vertices.
     QPoint centroid() const;
 
     /// Whether the position lies inside. Of the edge, the left and upper side count as inside, the right and lower side
-    /// do not. Where the polygon crosses itself the rule decides, and results rest on which one is used.
+    /// do not. Where the polygon crosses itself the rule decides.
     bool contains(QPoint position, Qt::FillRule rule) const { return polygon.containsPoint(position, rule); }
     /// The same for a position between pixels: its coordinates are truncated towards zero first.
     bool contains(QPointF position, Qt::FillRule rule) const;

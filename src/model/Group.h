@@ -11,12 +11,11 @@ struct Group {
     using ColorTable = QHash<QString, QColor>;
 
     Group() = default;
-    /// @param colors  keyed "gazepointsDominant", "fixationsLeft", "saccadesRight" and so on: kind and eye. An entry
-    /// that
-    ///                is missing becomes an invalid colour.
+    /// @param colors  keyed by kind and eye: "gazepointsDominant", "fixationsLeft", "saccadesRight" and so on. A colour
+    ///                without an entry is invalid.
     Group(QString name, const ColorTable &colors);
 
-    /// 0 light, 1 midlight, 2 dark: the shade of a border around a filled shape.
+    /// Tones of the border of a filled shape; the values are those that are stored.
     enum class Shade { Light, Midlight, Dark };
 
     bool operator==(const Group &) const = default;

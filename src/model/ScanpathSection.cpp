@@ -27,7 +27,8 @@ bool isFinite(const PrincipalAxes &axes)
            std::isfinite(axes.minor.y());
 }
 
-/// The middle of the sequence in time. Downstream results are defined by it, so it must not become a sorted median.
+/// The middle of the list as it stands, which is mostly the middle in time. Kept: the textbook median sorts each axis
+/// first and gives another position where the gaze goes back and forth.
 QPoint middleInTime(const QList<GazePoint> &samples)
 {
     const qsizetype middle = samples.size() / 2;

@@ -15,7 +15,7 @@ bool liesInside(const Fixation &fixation, TimeFrame frame)
 }
 
 /// Straight to the right is a full turn, not 0, so that it counts among the directions a little below the horizontal:
-/// in the last bin. Evaluations of earlier recordings have it there.
+/// in the last bin. That is kept; the usual form puts it at 0, in the first bin.
 double direction(double dx, double dy, double length)
 {
     return dy / length < 0 ? std::acos(dx / length) : std::acos(-dx / length) + std::numbers::pi;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// A parameter command as users meet it: its class in the log, its text in the undo view, its key in the store and its
-/// control in a panel. Saved logs and settings files rely on each letter, the misspelt ones too.
+/// control in a panel. Each letter is binding, in the misspelt ones too.
 struct ParameterMember {
     const char *command;
     const char *text;    ///< "%1" is the new value; the texts of colours are followed by the name of the colour

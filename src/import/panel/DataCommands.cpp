@@ -88,7 +88,7 @@ CommandDataRemove::CommandDataRemove(QListWidget &files, QStringList removed, co
 void CommandDataRemove::undo()
 {
     m_files.addItems(m_removed);
-    logLines(m_log, addRedoPrefix(), m_removed); // sic, users' scripts read the log
+    logLines(m_log, addRedoPrefix(), m_removed); // sic, the prefix of the other command
 }
 
 void CommandDataRemove::redo()

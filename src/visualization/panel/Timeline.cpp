@@ -346,7 +346,8 @@ void Timeline::closeEvent(QCloseEvent *event)
     if (!m_detached)
         return;
     toggleDetached();
-    // Closing hides what is closed, also where it is part of another window by now.
+    // The strip is part of the main window again. Qt hides a closed widget after this function returns, so that the
+    // strip is shown when that is done. If it has become a window of its own again by then, it stays closed.
     QMetaObject::invokeMethod(
         this, [this] { setVisible(!isWindow()); }, Qt::QueuedConnection);
 }

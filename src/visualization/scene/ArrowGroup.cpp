@@ -28,7 +28,8 @@ QGraphicsItemGroup *addArrowGroup(QGraphicsScene &scene, const QList<ArrowShape>
     for (const ArrowShape &arrow : arrows)
         items << addArrow(scene, arrow);
     QGraphicsItemGroup *group = scene.createItemGroup(items);
-    // What the scene leaves to the event loop makes each item that goes look through all new ones.
+    // The scene puts new items into its index in the event loop. Until then, each item that is removed is searched in
+    // the list of all new ones. The index is made now, so that removing n arrows does not take n * n steps.
     QCoreApplication::sendPostedEvents(&scene, QEvent::MetaCall);
     return group;
 }

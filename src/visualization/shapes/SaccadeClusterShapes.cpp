@@ -80,7 +80,7 @@ SaccadeClusterLine singleLine(const QList<SaccadeVector> &cluster)
             if (distance(line.from, end) <= distance(line.to, end)) {
                 if (distance(line.to, end) > length) {
                     line.from = end;
-                    length = 0; // not the new length; it must stay so, see the declaration
+                    length = 0; // not the new length, see the declaration
                 }
             } else if (distance(line.from, end) > length) {
                 line.to = end;

@@ -28,8 +28,8 @@ struct SaccadeClusterLine {
 
 /// Stretches the line of the first saccade by the ends of all. Of each end the nearer end of the line gives way if the
 /// farther one is farther from it than the line was long when that was last noted, in whole pixels. At the first end
-/// of the line the length is noted as 0, so that the next one always counts: published figures show these lines, and a
-/// truly longest line would be another one.
+/// of the line the length is noted as 0, so that the next one always counts. That is kept: with the new length noted at
+/// both ends the line would be a longer one, and nearer to the longest of the cluster.
 SaccadeClusterLine singleLine(const QList<SaccadeVector> &cluster);
 
 /// The arrows of a mode in the colours of their clusters; a cluster keeps its colour whichever others are hidden.

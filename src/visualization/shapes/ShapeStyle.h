@@ -20,6 +20,6 @@ struct ShapeStyle {
 ShapeStyle shapeStyle(const Examination &examination, Eye eye, const DataModel &model,
                       const VisualizationParameters &parameters);
 
-/// The fill colour at the opacity given in percent. 100 percent come out as alpha 254: 2.55 is a little less than it
-/// looks.
+/// The fill colour with an alpha of trunc(2.55 * percent). The double nearest to 2.55 is below it, so that 100 percent
+/// give an alpha of 254.
 QColor withOpacity(QColor color, int opacityPercent);
