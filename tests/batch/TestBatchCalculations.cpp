@@ -20,6 +20,7 @@ private Q_SLOTS:
     void clusters();
     void overlapNumbers();
     void saccadeClusters();
+    void tooManySaccades();
 };
 
 void TestBatchCalculations::aDetectorThatIsNotUsedDoesNotMatter()
@@ -190,6 +191,30 @@ void TestBatchCalculations::saccadeClusters()
     QVERIFY(lines(single) > lines(none));
     QCOMPARE(svg(words("--saccade-cluster mode=lines --saccade-cluster minimum-length=10000")), none);
     QCOMPARE(svg(words("--saccade-cluster mode=lines")), all);
+}
+
+/// At most 10,000 can be clustered at once; the gaze goes around a square one more time than that.
+void TestBatchCalculations::tooManySaccades()
+{
+    constexpr int fixations = 10'002;
+    constexpr int samplesOfEach = 3;
+    constexpr const char *corners[] = {"100\t100", "900\t100", "900\t700", "100\t700"};
+    QByteArray lines;
+    for (int i = 0; i < samplesOfEach * fixations; ++i) {
+        const QByteArray eye = corners[i / samplesOfEach % 4] + QByteArray("\t3\t3\t1");
+        lines += QByteArray::number(4 * i) + '\t' + eye + '\t' + eye + '\n';
+    }
+    m_batch->write(QStringLiteral("many.data"), lines);
+    m_batch->write(QStringLiteral("many.set"), "[subject]\ndominant=left\n");
+    const Outcome outcome = m_batch->run(words("--quiet --calculate fixations,saccade-clusters --export fixations "
+                                               "--set Calculation/Fixation/Standard/MinimumDuration=8 --set "
+                                               "Calculation/Fixation/Standard/Outlier=0 many.data"));
+    QCOMPARE(outcome.status, 1);
+    QVERIFY(!outcome.errors.isEmpty()); // before it, that a radius does not suit such steps
+    QVERIFY2(outcome.errors.constLast().startsWith(
+                 QStringLiteral("Too many saccades: There are 10001 saccades, and at most")),
+             qPrintable(outcome.errors.constLast()));
+    QCOMPARE(outcome.written.size(), 2); // the tables are written all the same
 }
 
 QTEST_GUILESS_MAIN(TestBatchCalculations)

@@ -176,6 +176,9 @@ void TestOverlapClusters::centreIsSummedInSinglePrecision()
     // 2^24 + 1 has no place in a float: 16777217 reads as 16777216.
     const EyeData eye = built(stream({disc({16777217, 0}, 10), disc({16777217, 0}, 10)}), 1);
     QCOMPARE(eye.fixationClusters[0].mean, QPoint(16777216, 0));
+    // Each of these places has, but not the sum of the first two: 16777216 / 3 = 5592405.3, 16777218 / 3 = 5592406.
+    const EyeData sums = built(stream({disc({16777216, 0}, 2e7F), disc({1, 0}, 2e7F), disc({1, 0}, 2e7F)}), 2);
+    QCOMPARE(sums.fixationClusters[0].mean, QPoint(5592405, 0));
 }
 
 void TestOverlapClusters::outliers_data()

@@ -73,6 +73,8 @@ private Q_SLOTS:
     void sections();
     void sectionsAroundLosses_data();
     void sectionsAroundLosses() { sections(); }
+    void sectionsBesideLosses_data();
+    void sectionsBesideLosses() { sections(); }
     void radiusIsInclusive_data();
     void radiusIsInclusive();
     void outliersAtTheEndsAreHandedOver();
@@ -189,6 +191,33 @@ void TestStandardScanpathBuilder::sectionsAroundLosses_data()
         << shortRest << StandardParameters{100, 50, 0}
         << QStringList({QStringLiteral("saccade 1: 0 to 40, 5"), QStringLiteral("saccade 3: 100 to 140, 5"),
                         QStringLiteral("invalid 2: 50 to 90, 5")});
+}
+
+void TestStandardScanpathBuilder::sectionsBesideLosses_data()
+{
+    QTest::addColumn<QList<GazePoint>>("samples");
+    QTest::addColumn<StandardParameters>("parameters");
+    QTest::addColumn<QStringList>("expected");
+
+    QList<GazePoint> longerLoss;
+    rest(longerLoss, 0, 10, 100);
+    rest(longerLoss, 100, 1, 0, 0);
+    rest(longerLoss, 111, 10, 100);
+    QTest::newRow("a loss of 21 ms is an invalid section of one sample")
+        << longerLoss << StandardParameters{50, 50, 0}
+        << QStringList({QStringLiteral("fixation 0: 0 to 90, 10"), QStringLiteral("fixation 1: 111 to 201, 10"),
+                        QStringLiteral("invalid 2: 100 to 100, 1")});
+
+    QList<GazePoint> trimmed;
+    rest(trimmed, 0, 5, 100); // 40 ms are too short: a saccade
+    rest(trimmed, 50, 5, 0, 0);
+    rest(trimmed, 100, 6, 100);
+    rest(trimmed, 160, 1, 300); // the allowed outlier makes the candidate last 60 ms
+    rest(trimmed, 170, 1, 500); // breaks it; without the outlier it lasts 50 ms and is none
+    QTest::newRow("a saccade is not extended across an invalid section")
+        << trimmed << StandardParameters{60, 50, 1}
+        << QStringList({QStringLiteral("saccade 1: 0 to 40, 5"), QStringLiteral("saccade 3: 100 to 150, 6"),
+                        QStringLiteral("saccade 4: 160 to 170, 2"), QStringLiteral("invalid 2: 50 to 90, 5")});
 }
 
 void TestStandardScanpathBuilder::sections()

@@ -9,6 +9,9 @@
 
 #include <limits>
 #include <random>
+#include <thread>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -63,6 +66,8 @@ class TestDataImporter : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void writerForm();
+    void recordingFromAPipe();
+    void recordingThatCannotBeReadOnceOpen();
     void linesAround_data();
     void linesAround();
     void lineEnds_data();
@@ -105,6 +110,40 @@ void TestDataImporter::writerForm()
     QCOMPARE(imported.counts, (ImportCounts{2, 0, 0}));
     QCOMPARE(imported.logText, QByteArray());
     QCOMPARE(imported.left().constFirst().color, qRgba(255, 0, 0, 255));
+}
+
+/// A pipe does not know its size.
+void TestDataImporter::recordingFromAPipe()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("pipe.data"));
+    QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
+    std::thread writer([&path] {
+        QFile pipe(path);
+        if (pipe.open(QIODevice::WriteOnly))
+            pipe.write(sampleLine("7") + '\n' + sampleLine("11") + '\n');
+    });
+    Examination examination;
+    const bool ok = DataImporter(path, &examination, nullptr).readFile();
+    writer.join();
+    QVERIFY(ok);
+    QCOMPARE(timesOf(examination.leftEye.gazePoints), QList<qint64>({0, 4}));
+}
+
+/// The memory of the process can be opened as a file, but nothing can be read at its start.
+void TestDataImporter::recordingThatCannotBeReadOnceOpen()
+{
+    const QString path = QStringLiteral("/proc/self/mem");
+    QFile memory(path);
+    if (!memory.open(QIODevice::ReadOnly))
+        QSKIP("This system has no such file.");
+    const QTemporaryDir folder;
+    const Log log(folder.filePath(QStringLiteral("log")));
+    Examination examination;
+    QVERIFY(!DataImporter(path, &examination, &log).readFile());
+    QFile file(folder.filePath(QStringLiteral("log")));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("DataImporter ERROR: Datafile can not be opened or does not exist!\n"));
 }
 
 void TestDataImporter::linesAround_data()

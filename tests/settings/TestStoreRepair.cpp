@@ -5,6 +5,29 @@
 #include <QDir>
 #include <QTest>
 
+#include <unistd.h>
+
+namespace {
+
+/// Rights as those of anybody while it lives: the administrator may write everything.
+class PlainRights {
+public:
+    PlainRights() : m_isLowered(geteuid() == 0 && seteuid(nobody) == 0) {}
+    ~PlainRights()
+    {
+        if (m_isLowered && seteuid(0) != 0)
+            qFatal("The rights of the test do not come back");
+    }
+    PlainRights(const PlainRights &) = delete;
+    PlainRights &operator=(const PlainRights &) = delete;
+
+private:
+    static constexpr uid_t nobody = 65534;
+    const bool m_isLowered;
+};
+
+} // namespace
+
 class TestStoreRepair : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -15,6 +38,8 @@ private Q_SLOTS:
     void aFolderInItsPlaceIsDamage();
     void aFileInPlaceOfItsFolderMakesItUnwritable();
     void aHugeFileIsNotRead();
+    void theLargestStore();
+    void aReadOnlyStoreIsUnwritable();
     void aUsableStoreIsLeftAlone();
     void aDamagedStoreIsSetAside();
     void aFolderIsSetAside();
@@ -119,6 +144,33 @@ void TestStoreRepair::aHugeFileIsNotRead()
     QVERIFY(!prepareStore());
     QCOMPARE(messages.texts().size(), 1);
     worksAcrossOpenings();
+}
+
+void TestStoreRepair::theLargestStore()
+{
+    constexpr qsizetype largest = qsizetype(16) << 20;
+    const QByteArray start("[A]\nB=1\n;");
+    writeStore(start + QByteArray(largest - start.size(), 'x'));
+    QCOMPARE(examineStore(store()), StoreState::Usable);
+    writeStore(start + QByteArray(largest - start.size() + 1, 'x'));
+    QCOMPARE(examineStore(store()), StoreState::Damaged);
+}
+
+void TestStoreRepair::aReadOnlyStoreIsUnwritable()
+{
+    writeStore("[A]\nB=1\n");
+    const auto canRead = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    const auto canWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    const auto canEnter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    QVERIFY(QFile::setPermissions(m_folder->path(), canRead | canWrite | canEnter));
+    QVERIFY(QFile::setPermissions(store(), canRead));
+    {
+        const PlainRights rights;
+        QCOMPARE(examineStore(store()), StoreState::Unwritable);
+    }
+    QVERIFY(QFile::setPermissions(store(), canRead | canWrite));
+    const PlainRights rights;
+    QCOMPARE(examineStore(store()), StoreState::Usable);
 }
 
 void TestStoreRepair::aUsableStoreIsLeftAlone()
