@@ -206,11 +206,17 @@ AoiFileContents parseAoiFile(QByteArrayView bytes)
 
 bool writeAoiFile(const QList<AreaOfInterest> &aois, const QString &path)
 {
+    return writeAoiText(aois, path, aoiFileText);
+}
+
+bool writeAoiText(const QList<AreaOfInterest> &aois, const QString &path,
+                  QByteArray (*text)(const QList<AreaOfInterest> &))
+{
     if (aois.isEmpty()) {
         messages::warning(Text("AOIs are empty!"), Text("You are trying to save an empty AOI. Aborted."));
         return false;
     }
-    if (!replaceFile(path, aoiFileText(aois)))
+    if (!replaceFile(path, text(aois)))
         return true;
     messages::warning(Text("Cannot write to file!"),
                       Text("Error when trying to write to the specified file. Please make sure you have selected the "

@@ -17,7 +17,7 @@
 /// One block an area, in the order of the list: the colour as red, green, blue and alpha, the name to the end of its
 /// line, and a line for each vertex in pixels. A block ends where the next one begins.
 
-/// What was found in an AOI file. Lines count from 1.
+/// What was found in a file of areas. Lines count from 1.
 struct AoiFileContents {
     QList<AreaOfInterest> aois;       ///< order of the file, all enabled; a name may occur more than once
     qsizetype badVertexLines = 0;     ///< lines that are no vertex; they are left out
@@ -25,6 +25,7 @@ struct AoiFileContents {
     qsizetype unfinishedBlocks = 0;   ///< blocks without vertices, and a last one without name; they are left out
     qsizetype stoppedAtLine = 0;      ///< the line from which on nothing was read; 0 if all was
     QString error;                    ///< why the file could not be read at all, else empty
+    QStringList remarks;              ///< what else is to be told of a file of another form, in whole sentences
 };
 
 /// Reads an AOI file; tells the user what is wrong with it, but not about unfinished blocks.
@@ -44,6 +45,10 @@ AoiFileContents parseAoiFile(QByteArrayView bytes);
 /// @return false, after a message, if there is no area, or the path is that of a device or cannot be written. An old
 ///         file is then as it was, unless its folder takes no new files.
 bool writeAoiFile(const QList<AreaOfInterest> &aois, const QString &path);
+
+/// The same for a file of another form, whose content the function makes.
+bool writeAoiText(const QList<AreaOfInterest> &aois, const QString &path,
+                  QByteArray (*text)(const QList<AreaOfInterest> &));
 
 /// The content of the file that is written.
 QByteArray aoiFileText(const QList<AreaOfInterest> &aois);

@@ -36,6 +36,7 @@ public:
     void refreshPlainBackground() override;
     void showImported() override;
     int stimulusWidthPx() const override;
+    QPixmap stimulus() const override { return m_backgroundPixmap; }
     void redraw() override;
     void updateAndRedraw() override;
     void holdRedraw() override;

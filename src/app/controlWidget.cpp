@@ -75,6 +75,7 @@ void controlWidget::connectControls()
     for (QSpinBox *number : saliencyNumbers(*m_ui))
         connect(number, &QSpinBox::valueChanged, this, &controlWidget::sltSetSalVal);
     connect(m_ui->stat_calc, &QPushButton::clicked, this, &controlWidget::sltEmitGraphicChanged);
+    connect(m_ui->aoi_widget, &AoiControl::sigGraphicsParametersChanged, this, &controlWidget::sltEmitGraphicChanged);
 }
 
 void controlWidget::setModel(DataModel *model)
@@ -84,6 +85,7 @@ void controlWidget::setModel(DataModel *model)
     m_ui->FixCalc_widget->setModel(model);
     m_ui->clusterCalc_widget->setModel(model);
     m_ui->saccadeClusterWidget->setModel(model);
+    m_ui->aoi_widget->setModel(model);
     m_ui->export_widget->setModel(model);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setModel(model);
@@ -93,6 +95,7 @@ void controlWidget::setMainWindow(IMainWindow *window)
 {
     m_ui->Data_Widget->setMainWindow(window);
     m_ui->FixCalc_widget->setMainWindow(window);
+    m_ui->aoi_widget->setMainWindow(window);
 }
 
 void controlWidget::setLog(const Log *log)
@@ -128,6 +131,11 @@ SaccadeClusterControl &controlWidget::saccadeClusterControl()
 VisualizationSaccadeClustersWidget &controlWidget::saccadeClustersWidget()
 {
     return *m_ui->saccadebundle_widget;
+}
+
+AoiControl &controlWidget::aoiControl()
+{
+    return *m_ui->aoi_widget;
 }
 
 ExportWidget &controlWidget::exportWidget()

@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 
+class AoiControl;
 class ClusterControl;
 class DataModel;
 class DataWidget;
@@ -37,6 +38,7 @@ public:
     FixationControl &fixationControl();
     ClusterControl &clusterControl();
     SaccadeClusterControl &saccadeClusterControl();
+    AoiControl &aoiControl();
     ExportWidget &exportWidget();
     VisualizationSaccadeClustersWidget &saccadeClustersWidget();
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QPixmap>
 
 struct Examination;
 
@@ -24,6 +25,9 @@ public:
 
     /// Width of the picture that is shown behind the drawing, in pixels.
     virtual int stimulusWidthPx() const = 0;
+
+    /// The picture that is shown behind the drawing. A window without one may leave this out.
+    virtual QPixmap stimulus() const { return {}; }
 
     virtual void redraw() = 0;
 

@@ -150,7 +150,7 @@ void TestControlWidget::pagesAreInOrder_data()
     QTest::addColumn<QByteArray>("box");
     QTest::addColumn<QString>("pages"); // object name and title; others may stand between them
     QTest::newRow("data") << QByteArray("toolBox_2") << QStringLiteral("page_8 Import|page_15 close...");
-    QTest::newRow("calculation") << QByteArray("toolBox") << QStringLiteral("fixationsPage Fixations|page_7 close...");
+    QTest::newRow("calculation") << QByteArray("toolBox") << QStringLiteral("fixationsPage Fixations|aoisPage Areas of Interest|page_7 close...");
     QTest::newRow("visualization") << QByteArray("toolBox_4")
                                    << QStringLiteral("page_6 GazePoints|page_10 Fixations|page_11 Fixation Clusters|"
                                                      "page_14 Saccades|page_sal Saliency map|page_16 close...");
