@@ -2,17 +2,59 @@
 
 #include "batch/OptionTable.h"
 
+namespace {
+
+constexpr qsizetype helpColumn = 28;
+constexpr qsizetype lineEnd = 98;
+
+/// The text from the help column on, broken between words.
+QString wrapped(const QString &text)
+{
+    QString lines;
+    qsizetype column = helpColumn;
+    for (const QString &word : text.split(u' ')) {
+        if (column > helpColumn && column + word.size() > lineEnd) {
+            lines = lines.chopped(1) + u'\n' + QString(helpColumn, u' ');
+            column = helpColumn;
+        }
+        lines += word + u' ';
+        column += word.size() + 1;
+    }
+    return lines.chopped(1);
+}
+
+QString helpOf(const OptionRow &row)
+{
+    const QString help(row.help);
+    return row.value->words ? help.arg(row.value->words().join(QLatin1StringView(", "))) : help;
+}
+
+/// A name that reaches into the help column has a line of its own.
+QString lineOf(const OptionRow &row)
+{
+    const QString call = QStringLiteral("  --%1 %2").arg(row.name, row.placeholder);
+    const QString gap = call.size() < helpColumn ? QString() : u'\n' + QString(helpColumn, u' ');
+    return call.leftJustified(helpColumn) + gap + wrapped(helpOf(row)) + u'\n';
+}
+
+QString helpOf(const OptionGroup &group)
+{
+    QString lines;
+    for (const OptionRow &row : group.rows) {
+        if (row.value)
+            lines += lineOf(row);
+    }
+    return lines.isEmpty() ? lines : u'\n' + group.subject + QLatin1StringView(":\n") + lines;
+}
+
+} // namespace
+
 QString batchHelp()
 {
-    constexpr qsizetype nameColumn = 24;
     QString help = QStringLiteral("vistrum-batch [options] RECORDING.data...\n"
-                                  "Imports, calculates, exports and draws as the window does, without one.\n\n");
-    for (const optiontable::Row &row : optiontable::rows) {
-        if (row.id == optiontable::Id::NotBuilt)
-            continue;
-        const QString call = QStringLiteral("  --%1 %2").arg(row.name, row.value);
-        help += call.leftJustified(nameColumn) + row.help + u'\n';
-    }
+                                  "Imports, calculates, exports and draws as the window does, without one.\n");
+    for (const OptionGroup &group : optionGroups())
+        help += helpOf(group);
     return help + QLatin1StringView("\nFiles written are listed on standard output, one path a line.\n"
                                     "Exit code: 0 all done, 1 something failed and the rest is done, 2 wrong call.\n");
 }

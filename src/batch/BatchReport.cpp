@@ -1,6 +1,5 @@
 #include "batch/BatchReport.h"
 
-#include "batch/OptionWords.h"
 #include "settings/SettingsStore.h"
 
 #include <QCryptographicHash>
@@ -74,15 +73,6 @@ QString valueText(const QVariant &value)
     return value.typeId() == QMetaType::QStringList ? value.toStringList().join(u',') : value.toString();
 }
 
-template <class T, size_t N>
-QString wordsFor(const QList<T> &meanings, const optionwords::Word<T> (&vocabulary)[N])
-{
-    QStringList words;
-    for (const T &meaning : meanings)
-        words << optionwords::wordFor(meaning, vocabulary);
-    return words.join(u',');
-}
-
 } // namespace
 
 ReportedFile reportedFile(const QString &path)
@@ -100,28 +90,6 @@ QMap<QString, QString> storedParameters(const SettingsStore &store)
     for (const QString &key : store.allKeys())
         parameters.insert(key, valueText(store.value(key)));
     return parameters;
-}
-
-QMap<QString, QString> reportedOptions(const BatchOptions &options)
-{
-    using namespace optionwords;
-    QMap<QString, QString> reported{{QStringLiteral("calculate"), wordsFor(options.calculations, calculations)},
-                                    {QStringLiteral("export"), wordsFor(options.tables, tables)},
-                                    {QStringLiteral("eyes"), wordFor(options.eyes, eyes)}};
-    if (options.overlapFixations != BatchOptions().overlapFixations)
-        reported.insert(QStringLiteral("overlap-fixations"), QString::number(options.overlapFixations));
-    if (options.overlapOutliers)
-        reported.insert(QStringLiteral("overlap-outliers"), QString::number(*options.overlapOutliers));
-    if (options.calculations.contains(BatchOptions::Calculation::SaccadeClusters))
-        reported.insert(QStringLiteral("saccade-cluster"), assignments(options.saccadeClusters));
-    if (options.detector)
-        reported.insert(QStringLiteral("detector"), wordFor(*options.detector, detectors));
-    if (options.velocityUnit)
-        reported.insert(QStringLiteral("velocity-unit"), wordFor(*options.velocityUnit, velocityUnits));
-    if (options.time)
-        reported.insert(QStringLiteral("time"),
-                        QStringLiteral("%1:%2").arg(options.time->startMs).arg(options.time->endMs));
-    return reported;
 }
 
 QJsonDocument toJson(const BatchReport &report)

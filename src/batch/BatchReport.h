@@ -1,6 +1,5 @@
 #pragma once
 
-#include "batch/BatchOptions.h"
 #include "batch/MessageRecord.h"
 
 #include <QMap>
@@ -43,9 +42,6 @@ ReportedFile reportedFile(const QString &path);
 
 /// Every key and value of the store, as text.
 QMap<QString, QString> storedParameters(const SettingsStore &store);
-
-/// The options that shape the results and are no parameters; not how many jobs do the work or what the terminal shows.
-QMap<QString, QString> reportedOptions(const BatchOptions &options);
 
 /// The report as JSON, the keys of each object in alphabetical order.
 QJsonDocument toJson(const BatchReport &report);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -26,67 +27,46 @@ auto &field(O &options)
 }
 
 struct Row {
-    Text name;
-    Text words; ///< with commas in between, each standing for its place; empty for a number
-    int least;
-    int most;
+    NumberRange range;
     int (*get)(const Options &);
     void (*set)(Options &, int);
 };
 
 template <auto Member>
-constexpr Row numberRow(Text name, int least, int most, Text words = {})
+constexpr Row row(const NumberRange &range)
 {
-    return {name,
-            words,
-            least,
-            most,
-            [](const Options &options) { return static_cast<int>(field<Member>(options)); },
+    return {range, [](const Options &options) { return static_cast<int>(field<Member>(options)); },
             [](Options &options, int value) {
                 auto &member = field<Member>(options);
                 member = static_cast<std::remove_reference_t<decltype(member)>>(value);
             }};
 }
 
-template <auto Member>
-constexpr Row wordRow(Text name, Text words)
+/// What is clustered is as the panel has it; what is drawn has no rows elsewhere.
+template <std::size_t... I>
+constexpr auto allRows(std::index_sequence<I...>)
 {
-    return numberRow<Member>(name, 0, 0, words);
+    using S = SaccadeClusterStyle;
+    return std::array{
+        row<std::get<I>(stagedrows::all).member>(std::get<I>(stagedrows::all).range)...,
+        row<&Options::mode>({Text("mode"), 0, 2, Text("none,lines,single-line")}),
+        row<&S::lineWidthPx>({Text("line-width"), 1, 100}),
+        row<&S::showArrowTips>({Text("arrow-tips"), 0, 1, stagedrows::flags}),
+        row<&S::minimumQuantity>({Text("minimum-quantity"), 1, stagedrows::manyVectors}),
+    };
 }
 
-using P = SaccadeClusterParameters;
-using S = SaccadeClusterStyle;
-constexpr Text linkages("average,maximum,minimum");
-constexpr Text flags("no,yes");
-
-/// Ranges and order of the words are those of the panels.
-constexpr std::array rows{
-    numberRow<&P::minimumLength>(Text("minimum-length"), 0, 10'000),
-    numberRow<&P::minimumAngleDifference>(Text("minimum-angle-difference"), 0, 90),
-    wordRow<&P::directionDependent>(Text("direction-dependent"), flags),
-    wordRow<&P::angleLinkage>(Text("angle-linkage"), linkages),
-    numberRow<&P::angleCutoff>(Text("angle-cutoff"), 0, 180),
-    numberRow<&P::minimumAngleQuantity>(Text("minimum-angle-quantity"), 1, 1'000'000),
-    wordRow<&P::distanceAlgorithm>(Text("distance"), Text("euclidean,manhattan")),
-    wordRow<&P::distanceLinkage>(Text("distance-linkage"), linkages),
-    numberRow<&P::distanceCutoff>(Text("distance-cutoff"), 0, 1000),
-    numberRow<&P::minimumDistanceQuantity>(Text("minimum-distance-quantity"), 1, 100),
-    wordRow<&Options::mode>(Text("mode"), Text("none,lines,single-line")),
-    numberRow<&S::lineWidthPx>(Text("line-width"), 1, 100),
-    wordRow<&S::showArrowTips>(Text("arrow-tips"), flags),
-    numberRow<&S::minimumQuantity>(Text("minimum-quantity"), 1, 1'000'000),
-};
+constexpr auto rows = allRows(std::make_index_sequence<std::tuple_size_v<decltype(stagedrows::all)>>());
 
 QStringList wordsOf(const Row &row)
 {
-    return row.words.isEmpty() ? QStringList() : QString(row.words).split(u',');
+    return row.range.words.isEmpty() ? QStringList() : QString(row.range.words).split(u',');
 }
 
 QString notOneOf(const QString &word, const QStringList &words)
 {
-    const QString nearest = suggestion(word, words);
-    const QString hint = nearest.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(nearest);
-    return QStringLiteral("%1 is not one of %2").arg(word, words.join(QLatin1StringView(", "))) + hint;
+    return QStringLiteral("%1 is not one of %2").arg(word, words.join(QLatin1StringView(", "))) +
+           didYouMean(word, words);
 }
 
 std::variant<int, QString> valueOf(const Row &row, const QString &text)
@@ -97,9 +77,9 @@ std::variant<int, QString> valueOf(const Row &row, const QString &text)
     }
     bool ok = false;
     const int number = text.toInt(&ok);
-    if (ok && number >= row.least && number <= row.most)
+    if (ok && number >= row.range.least && number <= row.range.most)
         return number;
-    return QStringLiteral("not a whole number from %1 to %2").arg(row.least).arg(row.most);
+    return QStringLiteral("not a whole number from %1 to %2").arg(row.range.least).arg(row.range.most);
 }
 
 } // namespace
@@ -111,10 +91,11 @@ std::variant<SaccadeClusterOptions, QString> withAssignment(const SaccadeCluster
     if (equals < 1)
         return QStringLiteral("not of the form NAME=VALUE");
     const QString name = assignment.left(equals);
-    const auto row = std::find_if(rows.begin(), rows.end(), [&](const Row &each) { return each.name == name; });
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const Row &each) { return each.range.name == name; });
     if (row == rows.end()) {
         QStringList names;
-        std::transform(rows.begin(), rows.end(), std::back_inserter(names), [](const Row &each) { return each.name; });
+        std::transform(rows.begin(), rows.end(), std::back_inserter(names),
+                       [](const Row &each) { return each.range.name; });
         return notOneOf(name, names);
     }
     const std::variant<int, QString> value = valueOf(*row, assignment.mid(equals + 1));
@@ -131,7 +112,7 @@ QString assignments(const SaccadeClusterOptions &options)
     for (const Row &row : rows) {
         const QStringList words = wordsOf(row);
         const int value = row.get(options);
-        texts << row.name + u'=' + (words.isEmpty() ? QString::number(value) : words.value(value));
+        texts << row.range.name + u'=' + (words.isEmpty() ? QString::number(value) : words.value(value));
     }
     return texts.join(u',');
 }

@@ -52,3 +52,9 @@ QString suggestion(const QString &word, const QStringList &known)
     }
     return nearest;
 }
+
+QString didYouMean(const QString &word, const QStringList &known)
+{
+    const QString nearest = suggestion(word, known);
+    return nearest.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(nearest);
+}

@@ -7,3 +7,6 @@
 /// single changed, missing, added or swapped characters, if they are few. Upper and lower case count as the same. Empty
 /// if nothing is near; the first one where several are equally near.
 QString suggestion(const QString &word, const QStringList &known);
+
+/// "; did you mean --eyes?", or nothing.
+QString didYouMean(const QString &word, const QStringList &known);

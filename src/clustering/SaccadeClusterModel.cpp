@@ -2,12 +2,13 @@
 
 #include "model/DataModel.h"
 
-struct SaccadeClusterModel::Stage {
+struct SaccadeClusterModel::Step {
     void (SaccadeClusterModel::*run)();
     void (SaccadeClusterModel::*done)();
 };
 
-constexpr SaccadeClusterModel::Stage SaccadeClusterModel::stages[stageCount] = {
+/// In the order of the stages.
+constexpr SaccadeClusterModel::Step SaccadeClusterModel::steps[stageCount] = {
     {&SaccadeClusterModel::preProcess, &SaccadeClusterModel::sigPreProcessingDone},
     {&SaccadeClusterModel::makeAngleMatrices, &SaccadeClusterModel::sigAngleMatrixDone},
     {&SaccadeClusterModel::makeAngleTrees, &SaccadeClusterModel::sigAngleTreeDone},
@@ -17,7 +18,7 @@ constexpr SaccadeClusterModel::Stage SaccadeClusterModel::stages[stageCount] = {
     {&SaccadeClusterModel::makeDistanceClusters, &SaccadeClusterModel::sigDistanceClusterDone},
 };
 
-void SaccadeClusterModel::resetStage(int stage)
+void SaccadeClusterModel::resetStage(Stage stage)
 {
     m_stage = std::min(m_stage, stage);
 }
@@ -32,7 +33,7 @@ void SaccadeClusterModel::cluster()
     if (!m_model)
         return;
     for (int i = 0; i < stageCount; ++i) {
-        if (m_stage == i && !doStage())
+        if (m_stage == static_cast<Stage>(i) && !doStage())
             return;
     }
 }
@@ -40,15 +41,14 @@ void SaccadeClusterModel::cluster()
 /// @return whether the next stage can follow.
 bool SaccadeClusterModel::doStage()
 {
-    constexpr int angleMatrix = 1;
-    if (m_stage == angleMatrix && !canClusterSaccades(m_vectors.size())) {
+    if (m_stage == Stage::AngleMatrix && !canClusterSaccades(m_vectors.size())) {
         clearFromAngleMatrices();
         return false;
     }
-    const Stage &stage = stages[m_stage];
-    (this->*stage.run)();
-    ++m_stage;
-    Q_EMIT(this->*stage.done)();
+    const int done = static_cast<int>(m_stage);
+    (this->*steps[done].run)();
+    m_stage = static_cast<Stage>(done + 1);
+    Q_EMIT(this->*steps[done].done)();
     return true;
 }
 

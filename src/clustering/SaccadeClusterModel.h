@@ -9,7 +9,8 @@
 class SaccadeClusterModel : public QObject {
     Q_OBJECT
 public:
-    static constexpr int stageCount = 7;
+    using Stage = SaccadeClusterStage;
+    static constexpr int stageCount = static_cast<int>(Stage::Done);
 
     using QObject::QObject;
 
@@ -22,7 +23,7 @@ public:
     void setParameters(const SaccadeClusterParameters &parameters)
     {
         m_parameters = parameters;
-        resetStage(0);
+        resetStage(Stage::PreProcessing);
     }
     /// Sets the parameter; its stage and those after it have to be done again.
     template <class T>
@@ -32,10 +33,10 @@ public:
         resetStage(row.stage);
     }
 
-    /// The next stage to do, 0 to 7; with 7 all is done.
-    int stage() const { return m_stage; }
+    /// The next stage to do.
+    Stage stage() const { return m_stage; }
     /// Has this stage and those after it done again; those before it are left as they are, be they done or not.
-    void resetStage(int stage);
+    void resetStage(Stage stage);
 
     /// Whether there is anything to calculate from.
     bool hasExaminations() const;
@@ -64,8 +65,8 @@ Q_SIGNALS:
     void sigDistanceClusterDone();
 
 private:
-    struct Stage;
-    static const Stage stages[stageCount];
+    struct Step;
+    static const Step steps[stageCount];
 
     bool doStage();
     void preProcess();
@@ -79,7 +80,7 @@ private:
 
     const DataModel *m_model = nullptr;
     SaccadeClusterParameters m_parameters;
-    int m_stage = 0;
+    Stage m_stage = Stage::PreProcessing;
     QList<SaccadeVector> m_vectors;
     std::vector<SaccadeGroup> m_angleMatrices;
     std::vector<ClusterTree> m_angleTrees;

@@ -1,6 +1,9 @@
 #include "batch/BatchHelp.h"
 #include "batch/BatchOptions.h"
+#include "batch/CalculationRows.h"
+#include "batch/OptionTable.h"
 #include "batch/Suggestion.h"
+#include "batch/TableRows.h"
 
 #include <QTest>
 
@@ -14,6 +17,8 @@ private Q_SLOTS:
     void suggestions_data();
     void suggestions();
     void helpNamesWhatIsBuilt();
+    void helpIsInColumns();
+    void namesAreUnique();
     void exitCodes();
 };
 
@@ -35,6 +40,11 @@ BatchOptions expected(const Change &change)
 QStringList arguments(const QString &line)
 {
     return line.isEmpty() ? QStringList() : line.split(u' ');
+}
+
+QStringList listed(const char *words)
+{
+    return QString::fromLatin1(words).split(u' ');
 }
 
 void acceptedRow(const char *name, const char *line, const Change &change)
@@ -93,20 +103,15 @@ void acceptedChoices()
     acceptedRow("areas of interest in their order", "--aois 2.aoi --aois=1.aoi a.data", [](O &o) {
         o.aoiFiles = QStringList{QStringLiteral("2.aoi"), QStringLiteral("1.aoi")};
     });
-    acceptedRow("calculation", "--calculate fixations a.data",
-                [](O &o) { o.calculations = {O::Calculation::Fixations}; });
+    acceptedRow("calculation", "--calculate fixations a.data", [](O &o) { o.calculations = listed("fixations"); });
     acceptedRow("a calculation named twice runs once", "--calculate fixations,fixations a.data",
-                [](O &o) { o.calculations = {O::Calculation::Fixations}; });
+                [](O &o) { o.calculations = listed("fixations"); });
     acceptedRow("calculations in the order in which they run",
-                "--calculate saccade-clusters,cumulative-clusters,clusters,fixations a.data", [](O &o) {
-                    o.calculations = {O::Calculation::Fixations, O::Calculation::Clusters,
-                                      O::Calculation::CumulativeClusters, O::Calculation::SaccadeClusters};
-                });
-    acceptedRow(
-        "exports in the order in which they are written",
-        "--export cumulative-clusters,events,fixations,clusters a.data", [](O &o) {
-            o.tables = {O::Table::Fixations, O::Table::Clusters, O::Table::Events, O::Table::CumulativeClusters};
-        });
+                "--calculate saccade-clusters,cumulative-clusters,clusters,fixations a.data",
+                [](O &o) { o.calculations = listed("fixations clusters cumulative-clusters saccade-clusters"); });
+    acceptedRow("exports in the order in which they are written",
+                "--export cumulative-clusters,events,fixations,clusters a.data",
+                [](O &o) { o.tables = listed("fixations clusters events cumulative-clusters"); });
     acceptedRow("minimum of the overlap method", "--overlap-fixations 500 a.data",
                 [](O &o) { o.overlapFixations = 500; });
     acceptedRow("outliers of the overlap method", "--overlap-outliers 0 a.data", [](O &o) { o.overlapOutliers = 0; });
@@ -124,7 +129,7 @@ void acceptedChoices()
     acceptedRow("of two values the later one counts",
                 "--saccade-cluster angle-cutoff=1 --saccade-cluster angle-cutoff=180 a.data",
                 [](O &o) { o.saccadeClusters.parameters.angleCutoff = 180; });
-    acceptedRow("one export", "--export events a.data", [](O &o) { o.tables = {O::Table::Events}; });
+    acceptedRow("one export", "--export events a.data", [](O &o) { o.tables = listed("events"); });
     acceptedRow("all eyes", "--eyes all a.data", [](O &o) { o.eyes = EyeMode::showAll; });
     acceptedRow("dominant eye", "--eyes dominant a.data", [](O &o) { o.eyes = EyeMode::showDominant; });
     acceptedRow("left eye", "--eyes left a.data", [](O &o) { o.eyes = EyeMode::showLeft; });
@@ -137,9 +142,7 @@ void acceptedFilesAndNumbers()
     acceptedRow("time frame", "--time 100:2000 a.data", [](O &o) { o.time = TimeFrame{100, 2000}; });
     acceptedRow("time frame of one moment", "--time 5:5 a.data", [](O &o) { o.time = TimeFrame{5, 5}; });
     acceptedRow("time before zero", "--time -5:-1 a.data", [](O &o) { o.time = TimeFrame{-5, -1}; });
-    acceptedRow("time beyond 32 bits", "--time 0:9000000000 a.data", [](O &o) {
-        o.time = TimeFrame{0, 9000000000};
-    });
+    acceptedRow("time beyond 32 bits", "--time 0:9000000000 a.data", [](O &o) { o.time = TimeFrame{0, 9000000000}; });
     acceptedRow("folder and prefix", "--out results --prefix study a.data", [](O &o) {
         o.outputFolder = QStringLiteral("results");
         o.prefix = QStringLiteral("study");
@@ -232,7 +235,8 @@ void refusedChoices()
     refusedRow(
         "empty list entry", "--export fixations,,events a.data",
         "--export : not one of fixations, clusters, events, cumulative-clusters, general-statistics, aoi-statistics, "
-        "transitions, anglestar");
+        "transitions, anglestar, tidy, aoi-measures, scanpath-measures, group-comparison, scanpath-similarity, "
+        "quality, bids");
 }
 
 void refusedTimes()
@@ -277,22 +281,29 @@ void refusedNumbersAndNames()
 
 void notBuilt()
 {
-    for (const char *option : {"video", "video-step"}) {
-        QTest::addRow("not built: %s", option)
-            << u"--%1 x a.data"_qs.arg(QLatin1StringView(option))
-            << u"--%1: not available in this version"_qs.arg(QLatin1StringView(option));
+    for (const OptionGroup &group : optionGroups()) {
+        for (const OptionRow &row : group.rows) {
+            if (row.value)
+                continue;
+            QTest::addRow("not built: %s", row.name.data())
+                << u"--%1 x a.data"_qs.arg(row.name) << u"--%1: not available in this version"_qs.arg(row.name);
+        }
     }
     const auto refuse = [](const char *option, const char *word) {
         const QString call = u"--%1 %2"_qs.arg(QLatin1StringView(option), QLatin1StringView(word));
         QTest::addRow("not built: %s %s", option, word)
             << call + QStringLiteral(" a.data") << call + QStringLiteral(": not available in this version");
     };
-    for (const char *word : {"general-statistics", "aoi-statistics"})
-        refuse("calculate", word);
-    for (const char *word : {"general-statistics", "aoi-statistics", "transitions", "anglestar"})
-        refuse("export", word);
-    refusedRow("one entry of a list is not built", "--export fixations,transitions a.data",
-               "--export transitions: not available in this version");
+    for (const CalculationRow &row : calculationRows()) {
+        if (!row.built())
+            refuse("calculate", row.word.data());
+    }
+    for (const TableRow &row : tableRows()) {
+        if (!row.built())
+            refuse("export", row.word.data());
+    }
+    refusedRow("one entry of a list is not built", "--export fixations,bids a.data",
+               "--export bids: not available in this version");
     refusedRow("a density that is no .tiff", "--density d.png a.data",
                "--density d.png: the name does not end in .tiff");
     refusedRow("not built, without its value", "--video", "--video: not available in this version");
@@ -373,14 +384,41 @@ void TestBatchOptions::suggestions()
 void TestBatchOptions::helpNamesWhatIsBuilt()
 {
     const QString help = batchHelp();
-    for (const char *option :
-         {"settings", "set", "detector", "velocity-unit", "background", "aois", "time", "calculate", "export", "eyes",
-          "out", "prefix", "image", "report", "jobs", "quiet", "help", "version"})
-        QVERIFY2(help.contains(u"\n  --%1 "_qs.arg(QLatin1StringView(option))), option);
-    for (const char *option : {"video"})
-        QVERIFY2(!help.contains(QLatin1StringView(option)), option);
+    for (const OptionGroup &group : optionGroups()) {
+        for (const OptionRow &row : group.rows)
+            QVERIFY2(help.contains(u"\n  --%1 "_qs.arg(row.name)) == (row.value != nullptr), row.name.data());
+    }
+    for (const char *words :
+         {"of fixations, clusters, cumulative-clusters, saccade-clusters", "of standard, gaussian, velocity (default",
+          "of all, dominant, left, right, mean (default", "of gaze, fixations, clusters, saccades (default: gaze)"})
+        QVERIFY2(help.contains(QLatin1StringView(words)), words);
     for (const QString &line : help.split(u'\n'))
         QVERIFY2(line.size() < 100, qPrintable(line));
+}
+
+/// A name that reaches into the column of the help stands on a line of its own; subjects are told apart.
+void TestBatchOptions::helpIsInColumns()
+{
+    const QStringList lines = batchHelp().split(u'\n');
+    for (const char *subject : {"Input:", "Parameters:", "Calculations:", "Tables:", "Pictures:", "Run:"})
+        QVERIFY2(lines.contains(QLatin1StringView(subject)), subject);
+    for (const QString &line : lines) {
+        const qsizetype gap = line.indexOf(QLatin1StringView("  "), 2);
+        if (line.startsWith(QLatin1StringView("  --")) && gap > 0)
+            QCOMPARE(line.size() - line.mid(gap).trimmed().size(), 28);
+    }
+    QVERIFY(lines.contains(QStringLiteral("  --saccade-cluster NAME=VALUE")));
+}
+
+/// Each option is known once.
+void TestBatchOptions::namesAreUnique()
+{
+    QStringList names;
+    for (const OptionGroup &group : optionGroups()) {
+        for (const OptionRow &row : group.rows)
+            names << row.name;
+    }
+    QCOMPARE(names.removeDuplicates(), 0);
 }
 
 void TestBatchOptions::exitCodes()

@@ -1,5 +1,7 @@
+#include "batch/BatchOptions.h"
 #include "batch/BatchReport.h"
 #include "batch/MessageRecord.h"
+#include "batch/OptionTable.h"
 #include "settings/SettingsStore.h"
 
 #include <QFile>

@@ -139,7 +139,7 @@ void TestSaccadeClusterControl::nothingIsCalculatedAtFirst()
 {
     QCOMPARE(states(), QStringLiteral("nnnnnnn"));
     QVERIFY(child<QCheckBox>(QStringLiteral("directionDependentCheckBox"))->isChecked());
-    QCOMPARE(m_panel->saccadeClusterModel()->stage(), 0);
+    QCOMPARE(m_panel->saccadeClusterModel()->stage(), SaccadeClusterStage::PreProcessing);
 }
 
 void TestSaccadeClusterControl::clickCalculates()
@@ -184,7 +184,7 @@ void TestSaccadeClusterControl::changeMarksWhatFollows()
         child<QCheckBox>(name)->toggle();
     QVERIFY(m_panel->saccadeClusterModel()->parameters() != before);
     QCOMPARE(states(), expected);
-    QCOMPARE(m_panel->saccadeClusterModel()->stage(), expected.count(u'd'));
+    QCOMPARE(m_panel->saccadeClusterModel()->stage(), static_cast<SaccadeClusterStage>(expected.count(u'd')));
     click();
     QCOMPARE(states(), QStringLiteral("ddddddd"));
 }
@@ -238,7 +238,7 @@ void TestSaccadeClusterControl::newDataSetBackEverything()
     click();
     m_panel->sltSetStatusNone();
     QCOMPARE(states(), QStringLiteral("nnnnnnn"));
-    QCOMPARE(m_panel->saccadeClusterModel()->stage(), 0);
+    QCOMPARE(m_panel->saccadeClusterModel()->stage(), SaccadeClusterStage::PreProcessing);
     const QSignalSpy first(m_panel->saccadeClusterModel().get(), &SaccadeClusterModel::sigPreProcessingDone);
     m_model.examinations()[0] = samples::examinationAt({{1, 2}, {3, 4}});
     click();
@@ -263,7 +263,7 @@ void TestSaccadeClusterControl::modelOutlivesThePanel()
     const std::shared_ptr<SaccadeClusterModel> model = m_panel->saccadeClusterModel();
     m_panel.reset();
     model->cluster();
-    QCOMPARE(model->stage(), 7);
+    QCOMPARE(model->stage(), SaccadeClusterStage::Done);
 }
 
 QTEST_MAIN(TestSaccadeClusterControl)

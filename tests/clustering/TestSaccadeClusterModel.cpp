@@ -118,7 +118,7 @@ void TestSaccadeClusterModel::initialValues()
     QCOMPARE(p.angleLinkage, 1);
     QCOMPARE(p.distanceAlgorithm, 0);
     QCOMPARE(p.directionDependent, true);
-    QCOMPARE(model.stage(), 0);
+    QCOMPARE(model.stage(), SaccadeClusterStage::PreProcessing);
 }
 
 void TestSaccadeClusterModel::withoutModelNothingHappens()
@@ -126,7 +126,7 @@ void TestSaccadeClusterModel::withoutModelNothingHappens()
     m_model->setModel(nullptr);
     QVERIFY(!m_model->hasExaminations());
     QCOMPARE(signalsOfRun(), QStringList());
-    QCOMPARE(m_model->stage(), 0);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::PreProcessing);
 }
 
 /// To the right are 0-1, 2-3, 4-5 at 360 degrees; back are 1-2 and 3-4 at atan2(40, -400) = 174.3 degrees. The ways to
@@ -134,7 +134,7 @@ void TestSaccadeClusterModel::withoutModelNothingHappens()
 void TestSaccadeClusterModel::wholePipelineByHand()
 {
     m_model->cluster();
-    QCOMPARE(m_model->stage(), 7);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::Done);
     QCOMPARE(m_model->vectors().size(), 5);
     QCOMPARE(m_model->angleMatrices().size(), 1);
     QCOMPARE(m_model->angleMatrices()[0].distances.at(0, 1), 174);
@@ -244,7 +244,7 @@ void TestSaccadeClusterModel::singleVectorPassesThrough()
 {
     m_data->examinations() = {examinationAt({{1, 2}, {3, 4}})};
     QCOMPARE(signalsOfRun().size(), 7);
-    QCOMPARE(m_model->stage(), 7);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::Done);
     QCOMPARE(m_model->vectors().size(), 1);
     QVERIFY(m_model->angleMatrices().empty());
     QVERIFY(m_model->angleTrees().empty());
@@ -269,7 +269,7 @@ void TestSaccadeClusterModel::earlierResultsGoWhenAStageEndsAtOnce()
     QCOMPARE(m_model->distanceClusters().size(), 5);
     m_model->set(stagedrows::minimumLength, 10'000);
     m_model->cluster();
-    QCOMPARE(m_model->stage(), 7);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::Done);
     QVERIFY(m_model->vectors().isEmpty());
     QVERIFY(m_model->angleMatrices().empty());
     QVERIFY(m_model->angleTrees().empty());
@@ -315,21 +315,21 @@ void TestSaccadeClusterModel::parameterResetsItsStage()
     QFETCH(int, stage);
     m_model->cluster();
     change(*m_model);
-    QCOMPARE(m_model->stage(), stage);
+    QCOMPARE(m_model->stage(), static_cast<SaccadeClusterStage>(stage));
     QCOMPARE(signalsOfRun().size(), 7 - stage);
-    QCOMPARE(m_model->stage(), 7);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::Done);
 }
 
 void TestSaccadeClusterModel::stageIsNeverRaised()
 {
     m_model->set(stagedrows::distanceCutoff, 3);
-    QCOMPARE(m_model->stage(), 0);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::PreProcessing);
     m_model->cluster();
     m_model->set(stagedrows::angleLinkage, 0);
     m_model->set(stagedrows::distanceCutoff, 4);
-    QCOMPARE(m_model->stage(), 2);
-    m_model->resetStage(0);
-    QCOMPARE(m_model->stage(), 0);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::AngleTree);
+    m_model->resetStage(SaccadeClusterStage::PreProcessing);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::PreProcessing);
 }
 
 void TestSaccadeClusterModel::changeRunsOnlyWhatFollows()
@@ -369,7 +369,7 @@ void TestSaccadeClusterModel::tooManyVectorsAreToldAndNothingIsKept()
     for (int i = 0; i <= mostSaccadeVectors + 1; ++i)
         places << QPoint(100 + 100 * (i % 2), 100 + 50 * (i / 2 % 2));
     m_data->examinations() = {examinationAt(places)};
-    m_model->resetStage(0);
+    m_model->resetStage(SaccadeClusterStage::PreProcessing);
     const RecordedMessages messages;
     m_model->set(stagedrows::minimumAngleDifference, -1);
     QCOMPARE(signalsOfRun(), QStringList{QStringLiteral("vectors")});
@@ -377,7 +377,7 @@ void TestSaccadeClusterModel::tooManyVectorsAreToldAndNothingIsKept()
                                         "clustered at once. Please select fewer examinations or a shorter time, or "
                                         "raise the minimum length or the minimum angle difference.");
     QCOMPARE(messages.texts(), QStringList{text});
-    QCOMPARE(m_model->stage(), 1);
+    QCOMPARE(m_model->stage(), SaccadeClusterStage::AngleMatrix);
     QVERIFY(m_model->angleMatrices().empty());
     QVERIFY(m_model->distanceTrees().empty());
     QVERIFY(m_model->distanceClusters().isEmpty());

@@ -16,6 +16,36 @@ constexpr Status done{QLatin1StringView("Done"), QLatin1StringView("background-c
 constexpr Status changed{QLatin1StringView("Values changed"), QLatin1StringView("background-color: yellow;")};
 constexpr Status none{QLatin1StringView("Not Calculated"), QLatin1StringView("background-color: red;")};
 
+void showValue(int value, QSpinBox *box)
+{
+    box->setValue(value);
+}
+
+void showValue(int value, QComboBox *list)
+{
+    list->setCurrentIndex(value);
+}
+
+void showValue(bool value, QCheckBox *box)
+{
+    box->setChecked(value);
+}
+
+void connectChange(QSpinBox *box, Control *control, void (Control::*slot)(int))
+{
+    QObject::connect(box, &QSpinBox::valueChanged, control, slot);
+}
+
+void connectChange(QComboBox *list, Control *control, void (Control::*slot)(int))
+{
+    QObject::connect(list, &QComboBox::currentIndexChanged, control, slot);
+}
+
+void connectChange(QCheckBox *box, Control *control, void (Control::*slot)(bool))
+{
+    QObject::connect(box, &QCheckBox::toggled, control, slot);
+}
+
 void showStatus(QLabel *label, const Status &status)
 {
     label->setText(status.text);
@@ -30,7 +60,6 @@ SaccadeClusterControl::SaccadeClusterControl(QWidget *parent)
     , m_clusters(std::make_shared<SaccadeClusterModel>())
 {
     m_ui->setupUi(this);
-    showParameters();
     connectParameters();
     connectStages();
     connect(m_ui->clusterButton, &QPushButton::clicked, this, &Control::sltCluster);
@@ -39,40 +68,24 @@ SaccadeClusterControl::SaccadeClusterControl(QWidget *parent)
 
 SaccadeClusterControl::~SaccadeClusterControl() = default;
 
-/// Before the controls are connected: what is only shown is no change.
-void SaccadeClusterControl::showParameters()
-{
-    const SaccadeClusterParameters &parameters = m_clusters->parameters();
-    m_ui->minimumLenghtSpinbox->setValue(parameters.minimumLength);
-    m_ui->minimumAngleDifferenceSpinbox->setValue(parameters.minimumAngleDifference);
-    m_ui->distanceCutoffSpinbox->setValue(parameters.distanceCutoff);
-    m_ui->angleCutoffSpinbox->setValue(parameters.angleCutoff);
-    m_ui->minAngleQuantitySpinbox->setValue(parameters.minimumAngleQuantity);
-    m_ui->minDistanceQuantitySpinbox->setValue(parameters.minimumDistanceQuantity);
-    m_ui->distLinkageComboBox->setCurrentIndex(parameters.distanceLinkage);
-    m_ui->angleLinkageComboBox->setCurrentIndex(parameters.angleLinkage);
-    m_ui->distanceAlgorithmComboBox->setCurrentIndex(parameters.distanceAlgorithm);
-    m_ui->directionDependentCheckBox->setChecked(parameters.directionDependent);
-}
-
+/// What is shown before the controls are connected is no change.
 void SaccadeClusterControl::connectParameters()
 {
-    const auto spin = [this](QSpinBox *box, void (Control::*slot)(int)) {
-        connect(box, &QSpinBox::valueChanged, this, slot);
+    const auto bind = [this](const auto &row, auto *control, auto slot) {
+        showValue(m_clusters->parameters().*row.member, control);
+        connectChange(control, this, slot);
     };
-    const auto list = [this](QComboBox *box, void (Control::*slot)(int)) {
-        connect(box, &QComboBox::currentIndexChanged, this, slot);
-    };
-    spin(m_ui->minimumLenghtSpinbox, &Control::sltMinimumLenghtChanged);
-    spin(m_ui->minimumAngleDifferenceSpinbox, &Control::sltMinimumAngleDifferenceChanged);
-    spin(m_ui->distanceCutoffSpinbox, &Control::sltDistanceCutoffChanged);
-    spin(m_ui->angleCutoffSpinbox, &Control::sltAngleCutoffChanged);
-    spin(m_ui->minAngleQuantitySpinbox, &Control::sltMinimumAngleQuantityChanged);
-    spin(m_ui->minDistanceQuantitySpinbox, &Control::sltMinimumDistanceQuantityChanged);
-    list(m_ui->distLinkageComboBox, &Control::sltDistanceLinkageChanged);
-    list(m_ui->angleLinkageComboBox, &Control::sltAngleLinkageChanged);
-    list(m_ui->distanceAlgorithmComboBox, &Control::sltDistanceAlgorithmChanged);
-    connect(m_ui->directionDependentCheckBox, &QCheckBox::toggled, this, &Control::sltDirectionDependenceChanged);
+    namespace rows = stagedrows;
+    bind(rows::minimumLength, m_ui->minimumLenghtSpinbox, &Control::sltMinimumLenghtChanged);
+    bind(rows::minimumAngleDifference, m_ui->minimumAngleDifferenceSpinbox, &Control::sltMinimumAngleDifferenceChanged);
+    bind(rows::distanceCutoff, m_ui->distanceCutoffSpinbox, &Control::sltDistanceCutoffChanged);
+    bind(rows::angleCutoff, m_ui->angleCutoffSpinbox, &Control::sltAngleCutoffChanged);
+    bind(rows::minimumAngleQuantity, m_ui->minAngleQuantitySpinbox, &Control::sltMinimumAngleQuantityChanged);
+    bind(rows::minimumDistanceQuantity, m_ui->minDistanceQuantitySpinbox, &Control::sltMinimumDistanceQuantityChanged);
+    bind(rows::distanceLinkage, m_ui->distLinkageComboBox, &Control::sltDistanceLinkageChanged);
+    bind(rows::angleLinkage, m_ui->angleLinkageComboBox, &Control::sltAngleLinkageChanged);
+    bind(rows::distanceAlgorithm, m_ui->distanceAlgorithmComboBox, &Control::sltDistanceAlgorithmChanged);
+    bind(rows::directionDependent, m_ui->directionDependentCheckBox, &Control::sltDirectionDependenceChanged);
 }
 
 void SaccadeClusterControl::connectStages()
@@ -96,21 +109,20 @@ void SaccadeClusterControl::sltCluster()
 
 void SaccadeClusterControl::sltSetStatusNone()
 {
-    m_clusters->resetStage(0);
+    m_clusters->resetStage(Stage::PreProcessing);
     for (QLabel *label : statusLabels())
         showStatus(label, none);
 }
 
-template <class T>
-void SaccadeClusterControl::change(const StagedParameter<T> &row, T value)
+/// The stages that are to be done again.
+void SaccadeClusterControl::showChanged()
 {
-    m_clusters->set(row, value);
     const auto labels = statusLabels();
     for (auto stage = static_cast<size_t>(m_clusters->stage()); stage < labels.size(); ++stage)
         showStatus(labels[stage], changed);
 }
 
-void SaccadeClusterControl::showDone(int stage)
+void SaccadeClusterControl::showDone(Stage stage)
 {
     showStatus(statusLabels()[static_cast<size_t>(stage)], done);
 }
@@ -121,91 +133,4 @@ std::array<QLabel *, SaccadeClusterModel::stageCount> SaccadeClusterControl::sta
     return {m_ui->preProcessingStatusLabel,  m_ui->angleMatrixStatus,         m_ui->angleTreeStatus,
             m_ui->angleClusterStatusLabel,   m_ui->distanceMatrixStatusLabel, m_ui->distanceTreeStatusLabel,
             m_ui->distanceClusterStatusLabel};
-}
-
-// ---- slots of one call
-
-void SaccadeClusterControl::sltMinimumLenghtChanged(int value)
-{
-    change(stagedrows::minimumLength, value);
-}
-
-void SaccadeClusterControl::sltMinimumAngleDifferenceChanged(int value)
-{
-    change(stagedrows::minimumAngleDifference, value);
-}
-
-void SaccadeClusterControl::sltDistanceCutoffChanged(int value)
-{
-    change(stagedrows::distanceCutoff, value);
-}
-
-void SaccadeClusterControl::sltAngleCutoffChanged(int value)
-{
-    change(stagedrows::angleCutoff, value);
-}
-
-void SaccadeClusterControl::sltMinimumAngleQuantityChanged(int value)
-{
-    change(stagedrows::minimumAngleQuantity, value);
-}
-
-void SaccadeClusterControl::sltMinimumDistanceQuantityChanged(int value)
-{
-    change(stagedrows::minimumDistanceQuantity, value);
-}
-
-void SaccadeClusterControl::sltDistanceLinkageChanged(int value)
-{
-    change(stagedrows::distanceLinkage, value);
-}
-
-void SaccadeClusterControl::sltAngleLinkageChanged(int value)
-{
-    change(stagedrows::angleLinkage, value);
-}
-
-void SaccadeClusterControl::sltDistanceAlgorithmChanged(int value)
-{
-    change(stagedrows::distanceAlgorithm, value);
-}
-
-void SaccadeClusterControl::sltDirectionDependenceChanged(bool value)
-{
-    change(stagedrows::directionDependent, value);
-}
-
-void SaccadeClusterControl::sltPreProcessingStatusDone()
-{
-    showDone(0);
-}
-
-void SaccadeClusterControl::sltAngleMatrixStatusDone()
-{
-    showDone(1);
-}
-
-void SaccadeClusterControl::sltAngleTreeStatusDone()
-{
-    showDone(2);
-}
-
-void SaccadeClusterControl::sltAngleClusterStatusDone()
-{
-    showDone(3);
-}
-
-void SaccadeClusterControl::sltDistanceMatrixStatusDone()
-{
-    showDone(4);
-}
-
-void SaccadeClusterControl::sltDistanceTreeStatusDone()
-{
-    showDone(5);
-}
-
-void SaccadeClusterControl::sltDistanceClusterStatusDone()
-{
-    showDone(6);
 }

@@ -29,27 +29,28 @@ public:
 
 public Q_SLOTS:
     // Each sets the parameter and shows which stages have to be done again.
-    void sltMinimumLenghtChanged(int value); // sic
-    void sltMinimumAngleDifferenceChanged(int value);
-    void sltDistanceCutoffChanged(int value);
-    void sltAngleCutoffChanged(int value);
-    void sltMinimumAngleQuantityChanged(int value);
-    void sltMinimumDistanceQuantityChanged(int value);
-    void sltDistanceLinkageChanged(int value);
-    void sltAngleLinkageChanged(int value);
-    void sltDistanceAlgorithmChanged(int value);
-    void sltDirectionDependenceChanged(bool value);
+    void sltMinimumLenghtChanged(int value) { change(stagedrows::minimumLength, value); } // sic
+    void sltMinimumAngleDifferenceChanged(int value) { change(stagedrows::minimumAngleDifference, value); }
+    void sltDistanceCutoffChanged(int value) { change(stagedrows::distanceCutoff, value); }
+    void sltAngleCutoffChanged(int value) { change(stagedrows::angleCutoff, value); }
+    void sltMinimumAngleQuantityChanged(int value) { change(stagedrows::minimumAngleQuantity, value); }
+    void sltMinimumDistanceQuantityChanged(int value) { change(stagedrows::minimumDistanceQuantity, value); }
+    void sltDistanceLinkageChanged(int value) { change(stagedrows::distanceLinkage, value); }
+    void sltAngleLinkageChanged(int value) { change(stagedrows::angleLinkage, value); }
+    void sltDistanceAlgorithmChanged(int value) { change(stagedrows::distanceAlgorithm, value); }
+    void sltDirectionDependenceChanged(bool value) { change(stagedrows::directionDependent, value); }
 
     /// Calculates what is not done. Without examinations only the signal goes out.
     void sltCluster();
 
-    void sltPreProcessingStatusDone();
-    void sltAngleMatrixStatusDone();
-    void sltAngleTreeStatusDone();
-    void sltAngleClusterStatusDone();
-    void sltDistanceMatrixStatusDone();
-    void sltDistanceTreeStatusDone();
-    void sltDistanceClusterStatusDone();
+    // Each shows that the stage is done.
+    void sltPreProcessingStatusDone() { showDone(Stage::PreProcessing); }
+    void sltAngleMatrixStatusDone() { showDone(Stage::AngleMatrix); }
+    void sltAngleTreeStatusDone() { showDone(Stage::AngleTree); }
+    void sltAngleClusterStatusDone() { showDone(Stage::AngleClusters); }
+    void sltDistanceMatrixStatusDone() { showDone(Stage::DistanceMatrix); }
+    void sltDistanceTreeStatusDone() { showDone(Stage::DistanceTree); }
+    void sltDistanceClusterStatusDone() { showDone(Stage::DistanceClusters); }
 
     /// The data have changed: nothing of the last calculation counts any more.
     void sltSetStatusNone();
@@ -59,12 +60,18 @@ Q_SIGNALS:
     void sigRedrawClusters();
 
 private:
+    using Stage = SaccadeClusterStage;
+
     template <class T>
-    void change(const StagedParameter<T> &row, T value);
-    void showParameters();
+    void change(const StagedParameter<T> &row, T value)
+    {
+        m_clusters->set(row, value);
+        showChanged();
+    }
     void connectParameters();
     void connectStages();
-    void showDone(int stage);
+    void showChanged();
+    void showDone(Stage stage);
     std::array<QLabel *, SaccadeClusterModel::stageCount> statusLabels() const;
 
     std::unique_ptr<Ui::SaccadeClusterControl> m_ui;

@@ -1,44 +1,41 @@
 #pragma once
 
-#include "export/ExportTarget.h"
+#include "export/DataExport.h"
 
 #include <QUndoCommand>
-
-class DataModel;
 
 /// An export as a step of the undo stack. Its redo writes the files, each time anew; its undo leaves them where they
 /// are.
 class ExportCommand : public QUndoCommand {
 public:
+    using Export = ExportResult (*)(DataModel &, const ExportTarget &);
+
+    /// @param kind   what is exported, as the undo view has it.
+    /// @param model  must outlive the command.
+    ExportCommand(QLatin1StringView kind, Export write, DataModel &model, const ExportTarget &target);
+
+    void redo() override { m_write(m_model, m_target); }
     void undo() override {}
 
-protected:
-    ExportCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target);
-
+private:
+    const Export m_write;
     DataModel &m_model;
     const ExportTarget m_target;
 };
 
-class CommandExportFixations : public ExportCommand {
+/// The export of one kind of table.
+template <auto Write>
+class TableExportCommand : public ExportCommand {
 public:
-    CommandExportFixations(DataModel &model, const ExportTarget &target);
-    void redo() override;
+    TableExportCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
+        : ExportCommand(
+              kind, [](DataModel &exported, const ExportTarget &files) { return Write(exported, files); }, model,
+              target)
+    {
+    }
 };
 
-class CommandExportClusters : public ExportCommand {
-public:
-    CommandExportClusters(DataModel &model, const ExportTarget &target);
-    void redo() override;
-};
-
-class CommandExportCumulativeClusters : public ExportCommand {
-public:
-    CommandExportCumulativeClusters(DataModel &model, const ExportTarget &target);
-    void redo() override;
-};
-
-class CommandExportEvents : public ExportCommand {
-public:
-    CommandExportEvents(DataModel &model, const ExportTarget &target);
-    void redo() override;
-};
+using CommandExportFixations = TableExportCommand<exportFixations>;
+using CommandExportClusters = TableExportCommand<exportClusters>;
+using CommandExportEvents = TableExportCommand<exportEvents>;
+using CommandExportCumulativeClusters = TableExportCommand<exportCumulativeClusters>;

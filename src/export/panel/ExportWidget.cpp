@@ -33,6 +33,30 @@ void storeFolder(const QString &folder)
     writeStored(keys::dataExportFolder, folder);
 }
 
+template <class Command>
+QUndoCommand *newCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
+{
+    return new Command(kind, model, target);
+}
+
+/// One kind of table: its check box, its name in the undo view, its command.
+struct TableKind {
+    QCheckBox *Ui::ExportWidget::*box;
+    QLatin1StringView caption;
+    QUndoCommand *(*command)(QLatin1StringView, DataModel &, const ExportTarget &);
+};
+
+using Text = QLatin1StringView;
+
+/// In the order of the form, which is that of writing.
+constexpr TableKind tableKinds[] = {
+    {&Ui::ExportWidget::fixationCheckBox, Text("fixations"), newCommand<CommandExportFixations>},
+    {&Ui::ExportWidget::clusterCheckBox, Text("clusters"), newCommand<CommandExportClusters>},
+    {&Ui::ExportWidget::eventCheckBox, Text("events"), newCommand<CommandExportEvents>},
+    {&Ui::ExportWidget::cumulativeClusterCheckBox, Text("cumulative clusters"),
+     newCommand<CommandExportCumulativeClusters>},
+};
+
 } // namespace
 
 ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ExportWidget>())
@@ -43,10 +67,8 @@ ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_uniq
     connect(folder, &QLineEdit::editingFinished, folder, [folder] { storeFolder(folder->text()); });
     connect(ui->dataBrowseButton, &QAbstractButton::clicked, this, &ExportWidget::sltBrowseDataExportFolder);
     connect(ui->dataExportButton, &QAbstractButton::clicked, this, &ExportWidget::sltExportData);
-    connect(ui->fixationCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableFixationExport);
-    connect(ui->clusterCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableFixationClusterExport);
-    connect(ui->eventCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableEventExport);
-    connect(ui->cumulativeClusterCheckBox, &QCheckBox::toggled, this, &ExportWidget::sltEnableCumulativeClusterExport);
+    for (const TableKind &kind : tableKinds)
+        connect(ui.get()->*kind.box, &QCheckBox::toggled, this, [this, kind] { enable(ui.get()->*kind.box); });
 }
 
 ExportWidget::~ExportWidget() = default;
@@ -63,14 +85,10 @@ void ExportWidget::sltExportData()
     }
     if (!m_model)
         return;
-    if (ui->fixationCheckBox->isChecked())
-        CommandStack::instance().push(new CommandExportFixations(*m_model, target));
-    if (ui->clusterCheckBox->isChecked())
-        CommandStack::instance().push(new CommandExportClusters(*m_model, target));
-    if (ui->eventCheckBox->isChecked())
-        CommandStack::instance().push(new CommandExportEvents(*m_model, target));
-    if (ui->cumulativeClusterCheckBox->isChecked())
-        CommandStack::instance().push(new CommandExportCumulativeClusters(*m_model, target));
+    for (const TableKind &kind : tableKinds) {
+        if ((ui.get()->*kind.box)->isChecked())
+            CommandStack::instance().push(kind.command(kind.caption, *m_model, target));
+    }
 }
 
 void ExportWidget::sltBrowseDataExportFolder()
@@ -112,8 +130,7 @@ void ExportWidget::sltExportAppendInfo(int state)
 void ExportWidget::enable(QCheckBox *kind)
 {
     kind->setEnabled(true);
-    const QCheckBox *kinds[] = {ui->fixationCheckBox, ui->clusterCheckBox, ui->eventCheckBox,
-                                ui->cumulativeClusterCheckBox};
     ui->dataExportButton->setEnabled(
-        std::any_of(std::begin(kinds), std::end(kinds), [](const QCheckBox *each) { return each->isChecked(); }));
+        std::any_of(std::begin(tableKinds), std::end(tableKinds),
+                    [this](const TableKind &each) { return (ui.get()->*each.box)->isChecked(); }));
 }

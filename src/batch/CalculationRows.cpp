@@ -1,0 +1,91 @@
+#include "batch/CalculationRows.h"
+
+#include "base/Messages.h"
+#include "batch/RunState.h"
+#include "batch/StatisticsRows.h"
+#include "clustering/ClusterCalculation.h"
+#include "clustering/ClusterOrder.h"
+#include "clustering/CumulativeClusters.h"
+#include "detection/FixationCalculation.h"
+#include "detection/FixationSettingsModel.h"
+#include "visualization/scene/Background.h"
+
+namespace {
+
+using Text = QLatin1StringView;
+
+/// The window, too, runs the standard detector where it does not recognise the name, but not so quietly: there the
+/// panel shows no detector.
+void warnOfUnknownDetector(const QString &name)
+{
+    messages::warning(
+        QStringLiteral("Detector"),
+        QStringLiteral("The settings choose \"%1\", which is not recognised when settings are read, as in "
+                       "the window: the standard detector runs. --detector chooses another.")
+            .arg(name));
+}
+
+/// The parameters as the window has them after a start, and on top what the command line chooses: some choices do not
+/// survive the store.
+FixationSettingsModel fixationSettings(const BatchOptions &options)
+{
+    FixationSettingsModel settings;
+    loadFixationSettings(settings);
+    if (options.detector)
+        settings.calculationType = static_cast<int>(*options.detector);
+    else if (settings.calculationType == unknownCalculationType)
+        warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
+    if (options.velocityUnit)
+        setParameter(settings, rows::velocityUnit, static_cast<int>(*options.velocityUnit));
+    if (options.detector == BatchOptions::Detector::Velocity)
+        settings.velocityImageSizePixels = backgroundPixmap(options.background, Border::None).width();
+    return settings;
+}
+
+void detectFixations(RunState &run)
+{
+    const FixationSettingsModel settings = fixationSettings(run.options);
+    const auto outcome =
+        calculateFixations(run.model, calculationParameters(settings.calculationType, settings), nullptr);
+    if (!outcome)
+        return;
+    for (const DetectionWarning &warning : outcome->warnings)
+        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+}
+
+ClusterParameters clusterParametersOf(const BatchOptions &options, std::optional<int> overlapOutliers)
+{
+    ClusterSettingsModel settings;
+    loadParameters(settings, rows::cluster);
+    return clusterParameters(settings.calculationType, settings, {options.overlapFixations, overlapOutliers});
+}
+
+void clusterFixations(RunState &run)
+{
+    calculateClusters(run.model, clusterParametersOf(run.options, std::nullopt));
+}
+
+void clusterCumulatively(RunState &run)
+{
+    calculateCumulativeClusters(run.model, clusterParametersOf(run.options, run.options.overlapOutliers));
+}
+
+void clusterSaccades(RunState &run)
+{
+    run.saccadeClusters.setModel(&run.model);
+    run.saccadeClusters.setParameters(run.options.saccadeClusters.parameters);
+    run.saccadeClusters.cluster();
+    if (run.saccadeClusters.stage() != SaccadeClusterModel::Stage::Done)
+        run.journal.fail();
+}
+
+} // namespace
+
+QList<CalculationRow> calculationRows()
+{
+    return QList<CalculationRow>{{Text("fixations"), detectFixations},
+                                 {Text("clusters"), clusterFixations},
+                                 {Text("cumulative-clusters"), clusterCumulatively},
+                                 {saccadeClusterWord, clusterSaccades}} +
+           statisticsCalculations();
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QLatin1StringView>
+#include <QList>
+
+struct RunState;
+
+/// A word of `--calculate` and what it does. A new calculation is a row in the list of its subject.
+struct CalculationRow {
+    bool built() const { return run != nullptr; }
+
+    QLatin1StringView word;
+    void (*run)(RunState &) = nullptr; ///< called with at least one recording; null: this version cannot do it
+};
+
+inline constexpr QLatin1StringView saccadeClusterWord("saccade-clusters");
+
+/// All calculations in the order in which they run.
+QList<CalculationRow> calculationRows();

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "batch/OptionRow.h"
+#include "model/TimeFrame.h"
+
+/// What a run works on.
+struct InputOptions {
+    bool operator==(const InputOptions &) const = default;
+
+    QStringList recordings; ///< never empty unless help or version is asked for
+    QString background;
+    std::optional<TimeFrame> time; ///< else from 0 to the longest duration
+};
+
+OptionGroup inputOptions();

@@ -1,0 +1,158 @@
+#pragma once
+
+#include "batch/BatchOptions.h"
+#include "batch/OptionRow.h"
+#include "batch/Suggestion.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+
+/// The usual kinds of option values. `Member` is a member of BatchOptions or of one of its parts.
+namespace optionvalues {
+
+/// A word on the command line and what it stands for.
+template <class T>
+struct Word {
+    QLatin1StringView name;
+    T meaning;
+};
+
+template <class T, std::size_t N>
+QStringList namesOf(const Word<T> (&vocabulary)[N])
+{
+    QStringList names;
+    std::transform(std::begin(vocabulary), std::end(vocabulary), std::back_inserter(names),
+                   [](const Word<T> &each) { return each.name; });
+    return names;
+}
+
+/// The word for a meaning; null if the vocabulary has none.
+template <class T, std::size_t N>
+QString wordFor(const T &meaning, const Word<T> (&vocabulary)[N])
+{
+    const auto found = std::find_if(std::begin(vocabulary), std::end(vocabulary),
+                                    [&](const Word<T> &each) { return each.meaning == meaning; });
+    return found == std::end(vocabulary) ? QString() : QString(found->name);
+}
+
+/// "not one of a, b; did you mean b?"
+WrongValue unknownWord(const QString &word, const QStringList &known);
+
+/// @return why the text is no whole number from `least` to `most`, with the number if it is one.
+struct WholeNumber {
+    int number = 0;
+    std::optional<WrongValue> problem;
+};
+WholeNumber wholeNumber(const QString &text, int least, int most);
+
+/// The words of a comma-separated list, each once, in the order of the rows. Rows have a `word` and tell whether they
+/// are `built`.
+template <class Row>
+std::optional<WrongValue> readWords(const QString &list, const QList<Row> &rows, QStringList &words)
+{
+    QStringList known;
+    for (const Row &row : rows)
+        known << row.word;
+    QStringList wanted;
+    for (const QString &entry : list.split(u',')) {
+        wanted << entry.trimmed();
+        const qsizetype place = known.indexOf(wanted.last());
+        if (place < 0)
+            return unknownWord(wanted.last(), known);
+        if (!rows[place].built())
+            return WrongValue{wanted.last(), QStringLiteral("not available in this version")};
+    }
+    words.clear();
+    std::copy_if(known.begin(), known.end(), std::back_inserter(words),
+                 [&](const QString &each) { return wanted.contains(each); });
+    return std::nullopt;
+}
+
+template <class Row>
+QStringList builtWords(const QList<Row> &rows)
+{
+    QStringList words;
+    for (const Row &row : rows) {
+        if (row.built())
+            words << row.word;
+    }
+    return words;
+}
+
+template <auto Member>
+inline constexpr OptionValue text{
+    .read = [](const QString &value, BatchOptions &options) -> std::optional<WrongValue> {
+        options.*Member = value;
+        return std::nullopt;
+    },
+    .show = [](const BatchOptions &options) { return options.*Member; },
+};
+
+/// Texts in the order of the command line.
+template <auto Member>
+inline constexpr OptionValue texts{
+    .read = [](const QString &value, BatchOptions &options) -> std::optional<WrongValue> {
+        (options.*Member) << value;
+        return std::nullopt;
+    },
+    .show = [](const BatchOptions &options) { return (options.*Member).join(u','); },
+    .given = Given::Repeatedly,
+};
+
+/// Is there or not.
+template <auto Member>
+inline constexpr OptionValue flag{
+    .read = [](const QString &, BatchOptions &options) -> std::optional<WrongValue> {
+        options.*Member = true;
+        return std::nullopt;
+    },
+    .show = [](const BatchOptions &options) { return options.*Member ? QStringLiteral("yes") : QStringLiteral("no"); },
+    .given = Given::Repeatedly,
+};
+
+/// A whole number; the member may be optional.
+template <auto Member, int Least, int Most = std::numeric_limits<int>::max()>
+inline constexpr OptionValue number{
+    .read = [](const QString &value, BatchOptions &options) -> std::optional<WrongValue> {
+        const WholeNumber read = wholeNumber(value, Least, Most);
+        if (!read.problem)
+            options.*Member = read.number;
+        return read.problem;
+    },
+    .show =
+        [](const BatchOptions &options) {
+            const std::optional<int> number = options.*Member;
+            return number ? QString::number(*number) : QString();
+        },
+};
+
+/// One word of a vocabulary; the member may be optional.
+template <auto Member, const auto &Vocabulary>
+inline constexpr OptionValue oneOf{
+    .read = [](const QString &value, BatchOptions &options) -> std::optional<WrongValue> {
+        for (const auto &each : Vocabulary) {
+            if (value == each.name) {
+                options.*Member = each.meaning;
+                return std::nullopt;
+            }
+        }
+        return unknownWord(value, namesOf(Vocabulary));
+    },
+    .show =
+        [](const BatchOptions &options) {
+            const std::optional meaning(options.*Member);
+            return meaning ? wordFor(*meaning, Vocabulary) : QString();
+        },
+    .words = [] { return namesOf(Vocabulary); },
+};
+
+/// Words of a table of rows, in its order.
+template <auto Member, auto Rows>
+inline constexpr OptionValue someOf{
+    .read = [](const QString &value, BatchOptions &options) { return readWords(value, Rows(), options.*Member); },
+    .show = [](const BatchOptions &options) { return QLatin1StringView("") + (options.*Member).join(u','); },
+    .words = [] { return builtWords(Rows()); },
+};
+
+} // namespace optionvalues

@@ -1,0 +1,72 @@
+#include "batch/PictureOptions.h"
+
+#include "batch/OptionValues.h"
+
+#include <QFileInfo>
+
+namespace {
+
+using O = PictureOptions;
+using Text = QLatin1StringView;
+using namespace optionvalues;
+
+constexpr Word<HeatmapKind> densityKinds[] = {{Text("gaze"), HeatmapKind::GazePoints},
+                                              {Text("fixations"), HeatmapKind::Fixations},
+                                              {Text("clusters"), HeatmapKind::Clusters},
+                                              {Text("saccades"), HeatmapKind::Saccades}};
+
+bool endsInOneOf(const QString &path, const QStringList &formats)
+{
+    return formats.contains(QFileInfo(path).suffix().toLower());
+}
+
+std::optional<WrongValue> readImage(const QString &value, BatchOptions &options)
+{
+    if (!endsInOneOf(value, QStringLiteral("png,svg,tiff,jpg").split(u',')))
+        return WrongValue{value, QStringLiteral("the name does not end in .png, .svg, .tiff or .jpg")};
+    options.images << value;
+    return std::nullopt;
+}
+
+std::optional<WrongValue> readDensity(const QString &value, BatchOptions &options)
+{
+    if (!endsInOneOf(value, {QStringLiteral("tiff")}))
+        return WrongValue{value, QStringLiteral("the name does not end in .tiff")};
+    options.densityFile = value;
+    return std::nullopt;
+}
+
+constexpr OptionValue imageFiles{.read = readImage, .show = texts<&O::images>.show, .given = Given::Repeatedly};
+constexpr OptionValue densityFile{.read = readDensity, .show = text<&O::densityFile>.show};
+
+constexpr OptionRow rows[] = {
+    {Text("image"), Text("FILE"), Text("the drawing as .png, .svg, .tiff or .jpg; repeatable"), &imageFiles,
+     Reported::Never},
+    {Text("density"), Text("FILE.tiff"), Text("density of a heatmap as 32-bit floating point numbers"), &densityFile,
+     Reported::Never},
+    {Text("density-kind"), Text("KIND"), Text("of %1 (default: gaze)"), &oneOf<&O::densityKind, densityKinds>,
+     Reported::Never},
+    {Text("image-area"), Text("AREA")},
+    {Text("no-border"), Text()},
+    {Text("image-scale"), Text("FACTOR")},
+    {Text("legend"), Text()},
+    {Text("label-fixations"), Text()},
+    {Text("image-per"), Text("WHAT")},
+    {Text("append"), Text("LIST")},
+    {Text("chart"), Text("KIND=FILE")},
+    {Text("diagram"), Text("FILE")},
+    {Text("video"), Text("FILE")},
+    {Text("video-step"), Text("MS")},
+};
+
+} // namespace
+
+OptionGroup pictureOptions()
+{
+    return {Text("Pictures"), rows};
+}
+
+QString densityKindWord(HeatmapKind kind)
+{
+    return wordFor(kind, densityKinds);
+}

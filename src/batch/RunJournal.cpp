@@ -1,0 +1,63 @@
+#include "batch/RunJournal.h"
+
+#include "base/FileReplacement.h"
+#include "base/Messages.h"
+#include "batch/Terminal.h"
+
+RunJournal::RunJournal(MessageRecord &record, Terminal &output, Digests digests)
+    : m_record(record)
+    , m_output(output)
+    , m_digests(digests)
+{
+}
+
+void RunJournal::addInput(const QString &path, const QString &kind)
+{
+    const ReportedFile file = m_digests == Digests::Made ? reportedFile(path) : ReportedFile{path, 0, {}};
+    m_inputs << ReportedInput{.file = file, .kind = kind, .counts = {}, .messages = {}};
+}
+
+void RunJournal::beginInput()
+{
+    m_messages << m_record.take();
+}
+
+void RunJournal::addInputWithMessages(const QString &path, const QString &kind, bool used,
+                                      const QMap<QString, qint64> &counts)
+{
+    addInput(path, kind);
+    m_inputs.last().used = used;
+    m_inputs.last().counts = counts;
+    m_inputs.last().messages = m_record.take();
+}
+
+void RunJournal::keep(const QString &path)
+{
+    m_written << path;
+    m_output.writeLine(path);
+}
+
+void RunJournal::fail(const QString &title, const QString &text)
+{
+    m_failed = true;
+    messages::warning(title, text);
+}
+
+void RunJournal::write(const QString &title, const QString &path, const QByteArray &bytes)
+{
+    if (const std::optional<QString> problem = replaceFile(path, bytes))
+        fail(title, QStringLiteral("%1 could not be written: %2").arg(path, *problem));
+    else
+        keep(path);
+}
+
+BatchReport RunJournal::report()
+{
+    m_messages << m_record.take();
+    BatchReport report;
+    report.inputs = m_inputs;
+    report.messages = m_messages;
+    for (const QString &path : m_written)
+        report.outputs << reportedFile(path);
+    return report;
+}

@@ -1,0 +1,27 @@
+#include "batch/RunOptions.h"
+
+#include "batch/OptionValues.h"
+
+namespace {
+
+using O = RunOptions;
+using Text = QLatin1StringView;
+using namespace optionvalues;
+
+constexpr OptionRow rows[] = {
+    {Text("report"), Text("FILE.json"), Text("record of the run: version, parameters, inputs, messages, files written"),
+     &text<&O::reportFile>, Reported::Never},
+    {Text("jobs"), Text("N"), Text("recordings read side by side (default: number of cores)"), &number<&O::jobs, 1>,
+     Reported::Never},
+    {Text("quiet"), Text(), Text("no progress bar, and of the messages only warnings and errors"), &flag<&O::quiet>,
+     Reported::Never},
+    {Text("help"), Text(), Text("this text"), &flag<&O::help>, Reported::Never},
+    {Text("version"), Text(), Text("the version"), &flag<&O::version>, Reported::Never},
+};
+
+} // namespace
+
+OptionGroup runOptions()
+{
+    return {Text("Run"), rows};
+}

@@ -1,0 +1,35 @@
+#include "batch/TableOptions.h"
+
+#include "batch/OptionValues.h"
+#include "batch/TableRows.h"
+
+namespace {
+
+using O = TableOptions;
+using Text = QLatin1StringView;
+using namespace optionvalues;
+
+constexpr Word<EyeMode> eyeWords[] = {{Text("all"), EyeMode::showAll},
+                                      {Text("dominant"), EyeMode::showDominant},
+                                      {Text("left"), EyeMode::showLeft},
+                                      {Text("right"), EyeMode::showRight},
+                                      {Text("mean"), EyeMode::showMean}};
+
+constexpr OptionValue prefixText{
+    .read = text<&O::prefix>.read, .show = text<&O::prefix>.show, .empty = EmptyValue::Allowed};
+
+constexpr OptionRow rows[] = {
+    {Text("export"), Text("LIST"), Text("of %1"), &someOf<&O::tables, tableRows>, Reported::Always},
+    {Text("eyes"), Text("E"), Text("of %1 (default: all)"), &oneOf<&O::eyes, eyeWords>, Reported::Always},
+    {Text("out"), Text("DIR"), Text("where files go; made if missing (default: .)"), &text<&O::outputFolder>,
+     Reported::Never},
+    {Text("prefix"), Text("TEXT"), Text("beginning of the names of tables (default: vistrum)"), &prefixText,
+     Reported::Never},
+};
+
+} // namespace
+
+OptionGroup tableOptions()
+{
+    return {Text("Tables"), rows};
+}

@@ -1,0 +1,25 @@
+#include "batch/TableRows.h"
+
+#include "batch/RunState.h"
+#include "batch/StatisticsRows.h"
+
+namespace {
+
+using Text = QLatin1StringView;
+
+template <auto Export>
+ExportResult write(RunState &run, const ExportTarget &target)
+{
+    return Export(run.model, target);
+}
+
+} // namespace
+
+QList<TableRow> tableRows()
+{
+    return QList<TableRow>{{Text("fixations"), write<exportFixations>},
+                           {Text("clusters"), write<exportClusters>},
+                           {Text("events"), write<exportEvents>},
+                           {Text("cumulative-clusters"), write<exportCumulativeClusters>}} +
+           statisticsTables();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "export/DataExport.h"
+
+#include <QLatin1StringView>
+#include <QList>
+
+struct RunState;
+
+/// A word of `--export` and what it writes. A new table is a row in the list of its subject.
+struct TableRow {
+    bool built() const { return write != nullptr; }
+
+    QLatin1StringView word;
+    /// Called with at least one recording; null: this version cannot do it.
+    ExportResult (*write)(RunState &, const ExportTarget &) = nullptr;
+};
+
+/// All tables in the order in which they are written.
+QList<TableRow> tableRows();
