@@ -1,10 +1,10 @@
 #include "visualization/heatmap/HeatmapEvents.h"
 
 #include "base/TextFormat.h"
+#include "density/SectionEvent.h"
 #include "visualization/selection/DataSelection.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -29,22 +29,6 @@ void forEachEye(const DrawingContext &context, Visit visit)
 bool beginsInside(const ScanpathSection &section, TimeFrame frame)
 {
     return !section.samples.isEmpty() && frame.contains(section.firstTime());
-}
-
-int roundedUp(float component)
-{
-    return truncated(std::ceil(static_cast<double>(component)));
-}
-
-FixationEvent eventOf(const ScanpathSection &section)
-{
-    return {section.mean.x(),
-            section.mean.y(),
-            roundedUp(section.majorAxis.x()),
-            roundedUp(section.majorAxis.y()),
-            roundedUp(section.minorAxis.x()),
-            roundedUp(section.minorAxis.y()),
-            section.duration()};
 }
 
 /// How often a section at this place counts.
@@ -78,7 +62,7 @@ std::vector<FixationEvent> sectionEvents(const DrawingContext &context, QList<Se
     forEachEye(context, [&](const EyeData &eye) {
         for (const Section &section : eye.*sections) {
             if (beginsInside(section, context.frame))
-                events.insert(events.end(), occurrences.at(section.mean), eventOf(section));
+                events.insert(events.end(), occurrences.at(section.mean), sectionEvent(section));
         }
     });
     return events;

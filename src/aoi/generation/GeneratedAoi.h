@@ -1,0 +1,11 @@
+#pragma once
+
+#include "model/AreaOfInterest.h"
+
+/// An area that was made by the program. Each gets a random colour when it is made.
+struct GeneratedAoi {
+    AreaOfInterest aoi;
+    QString oldName; ///< what the insertion takes for the area's name so far; null without one
+
+    bool operator==(const GeneratedAoi &) const = default;
+};

@@ -1,0 +1,18 @@
+#include "density/SectionEvent.h"
+
+#include "base/TextFormat.h"
+#include "model/ScanpathSection.h"
+
+#include <cmath>
+
+FixationEvent sectionEvent(const ScanpathSection &section)
+{
+    const auto roundedUp = [](float component) { return text::truncated(std::ceil(static_cast<double>(component))); };
+    return {section.mean.x(),
+            section.mean.y(),
+            roundedUp(section.majorAxis.x()),
+            roundedUp(section.majorAxis.y()),
+            roundedUp(section.minorAxis.x()),
+            roundedUp(section.minorAxis.y()),
+            section.duration()};
+}
