@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void sameTables();
     void sameTablesOfEachDetector_data();
     void sameTablesOfEachDetector();
+    void sameTablesOfClusters_data();
+    void sameTablesOfClusters();
 
 private:
     template <class Widget>
@@ -155,6 +158,46 @@ void TestBatchLikeWindow::sameTablesOfEachDetector()
                           inBatch;
     QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
     compareTables(4);
+}
+
+/// The frame orders the clusters by what it shows of them, in both programs alike.
+void TestBatchLikeWindow::sameTablesOfClusters_data()
+{
+    QTest::addColumn<int>("method");
+    QTest::addColumn<bool>("narrowed");
+    QTest::newRow("standard") << 0 << false;
+    QTest::newRow("standard in a part of the time") << 0 << true;
+    QTest::newRow("mean-shift in a part of the time") << 1 << true;
+    QTest::newRow("overlap") << 2 << false;
+    QTest::newRow("overlap in a part of the time") << 2 << true;
+}
+
+void TestBatchLikeWindow::sameTablesOfClusters()
+{
+    QFETCH(int, method);
+    QFETCH(bool, narrowed);
+    find<QAbstractButton>("SM_addButton")->click();
+    find<QAbstractButton>("SM_importButton")->click();
+    find<QWidget>("fixationsPage")->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    find<QComboBox>("calcType_comboBox")->setCurrentIndex(method);
+    find<QToolButton>("calculateClusters_button")->click();
+    if (narrowed) {
+        find<QDoubleSpinBox>("doubleSpinBox_end")->setValue(7000);
+        find<QDoubleSpinBox>("doubleSpinBox_start")->setValue(2500);
+        QTest::keyClick(find<QDoubleSpinBox>("doubleSpinBox_start"), Qt::Key_Return);
+    }
+    QVERIFY(QDir().mkpath(QStringLiteral("window")));
+    find<QLineEdit>("dataFolderLineEdit")->setText(QStringLiteral("window"));
+    find<QLineEdit>("dataPrefixLineEdit")->setText(QStringLiteral("same"));
+    find<QCheckBox>("clusterCheckBox")->click();
+    find<QPushButton>("dataExportButton")->click();
+    const QString calls =
+        QStringLiteral("--quiet --calculate fixations,clusters --export clusters --out=batch --prefix=same%1 --set "
+                       "Calculation/Cluster/CalculationType=%2")
+            .arg(narrowed ? QStringLiteral(" --time 2500:7000") : QString())
+            .arg(method);
+    QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
+    compareTables(12); // of two eyes of six recordings
 }
 
 QTEST_MAIN(TestBatchLikeWindow)

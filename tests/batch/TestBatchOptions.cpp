@@ -2,7 +2,6 @@
 #include "batch/BatchOptions.h"
 #include "batch/CalculationRows.h"
 #include "batch/OptionTable.h"
-#include "batch/Suggestion.h"
 #include "batch/TableRows.h"
 
 #include <QTest>
@@ -12,10 +11,9 @@ class TestBatchOptions : public QObject {
 private Q_SLOTS:
     void accepted_data();
     void accepted();
+    void blanksInAList();
     void refused_data();
     void refused();
-    void suggestions_data();
-    void suggestions();
     void helpNamesWhatIsBuilt();
     void helpIsInColumns();
     void namesAreUnique();
@@ -330,6 +328,14 @@ void TestBatchOptions::accepted()
     QVERIFY(std::get<BatchOptions>(parsed) == expected(change));
 }
 
+void TestBatchOptions::blanksInAList()
+{
+    const auto parsed = parseBatchOptions(
+        {QStringLiteral("--calculate"), QStringLiteral("fixations, clusters "), QStringLiteral("a.data")});
+    QVERIFY(std::holds_alternative<BatchOptions>(parsed));
+    QVERIFY(std::get<BatchOptions>(parsed) == expected([](O &o) { o.calculations = listed("fixations clusters"); }));
+}
+
 void TestBatchOptions::refused_data()
 {
     QTest::addColumn<QString>("line");
@@ -348,37 +354,6 @@ void TestBatchOptions::refused()
     const auto parsed = parseBatchOptions(arguments(line));
     QVERIFY(std::holds_alternative<UsageError>(parsed));
     QCOMPARE(std::get<UsageError>(parsed).text, text);
-}
-
-void TestBatchOptions::suggestions_data()
-{
-    QTest::addColumn<QString>("word");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("begins one known word") << "sacc"
-                                           << "saccades";
-    QTest::newRow("begins one, in another case") << "SACC"
-                                                 << "saccades";
-    QTest::newRow("begins two, and is near none") << "cl"
-                                                  << "";
-    QTest::newRow("a letter missing") << "clustrs"
-                                      << "clusters";
-    QTest::newRow("a letter too many") << "clussters"
-                                       << "clusters";
-    QTest::newRow("a letter changed") << "clusterz"
-                                      << "clusters";
-    QTest::newRow("letters swapped") << "lcusters"
-                                     << "clusters";
-    QTest::newRow("too far") << "transitions"
-                             << "";
-    QTest::newRow("nothing") << ""
-                             << "";
-}
-
-void TestBatchOptions::suggestions()
-{
-    QFETCH(QString, word);
-    QTEST(suggestion(word, {QStringLiteral("clusters"), QStringLiteral("clocks"), QStringLiteral("saccades")}),
-          "expected");
 }
 
 void TestBatchOptions::helpNamesWhatIsBuilt()

@@ -3,7 +3,7 @@
 #include "ClusterSamples.h"
 #include "model/DataModel.h"
 #include "TestMessages.h"
-#include "TestSettings.h"
+#include "TestPanel.h"
 
 #include <QGroupBox>
 #include <QSignalSpy>
@@ -30,13 +30,6 @@ Examination examination(const QString &earlierText)
     return made;
 }
 
-QStringList linesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
-                                          : QStringList();
-}
-
 void storeUsualValues()
 {
     SettingsStore store;
@@ -52,12 +45,12 @@ void storeUsualValues()
 
 } // namespace
 
-class TestClusterControl : public QObject {
+class TestClusterControl : public PanelTest<ClusterControl> {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { closePanel(); }
     void formOfWholeNumbers_data();
     void formOfWholeNumbers();
     void formOfTheRest();
@@ -82,15 +75,6 @@ private Q_SLOTS:
     void withoutCheckedExaminationNothingIsTouched();
 
 private:
-    template <class Widget>
-    Widget *child(const char *name) const
-    {
-        auto *found = m_panel->findChild<Widget *>(QLatin1StringView(name));
-        if (!found)
-            qFatal("The form has no %s", name);
-        return found;
-    }
-    void click(const char *name) const { QTest::mouseClick(child<QToolButton>(name), Qt::LeftButton); }
     /// With the keyboard, as a user would.
     void chooseMethod(int index) const
     {
@@ -101,32 +85,20 @@ private:
     }
     const Examination &at(qsizetype place) const { return m_model.examinations()[place]; }
 
-    std::unique_ptr<TemporarySettings> m_settings;
-    std::unique_ptr<QTemporaryDir> m_directory;
-    std::unique_ptr<ClusterControl> m_panel;
     DataModel m_model;
 };
 
 void TestClusterControl::init()
 {
-    m_settings = std::make_unique<TemporarySettings>();
-    m_directory = std::make_unique<QTemporaryDir>();
+    openSettings();
     storeUsualValues();
     m_model = DataModel();
     m_model.examinations() << examination(QStringLiteral("first\n")) << examination(QStringLiteral("second\n"))
                            << examination(QStringLiteral("third\n"));
     m_model.examinations()[2].checked = false;
-    m_panel = std::make_unique<ClusterControl>();
+    openPanel();
     m_panel->setModel(&m_model);
-    m_panel->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
-}
-
-void TestClusterControl::cleanup()
-{
-    CommandStack::instance().clear(); // its commands hold on to the panel
-    m_panel.reset();
-    m_settings.reset();
+    showPanel();
 }
 
 void TestClusterControl::formOfWholeNumbers_data()
@@ -269,9 +241,7 @@ void TestClusterControl::changeOfControlIsACommand()
     QFETCH(QString, key);
     QFETCH(QString, text);
     QFETCH(QString, command);
-    const QString logPath = m_directory->filePath(QStringLiteral("log"));
-    const Log log(logPath);
-    m_panel->setLog(&log);
+    m_panel->setLog(&log().log());
     const QString before = SettingsStore().value(key).toString();
     auto *control = m_panel->findChild<QAbstractSpinBox *>(name);
     control->stepBy(1);
@@ -285,7 +255,7 @@ void TestClusterControl::changeOfControlIsACommand()
     CommandStack::instance().redo();
     QCOMPARE(SettingsStore().value(key).toString(), after);
     QCOMPARE(CommandStack::instance().count(), 1); // the control's signal makes no new command
-    QCOMPARE(linesOf(logPath),
+    QCOMPARE(log().lines(),
              QStringList({command + QStringLiteral("::redo = ") + after, command + QStringLiteral("::undo = ") + before,
                           command + QStringLiteral("::redo = ") + after}));
 }
@@ -411,7 +381,8 @@ void TestClusterControl::undoBringsBackThePooledContainers()
     m_model.calculationInfo().cumulativeClusterCalculationInfo = QStringLiteral("earlier\n");
     for (const Eye pool : allEyes) {
         m_model.pooled(pool).scanpath << samples::fixation({static_cast<int>(pool), 1});
-        m_model.pooled(pool).fixationClusters << FixationCluster({samples::fixation({1, 1})}, {static_cast<int>(pool), 1});
+        m_model.pooled(pool).fixationClusters
+            << FixationCluster({samples::fixation({1, 1})}, {static_cast<int>(pool), 1});
     }
     const DataModel before = m_model;
     chooseMethod(1);

@@ -71,6 +71,12 @@ void TestColorButton::captionCanBeRead_data()
     QTest::newRow("on red, which is dark") << QColor(255, 0, 0) << QColor(Qt::white);
     QTest::newRow("on the darker middle grey") << QColor(127, 127, 127) << QColor(Qt::white);
     QTest::newRow("on the brighter middle grey") << QColor(128, 128, 128) << QColor(Qt::black);
+    // Luma above 127.5 makes a caption black: 0.299 * 255 = 76.245 of red leave 51.255 / 0.587 = 87.3 to the green.
+    QTest::newRow("on red with too little green") << QColor(255, 87, 0) << QColor(Qt::white);
+    QTest::newRow("on red with enough green") << QColor(255, 88, 0) << QColor(Qt::black);
+    // 0.114 * 255 = 29.07 of blue leave 98.43 / 0.587 = 167.7.
+    QTest::newRow("on blue with too little green") << QColor(0, 167, 255) << QColor(Qt::white);
+    QTest::newRow("on blue with enough green") << QColor(0, 168, 255) << QColor(Qt::black);
     QTest::newRow("on no colour") << QColor() << QColor(Qt::white);
 }
 

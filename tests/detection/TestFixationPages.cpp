@@ -1,7 +1,7 @@
 #include "detection/panel/FixationCommands.h"
 #include "detection/panel/FixationControl.h"
 #include "TestMessages.h"
-#include "TestSettings.h"
+#include "TestPanel.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -14,16 +14,9 @@ namespace {
 const QString typeKey = QStringLiteral("Calculation/Fixation/CalculationType");
 
 template <class Widget>
-Widget *child(const QWidget &panel, const char *name)
+Widget *childOf(const QWidget &panel, const char *name)
 {
     return panel.findChild<Widget *>(QString::fromLatin1(name));
-}
-
-QStringList linesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
-                                          : QStringList();
 }
 
 /// Names of the visible boxes, separated by blanks.
@@ -31,7 +24,7 @@ QString shownBoxes(const FixationControl &panel)
 {
     QStringList shown;
     for (const char *name : {"standardBox", "gaussianBox", "velocityBox"}) {
-        if (!child<QGroupBox>(panel, name)->isHidden())
+        if (!childOf<QGroupBox>(panel, name)->isHidden())
             shown << QLatin1StringView(name);
     }
     return shown.join(u' ');
@@ -42,19 +35,19 @@ int shownGeometry(const FixationControl &panel)
 {
     int shown = 0;
     for (const char *name : {"screenDistance", "screenDistanceLabel", "imgSize", "imgSizeLabel"})
-        shown += child<QWidget>(panel, name)->isHidden() ? 0 : 1;
+        shown += childOf<QWidget>(panel, name)->isHidden() ? 0 : 1;
     return shown;
 }
 
 } // namespace
 
 /// The pages of the three detectors in the panel.
-class TestFixationPages : public QObject {
+class TestFixationPages : public PanelTest<FixationControl> {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { closePanel(); }
     void doubleFormAtConstruction_data();
     void doubleFormAtConstruction();
     void detectorsAreOffered();
@@ -68,29 +61,15 @@ private Q_SLOTS:
     void mergeIsACommand();
     void unitIsACommand();
     void citation();
-
-private:
-    std::unique_ptr<TemporarySettings> m_settings;
-    std::unique_ptr<QTemporaryDir> m_directory;
-    std::unique_ptr<FixationControl> m_panel;
 };
 
 void TestFixationPages::init()
 {
-    m_settings = std::make_unique<TemporarySettings>();
-    m_directory = std::make_unique<QTemporaryDir>();
+    openSettings();
     SettingsStore().setValue(typeKey, QStringLiteral("Standard"));
-    m_panel = std::make_unique<FixationControl>();
+    openPanel();
     m_panel->sltUpdateSettings();
-    m_panel->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
-}
-
-void TestFixationPages::cleanup()
-{
-    CommandStack::instance().clear(); // its commands hold on to the panel
-    m_panel.reset();
-    m_settings.reset();
+    showPanel();
 }
 
 void TestFixationPages::doubleFormAtConstruction_data()
@@ -123,7 +102,7 @@ void TestFixationPages::detectorsAreOffered()
     const FixationControl panel;
     const auto itemsOf = [&panel](const char *name) {
         QStringList items;
-        const auto *box = child<QComboBox>(panel, name);
+        const auto *box = childOf<QComboBox>(panel, name);
         for (int i = 0; i < box->count(); ++i)
             items << box->itemText(i);
         return items;
@@ -132,11 +111,11 @@ void TestFixationPages::detectorsAreOffered()
                                                    QStringLiteral("Velocity based")}));
     QCOMPARE(itemsOf("comboVelocityUnit"), QStringList({QStringLiteral("[Pixel/ms]"), QString::fromUtf8("[\xC2\xB0/s]"),
                                                         QStringLiteral("Percentile")}));
-    QVERIFY(child<QCheckBox>(panel, "mergeGauss")->isChecked());
-    const auto labelOf = [&panel](const char *name) { return child<QLabel>(panel, name)->text().remove(u'&'); };
+    QVERIFY(childOf<QCheckBox>(panel, "mergeGauss")->isChecked());
+    const auto labelOf = [&panel](const char *name) { return childOf<QLabel>(panel, name)->text().remove(u'&'); };
     QCOMPARE(labelOf("screenDistanceLabel"), QStringLiteral("Screen distance [m]:"));
     QCOMPARE(labelOf("imgSizeLabel"), QStringLiteral("Image size [m]:"));
-    QCOMPARE(child<QToolButton>(panel, "toolButton")->text(), QStringLiteral("Calculate fixations"));
+    QCOMPARE(childOf<QToolButton>(panel, "toolButton")->text(), QStringLiteral("Calculate fixations"));
     QCOMPARE(shownBoxes(panel), QStringLiteral("standardBox"));
     QCOMPARE(shownGeometry(panel), 0);
 }
@@ -154,7 +133,7 @@ void TestFixationPages::boxOfTheTypeIsShown_data()
 void TestFixationPages::boxOfTheTypeIsShown()
 {
     QFETCH(int, type);
-    auto *combo = child<QComboBox>(*m_panel, "Fix_comboBox");
+    auto *combo = child<QComboBox>("Fix_comboBox");
     combo->setFocus();
     for (int i = 0; i < type; ++i)
         QTest::keyClick(combo, Qt::Key_Down);
@@ -166,7 +145,7 @@ void TestFixationPages::boxOfTheTypeIsShown()
 
 void TestFixationPages::boxFollowsUndoRedoAndRefresh()
 {
-    child<QComboBox>(*m_panel, "Fix_comboBox")->setCurrentIndex(2);
+    child<QComboBox>("Fix_comboBox")->setCurrentIndex(2);
     QCOMPARE(shownBoxes(*m_panel), QStringLiteral("velocityBox"));
     CommandStack::instance().undo();
     QCOMPARE(shownBoxes(*m_panel), QStringLiteral("standardBox"));
@@ -183,7 +162,7 @@ void TestFixationPages::boxFollowsUndoRedoAndRefresh()
 
 void TestFixationPages::geometryIsShownForDegrees()
 {
-    auto *combo = child<QComboBox>(*m_panel, "comboVelocityUnit");
+    auto *combo = child<QComboBox>("comboVelocityUnit");
     QCOMPARE(combo->currentIndex(), 2); // as every loaded unit
     combo->setCurrentIndex(1);
     QCOMPARE(shownGeometry(*m_panel), 4);
@@ -203,11 +182,11 @@ void TestFixationPages::geometryFollowsRefresh()
 {
     SettingsStore().setValue(rows::velocityUnit.key, QString::fromUtf8("[\xC2\xB0/s]"));
     m_panel->sltUpdateSettings();
-    QCOMPARE(child<QComboBox>(*m_panel, "comboVelocityUnit")->currentIndex(), 1);
+    QCOMPARE(child<QComboBox>("comboVelocityUnit")->currentIndex(), 1);
     QCOMPARE(shownGeometry(*m_panel), 4);
     SettingsStore().setValue(rows::velocityUnit.key, 0);
     m_panel->sltUpdateSettings();
-    QCOMPARE(child<QComboBox>(*m_panel, "comboVelocityUnit")->currentIndex(), 2);
+    QCOMPARE(child<QComboBox>("comboVelocityUnit")->currentIndex(), 2);
     QCOMPARE(shownGeometry(*m_panel), 0);
 }
 
@@ -236,9 +215,7 @@ void TestFixationPages::changeOfDoubleIsACommand()
     QFETCH(QString, name);
     QFETCH(QString, key);
     QFETCH(QString, command);
-    const QString logPath = m_directory->filePath(QStringLiteral("log"));
-    const Log log(logPath);
-    m_panel->setLog(&log);
+    m_panel->setLog(&log().log());
     auto *control = m_panel->findChild<QDoubleSpinBox *>(name);
     QCOMPARE(control->value(), 0.0); // the key is missing
     control->setValue(1.25);
@@ -248,14 +225,14 @@ void TestFixationPages::changeOfDoubleIsACommand()
     QCOMPARE(control->value(), 0.0);
     QCOMPARE(SettingsStore().value(key).toDouble(), 0.0);
     QCOMPARE(CommandStack::instance().count(), 1);
-    QCOMPARE(linesOf(logPath),
+    QCOMPARE(log().lines(),
              QStringList({command + QStringLiteral("::redo = 1.25"), command + QStringLiteral("::undo = 0")}));
 }
 
 void TestFixationPages::mergeIsACommand()
 {
-    child<QComboBox>(*m_panel, "Fix_comboBox")->setCurrentIndex(1);
-    auto *merge = child<QCheckBox>(*m_panel, "mergeGauss");
+    child<QComboBox>("Fix_comboBox")->setCurrentIndex(1);
+    auto *merge = child<QCheckBox>("mergeGauss");
     QVERIFY(!merge->isChecked()); // the key is missing
     QTest::mouseClick(merge, Qt::LeftButton, {}, QPoint(8, merge->height() / 2));
     QVERIFY(merge->isChecked());
@@ -270,7 +247,7 @@ void TestFixationPages::mergeIsACommand()
 
 void TestFixationPages::unitIsACommand()
 {
-    child<QComboBox>(*m_panel, "comboVelocityUnit")->setCurrentIndex(1);
+    child<QComboBox>("comboVelocityUnit")->setCurrentIndex(1);
     QCOMPARE(CommandStack::instance().text(0),
              QStringLiteral("Fixation velocity calculation threshold unit changed: 1"));
     QCOMPARE(SettingsStore().value(rows::velocityUnit.key).toInt(), 1);
@@ -280,9 +257,9 @@ void TestFixationPages::unitIsACommand()
 
 void TestFixationPages::citation()
 {
-    child<QComboBox>(*m_panel, "Fix_comboBox")->setCurrentIndex(1);
+    child<QComboBox>("Fix_comboBox")->setCurrentIndex(1);
     const RecordedMessages messages;
-    QTest::mouseClick(child<QPushButton>(*m_panel, "citeButton"), Qt::LeftButton);
+    QTest::mouseClick(child<QPushButton>("citeButton"), Qt::LeftButton);
     QCOMPARE(messages.texts().size(), 1);
     QVERIFY(messages.texts()[0].startsWith(QStringLiteral("How to cite the Gaussian Mixture Model|")));
     QVERIFY(messages.texts()[0].contains(QStringLiteral("Dempster, A. P., Laird, N. M., Rubin, D. B. (1977).")));

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void whatAFilterTookComesBackByHand();
     void aFilterEndsSorting();
     void aFilterWithoutExaminations();
+    void aFilterSetsBackTheSaccadeClusters();
     void aFilterReachesNotTheImportedState();
     void clearingIsNoCommand();
 
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void newGroupsKeepTheFilter();
 
     void theColorOfARow();
+    void theColorOfARowThatMovesBehindTheDialog();
     void noColorChosen();
     void theColorDialog();
     void theReportOfARow();
@@ -242,6 +244,15 @@ void TestExaminationTableControl::aFilterWithoutExaminations()
     QCOMPARE(m_table->control.filter().size(), 1);
 }
 
+void TestExaminationTableControl::aFilterSetsBackTheSaccadeClusters()
+{
+    QSignalSpy status(&m_table->control, &ExaminationTableControl::sigSetSaccadeClusterStatusNone);
+    m_table->control.sltRefreshTable({{u"subjectID"_s, u"Ann"_s}});
+    QCOMPARE(status.size(), 1);
+    m_table->control.sltClearFilter();
+    QCOMPARE(status.size(), 2);
+}
+
 void TestExaminationTableControl::aFilterReachesNotTheImportedState()
 {
     m_table->control.sltRefreshTable({{u"subjectID"_s, u"Ann"_s}});
@@ -344,6 +355,21 @@ void TestExaminationTableControl::theColorOfARow()
     QCOMPARE(examination.properties.value(u"Color"_s), QString::number(teal.rgba()));
     QCOMPARE(m_table->model.allExaminations()[3].leftEye.gazePoints[1].color, qRgba(255, 0, 0, 255));
     QCOMPARE(m_table->window.updates, 1);
+}
+
+/// The examination is sought when the dialog has closed: an import behind it moves all of them.
+void TestExaminationTableControl::theColorOfARowThatMovesBehindTheDialog()
+{
+    m_table->add({{u"Color"_s, QString::number(qRgba(255, 0, 0, 255))}});
+    const QList<Examination> before = m_table->model.examinations();
+    m_table->control.setColorChooser([&](const QColor &) {
+        for (int i = 0; i < 100; ++i)
+            m_table->add({});
+        return QColor(Qt::blue);
+    });
+    m_table->table->itemDoubleClicked(item(3, u"Color"_s));
+    QCOMPARE(m_table->model.examinations()[3].leftEye.gazePoints[0].color, QColor(Qt::blue).rgba());
+    QCOMPARE(before[3].leftEye.gazePoints[0].color, qRgba(255, 0, 0, 255));
 }
 
 void TestExaminationTableControl::noColorChosen()

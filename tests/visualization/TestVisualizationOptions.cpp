@@ -1,3 +1,4 @@
+#include "visualization/heatmap/HeatmapFigures.h"
 #include "VisualizationPanel.h"
 
 #include <QFormLayout>
@@ -124,6 +125,7 @@ private Q_SLOTS:
     void timeWindowStartsAtASecond();
     void loadingKeepsTheTimeWindow();
     void shadowPowerStartsInItsRange();
+    void shadowPowerStartsAboveItsLowest();
     void percentageCountsAnew();
     void percentageIsNotUndone();
 
@@ -517,6 +519,20 @@ void TestVisualizationOptions::shadowPowerStartsInItsRange()
     QCOMPARE(record().power, 0.3);
 }
 
+void TestVisualizationOptions::shadowPowerStartsAboveItsLowest()
+{
+    openPanel(K::Saccades, 3);
+    setStored("/Power", 0.09); // a share of 0.1 is the lowest
+    panel().sltUpdateSettings();
+    auto *modes = find<QComboBox>("comboBox_vismode");
+    QTest::keyClick(modes, Qt::Key_Down);
+    QCOMPARE(record().power, 1.0);
+    QTest::keyClick(modes, Qt::Key_Up);
+    find<QSpinBox>("shadow_power_slider2")->setValue(10);
+    QTest::keyClick(modes, Qt::Key_Down);
+    QCOMPARE(record().power, 0.1);
+}
+
 void TestVisualizationOptions::percentageCountsAnew()
 {
     openPanel(K::Clusters, 3);
@@ -538,7 +554,9 @@ void TestVisualizationOptions::percentageCountsAnew()
     };
     maximum->setValue(700);
     QTest::keyClick(threshold, Qt::Key_Up);
-    click("checkBox_inproz");
+    panel().showFigures({{}, 5, std::array<double, 5>{10, 20, 30, 15, 25}});
+    QCOMPARE(caption("perc3"), QStringLiteral("30 %"));
+    click("checkBox_inproz"); // what the figures count is something else from now on
     compare(true, 100, " %");
     QCOMPARE(stack().count(), 1); // that of the threshold
     maximum->setValue(70);
