@@ -17,12 +17,13 @@ mkdir -p "$folder"
 
 "$simulator" --make-stimulus "$folder/bay.png"
 
-# person SEED AGE GROUP DOMINANT [further options]: the recording S0SEED
+# person SEED AGE EXPERTISE DOMINANT [further options]: the recording S0SEED
 person() {
-    seed=$1 age=$2 group=$3 dominant=$4
+    seed=$1 age=$2 expertise=$3 dominant=$4
     shift 4
     "$simulator" --image "$folder/bay.png" --seed "$seed" --duration 10 --rate 250 --lid-artefact 15 --truth \
-        --subject "S0$seed" --group "$group" --dominant "$dominant" --property "age=$age" "$@" "$folder/S0$seed"
+        --subject "S0$seed" --dominant "$dominant" --property "expertise=$expertise" --property "age=$age" "$@" \
+        "$folder/S0$seed"
 }
 
 person 1 34 expert right --fixation-duration-mean 245 --clock-start 5012440
