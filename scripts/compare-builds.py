@@ -107,8 +107,9 @@ def density_difference(old, new):
 
 def drawing_difference(old, new):
     old, new = old.splitlines(), new.splitlines()
-    in_common = len(set(old) & set(new))
-    return f"{len(old)} lines, {len(new)} in the other; {in_common} different lines are in both"
+    if len(old) != len(new):
+        return f"{len(old)} lines, {len(new)} in the other"
+    return f"{sum(a != b for a, b in zip(old, new))} of {len(old)} lines differ"
 
 
 def difference(name, old, new):
