@@ -216,11 +216,13 @@ bool writeAoiText(const QList<AreaOfInterest> &aois, const QString &path,
         messages::warning(Text("AOIs are empty!"), Text("You are trying to save an empty AOI. Aborted."));
         return false;
     }
-    if (!replaceFile(path, text(aois)))
+    const auto problem = replaceFile(path, text(aois));
+    if (!problem)
         return true;
-    messages::warning(Text("Cannot write to file!"),
-                      Text("Error when trying to write to the specified file. Please make sure you have selected the "
-                           "correct file and path and have writing privileges."));
+    const QString advice =
+        QStringLiteral("Error when trying to write to the specified file. Please make sure you have selected the "
+                       "correct file and path and have writing privileges.\n");
+    messages::warning(Text("Cannot write to file!"), advice + writeFailure(path, *problem));
     return false;
 }
 

@@ -12,6 +12,7 @@
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
 #include "settings/Registry.h"
+#include "settings/StoredKeys.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -121,6 +122,8 @@ std::optional<UsageError> BatchRun::applySettings()
     }
     if (m_options.detector)
         store.setValue(rows::calculationType.key, calculationTypeNames[static_cast<int>(*m_options.detector)]);
+    if (m_options.eyes)
+        writeStored(keys::eyeMode, static_cast<int>(*m_options.eyes)); // one choice for tables and drawings alike
     if (!m_options.background.isEmpty())
         m_journal.addInput(m_options.background, QStringLiteral("background"));
     return std::nullopt;
@@ -183,15 +186,15 @@ void BatchRun::calculate()
 
 void BatchRun::exportTables()
 {
-    const ExportTarget target{m_options.outputFolder, m_options.prefix, m_options.eyes};
+    const ExportTarget target{m_options.outputFolder, m_options.prefix, eyeMode()};
     for (const TableRow &row : tableRows()) {
         if (!m_options.tables.contains(row.word))
             continue;
         const ExportResult result = row.write(m_state, target);
         for (const QString &path : result.written)
             m_journal.keep(path);
-        for (const QString &path : result.failed)
-            m_journal.fail(QStringLiteral("Export"), QStringLiteral("%1 could not be written.").arg(path));
+        if (!result.failed.isEmpty())
+            m_journal.fail();
     }
 }
 
@@ -201,7 +204,9 @@ void BatchRun::writeReport(const QMap<QString, QString> &density)
         return;
     BatchReport report = m_journal.report();
     report.version = QCoreApplication::applicationVersion();
-    report.options = reportedOptions(m_options);
+    BatchOptions asUsed = m_options;
+    asUsed.eyes = eyeMode();
+    report.options = reportedOptions(asUsed);
     report.density = density;
     report.parameters = storedParameters(SettingsStore());
     m_journal.write(QStringLiteral("Report"), m_options.reportFile, toJson(report).toJson());

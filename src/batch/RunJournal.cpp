@@ -34,7 +34,10 @@ void RunJournal::addInputWithMessages(const QString &path, const QString &kind, 
 void RunJournal::keep(const QString &path)
 {
     m_written << path;
-    m_output.writeLine(path);
+    const bool listed = m_output.writeLine(path);
+    if (!listed && m_listComplete)
+        fail(QStringLiteral("Standard output"), QStringLiteral("the list of the files written is cut short"));
+    m_listComplete = m_listComplete && listed;
 }
 
 void RunJournal::fail(const QString &title, const QString &text)
@@ -46,7 +49,7 @@ void RunJournal::fail(const QString &title, const QString &text)
 void RunJournal::write(const QString &title, const QString &path, const QByteArray &bytes)
 {
     if (const std::optional<QString> problem = replaceFile(path, bytes))
-        fail(title, QStringLiteral("%1 could not be written: %2").arg(path, *problem));
+        fail(title, writeFailure(path, *problem));
     else
         keep(path);
 }

@@ -43,5 +43,6 @@ private:
     QList<ReportedInput> m_inputs;
     QList<ShownMessage> m_messages; ///< those that are about no input
     QStringList m_written;
+    bool m_listComplete = true; ///< on the terminal; said once
     bool m_failed = false;
 };

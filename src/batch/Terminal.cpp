@@ -4,14 +4,15 @@
 
 #include <unistd.h>
 
-void Terminal::writeLine(const QString &text)
+bool Terminal::writeLine(const QString &text)
 {
     const std::lock_guard lock(m_mutex);
     const QString status = m_status;
     eraseStatus();
-    write(text + u'\n');
+    const bool written = write(text + u'\n');
     write(status);
     m_status = status;
+    return written;
 }
 
 void Terminal::setStatus(const QString &text)
@@ -29,9 +30,10 @@ Terminal::Kind Terminal::kindOfStandardError()
     return isatty(STDERR_FILENO) == 1 ? Kind::Screen : Kind::Stream;
 }
 
-void Terminal::write(const QString &text)
+bool Terminal::write(const QString &text)
 {
-    m_device.write(text.toLocal8Bit());
+    const QByteArray bytes = text.toLocal8Bit();
+    return m_device.write(bytes) == bytes.size();
 }
 
 /// With blanks rather than a control sequence, which not every terminal knows.

@@ -18,7 +18,8 @@ public:
     /// @param device  open for writing; must outlive this object.
     Terminal(QIODevice &device, Kind kind) : m_device(device), m_kind(kind) {}
 
-    void writeLine(const QString &text);
+    /// @return false where the device does not take it, such as a file on a full disk.
+    bool writeLine(const QString &text);
 
     /// Replaces the status line; an empty text removes it.
     void setStatus(const QString &text);
@@ -27,7 +28,7 @@ public:
     static Kind kindOfStandardError();
 
 private:
-    void write(const QString &text);
+    bool write(const QString &text);
     void eraseStatus();
 
     std::mutex m_mutex;

@@ -58,16 +58,17 @@ void dropDeveloperLines(QtMsgType type, const QMessageLogContext &, const QStrin
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
+ExitCode answer(Terminal &output, const QString &text)
+{
+    return output.writeLine(text) ? ExitCode::AllDone : ExitCode::SomethingFailed;
+}
+
 ExitCode run(const BatchOptions &options, Terminal &output, Terminal &errors)
 {
-    if (options.help) {
-        output.writeLine(batchHelp().chopped(1));
-        return ExitCode::AllDone;
-    }
-    if (options.version) {
-        output.writeLine(QStringLiteral("vistrum-batch ") + QCoreApplication::applicationVersion());
-        return ExitCode::AllDone;
-    }
+    if (options.help)
+        return answer(output, batchHelp().chopped(1));
+    if (options.version)
+        return answer(output, QStringLiteral("vistrum-batch ") + QCoreApplication::applicationVersion());
     MessageRecord record;
     messages::install(std::make_unique<TerminalMessages>(
         errors, record, options.quiet ? TerminalMessages::Show::Problems : TerminalMessages::Show::All));

@@ -1,37 +1,40 @@
 #include "export/CsvFile.h"
 
-#include <QFile>
-#include <QTextStream>
+#include <QStringEncoder>
 
-CsvFile::CsvFile(QString path) : m_path(std::move(path)) {}
+namespace {
+
+QString withPlatformLineEnds(QString block)
+{
+#ifdef Q_OS_WIN
+    block.replace(u'\n', QLatin1StringView("\r\n"));
+#endif
+    return block;
+}
+
+QByteArray utf16(const QString &block)
+{
+    if (block.isEmpty())
+        return {}; // no mark alone
+    QStringEncoder encoder(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom);
+    return encoder(withPlatformLineEnds(block));
+}
+
+} // namespace
 
 bool CsvFile::append(const QString &block)
 {
-    const bool written = write(block);
-    if (!written)
-        m_state = State::Failed;
-    else if (m_state == State::Untouched)
-        m_state = State::Written;
-    return written;
+    const bool taken = m_file.write(utf16(block));
+    m_state = taken && m_state != State::Failed ? State::Open : State::Failed;
+    return taken;
 }
 
-bool CsvFile::write(const QString &block)
+CsvFile::State CsvFile::commit()
 {
-    QFile file(m_path);
-    QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Text;
-    if (m_replaced) {
-        mode |= QIODevice::Append;
-    } else {
-        file.remove();
-        mode |= QIODevice::Truncate; // an old file that cannot be removed but written must not show through
-    }
-    if (!file.open(mode))
-        return false;
-    m_replaced = true;
-    QTextStream stream(&file);
-    stream.setEncoding(QStringConverter::Utf16LE);
-    stream.setGenerateByteOrderMark(true);
-    stream << block;
-    stream.flush();
-    return stream.status() == QTextStream::Ok;
+    if (m_state == State::Untouched)
+        return m_state;
+    const std::optional<QString> problem = m_file.commit();
+    m_problem = problem.value_or(QString());
+    m_state = problem ? State::Failed : State::Written;
+    return m_state;
 }

@@ -1,32 +1,36 @@
 #pragma once
 
-#include <QString>
+#include "base/FileReplacement.h"
 
-/// One table file of one export, written block by block as UTF-16, little endian on every machine.
+/// One table file of one export, written block by block as UTF-16, little endian on every machine, with a byte order
+/// mark before each block. Line ends are the platform's.
 ///
-/// The first block takes the place of a file that an earlier export left; the others are appended. The file is opened
-/// anew for each block, and a byte order mark stands before each of them. Line ends are the platform's.
+/// The blocks are collected beside the place of the file; `commit` puts it there, whole or not at all. A link of its
+/// name is replaced: what stands behind it belongs to somebody else.
 class CsvFile {
 public:
     enum class State {
         Untouched, ///< nothing was to be written
+        Open,      ///< every block so far could be taken
         Written,   ///< every block stands in the file
-        Failed     ///< at least one block is missing or cut short
+        Failed     ///< there is no new file of this name
     };
 
-    explicit CsvFile(QString path);
+    explicit CsvFile(const QString &path) : m_file(path, Links::Replaced) {}
 
-    /// Writes the text as one block. The user is told nothing about a file that cannot be written: callers who care
-    /// ask the result or the state.
+    /// Adds the text as one block; false after a failure, which `commit` tells.
     bool append(const QString &block);
 
-    const QString &path() const { return m_path; }
+    /// Puts the blocks in their place; without any, no file is touched.
+    State commit();
+
+    const QString &path() const { return m_file.path(); }
     State state() const { return m_state; }
+    /// In words for the user; empty without a failure.
+    const QString &problem() const { return m_problem; }
 
 private:
-    bool write(const QString &block);
-
-    QString m_path;
+    FileReplacement m_file;
     State m_state = State::Untouched;
-    bool m_replaced = false; ///< the file is this export's own; until then nothing may be appended to it
+    QString m_problem;
 };

@@ -1,11 +1,15 @@
 #include "export/DataExport.h"
 
-#include "base/Messages.h"
+#include "base/NamedPlace.h"
 #include "base/Progress.h"
 #include "export/ClusterExport.h"
 #include "export/CsvFile.h"
 #include "export/EventExport.h"
 #include "export/FixationExport.h"
+
+#include <QSet>
+
+#include <vector>
 
 namespace {
 
@@ -14,23 +18,21 @@ struct EyeFile {
     CsvFile file;
 };
 
-QList<EyeFile> eyeFiles(const ExportTarget &target, const QString &infix)
+using EyeFiles = std::vector<EyeFile>;
+
+EyeFiles eyeFiles(const ExportTarget &target, const QString &infix)
 {
-    QList<EyeFile> files;
+    EyeFiles files;
     for (const Eye eye : eyesOf(target.eyes))
-        files << EyeFile{eye, CsvFile(exportPath(target, infix, eye))};
+        files.push_back({eye, CsvFile(exportPath(target, infix, eye))});
     return files;
 }
 
-ExportResult resultOf(const QList<EyeFile> &files)
+ExportResult resultOf(EyeFiles &files)
 {
     ExportResult result;
-    for (const EyeFile &each : files) {
-        if (each.file.state() == CsvFile::State::Written)
-            result.written << each.file.path();
-        else if (each.file.state() == CsvFile::State::Failed)
-            result.failed << each.file.path();
-    }
+    for (EyeFile &each : files)
+        result.take(each.file);
     return result;
 }
 
@@ -40,7 +42,7 @@ int progressSteps(const DataModel &model)
     return static_cast<int>(model.checkedExaminations().size()) + 1;
 }
 
-void writeFixations(const DataModel &model, QList<EyeFile> &files)
+void writeFixations(const DataModel &model, EyeFiles &files)
 {
     Progress progress(QStringLiteral("Exporting fixations. Please wait."), progressSteps(model));
     for (const Examination *examination : model.checkedExaminations()) {
@@ -52,34 +54,40 @@ void writeFixations(const DataModel &model, QList<EyeFile> &files)
     }
 }
 
-/// The file of that path, first used here or before.
-CsvFile &fileOf(const QString &path, Eye eye, QList<EyeFile> &files)
+/// The clusters of all examinations of that name, a file for each eye.
+void writeClustersOf(const QString &baseName, const DataModel &model, const ExportTarget &target, ExportResult &result)
 {
-    for (EyeFile &each : files) {
-        if (each.file.path() == path)
-            return each.file;
+    const QString infix = QStringLiteral("_fixationclusters_%1_clusters_").arg(baseName);
+    for (const Eye eye : eyesOf(target.eyes)) {
+        CsvFile file(exportPath(target, infix, eye));
+        if (!placeInside(target.folder, target.prefix + infix)) {
+            result.refuse(file.path(), QStringLiteral("the name of the recording leads out of the folder"));
+            continue;
+        }
+        for (const Examination *examination : model.checkedExaminations()) {
+            if (examination->baseName == baseName)
+                file.append(clusterBlock(*examination, examination->stream(eye), model.timeFrame()));
+        }
+        result.take(file);
     }
-    files << EyeFile{eye, CsvFile(path)};
-    return files.last().file;
 }
 
-QList<EyeFile> writeClusters(const DataModel &model, const ExportTarget &target)
+/// Each file is finished before the next one begins: there may be more of them than a process can hold open.
+ExportResult writeClusters(const DataModel &model, const ExportTarget &target)
 {
-    QList<EyeFile> files;
+    ExportResult result;
+    QSet<QString> names;
     Progress progress(QStringLiteral("Exporting fixation clusters. Please wait."), progressSteps(model));
     for (const Examination *examination : model.checkedExaminations()) {
-        const QString infix = QStringLiteral("_fixationclusters_%1_clusters_").arg(examination->baseName);
-        for (const Eye eye : eyesOf(target.eyes)) {
-            const EyeData &stream = examination->stream(eye);
-            fileOf(exportPath(target, infix, eye), eye, files)
-                .append(clusterBlock(*examination, stream, model.timeFrame()));
-        }
+        if (!names.contains(examination->baseName))
+            writeClustersOf(examination->baseName, model, target, result);
+        names << examination->baseName;
         progress.advance();
     }
-    return files;
+    return result;
 }
 
-void writeEvents(DataModel &model, QList<EyeFile> &files)
+void writeEvents(DataModel &model, EyeFiles &files)
 {
     Progress progress(QStringLiteral("Exporting events. Please wait."), progressSteps(model));
     for (EyeFile &each : files)
@@ -91,7 +99,7 @@ void writeEvents(DataModel &model, QList<EyeFile> &files)
             EyeData &stream = examination.stream(each.eye);
             const EventList events = eventsOf(stream, model.timeFrame());
             stream.eventRows = events.rows;
-            if (each.file.state() == CsvFile::State::Written)
+            if (each.file.state() == CsvFile::State::Open)
                 each.file.append(eventBlock(examination, events));
         }
         progress.advance();
@@ -102,40 +110,45 @@ void writeEvents(DataModel &model, QList<EyeFile> &files)
 
 ExportResult exportFixations(const DataModel &model, const ExportTarget &target)
 {
-    QList<EyeFile> files = eyeFiles(target, QStringLiteral("_fixations__fixations_")); // sic, twice
+    EyeFiles files = eyeFiles(target, QStringLiteral("_fixations__fixations_")); // sic, twice
     writeFixations(model, files);
-    messages::information(QStringLiteral("Fixation Export"), QStringLiteral("Fixations exported to: ") + target.folder);
-    return resultOf(files);
+    const ExportResult result = resultOf(files);
+    tellExported(QStringLiteral("Fixation Export"), QStringLiteral("Fixations exported to: ") + target.folder, result);
+    return result;
 }
 
 ExportResult exportClusters(const DataModel &model, const ExportTarget &target)
 {
-    const QList<EyeFile> files = writeClusters(model, target);
-    messages::information(QStringLiteral("Fixation cluster Export"),
-                          QStringLiteral("Fixation clusters exported to: ") + target.folder +
-                              QLatin1StringView("_filename_fixationclusters_left/right"));
-    return resultOf(files);
+    const ExportResult result = writeClusters(model, target);
+    tellExported(QStringLiteral("Fixation cluster Export"),
+                 QStringLiteral("Fixation clusters exported to: ") + target.folder +
+                     QLatin1StringView("_filename_fixationclusters_left/right"),
+                 result);
+    return result;
 }
 
 ExportResult exportCumulativeClusters(const DataModel &model, const ExportTarget &target)
 {
-    QList<EyeFile> files;
+    ExportResult result;
     for (const Eye eye : eyesOf(target.eyes)) {
-        const QString infix = QStringLiteral("_cumulative_%1_cumclusters_").arg(eyeWord(eye));
-        files << EyeFile{eye, CsvFile(exportPath(target, infix, eye))};
-        files.last().file.append(cumulativeClusterBlock(model, model.pooled(eye)));
+        CsvFile file(exportPath(target, QStringLiteral("_cumulative_%1_cumclusters_").arg(eyeWord(eye)), eye));
+        file.append(cumulativeClusterBlock(model, model.pooled(eye)));
+        result.take(file);
     }
-    messages::information(QStringLiteral("Cumulative clusters Export"),
-                          QStringLiteral("Cumulative clusters exported to: ") + target.folder +
-                              QLatin1StringView("_cumulative_left/right"));
-    return resultOf(files);
+    tellExported(QStringLiteral("Cumulative clusters Export"),
+                 QStringLiteral("Cumulative clusters exported to: ") + target.folder +
+                     QLatin1StringView("_cumulative_left/right"),
+                 result);
+    return result;
 }
 
 ExportResult exportEvents(DataModel &model, const ExportTarget &target)
 {
-    QList<EyeFile> files = eyeFiles(target, QStringLiteral("_events_"));
+    EyeFiles files = eyeFiles(target, QStringLiteral("_events_"));
     writeEvents(model, files);
-    messages::information(QStringLiteral("Event Export"), QStringLiteral("Events exported to: ") + target.folder +
-                                                              QLatin1StringView("_events_left/right/dom"));
-    return resultOf(files);
+    const ExportResult result = resultOf(files);
+    tellExported(QStringLiteral("Event Export"),
+                 QStringLiteral("Events exported to: ") + target.folder + QLatin1StringView("_events_left/right/dom"),
+                 result);
+    return result;
 }

@@ -1,5 +1,6 @@
 #include "settings/Registry.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "settings/SettingsFile.h"
 #include "settings/StoredKeys.h"
@@ -14,7 +15,8 @@ void Registry::saveSettings(const QString &path) const
         if (key != keys::eyetrackerModel.key)
             lines.append({key, store.value(key).toString()});
     }
-    writeSettingsFile(path, lines);
+    if (const auto problem = writeSettingsFile(path, lines))
+        messages::warning(QStringLiteral("Settings"), writeFailure(path, *problem));
 }
 
 bool Registry::loadSettings(const QString &path) const

@@ -8,7 +8,8 @@ public:
     explicit Registry(Log log = Log());
 
     /// Writes every key of the store with its value, in the order of the keys; the name of the eye tracker, which
-    /// belongs to the place and not to the way of working, stays out. A file that cannot be written is passed over.
+    /// belongs to the place and not to the way of working, stays out. The user is told if the file cannot be written;
+    /// an older one is as it was then.
     void saveSettings(const QString &path) const;
 
     /// Sets the keys that the store has already; a file can change keys but never add them. All values come in as

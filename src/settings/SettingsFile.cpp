@@ -1,5 +1,6 @@
 #include "settings/SettingsFile.h"
 
+#include "base/FileReplacement.h"
 #include "base/TextDecoding.h"
 
 #include <QFile>
@@ -21,13 +22,10 @@ std::optional<QList<SettingsLine>> readSettingsFile(const QString &path)
     return lines;
 }
 
-void writeSettingsFile(const QString &path, const QList<SettingsLine> &lines)
+std::optional<QString> writeSettingsFile(const QString &path, const QList<SettingsLine> &lines)
 {
-    QFile::remove(path);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return;
-    QTextStream stream(&file);
+    QString text;
     for (const SettingsLine &line : lines)
-        stream << line.key << '=' << line.value << '\n';
+        text += line.key + u'=' + line.value + u'\n';
+    return replaceFile(path, text.toUtf8());
 }

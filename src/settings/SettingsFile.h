@@ -19,5 +19,7 @@ struct SettingsLine {
 /// @return nothing where the file cannot be opened.
 std::optional<QList<SettingsLine>> readSettingsFile(const QString &path);
 
-/// Replaces the file by one of these lines. A file that cannot be written is no error: the caller has nobody to tell.
-void writeSettingsFile(const QString &path, const QList<SettingsLine> &lines);
+/// Replaces the file by one of these lines.
+///
+/// @return what went wrong, in words for the user; nothing if the file is written.
+std::optional<QString> writeSettingsFile(const QString &path, const QList<SettingsLine> &lines);

@@ -215,7 +215,10 @@ void TestAoiFile::unwritablePaths()
     QFETCH(QString, path);
     const RecordedMessages messages;
     QVERIFY(!writeAoiFile(threeAreas(), path));
-    QCOMPARE(messages.texts(), QStringList{unwritable});
+    QCOMPARE(messages.texts().size(), 1);
+    const QString beginning = unwritable + u'\n' + path + QStringLiteral(" could not be written: ");
+    QVERIFY2(messages.texts()[0].startsWith(beginning), qPrintable(messages.texts()[0]));
+    QVERIFY(messages.texts()[0].size() > beginning.size()); // the reason
 }
 
 void TestAoiFile::aPipeIsNotReplaced()
@@ -226,7 +229,8 @@ void TestAoiFile::aPipeIsNotReplaced()
     QVERIFY(!writeAoiFile(threeAreas(), path));
     QVERIFY(QFileInfo::exists(path));
     QVERIFY(!QFileInfo(path).isFile());
-    QCOMPARE(messages.texts(), QStringList{unwritable});
+    QCOMPARE(messages.texts(), QStringList{unwritable + u'\n' + path +
+                                           QStringLiteral(" could not be written: it is not a regular file")});
 }
 
 void TestAoiFile::anOldFileIsReplaced()

@@ -1,4 +1,5 @@
 #include "base/FileReplacement.h"
+#include "FullDisk.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -12,6 +13,9 @@ private Q_SLOTS:
     void writesAndReplaces();
     void keepsTheOldFileOnFailure();
     void refusesWhatIsNoFile();
+    void piecesAppearTogether();
+    void fullDiskKeepsTheOlderFile();
+    void aLinkIsFollowedOrReplaced();
 };
 
 namespace {
@@ -50,6 +54,61 @@ void TestFileReplacement::refusesWhatIsNoFile()
     QVERIFY(!QFileInfo(pipe).isFile());
     QVERIFY(replaceFile(folder.path(), "x").has_value());
     QVERIFY(QFileInfo(folder.path()).isDir());
+}
+
+void TestFileReplacement::piecesAppearTogether()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a"));
+    QCOMPARE(replaceFile(path, "older"), std::nullopt);
+    {
+        FileReplacement abandoned(path);
+        QVERIFY(abandoned.write("new"));
+    }
+    FileReplacement file(path);
+    QVERIFY(file.write("one"));
+    QVERIFY(file.write("two"));
+    QCOMPARE(contentOf(path), QByteArray("older"));
+    QCOMPARE(file.commit(), std::nullopt);
+    QCOMPARE(contentOf(path), QByteArray("onetwo"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+}
+
+void TestFileReplacement::fullDiskKeepsTheOlderFile()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a"));
+    QCOMPARE(replaceFile(path, "older"), std::nullopt);
+    std::optional<QString> problem;
+    {
+        const FullDisk disk(100);
+        FileReplacement file(path);
+        file.write(QByteArray(60, 'x'));
+        file.write(QByteArray(100'000, 'x'));
+        problem = file.commit();
+    }
+    QVERIFY(problem && !problem->isEmpty());
+    QCOMPARE(contentOf(path), QByteArray("older"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+}
+
+void TestFileReplacement::aLinkIsFollowedOrReplaced()
+{
+    const QTemporaryDir folder;
+    const QString original = folder.filePath(QStringLiteral("original"));
+    const QString link = folder.filePath(QStringLiteral("link"));
+    QCOMPARE(replaceFile(original, "older"), std::nullopt);
+    QVERIFY(QFile::link(original, link));
+    QCOMPARE(replaceFile(link, "followed"), std::nullopt);
+    QVERIFY(QFileInfo(link).isSymLink());
+    QCOMPARE(contentOf(original), QByteArray("followed"));
+    FileReplacement file(link, Links::Replaced);
+    QVERIFY(file.write("replaced"));
+    QCOMPARE(file.commit(), std::nullopt);
+    QVERIFY(!QFileInfo(link).isSymLink());
+    QCOMPARE(contentOf(link), QByteArray("replaced"));
+    QCOMPARE(contentOf(original), QByteArray("followed"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
 }
 
 QTEST_GUILESS_MAIN(TestFileReplacement)

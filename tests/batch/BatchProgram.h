@@ -53,6 +53,17 @@ public:
         return {process.exitCode(), lines(process.readAllStandardOutput()), lines(process.readAllStandardError())};
     }
 
+    /// The exit code of a run whose list of files goes into a device that takes nothing.
+    int runWithFullOutput(const QStringList &arguments) const
+    {
+        QProcess process;
+        process.setProcessEnvironment(m_environment);
+        process.setWorkingDirectory(path(QString()));
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        process.start(QStringLiteral(VISTRUM_BATCH), arguments);
+        return process.waitForFinished(120'000) ? process.exitCode() : -1;
+    }
+
     /// The example recordings, as arguments.
     static QStringList study()
     {

@@ -44,6 +44,8 @@ private Q_SLOTS:
     void areasOfOneNameInTwoFiles();
     void aTableThatCannotBeWritten();
     void picturesAndReportInAMissingFolder();
+    void aListThatCannotBeWritten();
+    void devicesAreNotReplaced();
     void withoutTemporaryFolderTheUsersStoreIsNotUsedInstead();
 
 private:
@@ -274,7 +276,8 @@ void TestBatchFailures::aTableThatCannotBeWritten()
         words("--quiet --out tables --calculate fixations --export fixations,events --image a.png study/S01.data"));
     QCOMPARE(outcome.status, 1);
     QCOMPARE(outcome.errors,
-             QStringList{QStringLiteral("Export: tables/vistrum_events_left.csv could not be written.")});
+             QStringList{QStringLiteral(
+                 "Event Export: tables/vistrum_events_left.csv could not be written: it is not a regular file")});
     QCOMPARE(outcome.written,
              words("tables/vistrum_fixations__fixations_left.csv tables/vistrum_fixations__fixations_right.csv "
                    "tables/vistrum_events_right.csv a.png"));
@@ -290,6 +293,25 @@ void TestBatchFailures::picturesAndReportInAMissingFolder()
     QVERIFY(outcome.errors[1].startsWith(QStringLiteral("Image: no/a.svg could not be written: ")));
     QVERIFY(outcome.errors[2].startsWith(QStringLiteral("Report: no/report.json could not be written: ")));
     QCOMPARE(outcome.written, words("a.png"));
+}
+
+void TestBatchFailures::aListThatCannotBeWritten()
+{
+    const QStringList arguments = words("--quiet --calculate fixations --export fixations study/S01.data");
+    QCOMPARE(m_batch->runWithFullOutput(arguments), 1);
+    QCOMPARE(m_batch->files().size(), 2); // the tables are there all the same
+    QCOMPARE(m_batch->runWithFullOutput(words("--version")), 1);
+}
+
+void TestBatchFailures::devicesAreNotReplaced()
+{
+    const Outcome outcome = m_batch->run(
+        words("--quiet --report /dev/full --density no/d.tiff --calculate fixations --density-kind fixations "
+              "study/S01.data"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.errors.size(), 2);
+    QCOMPARE(outcome.errors[1], QStringLiteral("Report: /dev/full could not be written: it is not a regular file"));
+    QVERIFY(!QFileInfo(QStringLiteral("/dev/full")).isFile());
 }
 
 void TestBatchFailures::withoutTemporaryFolderTheUsersStoreIsNotUsedInstead()

@@ -145,25 +145,25 @@ void TestBatchReport::options_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("expected");
     QTest::newRow("defaults") << "a.data"
-                              << "calculate= export= eyes=all";
+                              << "calculate= export=";
     QTest::newRow("all that shapes the results")
         << "--time 1:20 --eyes mean --export events,fixations --calculate fixations --detector standard a.data"
         << "calculate=fixations detector=standard export=fixations,events eyes=mean time=1:20";
     QTest::newRow("detector and unit") << "--detector velocity --velocity-unit degree-per-s a.data"
-                                       << "calculate= detector=velocity export= eyes=all velocity-unit=degree-per-s";
+                                       << "calculate= detector=velocity export= velocity-unit=degree-per-s";
     QTest::newRow("numbers of the overlap method")
         << "--overlap-fixations 2 --overlap-outliers 0 --calculate clusters,cumulative-clusters --export "
            "cumulative-clusters a.data"
-        << "calculate=clusters,cumulative-clusters export=cumulative-clusters eyes=all overlap-fixations=2 "
+        << "calculate=clusters,cumulative-clusters export=cumulative-clusters overlap-fixations=2 "
            "overlap-outliers=0";
     QTest::newRow("values of saccade clusters, where they are calculated")
         << "--saccade-cluster angle-linkage=average --calculate saccade-clusters a.data"
-        << "calculate=saccade-clusters export= eyes=all saccade-cluster=minimum-length=0,minimum-angle-difference=0,"
+        << "calculate=saccade-clusters export= saccade-cluster=minimum-length=0,minimum-angle-difference=0,"
            "direction-dependent=yes,angle-linkage=average,angle-cutoff=10,minimum-angle-quantity=10,distance=euclidean,"
            "distance-linkage=minimum,distance-cutoff=25,minimum-distance-quantity=1,mode=none,line-width=3,"
            "arrow-tips=no,minimum-quantity=1";
     QTest::newRow("jobs and quiet do not") << "--jobs 3 --quiet a.data"
-                                           << "calculate= export= eyes=all";
+                                           << "calculate= export=";
 }
 
 void TestBatchReport::options()

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void picturesShowTheBackgroundAndTheData();
     void sameBytes_data();
     void sameBytes();
+    void oneChoiceOfEyesForEverything();
     void eyes_data();
     void eyes();
     void dominantEyeIsThatOfTheSubject_data();
@@ -132,6 +133,32 @@ void TestBatchRun::sameBytes()
     QCOMPARE(files.keys(), expected.keys());
     for (auto file = files.cbegin(); file != files.cend(); ++file)
         QVERIFY2(file.value() == expected[file.key()], qPrintable(file.key()));
+}
+
+/// Tables, pictures and densities show the same eyes: those of the option or, without it, those of the settings.
+void TestBatchRun::oneChoiceOfEyesForEverything()
+{
+    const QStringList what = words("--quiet --calculate fixations --export fixations --prefix p --image a.png "
+                                   "--density d.tiff --report r.json study/S01.data");
+    const auto shown = [&](const char *choice) {
+        auto files = filesOf(words(choice) + what);
+        const QByteArray report = files.take(QStringLiteral("r.json"));
+        files.insert(
+            QStringLiteral("eyes"),
+            QJsonDocument::fromJson(report)[QStringLiteral("options")][QStringLiteral("eyes")].toString().toUtf8());
+        return files;
+    };
+    const auto left = shown("--eyes left");
+    const auto right = shown("--eyes right");
+    QCOMPARE(left.size(), 4);
+    QCOMPARE(left[QStringLiteral("eyes")], QByteArray("left"));
+    QVERIFY(left.contains(QStringLiteral("p_fixations__fixations_left.csv")));
+    QVERIFY(right.contains(QStringLiteral("p_fixations__fixations_right.csv")));
+    QVERIFY(left[QStringLiteral("a.png")] != right[QStringLiteral("a.png")]);
+    QVERIFY(left[QStringLiteral("d.tiff")] != right[QStringLiteral("d.tiff")]);
+    QVERIFY(shown("--set Visualization/EyeMode=2") == left);
+    QVERIFY(shown("--set Visualization/EyeMode=3 --eyes left") == left);
+    QCOMPARE(shown("--jobs 1")[QStringLiteral("eyes")], QByteArray("all")); // as the factory has it
 }
 
 void TestBatchRun::eyes_data()

@@ -100,6 +100,7 @@ private Q_SLOTS:
     void cumulativeFileStartsFresh();
     void closingMessages();
     void folderThatIsNotThere();
+    void aNameThatLeadsOut();
 };
 
 void TestClusterExport::block_data()
@@ -285,6 +286,22 @@ void TestClusterExport::folderThatIsNotThere()
     QCOMPARE(exportClusters(twoSubjects(), target).failed.size(), 2);
     QCOMPARE(exportCumulativeClusters(twoSubjects(), target).failed,
              QStringList{target.folder + QStringLiteral("/p_cumulative_left_cumclusters_left.csv")});
+}
+
+void TestClusterExport::aNameThatLeadsOut()
+{
+    const RecordedMessages messages;
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("out")));
+    DataModel model = twoSubjects();
+    model.examinations()[0].baseName = QStringLiteral("/../../stolen");
+    const ExportTarget target{folder.filePath(QStringLiteral("out")), QStringLiteral("p"), EyeMode::showLeft};
+    const ExportResult result = exportClusters(model, target);
+    QCOMPARE(result.failed.size(), 1);
+    QCOMPARE(result.written.size(), 1);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
+    QCOMPARE(messages.texts().size(), 1);
+    QVERIFY(messages.texts()[0].endsWith(QStringLiteral("the name of the recording leads out of the folder")));
 }
 
 QTEST_GUILESS_MAIN(TestClusterExport)

@@ -1,14 +1,23 @@
 #include "export/CsvFile.h"
 #include "ExportSamples.h"
+#include "FullDisk.h"
 #include "TestMessages.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
-#ifdef Q_OS_LINUX
-#include <csignal>
-#include <sys/resource.h>
-#endif
+namespace {
+
+using State = CsvFile::State;
+
+/// A table of one block; true if it stands in its place.
+bool writeTable(const QString &path, const QString &block)
+{
+    CsvFile file(path);
+    return file.append(block) && file.commit() == State::Written;
+}
+
+} // namespace
 
 class TestCsvFile : public QObject {
     Q_OBJECT
@@ -22,7 +31,7 @@ private Q_SLOTS:
     void unwritablePathFails_data();
     void unwritablePathFails();
     void failureIsNotForgotten();
-    void fullDiskFails();
+    void fullDiskKeepsTheOlderFile();
 };
 
 void TestCsvFile::blockIsLittleEndianAfterAMark()
@@ -33,8 +42,9 @@ void TestCsvFile::blockIsLittleEndianAfterAMark()
     const char expected[] = "\xff\xfe"    // mark
                             "a\0;\0"      // low byte first
                             "\xb0\0\n\0"; // the degree sign is 0x00b0, a line end is one character
+    QVERIFY(!QFile::exists(file.path()));
+    QVERIFY(file.commit() == State::Written);
     QCOMPARE(samples::bytesOf(file.path()), QByteArray(expected, sizeof expected - 1));
-    QVERIFY(file.state() == CsvFile::State::Written);
 }
 
 void TestCsvFile::eachBlockHasAMark()
@@ -44,6 +54,7 @@ void TestCsvFile::eachBlockHasAMark()
     QVERIFY(file.append(QStringLiteral("one\n")));
     QVERIFY(file.append(QStringLiteral("two\n")));
     QVERIFY(file.append(QString()));
+    QVERIFY(file.commit() == State::Written);
     QCOMPARE(samples::bytesOf(file.path()),
              samples::utf16Block(QStringLiteral("one\n")) + samples::utf16Block(QStringLiteral("two\n")));
 }
@@ -52,9 +63,8 @@ void TestCsvFile::firstBlockReplacesAnEarlierFile()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.csv"));
-    QVERIFY(CsvFile(path).append(QStringLiteral("a long block of an earlier export\n")));
-    CsvFile file(path);
-    QVERIFY(file.append(QStringLiteral("new\n")));
+    QVERIFY(writeTable(path, QStringLiteral("a long block of an earlier export\n")));
+    QVERIFY(writeTable(path, QStringLiteral("new\n")));
     QCOMPARE(samples::bytesOf(path), samples::utf16Block(QStringLiteral("new\n")));
 }
 
@@ -63,9 +73,9 @@ void TestCsvFile::fileBehindALinkIsNotReplaced()
     const QTemporaryDir folder;
     const QString original = folder.filePath(QStringLiteral("original.csv"));
     const QString link = folder.filePath(QStringLiteral("link.csv"));
-    QVERIFY(CsvFile(original).append(QStringLiteral("kept\n")));
+    QVERIFY(writeTable(original, QStringLiteral("kept\n")));
     QVERIFY(QFile::link(original, link));
-    QVERIFY(CsvFile(link).append(QStringLiteral("new\n")));
+    QVERIFY(writeTable(link, QStringLiteral("new\n")));
     QCOMPARE(samples::bytesOf(original), samples::utf16Block(QStringLiteral("kept\n")));
     QCOMPARE(samples::bytesOf(link), samples::utf16Block(QStringLiteral("new\n")));
 }
@@ -75,15 +85,16 @@ void TestCsvFile::charactersBeyondTheBasicPlane()
     const QTemporaryDir folder;
     CsvFile file(folder.filePath(QStringLiteral("a.csv")));
     QVERIFY(file.append(QStringLiteral(u"\U0001F441")));
+    QVERIFY(file.commit() == State::Written);
     QCOMPARE(samples::bytesOf(file.path()), QByteArray("\xff\xfe\x3d\xd8\x41\xdc")); // d83d dc41
 }
 
 void TestCsvFile::nothingWrittenLeavesNoFile()
 {
     const QTemporaryDir folder;
-    const CsvFile file(folder.filePath(QStringLiteral("a.csv")));
+    CsvFile file(folder.filePath(QStringLiteral("a.csv")));
+    QVERIFY(file.commit() == State::Untouched);
     QVERIFY(!QFile::exists(file.path()));
-    QVERIFY(file.state() == CsvFile::State::Untouched);
 }
 
 void TestCsvFile::unwritablePathFails_data()
@@ -100,10 +111,11 @@ void TestCsvFile::unwritablePathFails()
     const RecordedMessages messages;
     const QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("taken")));
-    QVERIFY(CsvFile(folder.filePath(QStringLiteral("file"))).append(QStringLiteral("x")));
+    QVERIFY(writeTable(folder.filePath(QStringLiteral("file")), QStringLiteral("x")));
     CsvFile file(folder.filePath(name));
     QVERIFY(!file.append(QStringLiteral("lost\n")));
-    QVERIFY(file.state() == CsvFile::State::Failed);
+    QVERIFY(file.commit() == State::Failed);
+    QVERIFY(!file.problem().isEmpty());
     QCOMPARE(messages.texts(), QStringList());
 }
 
@@ -114,32 +126,26 @@ void TestCsvFile::failureIsNotForgotten()
     CsvFile file(path);
     QVERIFY(!file.append(QStringLiteral("lost\n")));
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("later")));
-    QVERIFY(CsvFile(path).append(QStringLiteral("of another export\n")));
-    QVERIFY(file.append(QStringLiteral("arrives\n")));
-    QCOMPARE(samples::bytesOf(path), samples::utf16Block(QStringLiteral("arrives\n"))); // not behind a foreign block
-    QVERIFY(file.state() == CsvFile::State::Failed);
+    QVERIFY(writeTable(path, QStringLiteral("of another export\n")));
+    QVERIFY(!file.append(QStringLiteral("would not be whole\n")));
+    QVERIFY(file.commit() == State::Failed);
+    QCOMPARE(samples::bytesOf(path), samples::utf16Block(QStringLiteral("of another export\n")));
 }
 
-void TestCsvFile::fullDiskFails()
+void TestCsvFile::fullDiskKeepsTheOlderFile()
 {
-#ifdef Q_OS_LINUX
     const QTemporaryDir folder;
-    CsvFile file(folder.filePath(QStringLiteral("a.csv")));
-    rlimit before{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit tiny{100, before.rlim_max};
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &tiny), 0);
-    const bool fits = file.append(QString(20, u'x'));    // 2 + 40 bytes
-    const bool exceeds = file.append(QString(40, u'x')); // 82 more
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, signalBefore);
-    QVERIFY(fits);
-    QVERIFY(!exceeds);
-    QVERIFY(file.state() == CsvFile::State::Failed);
-#else
-    QSKIP("File size limits are set by a Linux call");
-#endif
+    const QString path = folder.filePath(QStringLiteral("a.csv"));
+    QVERIFY(writeTable(path, QStringLiteral("complete\n")));
+    CsvFile file(path);
+    {
+        const FullDisk disk(100);
+        file.append(QString(20, u'x'));     // 2 + 40 bytes fit
+        file.append(QString(40'000, u'x')); // these do not
+        QVERIFY(file.commit() == State::Failed);
+    }
+    QVERIFY(!file.problem().isEmpty());
+    QCOMPARE(samples::bytesOf(path), samples::utf16Block(QStringLiteral("complete\n")));
 }
 
 QTEST_GUILESS_MAIN(TestCsvFile)

@@ -1,6 +1,7 @@
 #include "base/Progress.h"
 #include "export/DataExport.h"
 #include "ExportSamples.h"
+#include "FullDisk.h"
 #include "model/ImageCache.h"
 #include "TestMessages.h"
 
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void progressSteps();
     void folderThatIsNotThere();
     void headerThatCannotBeWritten();
+    void fullDiskKeepsOlderTables();
 };
 
 namespace {
@@ -261,7 +263,10 @@ void TestDataExport::folderThatIsNotThere()
     QCOMPARE(fixations.written, QStringList());
     QCOMPARE(fixations.failed, QStringList{target.folder + QStringLiteral("/p_fixations__fixations_left.csv")});
     QCOMPARE(exportEvents(model, target).failed, QStringList{target.folder + QStringLiteral("/p_events_left.csv")});
-    QCOMPARE(messages.texts().size(), 2); // no word of the failure, the closing words as ever
+    QCOMPARE(messages.texts().size(), 2); // no word that anything is exported
+    QVERIFY(messages.texts()[0].startsWith(QStringLiteral("Fixation Export|") + fixations.failed[0] +
+                                           QStringLiteral(" could not be written: ")));
+    QVERIFY(messages.texts()[1].startsWith(QStringLiteral("Event Export|") + target.folder));
     QVERIFY(!QFile::exists(target.folder));
 }
 
@@ -274,6 +279,28 @@ void TestDataExport::headerThatCannotBeWritten()
     QCOMPARE(result.failed, QStringList{folder.filePath(QStringLiteral("p_events_left.csv"))});
     QCOMPARE(result.written, QStringList{folder.filePath(QStringLiteral("p_events_right.csv"))});
     QCOMPARE(model.examinations()[1].leftEye.eventRows.size(), 1); // the events are there all the same
+}
+
+/// An export of two blocks a file, of which the second does not fit, keeps the complete older tables.
+void TestDataExport::fullDiskKeepsOlderTables()
+{
+    const QTemporaryDir folder;
+    DataModel model = twoSubjects();
+    const ExportTarget target{folder.path(), QStringLiteral("p"), EyeMode::showLeft};
+    const QString path = exportFixations(model, target).written.value(0);
+    const QByteArray older = bytesOf(path);
+    QVERIFY(older.size() > 200);
+    const RecordedMessages messages;
+    ExportResult result;
+    {
+        const FullDisk disk(static_cast<unsigned long>(older.size()) - 10);
+        result = exportFixations(model, target);
+    }
+    QCOMPARE(result.failed, QStringList{path});
+    QCOMPARE(result.written, QStringList());
+    QCOMPARE(bytesOf(path), older);
+    QCOMPARE(messages.texts().size(), 1);
+    QVERIFY(!messages.texts()[0].contains(QStringLiteral("exported")));
 }
 
 QTEST_GUILESS_MAIN(TestDataExport)

@@ -1,3 +1,4 @@
+#include "FullDisk.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
 #include "TestMessages.h"
@@ -15,7 +16,8 @@ private Q_SLOTS:
     void replacesWhatTheFileHeldBefore();
     void writesValuesAsText_data();
     void writesValuesAsText();
-    void saysNothingWhereItCannotWrite();
+    void tellsWhatItCannotWrite();
+    void keepsTheOlderFileOnAFullDisk();
     void loadsALine_data();
     void loadsALine();
     void loadsWhateverTheLineEnds_data();
@@ -103,15 +105,36 @@ void TestRegistry::writesValuesAsText()
     QTEST(content("saved.ini"), "saved");
 }
 
-void TestRegistry::saysNothingWhereItCannotWrite()
+void TestRegistry::tellsWhatItCannotWrite()
 {
     const RecordedMessages messages;
     writeStored(keys::version, QStringLiteral("1"));
     registry().saveSettings(path("no such folder/saved.ini"));
     registry().saveSettings(m_folder->path());
-    QVERIFY(messages.texts().isEmpty());
+    QCOMPARE(messages.texts().size(), 2);
+    const QString first = QStringLiteral("Settings|") + path("no such folder/saved.ini");
+    QVERIFY2(messages.texts()[0].startsWith(first + QStringLiteral(" could not be written: ")),
+             qPrintable(messages.texts()[0]));
+    QCOMPARE(messages.texts()[1], QStringLiteral("Settings|") + m_folder->path() +
+                                      QStringLiteral(" could not be written: it is not a regular file"));
     QVERIFY(!QFile::exists(path("no such folder")));
     QCOMPARE(readStored(keys::version), QStringLiteral("1"));
+}
+
+/// A limit on the size of files stands for a full disk.
+void TestRegistry::keepsTheOlderFileOnAFullDisk()
+{
+    const RecordedMessages messages;
+    writeStored(keys::version, QStringLiteral("older"));
+    registry().saveSettings(path("saved.ini"));
+    const QByteArray older = content("saved.ini");
+    writeStored(keys::version, QString(5000, u'x'));
+    {
+        const FullDisk disk(1000);
+        registry().saveSettings(path("saved.ini"));
+    }
+    QCOMPARE(content("saved.ini"), older);
+    QCOMPARE(messages.texts().size(), 1);
 }
 
 void TestRegistry::loadsALine_data()

@@ -1,3 +1,4 @@
+#include "FullDisk.h"
 #include "visualization/scene/ImageExport.h"
 
 #include <QFile>
@@ -19,6 +20,8 @@ private Q_SLOTS:
     void repeatedRunsGiveTheSameBytes();
     void failures_data();
     void failures();
+    void fullDiskKeepsTheOlderPicture_data();
+    void fullDiskKeepsTheOlderPicture();
 
 private:
     QTemporaryDir m_folder;
@@ -145,6 +148,33 @@ void TestImageExport::failures()
     QVERIFY(failure.has_value());
     QVERIFY2(failure->startsWith(path + QStringLiteral(" could not be written: ")), qPrintable(*failure));
     QVERIFY(!QFile::exists(path));
+}
+
+/// On a full disk neither kind of picture is half written, and an SVG does not count as written.
+void TestImageExport::fullDiskKeepsTheOlderPicture_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("image") << QStringLiteral("kept.png");
+    QTest::newRow("vector graphics") << QStringLiteral("kept.svg");
+}
+
+void TestImageExport::fullDiskKeepsTheOlderPicture()
+{
+    QFETCH(QString, name);
+    QGraphicsScene scene;
+    fill(scene);
+    const QString path = m_folder.filePath(name);
+    QCOMPARE(exportScene(scene, path), std::nullopt);
+    const QByteArray older = bytesOf(path);
+    std::optional<QString> problem;
+    {
+        const FullDisk disk(100);
+        problem = exportScene(scene, path);
+    }
+    QVERIFY(problem);
+    QVERIFY2(problem->startsWith(path + QStringLiteral(" could not be written: ")), qPrintable(*problem));
+    QVERIFY(older.size() > 100);
+    QCOMPARE(bytesOf(path), older);
 }
 
 QTEST_MAIN(TestImageExport)

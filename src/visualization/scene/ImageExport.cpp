@@ -1,19 +1,16 @@
 #include "visualization/scene/ImageExport.h"
 
+#include "base/FileReplacement.h"
 #include "base/TextFormat.h"
 
-#include <QFile>
+#include <QBuffer>
+#include <QFileInfo>
 #include <QGraphicsScene>
 #include <QImageWriter>
 #include <QPainter>
 #include <QSvgGenerator>
 
 namespace {
-
-QString failure(const QString &path, const QString &reason)
-{
-    return QStringLiteral("%1 could not be written: %2").arg(path, reason);
-}
 
 /// Curves as smooth as on the screen.
 void render(QGraphicsScene &scene, QPaintDevice *device)
@@ -23,21 +20,25 @@ void render(QGraphicsScene &scene, QPaintDevice *device)
     scene.render(&painter);
 }
 
-std::optional<QString> exportSvg(QGraphicsScene &scene, const QString &path)
+/// A picture that is whole, or what went wrong.
+struct Encoded {
+    QByteArray bytes;
+    std::optional<QString> problem;
+};
+
+Encoded encodedSvg(QGraphicsScene &scene)
 {
     constexpr int side = 1000;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return failure(path, file.errorString());
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
     QSvgGenerator generator;
-    generator.setOutputDevice(&file);
+    generator.setOutputDevice(&buffer);
     generator.setSize({side, side});
     generator.setViewBox(QRect(0, 0, side, side));
     generator.setTitle(QStringLiteral("Vistrum 2013 Visualization"));
     generator.setDescription(QStringLiteral("An Eye-Tracking recording visualized by Vistrum 2013"));
     render(scene, &generator);
-    file.close();
-    return file.error() == QFile::NoError ? std::nullopt : std::optional(failure(path, file.errorString()));
+    return {buffer.data(), std::nullopt};
 }
 
 /// Where nothing is lost anyway, a quality of 100 only means a file without compression.
@@ -47,25 +48,32 @@ bool isLossy(const QString &path)
            path.endsWith(QLatin1StringView(".jpeg"), Qt::CaseInsensitive);
 }
 
-std::optional<QString> exportImage(QGraphicsScene &scene, const QString &path)
+Encoded encodedImage(QGraphicsScene &scene, const QString &path)
 {
     constexpr int bestQuality = 100;
     const QRectF whole = scene.sceneRect();
     QImage image(text::truncated(whole.width()), text::truncated(whole.height()), QImage::Format_ARGB32);
     if (image.isNull())
-        return failure(path, QStringLiteral("the drawing is empty or too large for an image"));
+        return {{}, QStringLiteral("the drawing is empty or too large for an image")};
     image.fill(Qt::transparent);
     render(scene, &image);
-    QImageWriter writer(path);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, QFileInfo(path).suffix().toLower().toLatin1());
     if (isLossy(path))
         writer.setQuality(bestQuality);
-    return writer.write(image) ? std::nullopt : std::optional(failure(path, writer.errorString()));
+    if (writer.write(image))
+        return {buffer.data(), std::nullopt};
+    return {{}, writer.errorString()};
 }
 
 } // namespace
 
 std::optional<QString> exportScene(QGraphicsScene &scene, const QString &path)
 {
-    return path.endsWith(QLatin1StringView(".svg"), Qt::CaseInsensitive) ? exportSvg(scene, path)
-                                                                         : exportImage(scene, path);
+    const bool isSvg = path.endsWith(QLatin1StringView(".svg"), Qt::CaseInsensitive);
+    Encoded picture = isSvg ? encodedSvg(scene) : encodedImage(scene, path);
+    if (!picture.problem)
+        picture.problem = replaceFile(path, picture.bytes);
+    return picture.problem ? std::optional(writeFailure(path, *picture.problem)) : std::nullopt;
 }

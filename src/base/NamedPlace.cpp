@@ -1,0 +1,36 @@
+#include "base/NamedPlace.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+bool isBelow(const QString &path, const QString &folder)
+{
+    return path.startsWith(folder.endsWith(u'/') ? folder : folder + u'/');
+}
+
+/// The nearest folder above the path that exists, without links; empty where there is none.
+QString existingFolder(const QString &path)
+{
+    QString folder = QFileInfo(path).path();
+    while (!QFileInfo::exists(folder) && folder != QFileInfo(folder).path())
+        folder = QFileInfo(folder).path();
+    return QFileInfo(folder).canonicalFilePath();
+}
+
+} // namespace
+
+std::optional<QString> placeInside(const QString &folder, const QString &name)
+{
+    const QString root = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
+    const bool isName =
+        !name.isEmpty() && !name.contains(QChar(u'\0')) && !name.endsWith(u'/') && !QFileInfo(name).isAbsolute();
+    if (!isName || !isBelow(QDir::cleanPath(root + u'/' + name), root))
+        return std::nullopt;
+    const QString canonicalRoot = QFileInfo(root).canonicalFilePath();
+    const QString canonicalFolder = existingFolder(root + u'/' + name);
+    if (!canonicalRoot.isEmpty() && canonicalFolder != canonicalRoot && !isBelow(canonicalFolder, canonicalRoot))
+        return std::nullopt;
+    return folder + QDir::separator() + name;
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// The place of a file whose name comes from data, in the folder that the user chose.
+///
+/// @param name  file name, possibly below folders: as it came, so it may hold anything.
+/// @return folder and name joined; nothing where that is not a file below the folder: an empty name, one that ends in
+///         a separator, an absolute one, one that leads out by "..", one with a character that ends names, or one
+///         through a link that leads out.
+std::optional<QString> placeInside(const QString &folder, const QString &name);
