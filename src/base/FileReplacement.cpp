@@ -43,7 +43,8 @@ std::optional<QString> FileReplacement::commit()
 {
     if (!m_problem && !m_file)
         open();
-    if (!m_problem && !m_file->commit())
+    // What is still in the buffer can fail, too, and the commit alone would not tell.
+    if (!m_problem && !(m_file->flush() && m_file->commit()))
         fail(m_file->errorString());
     if (!m_problem && m_links == Links::Replaced)
         moveOverLink();

@@ -101,10 +101,11 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("vistrum-batch"));
     QApplication::setApplicationVersion(QStringLiteral("0.2014"));
 
+    // By their numbers: the language's own streams would keep lines back, and with them that they cannot be written.
     QFile standardOutput;
     QFile standardError;
-    if (!standardOutput.open(stdout, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-        !standardError.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (!standardOutput.open(fileno(stdout), QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !standardError.open(fileno(stderr), QIODevice::WriteOnly | QIODevice::Unbuffered))
         return static_cast<int>(ExitCode::SomethingFailed);
     Terminal output(standardOutput, Terminal::Kind::Stream);
     Terminal errors(standardError, Terminal::kindOfStandardError());
