@@ -26,6 +26,9 @@ private Q_SLOTS:
     void contoursFollowOneLabel();
     void asThePlainForm_data();
     void asThePlainForm();
+
+private:
+    const std::vector<maps::Map> m_maps = maps::all();
 };
 
 void TestGradientSearch::theLastRowAndColumnOfTheKernelAreLeftOut()
@@ -206,10 +209,9 @@ void TestGradientSearch::asThePlainForm_data()
 {
     QTest::addColumn<int>("map");
     QTest::addColumn<int>("reach");
-    const std::vector<maps::Map> all = maps::all();
-    for (std::size_t i = 0; i < all.size(); ++i) {
+    for (std::size_t i = 0; i < m_maps.size(); ++i) {
         for (const int reach : {1, 7, 25})
-            QTest::addRow("%s, reach %d", qPrintable(all[i].name), reach) << int(i) << reach;
+            QTest::addRow("%s, reach %d", qPrintable(m_maps[i].name), reach) << int(i) << reach;
     }
 }
 
@@ -217,7 +219,7 @@ void TestGradientSearch::asThePlainForm()
 {
     QFETCH(int, map);
     QFETCH(int, reach);
-    const Grid<double> density = maps::all()[std::size_t(map)].density;
+    const Grid<double> &density = m_maps[std::size_t(map)].density;
     plain::Regions regions(density);
     const double highest = regions.smooth();
     Smoothed smooth = smoothed(density);

@@ -29,6 +29,9 @@ private Q_SLOTS:
     void shortContoursAreDropped();
     void asThePlainForm_data();
     void asThePlainForm();
+
+private:
+    const std::vector<maps::Map> m_maps = maps::all();
 };
 
 namespace {
@@ -251,11 +254,10 @@ void TestStandardSearch::asThePlainForm_data()
     QTest::addColumn<int>("map");
     QTest::addColumn<int>("window");
     QTest::addColumn<double>("share");
-    const std::vector<maps::Map> all = maps::all();
-    for (std::size_t i = 0; i < all.size(); ++i) {
+    for (std::size_t i = 0; i < m_maps.size(); ++i) {
         for (const int window : {3, 20, 50}) {
-            QTest::addRow("%s, window %d", qPrintable(all[i].name), window) << int(i) << window << 0.5;
-            QTest::addRow("%s, window %d, high", qPrintable(all[i].name), window) << int(i) << window << 0.9;
+            QTest::addRow("%s, window %d", qPrintable(m_maps[i].name), window) << int(i) << window << 0.5;
+            QTest::addRow("%s, window %d, high", qPrintable(m_maps[i].name), window) << int(i) << window << 0.9;
         }
     }
 }
@@ -265,7 +267,7 @@ void TestStandardSearch::asThePlainForm()
     QFETCH(int, map);
     QFETCH(int, window);
     QFETCH(double, share);
-    const Grid<double> density = maps::all()[std::size_t(map)].density;
+    const Grid<double> &density = m_maps[std::size_t(map)].density;
     plain::Regions regions(density);
     regions.sumBlocks();
     Grid<double> values = blockSums(density);

@@ -6,6 +6,7 @@
 #include "base/StoppableProgress.h"
 
 #include <opencv2/imgproc.hpp>
+#include <QThread>
 
 #include <algorithm>
 #include <cmath>
@@ -165,13 +166,6 @@ cv::Mat colorMap(const cv::Mat &bins, const Histograms &histograms)
     return map;
 }
 
-void addBlurred(cv::Mat sum, const cv::Mat &part, const integrated::Blur &blur)
-{
-    cv::Mat blurred;
-    cv::GaussianBlur(part, blurred, {blur.side, blur.side}, blur.sigma);
-    sum += blurred;
-}
-
 /// Where edges are densest: the first of the highest cells of the sum of all blurs, row by row. Nothing when stopped.
 std::optional<cv::Point> densestEdges(const cv::Mat &edges, const std::vector<integrated::Blur> &blurs,
                                       StoppableProgress &progress)
@@ -179,11 +173,19 @@ std::optional<cv::Point> densestEdges(const cv::Mat &edges, const std::vector<in
     cv::Mat mask;
     edges.convertTo(mask, CV_32F);
     cv::Mat sum(mask.size(), CV_32F, cv::Scalar(0));
-    for (std::size_t i = 0; i + 1 < blurs.size(); ++i) {
-        forRowStripes(mask.rows,
-                      [&](cv::Range rows) { addBlurred(sum.rowRange(rows), mask.rowRange(rows), blurs[i]); });
-        if (!progress.next())
-            return std::nullopt;
+    const auto count = static_cast<int>(blurs.size()) - 1;
+    const int atOnce = std::max(1, QThread::idealThreadCount());
+    for (int first = 0; first < count; first += atOnce) {
+        std::vector<cv::Mat> blurred(static_cast<std::size_t>(std::min(atOnce, count - first)));
+        forEachSideBySide(static_cast<int>(blurred.size()), [&](int i) {
+            const auto &[side, sigma] = blurs[static_cast<std::size_t>(first + i)];
+            cv::GaussianBlur(mask, blurred[static_cast<std::size_t>(i)], {side, side}, sigma);
+        });
+        for (const cv::Mat &one : blurred) { // in their order, whatever the number of threads
+            sum += one;
+            if (!progress.next())
+                return std::nullopt;
+        }
     }
     cv::normalize(sum, sum, 0, 1, cv::NORM_MINMAX);
     const auto highest = std::max_element(sum.begin<float>(), sum.end<float>());

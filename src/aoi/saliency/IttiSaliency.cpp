@@ -17,6 +17,7 @@ const cv::Size workingSize(640, 480);
 constexpr std::size_t levelCount = 9;
 constexpr std::array<std::size_t, 3> centers{2, 3, 4};
 constexpr std::array<std::size_t, 2> surroundSteps{3, 4};
+constexpr double roundingShare = 1e-5; ///< contrasts of this share of a map are rounding, not to be stretched
 constexpr std::array<double, 4> orientations{0, 45, 90, 135};
 
 std::vector<cv::Mat> pyramid(const cv::Mat &picture)
@@ -99,6 +100,8 @@ cv::Mat contrasts(const Feature &feature, int localMaxima)
             cv::Mat difference;
             cv::resize(feature[center + step].surround, surround, map.size(), 0, 0, cv::INTER_LINEAR);
             cv::absdiff(map, surround, difference);
+            if (cv::norm(difference, cv::NORM_INF) <= roundingShare * cv::norm(map, cv::NORM_INF))
+                difference = 0;
             cv::Mat contrast;
             cv::resize(itti::normalized(difference, localMaxima), contrast, feature[centers.front()].center.size(), 0,
                        0, cv::INTER_LINEAR);

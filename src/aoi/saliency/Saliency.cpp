@@ -55,8 +55,7 @@ cv::Mat saliencyMap(SaliencyMethod method, const QImage &picture, const Saliency
 cv::Mat saliencyOnCanvas(const cv::Mat &map)
 {
     cv::Mat onCanvas;
-    cv::normalize(resized(map, {canvas::width, canvas::height}), onCanvas, 0, 1, cv::NORM_MINMAX);
-    onCanvas.convertTo(onCanvas, CV_64F);
+    cv::normalize(resized(map, {canvas::width, canvas::height}), onCanvas, 0, 1, cv::NORM_MINMAX, CV_64F);
     return onCanvas;
 }
 
