@@ -5,6 +5,7 @@
 #include "batch/Terminal.h"
 #include "batch/TerminalMessages.h"
 #include "batch/TerminalProgress.h"
+#include "model/AoiColors.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsStore.h"
 
@@ -115,5 +116,7 @@ int main(int argc, char *argv[])
         errors.writeLine(QStringLiteral("vistrum-batch: %1\nTry vistrum-batch --help.").arg(error->text));
         return static_cast<int>(ExitCode::Usage);
     }
+    constexpr unsigned colorSeed = 1; // the same run gives the same colours
+    aoicolors::seed(colorSeed);
     return static_cast<int>(run(std::get<BatchOptions>(parsed), output, errors));
 }

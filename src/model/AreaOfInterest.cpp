@@ -1,21 +1,11 @@
 #include "model/AreaOfInterest.h"
 
 #include "base/TextFormat.h"
+#include "model/AoiColors.h"
 
 #include <cmath>
-#include <cstdlib>
 
 namespace {
-
-QColor randomColor()
-{
-    constexpr int levels = 256;
-    constexpr int alpha = 150; // the stimulus shows through
-    const int red = std::rand() % levels;
-    const int green = std::rand() % levels;
-    const int blue = std::rand() % levels;
-    return {red, green, blue, alpha};
-}
 
 /// Twice the signed size of the triangle between the edge and the origin. With 32 bits it would overflow from 46341 px
 /// on.
@@ -26,10 +16,10 @@ qint64 doubledTriangle(QPoint from, QPoint to)
 
 } // namespace
 
-AreaOfInterest::AreaOfInterest() : color(randomColor()) {}
+AreaOfInterest::AreaOfInterest() : color(aoicolors::next()) {}
 
 AreaOfInterest::AreaOfInterest(QString name_, QPolygon polygon_)
-    : color(randomColor())
+    : color(aoicolors::next())
     , name(std::move(name_))
     , polygon(std::move(polygon_))
 {
