@@ -1,8 +1,8 @@
 #include "aoi/generation/DiscDensity.h"
 #include "aoi/generation/RegionDensity.h"
 #include "density/FixationDensity.h"
-#include "density/SectionEvent.h"
 #include "model/DataModel.h"
+#include "visualization/heatmap/SectionEvent.h"
 
 #include <QTest>
 

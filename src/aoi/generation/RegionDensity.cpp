@@ -5,8 +5,8 @@
 #include "base/Progress.h"
 #include "base/TextFormat.h"
 #include "density/FixationDensity.h"
-#include "density/SectionEvent.h"
 #include "model/DataModel.h"
+#include "visualization/heatmap/SectionEvent.h"
 
 #include <algorithm>
 #include <numbers>

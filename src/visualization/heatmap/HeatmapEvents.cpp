@@ -1,7 +1,7 @@
 #include "visualization/heatmap/HeatmapEvents.h"
 
 #include "base/TextFormat.h"
-#include "density/SectionEvent.h"
+#include "visualization/heatmap/SectionEvent.h"
 #include "visualization/selection/DataSelection.h"
 
 #include <algorithm>

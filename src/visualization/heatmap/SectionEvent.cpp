@@ -1,4 +1,4 @@
-#include "density/SectionEvent.h"
+#include "visualization/heatmap/SectionEvent.h"
 
 #include "base/TextFormat.h"
 #include "model/ScanpathSection.h"
