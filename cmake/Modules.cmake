@@ -106,3 +106,15 @@ function(add_module_benchmark module name)
   set_target_properties(${target} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
   use_precompiled(${target} core)
 endfunction()
+
+# add_module_fuzzer(import SetFile) builds fuzz/import/FuzzSetFile.cpp. Its seeds lie in fuzz/import/SetFile/, its
+# dictionary is fuzz/import/SetFile.dict.
+function(add_module_fuzzer module name)
+  set(target fuzz_${module}_${name})
+  add_executable(${target} Fuzz${name}.cpp)
+  target_link_libraries(${target} PRIVATE project_options ${module})
+  target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+  set_target_properties(${target} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+  use_precompiled(${target} core)
+  add_dependencies(fuzzers ${target})
+endfunction()

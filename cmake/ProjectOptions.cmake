@@ -19,3 +19,8 @@ if(VISTRUM_SANITIZE)
     -fsanitize=${VISTRUM_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   target_link_options(project_options INTERFACE -fsanitize=${VISTRUM_SANITIZE})
 endif()
+
+# Without the instrumentation a fuzzer is blind; the fuzzer's own main() comes with the targets alone.
+if(VISTRUM_FUZZ)
+  target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()

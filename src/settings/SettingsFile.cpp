@@ -11,7 +11,12 @@ std::optional<QList<SettingsLine>> readSettingsFile(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    QString text = decodeText(file.readAll());
+    return parseSettingsFile(file.readAll());
+}
+
+QList<SettingsLine> parseSettingsFile(const QByteArray &bytes)
+{
+    QString text = decodeText(bytes);
     QTextStream stream(&text);
     QList<SettingsLine> lines;
     while (!stream.atEnd()) {
@@ -24,8 +29,13 @@ std::optional<QList<SettingsLine>> readSettingsFile(const QString &path)
 
 std::optional<QString> writeSettingsFile(const QString &path, const QList<SettingsLine> &lines)
 {
+    return replaceFile(path, settingsFileText(lines));
+}
+
+QByteArray settingsFileText(const QList<SettingsLine> &lines)
+{
     QString text;
     for (const SettingsLine &line : lines)
         text += line.key + u'=' + line.value + u'\n';
-    return replaceFile(path, text.toUtf8());
+    return text.toUtf8();
 }

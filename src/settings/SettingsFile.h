@@ -19,6 +19,10 @@ struct SettingsLine {
 /// @return nothing where the file cannot be opened.
 std::optional<QList<SettingsLine>> readSettingsFile(const QString &path);
 
+/// The same for the content of a file, and the content that is written.
+QList<SettingsLine> parseSettingsFile(const QByteArray &bytes);
+QByteArray settingsFileText(const QList<SettingsLine> &lines);
+
 /// Replaces the file by one of these lines.
 ///
 /// @return what went wrong, in words for the user; nothing if the file is written.

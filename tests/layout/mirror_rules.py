@@ -3,7 +3,7 @@
 import re
 
 FREE_FOLDERS = {"layout", "sanitizers"}  # about the tree as a whole
-MIRRORS = {"tests": "Test", "benchmarks": "Benchmark"}
+MIRRORS = {"tests": "Test", "benchmarks": "Benchmark", "fuzz": "Fuzz"}
 
 
 def folders(tree, area):
