@@ -23,6 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
         check(!line.key.contains(u'=') && !line.value.contains(u'='));
         check(!line.key.contains(u'\n') && !line.value.contains(u'\n'));
     }
-    check(parseSettingsFile(settingsFileText(lines)) == lines);
+    const QByteArray text = settingsFileText(lines);
+    if (!text.startsWith("\xEF\xBB\xBF")) // the mark at the start of a file is no part of its first key
+        check(parseSettingsFile(text) == lines);
     return 0;
 }
