@@ -39,6 +39,7 @@ private Q_SLOTS:
     void withoutSubjectLine();
     void subjectLines_data();
     void subjectLines();
+    void shortLinesOfTheSubject();
     void dominantEye_data();
     void dominantEye();
     void encodings_data();
@@ -160,6 +161,12 @@ void TestSetFile::subjectLines()
     expected.insert(added);
     QCOMPARE(parsed("[subject]\n" + lines).properties, expected);
     QCOMPARE(parsed("[subject]\r\n" + lines).properties, expected);
+}
+
+/// The text of the subject has each line of two characters and more that has an "=".
+void TestSetFile::shortLinesOfTheSubject()
+{
+    QCOMPARE(parsed("[subject]\n=\na=\nb=2\nc\n").subjectText, QStringLiteral("a=, b=2, "));
 }
 
 void TestSetFile::dominantEye_data()
