@@ -8,18 +8,18 @@
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
-#include "table/panel/ExaminationTableControl.h"
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
-#include "visualization/timeline/ActivityCurves.h"
+#include "table/panel/ExaminationTableControl.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/SceneItems.h"
+#include "visualization/timeline/ActivityCurves.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -58,11 +58,11 @@ Timeline &Vistrum::timeline() const
     return *m_ui->timeline_widget;
 }
 
-std::array<const VisualizationParameters *, 4> Vistrum::drawingParameters() const
+DrawingRecords Vistrum::drawingRecords() const
 {
-    std::array<const VisualizationParameters *, 4> records{};
+    DrawingRecords records;
     const auto panels = m_ui->control->visualizationWidgets();
-    std::transform(panels.begin(), panels.end(), records.begin(),
+    std::transform(panels.begin(), panels.end(), records.values.begin(),
                    [](const VisualizationWidget *panel) { return &panel->parameters(); });
     return records;
 }
@@ -253,22 +253,16 @@ void Vistrum::redraw()
 
 DrawingContext Vistrum::drawingContext() const
 {
-    const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
     return {.model = m_model,
             .eyeMode = eyeMode(),
             .frame = {timeline().start(), timeline().end()},
-            .gazePoints = *gazePoints,
-            .fixations = *fixations,
-            .clusters = *clusters,
-            .saccades = *saccades};
+            .records = drawingRecords()};
 }
 
 /// On top of what is drawn, until the next redraw: what is exported then shows the heatmap.
 void Vistrum::sltExportheatmap(int id)
 {
-    constexpr Heatmap (*heatmaps[])(const DrawingContext &, HeatmapLook) = {drawGazeHeatmap, drawFixationHeatmap,
-                                                                            drawClusterHeatmap, drawSaccadeHeatmap};
-    const Heatmap heatmap = heatmaps[id](drawingContext(), HeatmapLook::RelativeScale);
+    const Heatmap heatmap = heatmapOf(static_cast<DataKind>(id), drawingContext(), HeatmapLook::RelativeScale);
     if (!heatmap.image.isNull())
         addItems(m_scene, {RasterShape{heatmap.image}});
 }

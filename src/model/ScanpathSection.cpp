@@ -1,7 +1,7 @@
 #include "model/ScanpathSection.h"
 
 #include "base/Log.h"
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <opencv2/core.hpp>
 
@@ -9,8 +9,6 @@
 #include <cmath>
 
 namespace {
-
-using text::truncated;
 
 constexpr qsizetype fewestSamplesForAxes = 4;
 
@@ -37,11 +35,6 @@ QPoint middleInTime(const QList<GazePoint> &samples)
         return {truncated(upper.x), truncated(upper.y)};
     const GazePoint &lower = samples[middle - 1];
     return {truncated((upper.x + lower.x) / 2), truncated((upper.y + lower.y) / 2)};
-}
-
-bool isEarlier(const GazePoint &a, const GazePoint &b)
-{
-    return a.time < b.time;
 }
 
 void sortByTime(QList<GazePoint> &samples)

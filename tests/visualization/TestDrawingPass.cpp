@@ -1,5 +1,5 @@
-#include "ToyData.h"
 #include "model/Canvas.h"
+#include "ToyData.h"
 #include "visualization/scene/ArbitraryEllipseItem.h"
 #include "visualization/scene/ArrowItem.h"
 #include "visualization/scene/Background.h"
@@ -196,11 +196,10 @@ void TestDrawingPass::heatmapsLieOverEachOther()
     scenery.gazePoints.visualizationMode = 2;
     scenery.fixations.visualizationMode = scenery.clusters.visualizationMode = scenery.saccades.visualizationMode = 3;
     QGraphicsScene scene;
-    QList<HeatmapKind> kinds;
+    QList<DataKind> kinds;
     for (const HeatmapFigures &figures : runDrawingPass(scene, scenery.model, scenery.context()))
         kinds << figures.kind;
-    const QList<HeatmapKind> expected{HeatmapKind::GazePoints, HeatmapKind::Fixations, HeatmapKind::Clusters,
-                                      HeatmapKind::Saccades};
+    const QList<DataKind> expected{DataKind::GazePoints, DataKind::Fixations, DataKind::Clusters, DataKind::Saccades};
     QCOMPARE(kinds, expected);
     QCOMPARE(kindsIn(scene), QStringLiteral("pixmap pixmap pixmap pixmap"));
 }

@@ -1,6 +1,6 @@
 #include "visualization/scene/ArbitraryEllipseItem.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <QPainter>
 
@@ -40,8 +40,7 @@ void ArbitraryEllipseItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
     const double minor = m_minor.length();
     painter->setPen(m_pen);
     painter->setBrush(m_brush);
-    painter->drawEllipse(-text::truncated(major), -text::truncated(minor), text::truncated(2 * major),
-                         text::truncated(2 * minor));
+    painter->drawEllipse(-truncated(major), -truncated(minor), truncated(2 * major), truncated(2 * minor));
 }
 
 QPolygon ArbitraryEllipseItem::polygon(int steps) const
@@ -59,7 +58,7 @@ QPolygon ArbitraryEllipseItem::polygon(int steps) const
     for (double t = 0; t < fullTurn; t += fullTurn / steps) {
         const double x = std::cos(t) * major * std::cos(r) - std::sin(t) * minor * std::sin(r);
         const double y = std::cos(t) * major * std::sin(r) + std::sin(t) * minor * std::cos(r);
-        points << QPoint(text::truncated(m_center.x() + x), text::truncated(m_center.y() + y));
+        points << QPoint(truncated(m_center.x() + x), truncated(m_center.y() + y));
     }
     return points;
 }

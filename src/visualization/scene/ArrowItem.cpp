@@ -1,6 +1,6 @@
 #include "visualization/scene/ArrowItem.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <QPainter>
 
@@ -15,8 +15,7 @@ QPolygon arrowhead(QPoint to, double dx, double dy, double lineWidth)
     const double length = 5 * lineWidth;
     const double back = std::atan2(dy, dx);
     const auto corner = [&](double angle) {
-        return QPoint(text::truncated(to.x() + length * std::cos(angle)),
-                      text::truncated(to.y() + length * std::sin(angle)));
+        return QPoint(truncated(to.x() + length * std::cos(angle)), truncated(to.y() + length * std::sin(angle)));
     };
     return {to, corner(back + halfOpening), corner(back - halfOpening), to};
 }

@@ -96,6 +96,12 @@ QString lineOf(const TextShape &shape)
 
 } // namespace
 
+QRectF squareAround(QPoint center, int diameter)
+{
+    const int radius = diameter / 2;
+    return {center.toPointF() - QPointF(radius, radius), QSizeF(diameter, diameter)};
+}
+
 QString toText(const Drawing &drawing)
 {
     QString lines;

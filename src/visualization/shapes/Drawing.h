@@ -1,7 +1,5 @@
 #pragma once
 
-#include "visualization/heatmap/HeatmapFigures.h"
-
 #include <QBrush>
 #include <QFont>
 #include <QImage>
@@ -34,7 +32,6 @@ struct OvalShape {
 /// A picture of the canvas's size; what is transparent in it lets through what lies below.
 struct RasterShape {
     QImage image;
-    std::optional<HeatmapFigures> figures = std::nullopt; ///< what the colours of a heatmap stand for; not drawn
 };
 
 /// An arrow between two positions, with or without a head at `to`.
@@ -68,6 +65,9 @@ using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, Lin
 
 /// A picture as data: shapes from back to front, in canvas pixels.
 using Drawing = QList<Shape>;
+
+/// The square around a circle of whole pixels. Half of the diameter is cut to whole pixels.
+QRectF squareAround(QPoint center, int diameter);
 
 /// The drawing in words, one shape a line, for comparisons in tests:
 ///

@@ -4,6 +4,12 @@
 
 #include <QStringBuilder>
 
+QString axisRatioLine(const ScanpathSection &section)
+{
+    const double ratio = double(section.majorAxis.length()) / double(section.minorAxis.length());
+    return u"Axis ratio: " % text::general6(ratio) % u"\r\n";
+}
+
 QString fixationToolTip(QLatin1StringView title, qsizetype index, const Fixation &fixation, const QString &shapeLine)
 {
     const QString clock = QStringLiteral("hh:mm:ss.zzz");

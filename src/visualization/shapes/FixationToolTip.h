@@ -4,6 +4,9 @@
 
 #include <QLatin1StringView>
 
+/// The line "Axis ratio: " with its line end.
+QString axisRatioLine(const ScanpathSection &section);
+
 /// What the pointer is told about a fixation, or about the saccade that leads to it: number, times and mean, a line
 /// each.
 ///
