@@ -19,6 +19,18 @@ QVector2D scaledAxis(const cv::PCA &pca, int row)
             static_cast<float>(pca.eigenvectors.at<double>(row, 1) * length)};
 }
 
+/// Which of its two directions the solver gives an axis is left to its rounding. This is what it answers nearly always:
+/// along x and y, and both backwards where the first axis is steep and not upright.
+PrincipalAxes directed(const PrincipalAxes &axes)
+{
+    const auto &[major, minor] = axes;
+    const bool isLevel = std::abs(major.x()) >= std::abs(major.y());
+    const float sense = isLevel || major.x() == 0 ? 1 : -1;
+    const float forwards = sense * (isLevel ? major.x() : major.y());
+    const float sideways = sense * (isLevel ? minor.y() : minor.x());
+    return {forwards < 0 ? -major : major, sideways < 0 ? -minor : minor};
+}
+
 bool isFinite(const PrincipalAxes &axes)
 {
     return std::isfinite(axes.major.x()) && std::isfinite(axes.major.y()) && std::isfinite(axes.minor.x()) &&
@@ -62,7 +74,7 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
         return none;
     const cv::PCA pca(positions, cv::noArray(), cv::PCA::DATA_AS_ROW, 2);
     const PrincipalAxes axes{scaledAxis(pca, 0), scaledAxis(pca, 1)};
-    return isFinite(axes) ? axes : none;
+    return isFinite(axes) ? directed(axes) : none;
 }
 
 QPoint meanOf(const QList<GazePoint> &samples)
