@@ -1,3 +1,5 @@
+#include "settings/FirstStart.h"
+#include "TestSettings.h"
 #include "ToyData.h"
 #include "visualization/modes/Picture.h"
 #include "visualization/shapes/AngleStar.h"
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void colors();
     void opacityIsTakenAsItIs_data();
     void opacityIsTakenAsItIs();
+    void barsStandOutWithFactoryValues();
     void recordingsArePooledButNotLinked();
     void eyesHaveAChartEach();
     void nothingWithoutSaccades();
@@ -292,6 +295,24 @@ void TestAngleStar::opacityIsTakenAsItIs()
     parameters.fillOpacity = opacity;
     const Drawing drawing = angleStarChart(quarters, Qt::red, parameters);
     QTEST(std::get<LineShape>(drawing.last()).pen.color().alpha(), "alpha");
+}
+
+void TestAngleStar::barsStandOutWithFactoryValues()
+{
+    const TemporarySettings settings;
+    applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
+    const VisualizationParameters parameters = saccadeParameters();
+    for (const QColor &color : {parameters.fillColor, parameters.fillColorLeft, parameters.fillColorRight}) {
+        const Drawing drawing = angleStarChart(quarters, color, parameters);
+        const QPen pen = std::get<LineShape>(drawing.last()).pen;
+        QVERIFY(pen.widthF() >= 10); // the canvas is shown at a third of its size
+        for (const int disc : {200, 100}) {
+            const auto seen = [&](int channel) { return (channel - disc) * pen.color().alphaF(); };
+            const double difference =
+                std::hypot(seen(color.red()), seen(color.green()), seen(color.blue())); // from the disc below
+            QVERIFY2(difference > 40, qPrintable(color.name()));
+        }
+    }
 }
 
 void TestAngleStar::recordingsArePooledButNotLinked()
