@@ -83,6 +83,7 @@ private:
     void makeTable();
     void connectForm();
     void connectPanels();
+    void chooseBackground(int index);
     void cutOrRestoreOutliers();
     Timeline &timeline() const;
     DrawingRecords drawingRecords() const;

@@ -4,7 +4,6 @@
 #include "density/DensityTiff.h"
 #include "settings/StoredKeys.h"
 #include "visualization/heatmap/Heatmap.h"
-#include "visualization/scene/ArrowGroup.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/ImageExport.h"
@@ -35,11 +34,11 @@ void exportImages(RunState &run)
     if (run.options.images.isEmpty())
         return;
     QGraphicsScene scene;
-    addBackground(scene, backgroundPixmap(run.options.background, Border::Black));
     const ByDataKind<VisualizationParameters> parameters = storedRecords();
-    runDrawingPass(scene, run.model, contextOf(run.model, parameters));
-    addArrowGroup(scene, saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
-                                              run.options.saccadeClusters.style));
+    runDrawingPass(scene, run.model, contextOf(run.model, parameters),
+                   {backgroundPixmap(run.options.background, Border::Black),
+                    saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
+                                         run.options.saccadeClusters.style)});
     for (const QString &path : run.options.images) {
         if (const auto problem = exportScene(scene, path))
             run.journal.fail(QStringLiteral("Image"), *problem);

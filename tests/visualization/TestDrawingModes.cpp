@@ -61,11 +61,11 @@ void TestDrawingModes::buildersOfWhatIsDrawn()
     QVERIFY(is(Fixations, 2, fixationsOfEye<fixationCircles>));
     QVERIFY(is(Clusters, 1, clustersOfEye<clusterEllipses, Own>));
     QVERIFY(is(Clusters, 2, clustersOfEye<clusterCircles, Own>));
-    QVERIFY(is(Clusters, 5, clustersOfEye<clusterEllipses, Cumulative>));
-    QVERIFY(is(Clusters, 6, clustersOfEye<clusterCircles, Cumulative>));
+    QVERIFY(is(Clusters, 5, SharedBuild{clustersOfEye<clusterEllipses, Cumulative>}));
+    QVERIFY(is(Clusters, 6, SharedBuild{clustersOfEye<clusterCircles, Cumulative>}));
     QVERIFY(is(Clusters, 7, transitionsOfEye<Own>));
-    QVERIFY(is(Clusters, 8, transitionsOfEye<Cumulative>));
-    QVERIFY(is(Clusters, 9, transitionsOfEye<OwnThenCumulative>));
+    QVERIFY(is(Clusters, 8, SharedBuild{transitionsOfEye<Cumulative>}));
+    QVERIFY(is(Clusters, 9, SharedBuild{transitionsOfEye<OwnThenCumulative>}));
     QVERIFY(is(Saccades, 1, arrowsOfPass));
     QVERIFY(is(Saccades, 2, angleStarOfPass));
     for (const DataKind kind : {Fixations, Clusters, Saccades}) {

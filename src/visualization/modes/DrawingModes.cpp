@@ -36,7 +36,7 @@ constexpr DataMode gazePointModes[] = {
          return allColors() + plain({Option::Size, Option::StepSize});
      }},
     {"heatmap"_L1, AbsoluteScale, {heatmap}, [](const Record &) { return countHeatmap(" GP", " GP/min"); }},
-    {"shadowmap"_L1, ShadowMap, {shadow}, [](const Record &) { return shadowMap() + Options{threshold(" %")}; }},
+    {"shadowmap"_L1, ShadowMap, {shadow}, [](const Record &) { return shadowMap() + Options{thresholdFrom0(" %")}; }},
 };
 
 constexpr DataMode fixationModes[] = {
@@ -55,7 +55,7 @@ constexpr DataMode fixationModes[] = {
      [](const Record &record) {
          return shareHeatmap(" Fixations/min", record.percentMode) + plain({Option::FixationClasses});
      }},
-    {"shadowmap"_L1, ShadowMap, {shadow}, [](const Record &) { return shadowMap() + Options{threshold(" %")}; }},
+    {"shadowmap"_L1, ShadowMap, {shadow}, [](const Record &) { return shadowMap() + Options{thresholdFrom0(" %")}; }},
     {"histogram"_L1, {}, {}, [](const Record &) { return chart() + colorsNamed("Color"); }},
     {"histogram seperated"_L1, {}, {}, [](const Record &) { return chart() + Options{chartGroups()}; }}, // sic
 };
@@ -77,13 +77,13 @@ constexpr DataMode clusterModes[] = {
     {"shadowmap"_L1,
      ShadowMap,
      {shadow, notDrawn},
-     [](const Record &) { return shadowMap() + Options{threshold(" %")}; }},
+     [](const Record &) { return shadowMap() + Options{thresholdFrom0(" %")}; }},
     {"cumulative elliptic"_L1,
-     clustersOfEye<clusterEllipses, Cumulative>,
+     SharedBuild{clustersOfEye<clusterEllipses, Cumulative>},
      {notDrawn, ellipse},
      [](const Record &) { return clusterShapes(); }},
     {"cumulative circle"_L1,
-     clustersOfEye<clusterCircles, Cumulative>,
+     SharedBuild{clustersOfEye<clusterCircles, Cumulative>},
      {notDrawn, circle},
      [](const Record &) { return clusterShapes() + circles(); }},
     {"transitions"_L1,
@@ -93,11 +93,11 @@ constexpr DataMode clusterModes[] = {
          return transitions() + plain({Option::TransitionsOnly, Option::LineSizeAbsolute, Option::TransitionType});
      }},
     {"cumulative transitions"_L1,
-     transitionsOfEye<Cumulative>,
+     SharedBuild{transitionsOfEye<Cumulative>},
      {notDrawn, transition},
      [](const Record &) { return transitions(); }},
     {"cluster + cumulative transitions"_L1,
-     transitionsOfEye<OwnThenCumulative>,
+     SharedBuild{transitionsOfEye<OwnThenCumulative>},
      {transition, transition},
      [](const Record &) { return transitions(); }},
 };
@@ -129,7 +129,7 @@ constexpr DataMode saccadeModes[] = {
      ShadowMap,
      {},
      [](const Record &) {
-         ShownOption length = threshold(" px");
+         ShownOption length = thresholdFrom0(" px");
          length.text = QStringLiteral("Length threshold");
          return shadowMap() + Options{length};
      }},

@@ -13,6 +13,12 @@
 
 /// Draws one stream of an examination.
 using StreamBuild = Drawing (*)(const ExaminationEye &, const DrawingContext &);
+/// The same where streams have shapes in common, which are drawn once.
+struct SharedBuild {
+    StreamBuild build;
+
+    bool operator==(const SharedBuild &) const = default;
+};
 /// Draws one stream of each checked examination, see `passesToDraw`.
 using PassBuild = Drawing (*)(const QList<ExaminationEye> &, const DrawingContext &);
 /// Draws all streams of all checked examinations as one.
@@ -20,7 +26,7 @@ using PooledBuild = Drawing (*)(const DrawingContext &);
 
 /// What a mode draws. A heatmap is that of the kind to which the mode belongs. What comes earlier in this list lies
 /// below what comes later.
-using ModeBuild = std::variant<std::monostate, StreamBuild, PassBuild, PooledBuild, HeatmapLook>;
+using ModeBuild = std::variant<std::monostate, StreamBuild, SharedBuild, PassBuild, PooledBuild, HeatmapLook>;
 
 /// How reports call what was drawn; a null word leaves the text of an earlier drawing as it was.
 struct DrawnWords {

@@ -24,6 +24,13 @@ ShownOption threshold(const char *suffix)
     return option;
 }
 
+ShownOption thresholdFrom0(const char *suffix)
+{
+    ShownOption option = threshold(suffix);
+    option.start = 0;
+    return option;
+}
+
 Options allColors()
 {
     return plain({Option::Colors, Option::ColorLeft, Option::ColorRight});
@@ -70,10 +77,10 @@ Options countHeatmap(const char *maximumSuffix, const char *thresholdSuffix)
 {
     constexpr OptionRange counts{0, 1'000'000};
     return plain({Option::Colormap, Option::KernelWidth, Option::KernelSigma}) +
-           Options{
-               {Option::Power, QStringLiteral("Absolut maxima"), QString::fromLatin1(maximumSuffix), counts}} + // sic
+           Options{{Option::Power, QStringLiteral("Absolut maxima"), QString::fromLatin1(maximumSuffix), counts,
+                    0}} + // sic
            plain({Option::HeatmapScale}) +
-           Options{threshold(thresholdSuffix)};
+           Options{thresholdFrom0(thresholdSuffix)};
 }
 
 Options shareHeatmap(const char *countSuffix, bool percent)

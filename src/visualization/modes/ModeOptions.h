@@ -13,6 +13,8 @@ using Options = QList<ShownOption>;
 Options plain(std::initializer_list<DrawingOption> options);
 ShownOption named(DrawingOption option, const char *text, const char *suffix = "");
 ShownOption threshold(const char *suffix);
+/// The same where another mode counts in other units, so that its number would be nonsense.
+ShownOption thresholdFrom0(const char *suffix);
 
 Options allColors();
 /// Captions of the colours of the dominant, left and right eye; those that are not given are not shown.
@@ -23,7 +25,7 @@ Options circles();
 Options clusterShapes();
 Options transitions();
 
-/// A heatmap whose maximum and threshold are counts of the data.
+/// A heatmap whose maximum and threshold are counts of the data. Both start anew at 0.
 Options countHeatmap(const char *maximumSuffix, const char *thresholdSuffix);
 /// A heatmap of fixations or clusters. Counts and percentages are so different that both numbers start anew at 0.
 Options shareHeatmap(const char *countSuffix, bool percent);

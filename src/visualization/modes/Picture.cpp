@@ -1,18 +1,23 @@
 #include "visualization/modes/Picture.h"
 
 #include "visualization/heatmap/Heatmap.h"
+#include "visualization/modes/DistinctShapes.h"
 #include "visualization/modes/DrawingModes.h"
 
 namespace {
 
-void addStreams(Picture &picture, const Examination &examination, DataKind kind, const DrawingContext &context)
+void addStreams(Picture &picture, const Examination &examination, DataKind kind, const DrawingContext &context,
+                DistinctShapes &drawn)
 {
     const ModeBuild build = buildOf(kind, context.of(kind));
     const auto *ofStream = std::get_if<StreamBuild>(&build);
-    if (!ofStream)
-        return;
-    for (const ExaminationEye &stream : eyesToDraw(examination, context.eyeMode))
-        picture.drawing << (*ofStream)(stream, context);
+    const auto *shared = std::get_if<SharedBuild>(&build);
+    for (const ExaminationEye &stream : eyesToDraw(examination, context.eyeMode)) {
+        if (ofStream)
+            picture.drawing << (*ofStream)(stream, context);
+        else if (shared)
+            picture.drawing << drawn.take(shared->build(stream, context));
+    }
 }
 
 void addPasses(Picture &picture, DataKind kind, const DrawingContext &context)
@@ -25,10 +30,10 @@ void addPasses(Picture &picture, DataKind kind, const DrawingContext &context)
         picture.drawing << (*ofPass)(pass, context);
 }
 
-void addHeatmap(Picture &picture, const Heatmap &heatmap)
+void addHeatmap(Picture &picture, DataKind kind, const Heatmap &heatmap)
 {
     if (!heatmap.image.isNull())
-        picture.drawing << RasterShape{heatmap.image};
+        picture.drawing << RasterShape{heatmap.image, kind};
     if (heatmap.figures)
         picture.figures << *heatmap.figures;
 }
@@ -39,7 +44,7 @@ void addPooled(Picture &picture, DataKind kind, const DrawingContext &context)
     if (const auto *pooled = std::get_if<PooledBuild>(&build))
         picture.drawing << (*pooled)(context);
     else if (const auto *look = std::get_if<HeatmapLook>(&build))
-        addHeatmap(picture, heatmapOf(kind, context, *look));
+        addHeatmap(picture, kind, heatmapOf(kind, context, *look));
 }
 
 } // namespace
@@ -47,9 +52,10 @@ void addPooled(Picture &picture, DataKind kind, const DrawingContext &context)
 Picture pictureOf(const DrawingContext &context)
 {
     Picture picture;
+    DistinctShapes drawn;
     for (const Examination *examination : context.model.checkedExaminations()) {
         for (const DataKind kind : allDataKinds)
-            addStreams(picture, *examination, kind, context);
+            addStreams(picture, *examination, kind, context, drawn);
     }
     for (const DataKind kind : allDataKinds)
         addPasses(picture, kind, context);

@@ -1,7 +1,11 @@
 #include "visualization/scene/DrawingPass.h"
 
+#include "clustering/ClusterOrder.h"
+#include "visualization/heatmap/Heatmap.h"
 #include "visualization/modes/DrawnAs.h"
 #include "visualization/modes/Picture.h"
+#include "visualization/scene/ArrowGroup.h"
+#include "visualization/scene/Background.h"
 #include "visualization/scene/SceneItems.h"
 
 #include <QCoreApplication>
@@ -35,9 +39,22 @@ QList<HeatmapFigures> drawScene(QGraphicsScene &scene, const DrawingContext &con
     return picture.figures;
 }
 
-QList<HeatmapFigures> runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context)
+DrawnScene runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context,
+                          const SceneLayers &layers)
 {
+    orderClusters(model, context.frame);
+    scene.clear();
+    QGraphicsPixmapItem *background = addBackground(scene, layers.background);
     const QList<HeatmapFigures> figures = drawScene(scene, context);
+    QGraphicsItemGroup *saccadeClusters = addArrowGroup(scene, layers.saccadeClusters);
     setDrawnAs(model.examinations(), context);
-    return figures;
+    return {background, saccadeClusters, figures};
+}
+
+void drawHeatmapOnTop(QGraphicsScene &scene, DataKind kind, const DrawingContext &context)
+{
+    removeHeatmaps(scene, kind);
+    const Heatmap heatmap = heatmapOf(kind, context, HeatmapLook::RelativeScale);
+    if (!heatmap.image.isNull())
+        addItems(scene, {RasterShape{heatmap.image, kind}});
 }

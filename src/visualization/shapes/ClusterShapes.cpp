@@ -2,7 +2,7 @@
 
 #include "base/TextFormat.h"
 #include "base/Truncation.h"
-#include "visualization/shapes/FixationToolTip.h"
+#include "visualization/shapes/ToolTipText.h"
 
 #include <QStringBuilder>
 
@@ -139,5 +139,7 @@ Drawing paintedClusters(ClusterPainter paint, ClusterSource source, const Examin
 {
     const VisualizationParameters &parameters = context.of(DataKind::Clusters);
     const ShapeStyle style = shapeStyle(*stream.examination, stream.eye, context.model, parameters);
-    return paint(clustersToDraw(source, stream, context.model), context.frame, style, parameters);
+    Drawing drawing = paint(clustersToDraw(source, stream, context.model), context.frame, style, parameters);
+    addToolTipLine(drawing, sourceLines(source, stream));
+    return drawing;
 }

@@ -2,7 +2,7 @@
 
 #include "base/Truncation.h"
 #include "visualization/selection/DataSelection.h"
-#include "visualization/shapes/FixationToolTip.h"
+#include "visualization/shapes/ToolTipText.h"
 
 #include <cmath>
 
@@ -108,6 +108,8 @@ Drawing fixationCircles(const EyeData &eye, TimeFrame frame, const ShapeStyle &s
 Drawing paintedFixations(FixationPainter paint, const ExaminationEye &stream, const DrawingContext &context)
 {
     const VisualizationParameters &parameters = context.of(DataKind::Fixations);
-    return paint(stream.stream(), context.frame, shapeStyle(*stream.examination, stream.eye, context.model, parameters),
-                 parameters);
+    const ShapeStyle style = shapeStyle(*stream.examination, stream.eye, context.model, parameters);
+    Drawing drawing = paint(stream.stream(), context.frame, style, parameters);
+    addToolTipLine(drawing, sourceLines(stream));
+    return drawing;
 }

@@ -1,7 +1,7 @@
 #include "visualization/shapes/SaccadeShapes.h"
 
-#include "visualization/shapes/FixationToolTip.h"
 #include "visualization/shapes/ShapeStyle.h"
+#include "visualization/shapes/ToolTipText.h"
 
 namespace {
 
@@ -46,7 +46,9 @@ Drawing arrowsOfPass(const QList<ExaminationEye> &pass, const DrawingContext &co
     Drawing drawing;
     for (const ExaminationEye &each : pass) {
         const ShapeStyle style = shapeStyle(*each.examination, each.eye, context.model, parameters);
-        drawing << saccadeArrows(each.stream(), context.frame, style.brush.color(), parameters);
+        Drawing arrows = saccadeArrows(each.stream(), context.frame, style.brush.color(), parameters);
+        addToolTipLine(arrows, sourceLines(each));
+        drawing << arrows;
     }
     return drawing;
 }

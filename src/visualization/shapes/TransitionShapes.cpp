@@ -3,6 +3,7 @@
 #include "base/TextFormat.h"
 #include "base/Truncation.h"
 #include "visualization/shapes/ClusterShapes.h"
+#include "visualization/shapes/ToolTipText.h"
 
 #include <QStringBuilder>
 
@@ -172,5 +173,7 @@ Drawing transitionsBetween(ClusterSource source, const ExaminationEye &stream, c
                                     .inFrame = countTransitions(index, walks, type, context.frame),
                                     .largestOfRecording = countTransitions(index, walks, type, allTime).largest(),
                                     .perMinute = context.frame.perMinute()};
-    return transitionShapes(picture, parameters);
+    Drawing drawing = transitionShapes(picture, parameters);
+    addToolTipLine(drawing, sourceLines(source, stream));
+    return drawing;
 }

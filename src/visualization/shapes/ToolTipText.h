@@ -1,8 +1,13 @@
 #pragma once
 
-#include "model/ScanpathSection.h"
+#include "visualization/selection/ClusterSelection.h"
 
 #include <QLatin1StringView>
+
+/// Recording and eye of a stream, a line each.
+QString sourceLines(const ExaminationEye &stream);
+/// The same for the clusters of a source.
+QString sourceLines(ClusterSource source, const ExaminationEye &stream);
 
 /// The line "Axis ratio: " with its line end.
 QString axisRatioLine(const ScanpathSection &section);

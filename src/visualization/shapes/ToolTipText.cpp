@@ -1,8 +1,25 @@
-#include "visualization/shapes/FixationToolTip.h"
+#include "visualization/shapes/ToolTipText.h"
 
 #include "base/TextFormat.h"
 
 #include <QStringBuilder>
+
+QString sourceLines(const ExaminationEye &stream)
+{
+    return sourceLines(ClusterSource::Own, stream);
+}
+
+QString sourceLines(ClusterSource source, const ExaminationEye &stream)
+{
+    QString recordings;
+    if (source != ClusterSource::Cumulative)
+        recordings = stream.examination->baseName;
+    if (source == ClusterSource::OwnThenCumulative)
+        recordings += QStringLiteral(" and ");
+    if (source != ClusterSource::Own)
+        recordings += QStringLiteral("cumulative");
+    return u"Recording: " % recordings % u"\r\nEye: " % eyeWord(stream.eye);
+}
 
 QString axisRatioLine(const ScanpathSection &section)
 {
