@@ -1,7 +1,7 @@
 #include "model/Canvas.h"
-#include "visualization/shapes/GazePointRaster.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
+#include "visualization/shapes/GazePointRaster.h"
 
 #include <benchmark/benchmark.h>
 #include <QApplication>
@@ -56,7 +56,7 @@ struct Study {
     }
     DrawingContext context() const
     {
-        return {model, EyeMode::showAll, {0, samplesPerRecording}, parameters, none, none, none};
+        return {model, EyeMode::showAll, {0, samplesPerRecording}, {{&parameters, &none, &none, &none}}};
     }
 
     DataModel model;

@@ -1,8 +1,8 @@
+#include "density/SaccadeDensity.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/PlainFixations.h"
 #include "visualization/PlainGazePoints.h"
 #include "visualization/PlainSaccades.h"
-#include "density/SaccadeDensity.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <benchmark/benchmark.h>
@@ -183,7 +183,7 @@ struct Study {
     }
     DrawingContext context() const
     {
-        return {model, EyeMode::showDominant, {0, samplesPerRecording}, gazePoints, fixations, none, saccades};
+        return {model, EyeMode::showDominant, {0, samplesPerRecording}, {{&gazePoints, &fixations, &none, &saccades}}};
     }
 
     DataModel model;

@@ -1,7 +1,7 @@
-#include "visualization/shapes/AngleStar.h"
 #include "model/Canvas.h"
-#include "visualization/shapes/SaccadeShapes.h"
 #include "visualization/scene/DrawingPass.h"
+#include "visualization/shapes/AngleStar.h"
+#include "visualization/shapes/SaccadeShapes.h"
 
 #include <benchmark/benchmark.h>
 #include <QApplication>
@@ -62,7 +62,7 @@ void redraw(benchmark::State &state)
     QGraphicsScene scene;
     for (auto _ : state) {
         scene.clear();
-        drawScene(scene, {model, EyeMode::showLeft, wholeOf(state.range(0)), none, none, none, parameters});
+        drawScene(scene, {model, EyeMode::showLeft, wholeOf(state.range(0)), {{&none, &none, &none, &parameters}}});
         benchmark::DoNotOptimize(scene.items(QPointF())); // painting asks alike
     }
     state.SetComplexityN(state.range(0));

@@ -2,24 +2,21 @@
 #include "ui_Vistrum.h"
 
 #include "base/Messages.h"
-#include "clustering/ClusterOrder.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
-#include "table/panel/ExaminationTableControl.h"
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
-#include "visualization/timeline/ActivityCurves.h"
-#include "visualization/heatmap/Heatmap.h"
+#include "table/panel/ExaminationTableControl.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
-#include "visualization/scene/SceneItems.h"
+#include "visualization/timeline/ActivityCurves.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -58,11 +55,11 @@ Timeline &Vistrum::timeline() const
     return *m_ui->timeline_widget;
 }
 
-std::array<const VisualizationParameters *, 4> Vistrum::drawingParameters() const
+DrawingRecords Vistrum::drawingRecords() const
 {
-    std::array<const VisualizationParameters *, 4> records{};
+    DrawingRecords records;
     const auto panels = m_ui->control->visualizationWidgets();
-    std::transform(panels.begin(), panels.end(), records.begin(),
+    std::transform(panels.begin(), panels.end(), records.values.begin(),
                    [](const VisualizationWidget *panel) { return &panel->parameters(); });
     return records;
 }
@@ -136,17 +133,21 @@ void Vistrum::refreshPlainBackground()
 
 void Vistrum::sltUpdateImageView(int index)
 {
-    if (m_background) {
-        m_scene.removeItem(m_background);
-        const std::unique_ptr<QGraphicsPixmapItem> gone(std::exchange(m_background, nullptr));
-    }
+    chooseBackground(index);
+    if (m_background)
+        m_background->setPixmap(m_backgroundPixmap);
+    else
+        m_background = addBackground(m_scene, m_backgroundPixmap);
+}
+
+void Vistrum::chooseBackground(int index)
+{
     m_ui->visualization->setUpOnce();
     const QStringList images = m_model.images().paths();
     if (index <= images.size())
         m_backgroundPixmap = m_pictures.pixmap(index < 1 ? QString() : images[index - 1]);
     if (m_ui->showBorderCheckBox->isChecked())
         drawBorder(m_backgroundPixmap);
-    m_background = addBackground(m_scene, m_backgroundPixmap);
     if (!m_skipOutlierCut)
         cutOrRestoreOutliers();
 }
@@ -237,40 +238,30 @@ void Vistrum::redraw()
         m_redrawMissed = true;
         return;
     }
-    orderClusters(m_model, {timeline().start(), timeline().end()});
     update_timeline_widget();
-    VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
-    saccadeClusters.removeClusters(); // the panel keeps a pointer to its items
-    m_background = nullptr;           // goes with the scene's items
-    m_scene.clear();
-    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    chooseBackground(m_ui->image_comboBox->currentIndex());
     SettingsStore().sync();
+    VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
+    const DrawnScene drawn =
+        runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saccadeClusters.arrows()});
+    m_background = drawn.background;
+    saccadeClusters.adoptGroup(drawn.saccadeClusters);
     const auto panels = m_ui->control->visualizationWidgets();
-    for (const HeatmapFigures &figures : runDrawingPass(m_scene, m_model, drawingContext()))
+    for (const HeatmapFigures &figures : drawn.figures)
         panels[static_cast<std::size_t>(figures.kind)]->showFigures(figures);
-    saccadeClusters.sltRedrawClusters();
 }
 
 DrawingContext Vistrum::drawingContext() const
 {
-    const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
     return {.model = m_model,
             .eyeMode = eyeMode(),
             .frame = {timeline().start(), timeline().end()},
-            .gazePoints = *gazePoints,
-            .fixations = *fixations,
-            .clusters = *clusters,
-            .saccades = *saccades};
+            .records = drawingRecords()};
 }
 
-/// On top of what is drawn, until the next redraw: what is exported then shows the heatmap.
 void Vistrum::sltExportheatmap(int id)
 {
-    constexpr Heatmap (*heatmaps[])(const DrawingContext &, HeatmapLook) = {drawGazeHeatmap, drawFixationHeatmap,
-                                                                            drawClusterHeatmap, drawSaccadeHeatmap};
-    const Heatmap heatmap = heatmaps[id](drawingContext(), HeatmapLook::RelativeScale);
-    if (!heatmap.image.isNull())
-        addItems(m_scene, {RasterShape{heatmap.image}});
+    drawHeatmapOnTop(m_scene, static_cast<DataKind>(id), drawingContext());
 }
 
 void Vistrum::updateAndRedraw()

@@ -3,14 +3,13 @@
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
-#include "visualization/selection/DrawingContext.h"
 #include "visualization/scene/Background.h"
+#include "visualization/selection/DrawingContext.h"
 
 #include <QGraphicsScene>
 #include <QMainWindow>
 #include <QPixmap>
 
-#include <array>
 #include <memory>
 
 class ExaminationTableControl;
@@ -84,9 +83,10 @@ private:
     void makeTable();
     void connectForm();
     void connectPanels();
+    void chooseBackground(int index);
     void cutOrRestoreOutliers();
     Timeline &timeline() const;
-    std::array<const VisualizationParameters *, 4> drawingParameters() const;
+    DrawingRecords drawingRecords() const;
     DrawingContext drawingContext() const;
     void refreshGroups();
     void rebuildImageList();

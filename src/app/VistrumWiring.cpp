@@ -9,18 +9,15 @@
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataWidget.h"
 #include "table/panel/ExaminationTableControl.h"
-#include "visualization/parameters/GroupColors.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
+#include "visualization/parameters/GroupColors.h"
 
 void Vistrum::makeTable()
 {
     using Control = ExaminationTableControl;
     m_table = new Control(*m_ui->tableWidget, *m_ui->groupByComboBox, m_model, *this, this);
-    m_table->setColorTable([this] {
-        const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
-        return groupColors(*gazePoints, *fixations, *clusters, *saccades);
-    });
+    m_table->setColorTable([this] { return groupColors(drawingRecords()); });
     connect(m_ui->check_Button, &QPushButton::clicked, m_table, &Control::sltCheck);
     connect(m_ui->uncheck_Button, &QPushButton::clicked, m_table, &Control::sltUncheck);
     connect(m_ui->filterButton, &QPushButton::clicked, m_table, &Control::sltShowFilterDialog);

@@ -2,9 +2,6 @@
 
 #include <QTime>
 
-#include <cmath>
-#include <limits>
-
 namespace text {
 
 namespace {
@@ -47,15 +44,6 @@ QString timeText(qint64 timeMs)
     if (timeMs < hourMs)
         return clockTime(timeMs, QStringLiteral("mm:ss")) + QStringLiteral(" min:sec");
     return clockTime(timeMs, QStringLiteral("hh:mm:ss")) + QStringLiteral(" h:min:sec");
-}
-
-int truncated(double value)
-{
-    if (std::isnan(value))
-        return 0;
-    constexpr double lowest = std::numeric_limits<int>::min();
-    constexpr double highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, lowest, highest));
 }
 
 } // namespace text

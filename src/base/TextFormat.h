@@ -22,7 +22,4 @@ QString clockTime(qint64 timeMs, const QString &format);
 /// below an hour, else hours, minutes and seconds. Wraps as `clockTime` does.
 QString timeText(qint64 timeMs);
 
-/// Whole part of a number for texts and pixels, towards zero. Beyond the range of int the nearest int, NaN gives 0.
-int truncated(double value);
-
 } // namespace text

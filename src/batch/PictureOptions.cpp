@@ -10,10 +10,10 @@ using O = PictureOptions;
 using Text = QLatin1StringView;
 using namespace optionvalues;
 
-constexpr Word<HeatmapKind> densityKinds[] = {{Text("gaze"), HeatmapKind::GazePoints},
-                                              {Text("fixations"), HeatmapKind::Fixations},
-                                              {Text("clusters"), HeatmapKind::Clusters},
-                                              {Text("saccades"), HeatmapKind::Saccades}};
+constexpr Word<DataKind> densityKinds[] = {{Text("gaze"), DataKind::GazePoints},
+                                              {Text("fixations"), DataKind::Fixations},
+                                              {Text("clusters"), DataKind::Clusters},
+                                              {Text("saccades"), DataKind::Saccades}};
 
 bool endsInOneOf(const QString &path, const QStringList &formats)
 {
@@ -66,7 +66,7 @@ OptionGroup pictureOptions()
     return {Text("Pictures"), rows};
 }
 
-QString densityKindWord(HeatmapKind kind)
+QString densityKindWord(DataKind kind)
 {
     return wordFor(kind, densityKinds);
 }

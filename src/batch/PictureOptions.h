@@ -1,7 +1,7 @@
 #pragma once
 
 #include "batch/OptionRow.h"
-#include "visualization/heatmap/HeatmapFigures.h"
+#include "model/DataKind.h"
 
 /// What a run draws.
 struct PictureOptions {
@@ -9,10 +9,10 @@ struct PictureOptions {
 
     QStringList images;
     QString densityFile; ///< empty: none
-    HeatmapKind densityKind = HeatmapKind::GazePoints;
+    DataKind densityKind = DataKind::GazePoints;
 };
 
 OptionGroup pictureOptions();
 
 /// The word for a kind of density, as the option has it.
-QString densityKindWord(HeatmapKind kind);
+QString densityKindWord(DataKind kind);

@@ -4,7 +4,6 @@
 #include "density/DensityTiff.h"
 #include "settings/StoredKeys.h"
 #include "visualization/heatmap/Heatmap.h"
-#include "visualization/scene/ArrowGroup.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/ImageExport.h"
@@ -14,23 +13,18 @@
 namespace {
 
 /// The parameters of drawings as the store has them.
-struct DrawingParameters {
-    VisualizationParameters gazePoints = gazePointParameters();
-    VisualizationParameters fixations = fixationParameters();
-    VisualizationParameters clusters = clusterParameters();
-    VisualizationParameters saccades = saccadeParameters();
-};
+ByDataKind<VisualizationParameters> storedRecords()
+{
+    return {{gazePointParameters(), fixationParameters(), clusterParameters(), saccadeParameters()}};
+}
 
 /// What the model shows with them in its time frame.
-DrawingContext contextOf(const DataModel &model, const DrawingParameters &parameters)
+DrawingContext contextOf(const DataModel &model, const ByDataKind<VisualizationParameters> &parameters)
 {
-    return {.model = model,
-            .eyeMode = eyeMode(),
-            .frame = model.timeFrame(),
-            .gazePoints = parameters.gazePoints,
-            .fixations = parameters.fixations,
-            .clusters = parameters.clusters,
-            .saccades = parameters.saccades};
+    DrawingRecords records;
+    for (const DataKind kind : allDataKinds)
+        records[kind] = &parameters[kind];
+    return {.model = model, .eyeMode = eyeMode(), .frame = model.timeFrame(), .records = records};
 }
 
 } // namespace
@@ -40,11 +34,11 @@ void exportImages(RunState &run)
     if (run.options.images.isEmpty())
         return;
     QGraphicsScene scene;
-    addBackground(scene, backgroundPixmap(run.options.background, Border::Black));
-    const DrawingParameters parameters;
-    runDrawingPass(scene, run.model, contextOf(run.model, parameters));
-    addArrowGroup(scene, saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
-                                              run.options.saccadeClusters.style));
+    const ByDataKind<VisualizationParameters> parameters = storedRecords();
+    runDrawingPass(scene, run.model, contextOf(run.model, parameters),
+                   {backgroundPixmap(run.options.background, Border::Black),
+                    saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
+                                         run.options.saccadeClusters.style)});
     for (const QString &path : run.options.images) {
         if (const auto problem = exportScene(scene, path))
             run.journal.fail(QStringLiteral("Image"), *problem);
@@ -57,9 +51,9 @@ QMap<QString, QString> exportDensity(RunState &run)
 {
     if (run.options.densityFile.isEmpty())
         return {};
-    const DrawingParameters parameters;
-    const std::optional<NamedDensity> density =
-        heatmapDensity(contextOf(run.model, parameters), run.options.densityKind);
+    const ByDataKind<VisualizationParameters> parameters = storedRecords();
+    const std::optional<HeatmapDensity> density =
+        heatmapDensity(run.options.densityKind, contextOf(run.model, parameters));
     if (!density) {
         run.journal.fail(QStringLiteral("Density"), QStringLiteral("There is nothing of this kind in the time frame."));
         return {};

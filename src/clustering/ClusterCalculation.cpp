@@ -49,12 +49,21 @@ QString parameterText(const OverlapClusterParameters &parameters)
         .arg(QString::number(parameters.minimumFixations), outliers);
 }
 
+/// The number tells the order of creation when a redraw has ordered the list otherwise.
+void numberClusters(QList<FixationCluster> &clusters)
+{
+    for (int number = 0; FixationCluster & cluster : clusters)
+        cluster.number = number++;
+}
+
 void clusterEyes(Examination &examination, const ClusterParameters &parameters)
 {
     for (EyeData *eye : examination.streams())
         eye->fixationClusters.clear();
-    for (EyeData *eye : {&examination.rightEye, &examination.leftEye, &examination.meanEye})
+    for (EyeData *eye : {&examination.rightEye, &examination.leftEye, &examination.meanEye}) {
         std::visit([&](const auto &p) { run(p, *eye); }, parameters);
+        numberClusters(eye->fixationClusters);
+    }
     examination.calculationInfo.clusterCalculationInfo =
         clusterResultText(parameters, examination.leftEye.fixationClusters.size(),
                           examination.rightEye.fixationClusters.size(), examination.meanEye.fixationClusters.size());

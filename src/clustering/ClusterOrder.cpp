@@ -9,18 +9,19 @@ namespace {
 struct Rank {
     qsizetype index = 0;
     qsizetype fixations = 0; ///< within the frame
+    int creation = 0;
 };
 
-bool isLarger(const Rank &a, const Rank &b)
+bool comesFirst(const Rank &a, const Rank &b)
 {
-    return a.fixations > b.fixations;
+    return a.fixations != b.fixations ? a.fixations > b.fixations : a.creation < b.creation;
 }
 
 QList<Rank> ranksOf(const QList<FixationCluster> &clusters, TimeFrame frame)
 {
     QList<Rank> ranks;
     for (qsizetype i = 0; i < clusters.size(); ++i)
-        ranks << Rank{i, clusters[i].fixationsWithin(frame)};
+        ranks << Rank{i, clusters[i].fixationsWithin(frame), clusters[i].number};
     return ranks;
 }
 
@@ -29,9 +30,9 @@ QList<Rank> ranksOf(const QList<FixationCluster> &clusters, TimeFrame frame)
 QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &clusters, TimeFrame frame)
 {
     QList<Rank> ranks = ranksOf(clusters, frame);
-    if (std::is_sorted(ranks.cbegin(), ranks.cend(), isLarger))
+    if (std::is_sorted(ranks.cbegin(), ranks.cend(), comesFirst))
         return clusters; // shared, as on most moves of the timeline
-    std::stable_sort(ranks.begin(), ranks.end(), isLarger);
+    std::stable_sort(ranks.begin(), ranks.end(), comesFirst);
     QList<FixationCluster> ordered;
     ordered.reserve(clusters.size());
     for (const Rank &rank : std::as_const(ranks))

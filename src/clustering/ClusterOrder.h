@@ -4,7 +4,8 @@
 
 class DataModel;
 
-/// The clusters with the most fixations between the two times first; equals keep their order.
+/// The clusters with the most fixations between the two times first; equals in the order of their numbers, so that a
+/// frame gives the same order whatever was shown before.
 QList<FixationCluster> orderedByFixationsWithin(const QList<FixationCluster> &clusters, TimeFrame frame);
 
 /// Orders the fixation clusters of each stream of each examination by what the frame shows of them. Each redraw begins

@@ -1,7 +1,7 @@
 #include "clustering/OverlapClusters.h"
 
 #include "base/Progress.h"
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "clustering/FixationOutline.h"
 
 #include <algorithm>
@@ -89,7 +89,7 @@ QPoint centreOf(const QList<Fixation> &members)
         sumY += static_cast<float>(member.mean.y());
     }
     const auto count = static_cast<float>(members.size());
-    return {text::truncated(static_cast<double>(sumX / count)), text::truncated(static_cast<double>(sumY / count))};
+    return {truncated(static_cast<double>(sumX / count)), truncated(static_cast<double>(sumY / count))};
 }
 
 void build(EyeData &stream, const IsCluster &isCluster)

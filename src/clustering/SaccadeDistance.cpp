@@ -1,6 +1,6 @@
 #include "clustering/SaccadeDistance.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,7 +26,7 @@ int wholeShare(Place point, Place start, Place end)
 {
     const Place along = end - start;
     const float share = static_cast<float>((point - start) * along) / static_cast<float>(along * along);
-    return text::truncated(double(share));
+    return truncated(double(share));
 }
 
 /// With a share of 0 the start. With 1 the sum of both ends: it is the end that is added, not the way to it. For the
@@ -59,8 +59,8 @@ int pointToSegmentDistance(QPoint point, QPoint start, QPoint end, DistanceAlgor
 {
     const Place way = Place(point) - nearestPlace(Place(point), Place(start), Place(end));
     if (algorithm == DistanceAlgorithm::Manhattan)
-        return text::truncated(std::abs(way.x) + std::abs(way.y));
-    return text::truncated(double(std::sqrt(static_cast<float>(way * way))));
+        return truncated(std::abs(way.x) + std::abs(way.y));
+    return truncated(double(std::sqrt(static_cast<float>(way * way))));
 }
 
 int segmentDistance(const SaccadeVector &a, const SaccadeVector &b, DistanceAlgorithm algorithm)

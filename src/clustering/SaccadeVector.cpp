@@ -1,6 +1,6 @@
 #include "clustering/SaccadeVector.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <cmath>
 
@@ -19,7 +19,7 @@ int directionOf(QPoint start, QPoint end)
     constexpr double degreesPerRadian = 57.29577951308232;
     constexpr double fullTurn = 360.0;
     const double angle = std::atan2(along(start.y(), end.y()), along(start.x(), end.x())) * degreesPerRadian;
-    return text::truncated(angle > 0.0 ? angle : angle + fullTurn);
+    return truncated(angle > 0.0 ? angle : angle + fullTurn);
 }
 
 SaccadeVector::SaccadeVector(QPoint start_, QPoint end_, qint64 startTime_, qint64 endTime_)
@@ -31,5 +31,5 @@ SaccadeVector::SaccadeVector(QPoint start_, QPoint end_, qint64 startTime_, qint
 {
     const double dx = along(start.x(), end.x());
     const double dy = along(start.y(), end.y());
-    length = text::truncated(std::sqrt(dx * dx + dy * dy));
+    length = truncated(std::sqrt(dx * dx + dy * dy));
 }

@@ -1,7 +1,7 @@
 #include "clustering/StandardClusterBuilder.h"
 
 #include "base/Progress.h"
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "clustering/ClusterSort.h"
 
 #include <algorithm>
@@ -96,7 +96,7 @@ public:
 private:
     static QPoint centreOf(double sumX, double sumY, double weight)
     {
-        return {text::truncated(sumX / weight), text::truncated(sumY / weight)};
+        return {truncated(sumX / weight), truncated(sumY / weight)};
     }
 
     std::vector<Disc> m_discs;

@@ -4,6 +4,7 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "detection/DetectionWarnings.h"
 #include "detection/GaussianMixtureScanpathBuilder.h"
 #include "model/DataModel.h"
@@ -160,7 +161,7 @@ void exchangeWithStore(MixtureParameters &parameters)
 void exchangeWithStore(VelocityParameters &parameters)
 {
     FixationSettingsModel written;
-    setParameter(written, rows::velocityImageSizePixels, text::truncated(parameters.imageWidthPx));
+    setParameter(written, rows::velocityImageSizePixels, truncated(parameters.imageWidthPx));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "detection/StepWalk.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "detection/CentroidSum.h"
 
 #include <algorithm>
@@ -41,7 +41,7 @@ public:
         }
         m_isSummed = true;
         const auto count = static_cast<double>(target.samples.size());
-        target.mean = {text::truncated(m_sumX / count), text::truncated(m_sumY / count)};
+        target.mean = {truncated(m_sumX / count), truncated(m_sumY / count)};
     }
 
     /// Nothing more will be merged into the last fixation.
@@ -54,7 +54,6 @@ public:
 private:
     static bool continues(const QList<GazePoint> &sorted, const QList<GazePoint> &run)
     {
-        const auto isEarlier = [](const GazePoint &a, const GazePoint &b) { return a.time < b.time; };
         return !isEarlier(run.constFirst(), sorted.constLast()) && std::is_sorted(run.cbegin(), run.cend(), isEarlier);
     }
 

@@ -1,6 +1,6 @@
 #include "detection/VelocityScanpathBuilder.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "detection/CentroidSum.h"
 #include "detection/SpeedThreshold.h"
 
@@ -17,7 +17,7 @@ double squaredDistance(const GazePoint &a, const GazePoint &b)
 
 SpeedThreshold thresholdFor(const QList<GazePoint> &samples, const VelocityParameters &parameters)
 {
-    const int threshold = text::truncated(parameters.threshold);
+    const int threshold = truncated(parameters.threshold);
     switch (parameters.unit) {
     case VelocityUnit::PixelPerMs:
         return SpeedThreshold(threshold);

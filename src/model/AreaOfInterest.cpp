@@ -1,6 +1,6 @@
 #include "model/AreaOfInterest.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "model/AoiColors.h"
 
 #include <cmath>
@@ -47,10 +47,10 @@ QPoint AreaOfInterest::centroid() const
         y += vertex.y();
     }
     const auto count = static_cast<double>(polygon.size());
-    return {text::truncated(x / count), text::truncated(y / count)};
+    return {truncated(x / count), truncated(y / count)};
 }
 
 bool AreaOfInterest::contains(QPointF position, Qt::FillRule rule) const
 {
-    return contains(QPoint(text::truncated(position.x()), text::truncated(position.y())), rule);
+    return contains(QPoint(truncated(position.x()), truncated(position.y())), rule);
 }

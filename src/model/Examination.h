@@ -1,8 +1,9 @@
 #pragma once
 
 #include "model/CalculationInfo.h"
-#include "model/EyeData.h"
 #include "model/Eye.h"
+#include "model/EyeData.h"
+#include "model/Group.h"
 
 #include <QHash>
 
@@ -32,12 +33,12 @@ struct Examination {
     CalculationInfo calculationInfo;
     QString missingImagePath; ///< path of an image that does not exist, else empty
     QString baseName;         ///< file name without folder and extension
-    QHash<QString, QString> properties{{QStringLiteral("group"), QStringLiteral("None")}}; ///< one per table column
+    QHash<QString, QString> properties{{QStringLiteral("group"), Group::none}}; ///< one per table column
     QString subjectId;
     QString dominantEye; ///< "left", "right" or empty
     bool importOk = false;
     int groupIndex = 0; ///< index in the row's combo box; 0 is "None"
-    QString groupName = QStringLiteral("None");
+    QString groupName = Group::none;
     QString directory;                        ///< folder of the data file with trailing "/"
     std::shared_ptr<const ImageRecord> image; ///< shared with the image cache; null if there is no image
     QString imageName;

@@ -7,11 +7,6 @@
 
 namespace {
 
-bool isEarlier(const GazePoint &a, const GazePoint &b)
-{
-    return a.time < b.time;
-}
-
 /// The samples of all fixations, sorted by time; those of one time in the order of the fixations. Each fixation is
 /// nearly always sorted in itself, so that they are merged, two and two: in a pooled stream this is far less work than
 /// a sort, and no part of it takes long.

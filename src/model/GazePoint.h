@@ -40,3 +40,9 @@ struct GazePoint {
     QRgb color = qRgba(255, 0, 0, 255);
     bool validFlag = false;
 };
+
+/// Order in time, for sorting samples.
+inline bool isEarlier(const GazePoint &a, const GazePoint &b)
+{
+    return a.time < b.time;
+}

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QHash>
+#include <QLatin1StringView>
 #include <QMap>
 #include <QString>
 
@@ -9,6 +10,9 @@
 /// "FixationVisualization", "FixationclusterVisualization", "SaccadeVisualization") to a colour.
 struct Group {
     using ColorTable = QHash<QString, QColor>;
+
+    /// Name of the group of those that are in none.
+    static constexpr QLatin1StringView none{"None"};
 
     Group() = default;
     /// @param colors  keyed by kind and eye: "gazepointsDominant", "fixationsLeft", "saccadesRight" and so on. A colour

@@ -1,7 +1,7 @@
 #include "model/ScanpathSection.h"
 
 #include "base/Log.h"
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <opencv2/core.hpp>
 
@@ -10,8 +10,6 @@
 
 namespace {
 
-using text::truncated;
-
 constexpr qsizetype fewestSamplesForAxes = 4;
 
 QVector2D scaledAxis(const cv::PCA &pca, int row)
@@ -19,6 +17,18 @@ QVector2D scaledAxis(const cv::PCA &pca, int row)
     const double length = std::sqrt(std::max(0.0, pca.eigenvalues.at<double>(row)));
     return {static_cast<float>(pca.eigenvectors.at<double>(row, 0) * length),
             static_cast<float>(pca.eigenvectors.at<double>(row, 1) * length)};
+}
+
+/// Which of its two directions the solver gives an axis is left to its rounding. This is what it answers nearly always:
+/// along x and y, and both backwards where the first axis is steep and not upright.
+PrincipalAxes directed(const PrincipalAxes &axes)
+{
+    const auto &[major, minor] = axes;
+    const bool isLevel = std::abs(major.x()) >= std::abs(major.y());
+    const float sense = isLevel || major.x() == 0 ? 1 : -1;
+    const float forwards = sense * (isLevel ? major.x() : major.y());
+    const float sideways = sense * (isLevel ? minor.y() : minor.x());
+    return {forwards < 0 ? -major : major, sideways < 0 ? -minor : minor};
 }
 
 bool isFinite(const PrincipalAxes &axes)
@@ -37,11 +47,6 @@ QPoint middleInTime(const QList<GazePoint> &samples)
         return {truncated(upper.x), truncated(upper.y)};
     const GazePoint &lower = samples[middle - 1];
     return {truncated((upper.x + lower.x) / 2), truncated((upper.y + lower.y) / 2)};
-}
-
-bool isEarlier(const GazePoint &a, const GazePoint &b)
-{
-    return a.time < b.time;
 }
 
 void sortByTime(QList<GazePoint> &samples)
@@ -69,7 +74,7 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
         return none;
     const cv::PCA pca(positions, cv::noArray(), cv::PCA::DATA_AS_ROW, 2);
     const PrincipalAxes axes{scaledAxis(pca, 0), scaledAxis(pca, 1)};
-    return isFinite(axes) ? axes : none;
+    return isFinite(axes) ? directed(axes) : none;
 }
 
 QPoint meanOf(const QList<GazePoint> &samples)

@@ -15,6 +15,8 @@ struct PrincipalAxes {
 };
 
 /// Principal axes of the positions of n samples, valid or not; with n < 4 they stay (1,0) and (0,0).
+/// Their directions follow from their places: a first axis nearer to x than to y points to the right and the second one
+/// down; else they point up and to the left, and where the first one is upright, down and to the right.
 /// Rounding or samples on one line can make an eigenvalue negative: it counts as 0. Where a coordinate is not a number,
 /// or so large that the variance is not, both axes are (0,0).
 PrincipalAxes principalAxes(const QList<GazePoint> &samples);
@@ -49,7 +51,7 @@ struct ScanpathSection {
     QVector2D majorAxis;     ///< px; fixations and clusters only
     QVector2D minorAxis;     ///< px; fixations and clusters only
     int cluster = 0;         ///< number of the fixation cluster; 0 is none
-    int number = 0;          ///< running number given by the detector
+    int number = 0;          ///< running number given by the detector; of a cluster, by its calculation
     QString type;            ///< "fixation", "saccade" or "invalid"
     bool timeSorted = false; ///< the samples were sorted by time
     int examination = -1;    ///< of a pooled copy: place of its source in the list of all examinations

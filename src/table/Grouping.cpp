@@ -24,7 +24,7 @@ void assignGroup(Examination &examination, const QString &name, int index)
 
 void clearGroup(Examination &examination)
 {
-    assignGroup(examination, QStringLiteral("None"), 0);
+    assignGroup(examination, Group::none, 0);
 }
 
 void groupBy(DataModel &model, const QString &property, const Group::ColorTable &colors)

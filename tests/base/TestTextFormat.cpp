@@ -10,8 +10,6 @@ class TestTextFormat : public QObject {
 private Q_SLOTS:
     void general6_data();
     void general6();
-    void truncated_data();
-    void truncated();
     void clockTime_data();
     void clockTime();
     void timeText_data();
@@ -37,23 +35,6 @@ void TestTextFormat::general6()
 {
     QFETCH(double, value);
     QTEST(text::general6(value), "expected");
-}
-
-void TestTextFormat::truncated_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("towards zero from above") << 2.9 << 2;
-    QTest::newRow("towards zero from below") << -2.9 << -2;
-    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 0;
-    QTest::newRow("beyond int") << 1e300 << std::numeric_limits<int>::max();
-    QTest::newRow("below int") << -std::numeric_limits<double>::infinity() << std::numeric_limits<int>::min();
-}
-
-void TestTextFormat::truncated()
-{
-    QFETCH(double, value);
-    QTEST(text::truncated(value), "expected");
 }
 
 void TestTextFormat::clockTime_data()

@@ -155,7 +155,7 @@ void acceptedFilesAndNumbers()
                 [](O &o) { o.densityFile = QStringLiteral("d.tiff"); });
     acceptedRow("a density of fixations", "--density=d.TIFF --density-kind fixations a.data", [](O &o) {
         o.densityFile = QStringLiteral("d.TIFF");
-        o.densityKind = HeatmapKind::Fixations;
+        o.densityKind = DataKind::Fixations;
     });
     acceptedRow("report", "--report r.json a.data", [](O &o) { o.reportFile = QStringLiteral("r.json"); });
     acceptedRow("one job", "--jobs 1 a.data", [](O &o) { o.jobs = 1; });

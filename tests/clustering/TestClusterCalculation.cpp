@@ -106,6 +106,8 @@ void TestClusterCalculation::methods()
     QCOMPARE(clusterSizes(examination.rightEye), QList<qsizetype>({3, 2}));
     QCOMPARE(clusterSizes(examination.leftEye), QList<qsizetype>({2}));
     QCOMPARE(clusterSizes(examination.meanEye), QList<qsizetype>());
+    for (qsizetype i = 0; i < 2; ++i)
+        QCOMPARE(examination.rightEye.fixationClusters[i].number, static_cast<int>(i));
     QCOMPARE(found(model), text);
 }
 

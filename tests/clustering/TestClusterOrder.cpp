@@ -32,6 +32,7 @@ class TestClusterOrder : public QObject {
 private Q_SLOTS:
     void order_data();
     void order();
+    void aDetourLeavesNoTrace();
     void emptyClustersComeLast();
     void anUnchangedOrderSharesTheList();
     void allStreamsOfAllExaminations();
@@ -55,6 +56,21 @@ void TestClusterOrder::order()
     QFETCH(qint64, start);
     QFETCH(qint64, end);
     QTEST(namesOf(orderedByFixationsWithin(three, {start, end})), "expected");
+}
+
+void TestClusterOrder::aDetourLeavesNoTrace()
+{
+    QList<FixationCluster> clusters = three;
+    for (int number = 0; FixationCluster & cluster : clusters)
+        cluster.number = number++;
+    constexpr TimeFrame late{600, 850}; // 0, 1, 2: the reverse
+    constexpr TimeFrame nothing{2000, 3000};
+    const QList<FixationCluster> detour = orderedByFixationsWithin(clusters, late);
+    QCOMPARE(namesOf(detour), (QList<qint64>{500, 4, 1}));
+    QCOMPARE(namesOf(orderedByFixationsWithin(detour, nothing)), (QList<qint64>{1, 4, 500}));
+    constexpr TimeFrame secondHalf{500, 1000};
+    QCOMPARE(namesOf(orderedByFixationsWithin(detour, secondHalf)),
+             namesOf(orderedByFixationsWithin(clusters, secondHalf)));
 }
 
 void TestClusterOrder::emptyClustersComeLast()

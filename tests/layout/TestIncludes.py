@@ -107,6 +107,11 @@ class TestIncludes(LayoutTest):
                             "src/model/N.h": '#include "aoi/B.h"\n'})
         self.assert_complains(rules.include_circles(tree), "folders", "src/aoi -> src/model -> src/aoi")
 
+    def test_circle_of_folders_within_a_module(self):
+        tree = self.sample({"src/aoi/shapes/A.h": '#include "aoi/modes/M.h"\n', "src/aoi/modes/M.h": "",
+                            "src/aoi/shapes/B.h": "", "src/aoi/modes/N.h": '#include "aoi/shapes/B.h"\n'})
+        self.assert_complains(rules.include_circles(tree), "folders", "src/aoi/modes -> src/aoi/shapes -> src/aoi/modes")
+
     def test_circle_of_uses(self):
         tree = self.sample({"src/aoi/CMakeLists.txt": "add_module(aoi CORE A.cpp USES export)",
                             "src/export/CMakeLists.txt": "add_module(export CORE A.cpp USES aoi)"})

@@ -1,4 +1,7 @@
+#include "settings/FirstStart.h"
+#include "TestSettings.h"
 #include "ToyData.h"
+#include "visualization/modes/Picture.h"
 #include "visualization/shapes/AngleStar.h"
 
 #include <QTest>
@@ -23,6 +26,7 @@ private Q_SLOTS:
     void colors();
     void opacityIsTakenAsItIs_data();
     void opacityIsTakenAsItIs();
+    void barsStandOutWithFactoryValues();
     void recordingsArePooledButNotLinked();
     void eyesHaveAChartEach();
     void nothingWithoutSaccades();
@@ -267,7 +271,7 @@ void TestAngleStar::colors()
     group.colorsRight = group.colorsDominant;
     scenery.model.setGroups({group});
     scenery.eyeMode = static_cast<EyeMode>(mode);
-    const Drawing drawing = drawSaccades(scenery.context());
+    const Drawing drawing = pictureOf(scenery.context()).drawing;
     QVERIFY(!drawing.isEmpty());
     const QColor color = std::get<LineShape>(drawing.last()).pen.color();
     QTEST(color.name(QColor::HexArgb), "color");
@@ -293,13 +297,31 @@ void TestAngleStar::opacityIsTakenAsItIs()
     QTEST(std::get<LineShape>(drawing.last()).pen.color().alpha(), "alpha");
 }
 
+void TestAngleStar::barsStandOutWithFactoryValues()
+{
+    const TemporarySettings settings;
+    applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
+    const VisualizationParameters parameters = saccadeParameters();
+    for (const QColor &color : {parameters.fillColor, parameters.fillColorLeft, parameters.fillColorRight}) {
+        const Drawing drawing = angleStarChart(quarters, color, parameters);
+        const QPen pen = std::get<LineShape>(drawing.last()).pen;
+        QVERIFY(pen.widthF() >= 10); // the canvas is shown at a third of its size
+        for (const int disc : {200, 100}) {
+            const auto seen = [&](int channel) { return (channel - disc) * pen.color().alphaF(); };
+            const double difference =
+                std::hypot(seen(color.red()), seen(color.green()), seen(color.blue())); // from the disc below
+            QVERIFY2(difference > 40, qPrintable(color.name()));
+        }
+    }
+}
+
 void TestAngleStar::recordingsArePooledButNotLinked()
 {
     // Up to the right and down to the left, a saccade each. A link from the one to the other would lead down to the
     // right: the fourth bar.
     toy::Scenery scenery = sceneryOf({examinationWith({10, 50}, {20, 40}), examinationWith({30, 90}, {20, 100})});
     scenery.eyeMode = EyeMode::showLeft;
-    const Drawing drawing = drawSaccades(scenery.context());
+    const Drawing drawing = pictureOf(scenery.context()).drawing;
     QList<bool> hasLength;
     for (const Shape &shape : drawing.mid(18))
         hasLength << (std::get<LineShape>(shape).line.length() > 499.9);
@@ -311,26 +333,26 @@ void TestAngleStar::eyesHaveAChartEach()
 {
     Examination examination = examinationWith({10, 50}, {20, 40});
     toy::Scenery scenery = sceneryOf({examination});
-    QCOMPARE(drawSaccades(scenery.context()).size(), qsizetype(10 + 8 + 4)); // the right eye has no saccades
+    QCOMPARE(pictureOf(scenery.context()).drawing.size(), qsizetype(10 + 8 + 4)); // the right eye has no saccades
     examination.rightEye.scanpath = examinationWith({30, 90}, {20, 100}).leftEye.scanpath;
     scenery.model.examinations() = {examination};
-    const Drawing both = drawSaccades(scenery.context());
+    const Drawing both = pictureOf(scenery.context()).drawing;
     QCOMPARE(both.size(), qsizetype(2 * (10 + 8 + 4)));
     scenery.eyeMode = EyeMode::showRight;
     scenery.saccades.fillColorRight = scenery.saccades.fillColor;
-    QCOMPARE(toText(both.mid(22)), toText(drawSaccades(scenery.context()))); // on top
+    QCOMPARE(toText(both.mid(22)), toText(pictureOf(scenery.context()).drawing)); // on top
 }
 
 void TestAngleStar::nothingWithoutSaccades()
 {
     toy::Scenery scenery = sceneryOf({});
-    QVERIFY(drawSaccades(scenery.context()).isEmpty());
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
     scenery = sceneryOf({examinationWith({10, 10}, {10, 10})}); // no direction
-    QVERIFY(drawSaccades(scenery.context()).isEmpty());
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
     scenery = sceneryOf({examinationWith({10, 10}, {20, 10})});
-    QVERIFY(!drawSaccades(scenery.context()).isEmpty());
+    QVERIFY(!pictureOf(scenery.context()).drawing.isEmpty());
     scenery.frame = {101, 1000};
-    QVERIFY(drawSaccades(scenery.context()).isEmpty());
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestAngleStar)

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void shorterMajorAxisIsSwapped();
     void boundingRect_data();
     void boundingRect();
+    void isHitWhereItIsPainted_data();
+    void isHitWhereItIsPainted();
     void paintsWholePixels();
     void polygonByHand_data();
     void polygonByHand();
@@ -118,18 +120,50 @@ void TestArbitraryEllipseItem::boundingRect_data()
     QTest::addColumn<QVector2D>("major");
     QTest::addColumn<QVector2D>("minor");
     QTest::addColumn<QRectF>("expected");
-    // Half the width is the larger y component, half the height the larger x component.
-    QTest::newRow("upright") << QVector2D(0, 100) << QVector2D(40, 0) << QRectF(-100, -40, 200, 80);
-    QTest::newRow("level") << QVector2D(100, 0) << QVector2D(0, 40) << QRectF(-40, -100, 80, 200);
-    QTest::newRow("aslant") << QVector2D(-80, -60) << QVector2D(-24, 32) << QRectF(-60, -80, 120, 160);
-    QTest::newRow("nothing") << QVector2D() << QVector2D() << QRectF(0, 0, 0, 0);
+    QTest::addColumn<QPen>("pen");
+    const QPen five(Qt::black, 5);
+    // Before the turn the axes lie along x and y; half of the pen is outside.
+    QTest::newRow("upright") << QVector2D(0, 100) << QVector2D(40, 0) << QRectF(-100, -40, 200, 80) << QPen(Qt::NoPen);
+    QTest::newRow("level") << QVector2D(100, 0) << QVector2D(0, 40) << QRectF(-100, -40, 200, 80) << QPen(Qt::NoPen);
+    QTest::newRow("aslant, with a pen") << QVector2D(-80, -60) << QVector2D(-24, 32) << QRectF(-102.5, -42.5, 205, 85)
+                                        << five;
+    QTest::newRow("a pen without width paints a pixel")
+        << QVector2D(100, 0) << QVector2D(0, 40) << QRectF(-100.5, -40.5, 201, 81) << QPen(Qt::black, 0);
+    // The picture lies between whole pixels: from -1 to 2 where the axis is 1.75 long.
+    QTest::newRow("what rounding paints outside the axes")
+        << QVector2D(1.75F, 0) << QVector2D(0, 0.5F) << QRectF(-1.75, -0.5, 3.75, 1.5) << QPen(Qt::NoPen);
+    QTest::newRow("nothing") << QVector2D() << QVector2D() << QRectF(0, 0, 0, 0) << QPen(Qt::NoPen);
 }
 
 void TestArbitraryEllipseItem::boundingRect()
 {
     QFETCH(QVector2D, major);
     QFETCH(QVector2D, minor);
-    QTEST(blackItem({640, 400}, major, minor)->boundingRect(), "expected");
+    QFETCH(QPen, pen);
+    QTEST(ArbitraryEllipseItem({640, 400}, major, minor, pen, Qt::black).boundingRect(), "expected");
+}
+
+void TestArbitraryEllipseItem::isHitWhereItIsPainted_data()
+{
+    QTest::addColumn<QPointF>("position");
+    QTest::addColumn<bool>("expected");
+    // The major axis leads from the centre 80 px to the right and 60 up, the minor one 24 to the right and 32 down.
+    QTest::newRow("centre") << QPointF(640, 400) << true;
+    QTest::newRow("near an end of the major axis") << QPointF(640 + 76, 400 - 57) << true;
+    QTest::newRow("near an end of the minor axis") << QPointF(640 + 22, 400 + 30) << true;
+    QTest::newRow("inner half of the outline") << QPointF(640 - 78.8, 400 + 59.1) << true;
+    QTest::newRow("outer half of the outline") << QPointF(640 + 81.2, 400 - 60.9) << true;
+    QTest::newRow("beyond the outline") << QPointF(640 + 84, 400 - 63) << false;
+    QTest::newRow("in the rectangle of the axes, beside the ellipse") << QPointF(640 + 90, 400 - 30) << false;
+    QTest::newRow("the mirrored ellipse") << QPointF(640 + 76, 400 + 57) << false;
+}
+
+void TestArbitraryEllipseItem::isHitWhereItIsPainted()
+{
+    QFETCH(QPointF, position);
+    QGraphicsScene scene(0, 0, canvas::width, canvas::height);
+    scene.addItem(new ArbitraryEllipseItem({640, 400}, {80, -60}, {24, 32}, QPen(Qt::black, 5), Qt::black));
+    QTEST(!scene.items(position).isEmpty(), "expected");
 }
 
 void TestArbitraryEllipseItem::paintsWholePixels()

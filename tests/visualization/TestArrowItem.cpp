@@ -16,6 +16,9 @@ private Q_SLOTS:
     void tip();
     void boundingRect_data();
     void boundingRect();
+    void nothingIsPaintedOutside();
+    void isHitWhereItIsPainted_data();
+    void isHitWhereItIsPainted();
     void paintsLineAndTip_data();
     void paintsLineAndTip();
     void levelAndUprightArrowsAreDrawn_data();
@@ -92,21 +95,66 @@ void TestArrowItem::boundingRect_data()
     QTest::addColumn<QPoint>("from");
     QTest::addColumn<QPoint>("to");
     QTest::addColumn<QRectF>("expected");
-    QTest::newRow("down to the right") << QPoint(10, 20) << QPoint(50, 80) << QRectF(10, 20, 40, 60);
-    QTest::newRow("up to the left") << QPoint(50, 80) << QPoint(10, 20) << QRectF(10, 20, 40, 60);
-    QTest::newRow("up to the right") << QPoint(10, 80) << QPoint(50, 20) << QRectF(10, 20, 40, 60);
-    QTest::newRow("level") << QPoint(50, 20) << QPoint(10, 20) << QRectF(10, 20, 40, 0);
-    QTest::newRow("no length") << QPoint(10, 20) << QPoint(10, 20) << QRectF(10, 20, 0, 0);
+    QTest::addColumn<bool>("showTip");
+    // The corners of square ends are half a width and half a width beside it from the end: at most 0.707 widths along
+    // x or y. The width is 4.
+    const auto around = [](double left, double top, double right, double bottom) {
+        constexpr double outside = 2.8284271247461903;
+        return QRectF(QPointF(left - outside, top - outside), QPointF(right + outside, bottom + outside));
+    };
+    QTest::newRow("down to the right") << QPoint(10, 20) << QPoint(50, 80) << around(10, 20, 50, 80) << false;
+    QTest::newRow("up to the left") << QPoint(50, 80) << QPoint(10, 20) << around(10, 20, 50, 80) << false;
+    QTest::newRow("level") << QPoint(50, 20) << QPoint(10, 20) << around(10, 20, 50, 20) << false;
+    // Head: (100 - 18.02, 50 -+ 8.68), cut to whole pixels.
+    QTest::newRow("with a head") << QPoint(0, 50) << QPoint(100, 50) << around(0, 41, 100, 58) << true;
+    QTest::newRow("no length") << QPoint(10, 20) << QPoint(10, 20) << around(10, 20, 10, 20) << true;
     constexpr int least = std::numeric_limits<int>::min();
     constexpr int most = std::numeric_limits<int>::max();
-    QTest::newRow("farthest") << QPoint(most, 0) << QPoint(least, 0) << QRectF(least, 0, 4294967295.0, 0);
+    QTest::newRow("farthest") << QPoint(most, 0) << QPoint(least, 0) << around(least, 0, most, 0) << false;
 }
 
 void TestArrowItem::boundingRect()
 {
     QFETCH(QPoint, from);
     QFETCH(QPoint, to);
-    QTEST(blackArrow(from, to, true, 9)->boundingRect(), "expected");
+    QFETCH(QRectF, expected);
+    QFETCH(bool, showTip);
+    const QRectF found = blackArrow(from, to, showTip, 4)->boundingRect();
+    QVERIFY(qFuzzyCompare(found.left(), expected.left()) && qFuzzyCompare(found.top(), expected.top()));
+    QVERIFY(qFuzzyCompare(found.right(), expected.right()) && qFuzzyCompare(found.bottom(), expected.bottom()));
+}
+
+void TestArrowItem::nothingIsPaintedOutside()
+{
+    for (const QPoint to : {QPoint(300, 200), QPoint(290, 100), QPoint(100, 210), QPoint(150, 60)}) {
+        auto arrow = std::make_unique<ArrowItem>(QPoint(100, 100), to, true, QPen(Qt::black, 12), Qt::black);
+        const QRect bounds = arrow->boundingRect().toAlignedRect();
+        const QImage image = pictureOf(std::move(arrow));
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                QVERIFY2(bounds.contains(x, y) || !isBlack(image, x, y), qPrintable(QString::number(x)));
+        }
+    }
+}
+
+void TestArrowItem::isHitWhereItIsPainted_data()
+{
+    QTest::addColumn<QPointF>("position");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("on the line") << QPointF(200, 150) << true;
+    QTest::newRow("within the line's width") << QPointF(200, 152) << true;
+    QTest::newRow("beside the line, in its rectangle") << QPointF(200, 170) << false;
+    QTest::newRow("in the head, beside the line") << QPointF(284, 197) << true;
+    QTest::newRow("beside the head") << QPointF(278, 205) << false;
+    QTest::newRow("behind the start") << QPointF(90, 95) << false;
+}
+
+void TestArrowItem::isHitWhereItIsPainted()
+{
+    QFETCH(QPointF, position);
+    QGraphicsScene scene(0, 0, 400, 300);
+    scene.addItem(blackArrow({100, 100}, {300, 200}, true, 6).release());
+    QTEST(!scene.items(position).isEmpty(), "expected");
 }
 
 void TestArrowItem::paintsLineAndTip_data()
@@ -149,7 +197,6 @@ void TestArrowItem::levelAndUprightArrowsAreDrawn_data()
     QTest::newRow("upright") << QPoint(100, 250);
 }
 
-/// Their rectangle has no area, which must not keep the scene from drawing them.
 void TestArrowItem::levelAndUprightArrowsAreDrawn()
 {
     QFETCH(QPoint, to);
@@ -158,13 +205,12 @@ void TestArrowItem::levelAndUprightArrowsAreDrawn()
     QVERIFY(isBlack(image, middle.x(), middle.y()));
 }
 
-/// Line and head reach beyond the item's rectangle, which is all that a view repaints by itself when an item goes. The
-/// view of the scene repaints everything.
+/// A view repaints what the item's rectangle tells, and nothing else, when an item goes.
 void TestArrowItem::leavesNothingBehindOnTheScreen()
 {
     QGraphicsScene scene(0, 0, 300, 200);
     QGraphicsView view(&scene);
-    view.setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
+    view.setViewportUpdateMode(QGraphicsView::MinimalViewportUpdate);
     view.setFrameShape(QFrame::NoFrame);
     view.resize(400, 300);
     view.show();
@@ -176,7 +222,7 @@ void TestArrowItem::leavesNothingBehindOnTheScreen()
     scene.addItem(const_cast<ArrowItem *>(arrow));
     QTRY_VERIFY(!isBlank(shown()));
     const QPoint corner = view.mapFromScene(arrow->tip()[1]) + QPoint(3, 2);
-    QTRY_COMPARE(shown().pixelColor(corner), QColor(Qt::black)); // beyond the rectangle, which has no height
+    QTRY_COMPARE(shown().pixelColor(corner), QColor(Qt::black)); // the head
     scene.clear();
     QTRY_VERIFY(isBlank(shown()));
 }

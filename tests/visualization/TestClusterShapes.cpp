@@ -1,4 +1,5 @@
 #include "ToyData.h"
+#include "visualization/modes/Picture.h"
 #include "visualization/shapes/ClusterShapes.h"
 
 #include <QTest>
@@ -287,15 +288,17 @@ void TestClusterShapes::ownAndCumulative()
     examination.meanEye.fixationClusters = at(3);
     for (const Eye pool : allEyes)
         scenery.model.pooled(pool).fixationClusters = at(10 + static_cast<int>(pool));
+    scenery.model.examinations() = {examination};
     constexpr int radius = 60;
     QStringList found;
-    for (const Shape &shape : drawClusters(examination, scenery.context())) {
+    const Drawing drawing = pictureOf(scenery.context()).drawing;
+    for (const Shape &shape : drawing) {
         const auto &oval = std::get<OvalShape>(shape);
         found << QString::number(oval.rect.x() + radius) + u' ' + oval.brush.color().name();
     }
     QTEST(found.join(QStringLiteral(", ")), "expected");
     scenery.clusters.visualizationMode = mode - 1; // the ellipses of the same clusters
-    QCOMPARE(drawClusters(examination, scenery.context()).size(), found.size());
+    QCOMPARE(pictureOf(scenery.context()).drawing.size(), found.size());
 }
 
 void TestClusterShapes::colorsOfTheGroup()
@@ -310,7 +313,8 @@ void TestClusterShapes::colorsOfTheGroup()
     Examination examination;
     examination.groupName = group.name;
     examination.leftEye.fixationClusters = twoClusters().first(1);
-    const Drawing drawing = drawClusters(examination, scenery.context());
+    scenery.model.examinations() = {examination};
+    const Drawing drawing = pictureOf(scenery.context()).drawing;
     QCOMPARE(std::get<OvalShape>(drawing[0]).brush.color(), QColor(1, 2, 3, 127));
 }
 
@@ -319,7 +323,6 @@ void TestClusterShapes::modesWithoutShapes_data()
     QTest::addColumn<int>("mode");
     QTest::newRow("none") << 0;
     QTest::newRow("below the modes") << -1;
-    QTest::newRow("of another step") << 3;
     QTest::newRow("beyond the modes") << 99;
 }
 
@@ -330,7 +333,8 @@ void TestClusterShapes::modesWithoutShapes()
     scenery.clusters.visualizationMode = mode;
     Examination examination;
     examination.leftEye.fixationClusters = twoClusters();
-    QVERIFY(drawClusters(examination, scenery.context()).isEmpty());
+    scenery.model.examinations() = {examination};
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestClusterShapes)

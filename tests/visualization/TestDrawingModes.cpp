@@ -1,4 +1,10 @@
 #include "visualization/modes/DrawingModes.h"
+#include "visualization/shapes/AngleStar.h"
+#include "visualization/shapes/ClusterShapes.h"
+#include "visualization/shapes/FixationShapes.h"
+#include "visualization/shapes/GazePointRaster.h"
+#include "visualization/shapes/SaccadeShapes.h"
+#include "visualization/shapes/TransitionShapes.h"
 
 #include <QTest>
 
@@ -7,53 +13,80 @@ class TestDrawingModes : public QObject {
 private Q_SLOTS:
     void namesInTheOrderOfStoredValues();
     void buildersOfWhatIsDrawn();
-    void noBuilderBeyondTheTable_data();
-    void noBuilderBeyondTheTable();
+    void wordsSayWhetherSomethingIsDrawn();
+    void nothingBeyondTheTable_data();
+    void nothingBeyondTheTable();
 };
 
 namespace {
 
-template <class Build, std::size_t Count>
-QString namesOf(const DrawingMode<Build> (&modes)[Count])
+QString namesOf(DataKind kind)
 {
     QStringList names;
-    for (const DrawingMode<Build> &mode : modes)
+    for (const DataMode &mode : drawingModes(kind))
         names << mode.name;
     return names.join(u'|');
+}
+
+ModeBuild buildAt(DataKind kind, int mode)
+{
+    VisualizationParameters record;
+    record.visualizationMode = mode;
+    return buildOf(kind, record);
 }
 
 } // namespace
 
 void TestDrawingModes::namesInTheOrderOfStoredValues()
 {
-    QCOMPARE(namesOf(gazePointModes), QStringLiteral("none|points|heatmap|shadowmap"));
-    QCOMPARE(namesOf(fixationModes),
+    QCOMPARE(namesOf(DataKind::GazePoints), QStringLiteral("none|points|heatmap|shadowmap"));
+    QCOMPARE(namesOf(DataKind::Fixations),
              QStringLiteral("none|elliptic (pca)|circular|heatmap|shadowmap|histogram|histogram seperated"));
-    QCOMPARE(namesOf(clusterModes),
+    QCOMPARE(namesOf(DataKind::Clusters),
              QStringLiteral("none|elliptic (pca)|circular|heatmap|shadowmap|cumulative elliptic|cumulative circle|"
                             "transitions|cumulative transitions|cluster + cumulative transitions"));
-    QCOMPARE(namesOf(saccadeModes), QStringLiteral("none|arrows|anglestar|heatmap|shadowmap|histogram|"
-                                                   "histogram seperated|histogram sac vs fix"));
+    QCOMPARE(namesOf(DataKind::Saccades), QStringLiteral("none|arrows|anglestar|heatmap|shadowmap|histogram|"
+                                                         "histogram seperated|histogram sac vs fix"));
 }
 
 void TestDrawingModes::buildersOfWhatIsDrawn()
 {
-    QVERIFY(builderOf(gazePointModes, 1) == gazePointSquares);
-    QVERIFY(builderOf(fixationModes, 1) == fixationEllipses);
-    QVERIFY(builderOf(fixationModes, 2) == fixationCircles);
+    using enum DataKind;
     using enum ClusterSource;
-    QVERIFY((builderOf(clusterModes, 1) == clustersOfEye<clusterEllipses, Own>));
-    QVERIFY((builderOf(clusterModes, 2) == clustersOfEye<clusterCircles, Own>));
-    QVERIFY((builderOf(clusterModes, 5) == clustersOfEye<clusterEllipses, Cumulative>));
-    QVERIFY((builderOf(clusterModes, 6) == clustersOfEye<clusterCircles, Cumulative>));
-    QVERIFY((builderOf(clusterModes, 7) == transitionsOfEye<Own>));
-    QVERIFY((builderOf(clusterModes, 8) == transitionsOfEye<Cumulative>));
-    QVERIFY((builderOf(clusterModes, 9) == transitionsOfEye<OwnThenCumulative>));
-    QVERIFY(builderOf(saccadeModes, 1) == arrowsOfPass);
-    QVERIFY(builderOf(saccadeModes, 2) == angleStarOfPass);
+    const auto is = [](DataKind kind, int mode, const ModeBuild &build) { return buildAt(kind, mode) == build; };
+    QVERIFY(is(GazePoints, 1, gazePointSquares));
+    QVERIFY(is(GazePoints, 2, HeatmapLook::AbsoluteScale));
+    QVERIFY(is(GazePoints, 3, HeatmapLook::ShadowMap));
+    QVERIFY(is(Fixations, 1, fixationsOfEye<fixationEllipses>));
+    QVERIFY(is(Fixations, 2, fixationsOfEye<fixationCircles>));
+    QVERIFY(is(Clusters, 1, clustersOfEye<clusterEllipses, Own>));
+    QVERIFY(is(Clusters, 2, clustersOfEye<clusterCircles, Own>));
+    QVERIFY(is(Clusters, 5, SharedBuild{clustersOfEye<clusterEllipses, Cumulative>}));
+    QVERIFY(is(Clusters, 6, SharedBuild{clustersOfEye<clusterCircles, Cumulative>}));
+    QVERIFY(is(Clusters, 7, transitionsOfEye<Own>));
+    QVERIFY(is(Clusters, 8, SharedBuild{transitionsOfEye<Cumulative>}));
+    QVERIFY(is(Clusters, 9, SharedBuild{transitionsOfEye<OwnThenCumulative>}));
+    QVERIFY(is(Saccades, 1, arrowsOfPass));
+    QVERIFY(is(Saccades, 2, angleStarOfPass));
+    for (const DataKind kind : {Fixations, Clusters, Saccades}) {
+        QVERIFY(is(kind, 3, HeatmapLook::AbsoluteScale));
+        QVERIFY(is(kind, 4, HeatmapLook::ShadowMap));
+    }
 }
 
-void TestDrawingModes::noBuilderBeyondTheTable_data()
+void TestDrawingModes::wordsSayWhetherSomethingIsDrawn()
+{
+    const QLatin1StringView notDrawn("NOT DRAWN\n");
+    for (const DataKind kind : {DataKind::GazePoints, DataKind::Fixations, DataKind::Clusters}) {
+        for (const DataMode &mode : drawingModes(kind)) {
+            const auto names = [&](QLatin1StringView word) { return !word.isNull() && word != notDrawn; };
+            const bool saysDrawn = names(mode.words.own) || names(mode.words.cumulative);
+            QVERIFY2(saysDrawn != std::holds_alternative<std::monostate>(mode.build), mode.name.data());
+        }
+    }
+}
+
+void TestDrawingModes::nothingBeyondTheTable_data()
 {
     QTest::addColumn<int>("mode");
     QTest::newRow("none") << 0;
@@ -62,13 +95,11 @@ void TestDrawingModes::noBuilderBeyondTheTable_data()
     QTest::newRow("far beyond") << 1000000;
 }
 
-void TestDrawingModes::noBuilderBeyondTheTable()
+void TestDrawingModes::nothingBeyondTheTable()
 {
     QFETCH(int, mode);
-    QVERIFY(!builderOf(gazePointModes, mode));
-    QVERIFY(!builderOf(fixationModes, mode));
-    QVERIFY(!builderOf(clusterModes, mode));
-    QVERIFY(!builderOf(saccadeModes, mode));
+    for (const DataKind kind : allDataKinds)
+        QVERIFY(std::holds_alternative<std::monostate>(buildAt(kind, mode)));
 }
 
 QTEST_GUILESS_MAIN(TestDrawingModes)

@@ -1,5 +1,5 @@
-#include "ToyData.h"
 #include "model/Canvas.h"
+#include "ToyData.h"
 #include "visualization/scene/ArbitraryEllipseItem.h"
 #include "visualization/scene/ArrowItem.h"
 #include "visualization/scene/Background.h"
@@ -19,6 +19,9 @@ class TestDrawingPass : public QObject {
 private Q_SLOTS:
     void nothingWithoutExaminations();
     void onlyWhatIsChecked();
+    void aPassBeginsAnew();
+    void aDetourOfTheTimelineLeavesNoTrace();
+    void aHeatmapOnTopReplacesItself();
     void laterStepsLieOnTop();
     void emptyFrameAddsNoPixmap();
     void saccadesLieBetweenFixationsAndWhatIsPooled();
@@ -98,7 +101,7 @@ void TestDrawingPass::nothingWithoutExaminations()
 {
     toy::Scenery scenery = sceneryOf({});
     QGraphicsScene scene;
-    runDrawingPass(scene, scenery.model, scenery.context());
+    drawScene(scene, scenery.context());
     QVERIFY(scene.items().isEmpty());
 }
 
@@ -108,12 +111,74 @@ void TestDrawingPass::onlyWhatIsChecked()
     unchecked.checked = false;
     toy::Scenery scenery = sceneryOf({unchecked, examinationAt({600, 300})});
     QGraphicsScene scene;
-    runDrawingPass(scene, scenery.model, scenery.context());
-    QCOMPARE(kindsIn(scene), QStringLiteral("oval pixmap"));
+    runDrawingPass(scene, scenery.model, scenery.context(), {backgroundPixmap({}, Border::None)});
+    QCOMPARE(kindsIn(scene), QStringLiteral("pixmap oval pixmap")); // the first one is the background
     const QList<Examination> &examinations = scenery.model.examinations();
     QCOMPARE(examinations[0].calculationInfo.fixationVisualizationInfo, QStringLiteral("NOT DRAWN\n"));
     QCOMPARE(examinations[1].calculationInfo.fixationVisualizationInfo, QStringLiteral("CIRCLE\n"));
     QCOMPARE(examinations[1].calculationInfo.gazepointsVisualizationInfo, QStringLiteral("POINTS\n"));
+}
+
+void TestDrawingPass::aPassBeginsAnew()
+{
+    toy::Scenery scenery = sceneryOf({examinationAt({300, 300})});
+    const SceneLayers layers{backgroundPixmap({}, Border::None), {ArrowShape{{10, 10}, {90, 10}, false, {}, {}, {}}}};
+    QGraphicsScene scene;
+    scene.addText(QStringLiteral("of an earlier drawing"));
+    for (int pass = 0; pass < 2; ++pass) {
+        const DrawnScene drawn = runDrawingPass(scene, scenery.model, scenery.context(), layers);
+        QCOMPARE(kindsIn(scene), QStringLiteral("pixmap oval pixmap arrow"));
+        QCOMPARE(scene.items(Qt::AscendingOrder).first(), drawn.background);
+        QCOMPARE(drawn.saccadeClusters->childItems().size(), qsizetype(1));
+    }
+    QVERIFY(!runDrawingPass(scene, scenery.model, scenery.context(), {layers.background}).saccadeClusters);
+}
+
+void TestDrawingPass::aDetourOfTheTimelineLeavesNoTrace()
+{
+    const QList<Fixation> stays{toy::stay({300, 300}, 0), toy::stay({600, 300}, 500)};
+    Examination examination;
+    for (int number = 0; const Fixation &fixation : stays) {
+        examination.leftEye.fixationClusters << toy::clusterOf(fixation);
+        examination.leftEye.fixationClusters.last().number = number++;
+    }
+    toy::Scenery scenery = sceneryOf({examination});
+    scenery.clusters.visualizationMode = 2;
+    QGraphicsScene scene;
+    const auto firstCluster = [&](TimeFrame frame) {
+        scenery.frame = frame;
+        runDrawingPass(scene, scenery.model, scenery.context(), {});
+        for (const QGraphicsItem *item : scene.items()) {
+            if (item->toolTip().startsWith(QStringLiteral("Cluster ID: 0\r\n")))
+                return item->sceneBoundingRect().center().toPoint();
+        }
+        return QPoint();
+    };
+    scenery.clusters.clusterPercentage = 0;
+    QCOMPARE(firstCluster({0, 1000}), QPoint(300, 300)); // one fixation each: the order of creation
+    QCOMPARE(firstCluster({400, 1000}), QPoint(600, 300));
+    QCOMPARE(firstCluster({0, 1000}), QPoint(300, 300));
+}
+
+void TestDrawingPass::aHeatmapOnTopReplacesItself()
+{
+    toy::Scenery scenery = sceneryOf({examinationAt({300, 300})});
+    QGraphicsScene scene;
+    drawScene(scene, scenery.context());
+    for (int press = 0; press < 3; ++press) {
+        drawHeatmapOnTop(scene, DataKind::GazePoints, scenery.context());
+        QCOMPARE(kindsIn(scene), QStringLiteral("oval pixmap pixmap"));
+    }
+    drawHeatmapOnTop(scene, DataKind::Fixations, scenery.context());
+    QCOMPARE(kindsIn(scene), QStringLiteral("oval pixmap pixmap pixmap"));
+    scenery.gazePoints.visualizationMode = 2; // what it shows in colours of the absolute scale gives way, too
+    QGraphicsScene heatmap;
+    drawScene(heatmap, scenery.context());
+    drawHeatmapOnTop(heatmap, DataKind::GazePoints, scenery.context());
+    QCOMPARE(kindsIn(heatmap), QStringLiteral("oval pixmap"));
+    scenery.frame = {5000, 6000};
+    drawHeatmapOnTop(heatmap, DataKind::GazePoints, scenery.context()); // nothing to show
+    QCOMPARE(kindsIn(heatmap), QStringLiteral("oval"));
 }
 
 void TestDrawingPass::laterStepsLieOnTop()
@@ -121,7 +186,7 @@ void TestDrawingPass::laterStepsLieOnTop()
     toy::Scenery scenery = sceneryOf({examinationAt({300, 300}), examinationAt({600, 300})});
     scenery.fixations.visualizationMode = 1;
     QGraphicsScene scene;
-    runDrawingPass(scene, scenery.model, scenery.context());
+    drawScene(scene, scenery.context());
     addBackground(scene, backgroundPixmap({}, Border::None)); // added last, yet behind everything
     QCOMPARE(kindsIn(scene), QStringLiteral("pixmap ellipse ellipse pixmap"));
     for (const QGraphicsItem *item : scene.items(Qt::AscendingOrder).mid(1))
@@ -134,7 +199,7 @@ void TestDrawingPass::emptyFrameAddsNoPixmap()
     toy::Scenery scenery = sceneryOf({examinationAt({300, 300})});
     scenery.frame = {5000, 6000};
     QGraphicsScene scene;
-    runDrawingPass(scene, scenery.model, scenery.context());
+    drawScene(scene, scenery.context());
     QVERIFY(scene.items().isEmpty());
 }
 
@@ -143,13 +208,12 @@ void TestDrawingPass::saccadesLieBetweenFixationsAndWhatIsPooled()
     toy::Scenery scenery = sceneryOf({movementFrom({300, 300}), movementFrom({600, 300})});
     scenery.saccades.visualizationMode = 1;
     QGraphicsScene scene;
-    runDrawingPass(scene, scenery.model, scenery.context());
+    drawScene(scene, scenery.context());
     QCOMPARE(kindsIn(scene), QStringLiteral("oval oval oval oval arrow arrow pixmap"));
     QCOMPARE(scene.bspTreeDepth(), 1); // else thousands of arrows take minutes
     const QGraphicsItem *arrow = scene.items(Qt::AscendingOrder)[4];
     QCOMPARE(arrow->toolTip(), QStringLiteral("Saccade ID: 1\r\nStart: 00:00:00.120\r\nEnd: 00:00:00.200\r\n"
-                                              "Duration: 00.080\r\nMean: (400,300)"));
-    QCOMPARE(arrow->boundingRect(), QRectF(300, 300, 100, 0));
+                                              "Duration: 00.080\r\nMean: (400,300)\r\nRecording: \r\nEye: left"));
 }
 
 void TestDrawingPass::heatmapsAndTheirFigures_data()
@@ -179,14 +243,14 @@ void TestDrawingPass::heatmapsAndTheirFigures()
         none->visualizationMode = 0;
     parameters[kind]->visualizationMode = mode;
     QGraphicsScene scene;
-    const QList<HeatmapFigures> found = runDrawingPass(scene, scenery.model, scenery.context());
+    const QList<HeatmapFigures> found = drawScene(scene, scenery.context());
     QCOMPARE(kindsIn(scene), QStringLiteral("pixmap"));
     QCOMPARE(found.size(), figures ? qsizetype(1) : qsizetype(0));
     if (figures)
         QCOMPARE(static_cast<int>(found[0].kind), kind);
     scenery.frame = {5000, 6000};
     scene.clear();
-    QVERIFY(runDrawingPass(scene, scenery.model, scenery.context()).isEmpty());
+    QVERIFY(drawScene(scene, scenery.context()).isEmpty());
     QVERIFY(scene.items().isEmpty());
 }
 
@@ -196,11 +260,10 @@ void TestDrawingPass::heatmapsLieOverEachOther()
     scenery.gazePoints.visualizationMode = 2;
     scenery.fixations.visualizationMode = scenery.clusters.visualizationMode = scenery.saccades.visualizationMode = 3;
     QGraphicsScene scene;
-    QList<HeatmapKind> kinds;
-    for (const HeatmapFigures &figures : runDrawingPass(scene, scenery.model, scenery.context()))
+    QList<DataKind> kinds;
+    for (const HeatmapFigures &figures : drawScene(scene, scenery.context()))
         kinds << figures.kind;
-    const QList<HeatmapKind> expected{HeatmapKind::GazePoints, HeatmapKind::Fixations, HeatmapKind::Clusters,
-                                      HeatmapKind::Saccades};
+    const QList<DataKind> expected{DataKind::GazePoints, DataKind::Fixations, DataKind::Clusters, DataKind::Saccades};
     QCOMPARE(kinds, expected);
     QCOMPARE(kindsIn(scene), QStringLiteral("pixmap pixmap pixmap pixmap"));
 }
@@ -215,13 +278,13 @@ void TestDrawingPass::clustersFollowTheFixationsOfTheirExamination()
     scenery.saccades.visualizationMode = 1;
     scenery.clusters.visualizationMode = 1;
     QGraphicsScene scene;
-    runDrawingPass(scene, scenery.model, scenery.context());
+    drawScene(scene, scenery.context());
     QCOMPARE(kindsIn(scene), QStringLiteral("oval oval ellipse ellipse oval oval ellipse ellipse arrow arrow pixmap"));
 
     scenery.clusters.visualizationMode = 7;
     scenery.clusters.showOriginalSize = true;
     QGraphicsScene transitions;
-    runDrawingPass(transitions, scenery.model, scenery.context());
+    drawScene(transitions, scenery.context());
     QCOMPARE(kindsIn(transitions),
              QStringLiteral("oval oval oval text oval text line oval oval oval text oval text line "
                             "arrow arrow pixmap"));
@@ -253,7 +316,7 @@ void TestDrawingPass::wholePicture()
     scenery.frame = {5, 80}; // all fixations go on after it, so that they keep their axes
     QGraphicsScene scene;
     addBackground(scene, backgroundPixmap({}, Border::Black));
-    runDrawingPass(scene, scenery.model, scenery.context());
+    drawScene(scene, scenery.context());
     QCOMPARE(scene.sceneRect(), QRectF(0, 0, canvas::width, canvas::height));
     QImage image(canvas::width, canvas::height, QImage::Format_RGB32);
     QPainter painter(&image);
@@ -285,7 +348,7 @@ void TestDrawingPass::angleStarPicture()
     scenery.saccades.showDurationArcs = false;
     QGraphicsScene scene;
     addBackground(scene, backgroundPixmap({}, Border::None));
-    runDrawingPass(scene, scenery.model, scenery.context());
+    drawScene(scene, scenery.context());
     QCOMPARE(kindsIn(scene), QStringLiteral("pixmap oval oval oval oval oval oval oval oval oval oval "
                                             "line text line text line line"));
     const auto *label = dynamic_cast<const QGraphicsTextItem *>(scene.items(Qt::AscendingOrder)[14]);

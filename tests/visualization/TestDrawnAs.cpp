@@ -1,5 +1,4 @@
 #include "ToyData.h"
-#include "visualization/modes/DrawingModes.h"
 #include "visualization/modes/DrawnAs.h"
 
 #include <QTest>
@@ -13,7 +12,6 @@ private Q_SLOTS:
     void fixations();
     void clusters_data();
     void clusters();
-    void clusterWordsOfVectorModesHaveABuilder();
     void uncheckedIsNotDrawn();
 };
 
@@ -85,20 +83,6 @@ void TestDrawnAs::clusters()
     scenery.clusters.visualizationMode = mode;
     const CalculationInfo info = infoAfterDrawing(scenery);
     QCOMPARE(info.clusterVisualizationInfo + u'/' + info.cumulativeClusterVisualizationInfo, expected);
-}
-
-void TestDrawnAs::clusterWordsOfVectorModesHaveABuilder()
-{
-    const QStringList vectorWords{QStringLiteral("ELLIPSE\n"), QStringLiteral("CIRCLE\n"),
-                                  QStringLiteral("TRANSITION\n")};
-    toy::Scenery scenery;
-    for (int mode = 0; mode < static_cast<int>(std::size(clusterModes)); ++mode) {
-        scenery.clusters.visualizationMode = mode;
-        const CalculationInfo info = infoAfterDrawing(scenery);
-        const bool saysDrawn = vectorWords.contains(info.clusterVisualizationInfo) ||
-                               vectorWords.contains(info.cumulativeClusterVisualizationInfo);
-        QVERIFY2(saysDrawn == (builderOf(clusterModes, mode) != nullptr), qPrintable(QString::number(mode)));
-    }
 }
 
 void TestDrawnAs::uncheckedIsNotDrawn()

@@ -1,4 +1,5 @@
 #include "ToyData.h"
+#include "visualization/modes/Picture.h"
 #include "visualization/shapes/FixationShapes.h"
 
 #include <QTest>
@@ -272,11 +273,13 @@ void TestFixationShapes::bothEyesInTheirColors()
     examination.leftEye.scanpath << toy::fixation({10, 10}, {5, 0}, {0, 5}, {toy::sample(1, 0, 0)});
     examination.rightEye.scanpath << toy::fixation({20, 10}, {5, 0}, {0, 5}, {toy::sample(1, 0, 0)});
     examination.meanEye.scanpath << toy::fixation({30, 10}, {5, 0}, {0, 5}, {toy::sample(1, 0, 0)});
+    scenery.model.examinations() = {examination};
     scenery.fixations.visualizationMode = 2;
     const auto colors = [&](EyeMode mode) {
         scenery.eyeMode = mode;
         QStringList names;
-        for (const Shape &shape : drawFixations(examination, scenery.context()))
+        const Drawing drawing = pictureOf(scenery.context()).drawing;
+        for (const Shape &shape : drawing)
             names << std::get<OvalShape>(shape).brush.color().name();
         return names.join(u' ');
     };
@@ -299,7 +302,8 @@ void TestFixationShapes::modesWithoutShapes()
     scenery.fixations.visualizationMode = mode;
     Examination examination;
     examination.leftEye = twoFixations();
-    QVERIFY(drawFixations(examination, scenery.context()).isEmpty());
+    scenery.model.examinations() = {examination};
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestFixationShapes)

@@ -19,7 +19,8 @@ VisualizationParameters parametersOf(int kind)
 
 Group::ColorTable fourKinds()
 {
-    return groupColors(parametersOf(1), parametersOf(2), parametersOf(3), parametersOf(4));
+    const VisualizationParameters kinds[] = {parametersOf(1), parametersOf(2), parametersOf(3), parametersOf(4)};
+    return groupColors({{&kinds[0], &kinds[1], &kinds[2], &kinds[3]}});
 }
 
 } // namespace
@@ -73,7 +74,8 @@ void TestGroupColors::reachTheirPlaceInTheGroup()
 
 void TestGroupColors::anInvalidColorStaysInvalid()
 {
-    const Group::ColorTable colors = groupColors({}, {}, {}, {});
+    const VisualizationParameters none;
+    const Group::ColorTable colors = groupColors({{&none, &none, &none, &none}});
     QCOMPARE(colors.size(), 12);
     for (const QColor &color : colors)
         QVERIFY(!color.isValid());

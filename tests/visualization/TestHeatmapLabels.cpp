@@ -24,24 +24,24 @@ void TestHeatmapLabels::maximum_data()
 void TestHeatmapLabels::maximum()
 {
     QFETCH(double, maximum);
-    QTEST(maximumText({HeatmapKind::GazePoints, maximum}), "text");
+    QTEST(maximumText({DataKind::GazePoints, maximum}), "text");
 }
 
 void TestHeatmapLabels::colorRange()
 {
-    QCOMPARE(colorRangeTexts({HeatmapKind::Fixations, 30.0}).join(u' '), QStringLiteral("0-6 6-12 12-18 18-24 24-30"));
-    QCOMPARE(colorRangeTexts({HeatmapKind::Fixations, 3000.0}).join(u' '),
+    QCOMPARE(colorRangeTexts({DataKind::Fixations, 30.0}).join(u' '), QStringLiteral("0-6 6-12 12-18 18-24 24-30"));
+    QCOMPARE(colorRangeTexts({DataKind::Fixations, 3000.0}).join(u' '),
              QStringLiteral("0-600 600-1200 1200-1800 1800-2400 2400-3000"));
-    QCOMPARE(colorRangeTexts({HeatmapKind::Fixations, 1.23456}).join(u' '),
+    QCOMPARE(colorRangeTexts({DataKind::Fixations, 1.23456}).join(u' '),
              QStringLiteral("0-0.2469 0.2469-0.4938 0.4938-0.7407 0.7407-0.9876 0.9876-1.235"));
-    QCOMPARE(colorRangeTexts({HeatmapKind::Fixations, -1.0}).join(u' '), QStringLiteral("0-0 0-0 0-0 0-0 0-0"));
+    QCOMPARE(colorRangeTexts({DataKind::Fixations, -1.0}).join(u' '), QStringLiteral("0-0 0-0 0-0 0-0 0-0"));
 }
 
 void TestHeatmapLabels::classes()
 {
-    const HeatmapFigures figures{HeatmapKind::Fixations, 1, std::array<double, 5>{0, 100.0 / 3, 12.5, 100, 1e-7}};
+    const HeatmapFigures figures{DataKind::Fixations, 1, std::array<double, 5>{0, 100.0 / 3, 12.5, 100, 1e-7}};
     QCOMPARE(classPercentageTexts(figures).join(u','), QStringLiteral("0 %,33.33 %,12.5 %,100 %,1e-07 %"));
-    QVERIFY(classPercentageTexts({HeatmapKind::Clusters, 1}).isEmpty());
+    QVERIFY(classPercentageTexts({DataKind::Clusters, 1}).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestHeatmapLabels)

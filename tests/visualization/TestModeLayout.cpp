@@ -94,7 +94,7 @@ const QString saccades = QStringLiteral("SaccadeVisualization");
 // Parts that rows have in common; options are separated by "; ".
 constexpr char colors[] = "color 'dominant'; colorLeft 'left'; colorRight 'right'; ";
 constexpr char shadow[] = "power 'Shadow power' ' /100 -> exponent' 10-100; transparency; width; sigma; ";
-constexpr char percent[] = "threshold 'Threshold' ' %' 0-10000000";
+constexpr char percent[] = "threshold 'Threshold' ' %' 0-10000000 at 0";
 constexpr char border[] = "borderWidth; opacity; borderType; gazePoints 'Show Cluster points'; ";
 constexpr char clusterNames[] = "originalSize 'Show names'; nameColor; contained; ";
 constexpr char circle[] = "size 'Sizefactor'; durationDependent";
@@ -151,7 +151,8 @@ void addGazePointRows()
     addRow("gaze points, none", gazePoints, 0, {});
     addRow("gaze points, points", gazePoints, 1, {colors, "size 'Sizefactor'; step 'Step size' 1-1000"});
     addRow("gaze points, heatmap", gazePoints, 2,
-           {kernel, "scale; power 'Absolut maxima' ' GP' 0-1000000; threshold 'Threshold' ' GP/min' 0-10000000"});
+           {kernel, "scale; power 'Absolut maxima' ' GP' 0-1000000 at 0; "
+                    "threshold 'Threshold' ' GP/min' 0-10000000 at 0"});
     addRow("gaze points, shadowmap", gazePoints, 3, {shadow, percent});
     addRow("gaze points, beyond their modes", gazePoints, 4, {});
     addRow("gaze points, below their modes", gazePoints, -1, {});
@@ -204,9 +205,9 @@ void addSaccadeRows()
            {colors, "borderWidth; opacity; borderType; star 'Anglestar'; bins; quantity; duration; length 'Length'; ",
             "solid"});
     addRow("saccades, heatmap", saccades, 3,
-           {kernel, "scale; gaussian; lengthDependent; power 'Absolut maxima' ' Saccades' 0-1000000; ",
-            "threshold 'Threshold' ' Saccades' 0-10000000"});
-    addRow("saccades, shadowmap", saccades, 4, {shadow, "threshold 'Length threshold' ' px' 0-10000000"});
+           {kernel, "scale; gaussian; lengthDependent; power 'Absolut maxima' ' Saccades' 0-1000000 at 0; ",
+            "threshold 'Threshold' ' Saccades' 0-10000000 at 0"});
+    addRow("saccades, shadowmap", saccades, 4, {shadow, "threshold 'Length threshold' ' px' 0-10000000 at 0"});
     addRow("saccades, histogram", saccades, 5, {chart, "lengthDependent; color 'Color'"});
     addRow("saccades, histogram seperated", saccades, 6, {chart, "lengthDependent; lineSizeAbsolute 'Use groupes'"});
     addRow("saccades, histogram sac vs fix", saccades, 7,

@@ -1,4 +1,5 @@
 #include "ToyData.h"
+#include "visualization/modes/Picture.h"
 #include "visualization/shapes/SaccadeShapes.h"
 
 #include <QTest>
@@ -193,7 +194,7 @@ void TestSaccadeShapes::opaqueColorsOfEyes()
     toy::Scenery scenery = sceneryOf({allEyes(), allEyes(QStringLiteral("left"))});
     scenery.eyeMode = static_cast<EyeMode>(mode);
     scenery.saccades.fillOpacity = 20;
-    const Drawing drawing = drawSaccades(scenery.context());
+    const Drawing drawing = pictureOf(scenery.context()).drawing;
     QTEST(linksOf(drawing), "links");
     QTEST(colorsOf(drawing), "colors");
 }
@@ -208,9 +209,9 @@ void TestSaccadeShapes::colorsOfTheGroup()
     group.colorsLeft[QStringLiteral("SaccadeVisualization")] = QColor(1, 2, 3);
     scenery.model.setGroups({group});
     scenery.eyeMode = EyeMode::showLeft;
-    QCOMPARE(colorsOf(drawSaccades(scenery.context())), QStringLiteral("#ff010203 #ff00ff00"));
+    QCOMPARE(colorsOf(pictureOf(scenery.context()).drawing), QStringLiteral("#ff010203 #ff00ff00"));
     scenery.eyeMode = EyeMode::showRight; // a colour that the group lacks is black
-    QCOMPARE(colorsOf(drawSaccades(scenery.context())), QStringLiteral("#ff000000 #ff0000ff"));
+    QCOMPARE(colorsOf(pictureOf(scenery.context()).drawing), QStringLiteral("#ff000000 #ff0000ff"));
 }
 
 void TestSaccadeShapes::recordingsAreNotLinked()
@@ -219,12 +220,12 @@ void TestSaccadeShapes::recordingsAreNotLinked()
     single.leftEye = eyeAt({{1, 10}});
     single.rightEye = eyeAt({{2, 10}});
     toy::Scenery scenery = sceneryOf({single, single});
-    QVERIFY(drawSaccades(scenery.context()).isEmpty());
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
     scenery.model.examinations()[0].checked = false;
     scenery.model.examinations()[1] = allEyes();
-    QCOMPARE(linksOf(drawSaccades(scenery.context())), QStringLiteral("1>2 3>4"));
+    QCOMPARE(linksOf(pictureOf(scenery.context()).drawing), QStringLiteral("1>2 3>4"));
     scenery.model.examinations()[1].checked = false;
-    QVERIFY(drawSaccades(scenery.context()).isEmpty());
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
 }
 
 void TestSaccadeShapes::modesWithoutShapes_data()
@@ -232,7 +233,6 @@ void TestSaccadeShapes::modesWithoutShapes_data()
     QTest::addColumn<int>("mode");
     QTest::newRow("none") << 0;
     QTest::newRow("below the modes") << -1;
-    QTest::newRow("of another step") << 3;
     QTest::newRow("beyond the modes") << 99;
 }
 
@@ -241,7 +241,7 @@ void TestSaccadeShapes::modesWithoutShapes()
     QFETCH(int, mode);
     toy::Scenery scenery = sceneryOf({allEyes()});
     scenery.saccades.visualizationMode = mode;
-    QVERIFY(drawSaccades(scenery.context()).isEmpty());
+    QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestSaccadeShapes)

@@ -275,7 +275,7 @@ void TestTransitionShapes::perMinute()
 {
     QFETCH(qint64, start);
     QFETCH(qint64, end);
-    QTEST(perMinuteOf({start, end}), "expected");
+    QTEST((TimeFrame{start, end}.perMinute()), "expected");
 }
 
 void TestTransitionShapes::clustersWithoutFixations()
@@ -311,7 +311,7 @@ toy::Scenery movingScenery()
 
 Drawing drawn(const toy::Scenery &scenery)
 {
-    return drawClusters(scenery.model.examinations()[0], scenery.context());
+    return transitionsOfEye<ClusterSource::Own>({&scenery.model.examinations().first(), Eye::Left}, scenery.context());
 }
 
 } // namespace

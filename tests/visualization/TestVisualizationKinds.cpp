@@ -46,13 +46,14 @@ void TestVisualizationKinds::kind()
     QTEST(QString(kind.settingsName), "name");
     QTEST(QString(kind.sizeLabel), "size");
     QTEST(kind.modeNames().join(u','), "modes");
-    QCOMPARE(visualizationKindOf(name), number);
+    QCOMPARE(static_cast<int>(kind.kind), number);
+    QCOMPARE(visualizationKindOf(name), kind.kind);
 }
 
 void TestVisualizationKinds::anUnknownNameIsTheFirstKind()
 {
-    QCOMPARE(visualizationKindOf(QString()), 0);
-    QCOMPARE(visualizationKindOf(QStringLiteral("fixationvisualization")), 0); // names are letter for letter
+    QCOMPARE(visualizationKindOf(QString()), DataKind::GazePoints);
+    QCOMPARE(visualizationKindOf(QStringLiteral("fixationvisualization")), DataKind::GazePoints); // letter for letter
 }
 
 QTEST_GUILESS_MAIN(TestVisualizationKinds)

@@ -3,6 +3,7 @@
 #include "commands/CommandStack.h"
 #include "model/DataModel.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
+#include "visualization/scene/ArrowGroup.h"
 #include "visualization/scene/ArrowItem.h"
 
 #include <QCheckBox>
@@ -30,7 +31,7 @@ private Q_SLOTS:
     void redrawReplacesTheGroup();
     void newClustersAreDrawn();
     void removeTakesOnlyTheGroup();
-    void clearAfterRemove();
+    void aRedrawHandsTheGroupOver();
     void withoutModelOrSceneNothingIsDrawn();
     void anotherScene();
     void sceneGoesFirst();
@@ -206,18 +207,19 @@ void TestVisualizationSaccadeClustersWidget::removeTakesOnlyTheGroup()
     QCOMPARE(m_scene->items().size(), 1);
 }
 
-/// The way of a redraw: take out, clear, draw the rest, draw the clusters.
-void TestVisualizationSaccadeClustersWidget::clearAfterRemove()
+/// The way of a redraw: clear, draw the rest, draw the clusters, hand their group over.
+void TestVisualizationSaccadeClustersWidget::aRedrawHandsTheGroupOver()
 {
     choose(1);
     for (int i = 0; i < 3; ++i) {
-        m_panel->removeClusters();
         m_scene->clear();
         m_scene->addRect(0, 0, 600, 300);
-        m_panel->sltRedrawClusters();
+        m_panel->adoptGroup(addArrowGroup(*m_scene, m_panel->arrows()));
     }
     QCOMPARE(m_scene->items().size(), 5);
     QCOMPARE(arrows(), 3);
+    m_panel->removeClusters();
+    QCOMPARE(m_scene->items().size(), 1);
 }
 
 void TestVisualizationSaccadeClustersWidget::withoutModelOrSceneNothingIsDrawn()

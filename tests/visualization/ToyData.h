@@ -59,7 +59,10 @@ inline VisualizationParameters parameters(const QString &settingsName = QStringL
 
 /// A model and the parameters of all kinds, with a context that refers to them.
 struct Scenery {
-    DrawingContext context() const { return {model, eyeMode, frame, gazePoints, fixations, clusters, saccades}; }
+    DrawingContext context() const
+    {
+        return {model, eyeMode, frame, {{&gazePoints, &fixations, &clusters, &saccades}}};
+    }
 
     DataModel model;
     EyeMode eyeMode = EyeMode::showAll;

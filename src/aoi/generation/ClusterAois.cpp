@@ -1,6 +1,6 @@
 #include "aoi/generation/ClusterAois.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <cmath>
 #include <numbers>
@@ -32,7 +32,7 @@ QPolygon ellipsePolygon(QPoint center, QVector2D first, QVector2D second, int st
     do {
         const double x = center.x() + std::cos(t) * a * std::cos(angle) - std::sin(t) * b * std::sin(angle);
         const double y = center.y() + std::cos(t) * a * std::sin(angle) + std::sin(t) * b * std::cos(angle);
-        polygon << QPoint(text::truncated(x), text::truncated(y));
+        polygon << QPoint(truncated(x), truncated(y));
         t += step;
     } while (t < fullCircle);
     return polygon;

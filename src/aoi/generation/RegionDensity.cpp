@@ -4,6 +4,7 @@
 #include "aoi/saliency/Saliency.h"
 #include "base/Progress.h"
 #include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "density/FixationDensity.h"
 #include "model/DataModel.h"
 #include "visualization/heatmap/SectionEvent.h"
@@ -61,7 +62,7 @@ Taken<GazePointEvent> gazePoints(const DataModel &model)
             taken.isAny |= !samples.isEmpty();
             for (const GazePoint &sample : samples) {
                 if (sample.validFlag && frame.contains(sample.time))
-                    taken.events.push_back({text::truncated(sample.x), text::truncated(sample.y)});
+                    taken.events.push_back({truncated(sample.x), truncated(sample.y)});
             }
         }
     }

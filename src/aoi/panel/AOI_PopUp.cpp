@@ -3,7 +3,7 @@
 
 #include "aoi/PolygonChecks.h"
 #include "base/Messages.h"
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "model/Canvas.h"
 #include "model/DataModel.h"
 
@@ -327,7 +327,7 @@ void AOI_PopUp::drawOthers()
         return;
     for (const AreaOfInterest &aoi : m_model->aoiList()) {
         QColor color = aoi.color;
-        color.setAlpha(text::truncated(m_opacity * opaque));
+        color.setAlpha(truncated(m_opacity * opaque));
         m_scene.addPolygon(aoi.polygon, color, color);
     }
 }

@@ -106,7 +106,7 @@ void ExaminationTable::addCheckBox(int row, bool checked)
 void ExaminationTable::addGroupBox(int row, const Examination &examination, const QList<Group> &groups)
 {
     auto *box = new GroupBox(this); // owned by the table
-    box->addItem(QStringLiteral("None"));
+    box->addItem(Group::none);
     for (const Group &group : groups)
         box->addItem(group.name);
     box->setCurrentText(examination.groupName);

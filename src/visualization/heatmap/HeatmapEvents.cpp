@@ -1,14 +1,12 @@
 #include "visualization/heatmap/HeatmapEvents.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "visualization/heatmap/SectionEvent.h"
 #include "visualization/selection/DataSelection.h"
 
 #include <algorithm>
 
 namespace {
-
-using text::truncated;
 
 /// `showLenghtArcs` is an option of the angle stars; the heatmaps of fixations and clusters, which have no arcs, show
 /// its box as "only Fixations in AOIs" and store it under the same key.
@@ -84,12 +82,12 @@ std::vector<GazePointEvent> gazePointEvents(const DrawingContext &context)
 
 std::vector<FixationEvent> fixationEvents(const DrawingContext &context)
 {
-    return sectionEvents(context, &EyeData::scanpath, context.fixations);
+    return sectionEvents(context, &EyeData::scanpath, context.of(DataKind::Fixations));
 }
 
 std::vector<FixationEvent> clusterEvents(const DrawingContext &context)
 {
-    return sectionEvents(context, &EyeData::fixationClusters, context.clusters);
+    return sectionEvents(context, &EyeData::fixationClusters, context.of(DataKind::Clusters));
 }
 
 std::vector<SaccadeEvent> saccadeEvents(const DrawingContext &context)

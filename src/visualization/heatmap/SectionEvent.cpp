@@ -1,13 +1,13 @@
 #include "visualization/heatmap/SectionEvent.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "model/ScanpathSection.h"
 
 #include <cmath>
 
 FixationEvent sectionEvent(const ScanpathSection &section)
 {
-    const auto roundedUp = [](float component) { return text::truncated(std::ceil(static_cast<double>(component))); };
+    const auto roundedUp = [](float component) { return truncated(std::ceil(static_cast<double>(component))); };
     return {section.mean.x(),
             section.mean.y(),
             roundedUp(section.majorAxis.x()),

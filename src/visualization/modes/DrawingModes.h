@@ -1,103 +1,61 @@
 #pragma once
 
-#include "visualization/shapes/AngleStar.h"
-#include "visualization/shapes/ClusterShapes.h"
-#include "visualization/shapes/FixationShapes.h"
-#include "visualization/shapes/GazePointRaster.h"
-#include "visualization/heatmap/Heatmap.h"
-#include "visualization/shapes/SaccadeShapes.h"
-#include "visualization/shapes/TransitionShapes.h"
+#include "visualization/heatmap/HeatmapLook.h"
+#include "visualization/modes/ShownOption.h"
+#include "visualization/selection/DataSelection.h"
+#include "visualization/selection/DrawingContext.h"
+#include "visualization/shapes/Drawing.h"
 
 #include <QLatin1StringView>
 
-#include <algorithm>
-#include <iterator>
+#include <span>
+#include <variant>
 
-/// One way of drawing a kind of data. The index in its table is the stored `visualizationMode`.
-template <class Build>
+/// Draws one stream of an examination.
+using StreamBuild = Drawing (*)(const ExaminationEye &, const DrawingContext &);
+/// The same where streams have shapes in common, which are drawn once.
+struct SharedBuild {
+    StreamBuild build;
+
+    bool operator==(const SharedBuild &) const = default;
+};
+/// Draws one stream of each checked examination, see `passesToDraw`.
+using PassBuild = Drawing (*)(const QList<ExaminationEye> &, const DrawingContext &);
+/// Draws all streams of all checked examinations as one.
+using PooledBuild = Drawing (*)(const DrawingContext &);
+
+/// What a mode draws. A heatmap is that of the kind to which the mode belongs. What comes earlier in this list lies
+/// below what comes later.
+using ModeBuild = std::variant<std::monostate, StreamBuild, SharedBuild, PassBuild, PooledBuild, HeatmapLook>;
+
+/// How reports call what was drawn; a null word leaves the text of an earlier drawing as it was.
+struct DrawnWords {
+    QLatin1StringView own{};
+    QLatin1StringView cumulative{}; ///< for the clusters of several examinations
+};
+
+/// One way of drawing what a record describes; all that is known of it. The place in its table is the stored number of
+/// the mode.
+template <class Record>
 struct DrawingMode {
     QLatin1StringView name; ///< as the panel's combo box shows it
-    Build build;            ///< null where the step of this table draws nothing
+    ModeBuild build{};      ///< empty where nothing is drawn
+    DrawnWords words{};
+    QList<ShownOption> (*options)(const Record &) = nullptr; ///< what the panel shows; null: nothing
 };
 
-// Panels offer all names of a table, in its order.
+using DataMode = DrawingMode<VisualizationParameters>;
 
-/// Gaze points of all checked examinations, pooled into one picture.
-using PooledBuild = Drawing (*)(const DrawingContext &);
-inline constexpr DrawingMode<PooledBuild> gazePointModes[] = {
-    {QLatin1StringView("none"), nullptr},
-    {QLatin1StringView("points"), gazePointSquares},
-    {QLatin1StringView("heatmap"), heatmapDrawing<drawGazeHeatmap, HeatmapLook::AbsoluteScale>},
-    {QLatin1StringView("shadowmap"), heatmapDrawing<drawGazeHeatmap, HeatmapLook::ShadowMap>},
-};
+/// The modes of a kind of data.
+std::span<const DataMode> drawingModes(DataKind kind);
 
-/// Fixations, each examination by itself.
-inline constexpr DrawingMode<FixationBuild> fixationModes[] = {
-    {QLatin1StringView("none"), nullptr},
-    {QLatin1StringView("elliptic (pca)"), fixationEllipses},
-    {QLatin1StringView("circular"), fixationCircles},
-    {QLatin1StringView("heatmap"), nullptr},
-    {QLatin1StringView("shadowmap"), nullptr},
-    {QLatin1StringView("histogram"), nullptr},
-    {QLatin1StringView("histogram seperated"), nullptr}, // sic
-};
-
-/// Fixation clusters, each examination by itself.
-inline constexpr DrawingMode<ClusterBuild> clusterModes[] = {
-    {QLatin1StringView("none"), nullptr},
-    {QLatin1StringView("elliptic (pca)"), clustersOfEye<clusterEllipses, ClusterSource::Own>},
-    {QLatin1StringView("circular"), clustersOfEye<clusterCircles, ClusterSource::Own>},
-    {QLatin1StringView("heatmap"), nullptr},
-    {QLatin1StringView("shadowmap"), nullptr},
-    {QLatin1StringView("cumulative elliptic"), clustersOfEye<clusterEllipses, ClusterSource::Cumulative>},
-    {QLatin1StringView("cumulative circle"), clustersOfEye<clusterCircles, ClusterSource::Cumulative>},
-    {QLatin1StringView("transitions"), transitionsOfEye<ClusterSource::Own>},
-    {QLatin1StringView("cumulative transitions"), transitionsOfEye<ClusterSource::Cumulative>},
-    {QLatin1StringView("cluster + cumulative transitions"), transitionsOfEye<ClusterSource::OwnThenCumulative>},
-};
-
-/// Saccades, all examinations pass by pass.
-inline constexpr DrawingMode<SaccadeBuild> saccadeModes[] = {
-    {QLatin1StringView("none"), nullptr},
-    {QLatin1StringView("arrows"), arrowsOfPass},
-    {QLatin1StringView("anglestar"), angleStarOfPass},
-    {QLatin1StringView("heatmap"), nullptr},
-    {QLatin1StringView("shadowmap"), nullptr},
-    {QLatin1StringView("histogram"), nullptr},
-    {QLatin1StringView("histogram seperated"), nullptr}, // sic
-    {QLatin1StringView("histogram sac vs fix"), nullptr},
-};
-
-/// Modes of the other kinds that pool the checked examinations as well.
-struct PooledMode {
-    int mode; ///< the stored `visualizationMode`
-    PooledBuild build;
-};
-inline constexpr PooledMode pooledFixationModes[] = {
-    {3, heatmapDrawing<drawFixationHeatmap, HeatmapLook::AbsoluteScale>},
-    {4, heatmapDrawing<drawFixationHeatmap, HeatmapLook::ShadowMap>},
-};
-inline constexpr PooledMode pooledClusterModes[] = {
-    {3, heatmapDrawing<drawClusterHeatmap, HeatmapLook::AbsoluteScale>},
-    {4, heatmapDrawing<drawClusterHeatmap, HeatmapLook::ShadowMap>},
-};
-inline constexpr PooledMode pooledSaccadeModes[] = {
-    {3, heatmapDrawing<drawSaccadeHeatmap, HeatmapLook::AbsoluteScale>},
-    {4, heatmapDrawing<drawSaccadeHeatmap, HeatmapLook::ShadowMap>},
-};
-
-/// The drawing of a stored mode that pools; nothing for any other mode.
-template <std::size_t Count>
-Drawing pooledDrawing(const PooledMode (&modes)[Count], int mode, const DrawingContext &context)
+/// The row of a stored mode; null for one that the table does not have.
+template <class Record>
+const DrawingMode<Record> *modeAt(std::span<const DrawingMode<Record>> modes, int number)
 {
-    const auto *row = std::find_if(std::begin(modes), std::end(modes),
-                                   [mode](const PooledMode &pooled) { return pooled.mode == mode; });
-    return row != std::end(modes) ? row->build(context) : Drawing();
+    return number >= 0 && static_cast<std::size_t>(number) < modes.size() ? &modes[static_cast<std::size_t>(number)]
+                                                                          : nullptr;
 }
 
-/// The builder of a stored mode; null for no drawing and for a mode that the table does not have.
-template <class Build, std::size_t Count>
-Build builderOf(const DrawingMode<Build> (&modes)[Count], int mode)
-{
-    return mode >= 0 && static_cast<std::size_t>(mode) < Count ? modes[mode].build : nullptr;
-}
+/// What the record's mode draws of the kind.
+ModeBuild buildOf(DataKind kind, const VisualizationParameters &record);

@@ -1,32 +1,27 @@
 #include "visualization/modes/DrawnAs.h"
 
-#include <cstddef>
+#include "visualization/modes/DrawingModes.h"
 
 namespace {
 
-using Word = QLatin1StringView;
+/// Where the words of a kind go. Saccades have no text.
+struct DrawnTexts {
+    DataKind kind;
+    QString CalculationInfo::*own;
+    QString CalculationInfo::*cumulative = nullptr;
+};
 
-constexpr Word notDrawn("NOT DRAWN\n");
-constexpr Word points("POINTS\n");
-constexpr Word heatmap("HEATMAP\n");
-constexpr Word shadow("SHADOW\n");
-constexpr Word ellipse("ELLIPSE\n");
-constexpr Word circle("CIRCLE\n");
-constexpr Word transition("TRANSITION\n");
+constexpr DrawnTexts texts[] = {
+    {DataKind::GazePoints, &CalculationInfo::gazepointsVisualizationInfo},
+    {DataKind::Fixations, &CalculationInfo::fixationVisualizationInfo},
+    {DataKind::Clusters, &CalculationInfo::clusterVisualizationInfo,
+     &CalculationInfo::cumulativeClusterVisualizationInfo},
+};
 
-// The index is the mode; modes beyond a table leave the text as it was.
-constexpr Word gazePointWords[] = {notDrawn, points, heatmap, shadow};
-constexpr Word fixationWords[] = {notDrawn, ellipse, circle, heatmap, shadow};
-constexpr Word clusterWords[] = {notDrawn, ellipse,  circle,     heatmap,  shadow,
-                                 notDrawn, notDrawn, transition, notDrawn, transition};
-constexpr Word cumulativeWords[] = {notDrawn, notDrawn, notDrawn, notDrawn,   notDrawn,
-                                    ellipse,  circle,   notDrawn, transition, transition};
-
-template <std::size_t Count>
-void setWord(QString &text, const Word (&words)[Count], int mode)
+void setWord(CalculationInfo &info, QString CalculationInfo::*text, QLatin1StringView word)
 {
-    if (mode >= 0 && static_cast<std::size_t>(mode) < Count)
-        text = words[mode];
+    if (text && !word.isNull())
+        info.*text = word;
 }
 
 } // namespace
@@ -34,15 +29,14 @@ void setWord(QString &text, const Word (&words)[Count], int mode)
 void setDrawnAs(QList<Examination> &examinations, const DrawingContext &context)
 {
     constexpr int none = 0;
-    const auto modeOf = [](const Examination &examination, const VisualizationParameters &parameters) {
-        return examination.checked ? parameters.visualizationMode : none;
-    };
     for (Examination &examination : examinations) {
-        CalculationInfo &info = examination.calculationInfo;
-        const int clusterMode = modeOf(examination, context.clusters);
-        setWord(info.gazepointsVisualizationInfo, gazePointWords, modeOf(examination, context.gazePoints));
-        setWord(info.fixationVisualizationInfo, fixationWords, modeOf(examination, context.fixations));
-        setWord(info.clusterVisualizationInfo, clusterWords, clusterMode);
-        setWord(info.cumulativeClusterVisualizationInfo, cumulativeWords, clusterMode);
+        for (const auto &[kind, own, cumulative] : texts) {
+            const int number = examination.checked ? context.of(kind).visualizationMode : none;
+            const DataMode *mode = modeAt(drawingModes(kind), number);
+            if (!mode)
+                continue;
+            setWord(examination.calculationInfo, own, mode->words.own);
+            setWord(examination.calculationInfo, cumulative, mode->words.cumulative);
+        }
     }
 }

@@ -1,39 +1,36 @@
 #include "visualization/modes/VisualizationKinds.h"
 
-#include "visualization/modes/DrawingModes.h"
-
 #include <algorithm>
 
 namespace {
 
-template <const auto &Modes>
-QStringList namesOf()
-{
-    QStringList names;
-    for (const auto &mode : Modes)
-        names << mode.name;
-    return names;
-}
-
 using Qt::StringLiterals::operator""_L1;
 
 constexpr VisualizationKind kinds[] = {
-    {gazePointParameters, "GazepointVisualization"_L1, "Points size:"_L1, namesOf<gazePointModes>},
-    {fixationParameters, "FixationVisualization"_L1, "Circle size:"_L1, namesOf<fixationModes>},
-    {clusterParameters, "FixationclusterVisualization"_L1, "Circles size:"_L1, namesOf<clusterModes>},
-    {saccadeParameters, "SaccadeVisualization"_L1, "Line thickness:"_L1, namesOf<saccadeModes>},
+    {DataKind::GazePoints, gazePointParameters, "GazepointVisualization"_L1, "Points size:"_L1},
+    {DataKind::Fixations, fixationParameters, "FixationVisualization"_L1, "Circle size:"_L1},
+    {DataKind::Clusters, clusterParameters, "FixationclusterVisualization"_L1, "Circles size:"_L1},
+    {DataKind::Saccades, saccadeParameters, "SaccadeVisualization"_L1, "Line thickness:"_L1},
 };
 
 } // namespace
 
-std::span<const VisualizationKind, 4> visualizationKinds()
+QStringList VisualizationKind::modeNames() const
+{
+    QStringList names;
+    for (const DataMode &mode : drawingModes(kind))
+        names << mode.name;
+    return names;
+}
+
+std::span<const VisualizationKind, allDataKinds.size()> visualizationKinds()
 {
     return kinds;
 }
 
-int visualizationKindOf(const QString &settingsName)
+DataKind visualizationKindOf(const QString &settingsName)
 {
     const auto found = std::find_if(std::begin(kinds), std::end(kinds),
-                                    [&](const VisualizationKind &kind) { return kind.settingsName == settingsName; });
-    return found == std::end(kinds) ? 0 : static_cast<int>(std::distance(std::begin(kinds), found));
+                                    [&](const VisualizationKind &row) { return row.settingsName == settingsName; });
+    return found == std::end(kinds) ? DataKind::GazePoints : found->kind;
 }

@@ -1,7 +1,7 @@
 #include "visualization/panel/Timeline.h"
 
-#include "base/TextFormat.h"
 #include "ui_Timeline.h"
+#include "visualization/timeline/TimeLabels.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -12,10 +12,6 @@ namespace {
 
 constexpr QColor tickColor(105, 55, 38);
 constexpr QColor focusColor(128, 179, 255);
-
-constexpr int upperTextTop = 2;
-constexpr int upperTextHeight = 15;
-constexpr int frameTextWidth = 304;
 
 struct FrameColors {
     QColor fill;
@@ -89,29 +85,6 @@ void paintTicks(QPainter &painter, const QList<TimeTick> &ticks, int height)
         const int length = height / (tick.isLabelled ? 3 : 6);
         painter.fillRect(tick.pixel, height - length, 1, length, tickColor);
     }
-}
-
-void paintLabels(QPainter &painter, const TimeScale &scale, const QList<TimeTick> &ticks, QSize size)
-{
-    constexpr QSize box(152, 20);
-    const int top = static_cast<int>(size.height() * 0.7);
-    for (const TimeTick &tick : ticks) {
-        if (!tick.isLabelled)
-            continue;
-        const bool isFirst = tick.timeMs == 0;
-        const QPoint corner(isFirst ? tick.pixel : tick.pixel - box.width() / 4, top);
-        painter.drawText(QRect(corner, box), isFirst ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter,
-                         text::timeText(tick.timeMs));
-    }
-    // The scale's length stands above the others, flush with the right edge; a long text reaches out to the left.
-    const int spanPixel = scale.timeToPixel(scale.spanMs(), size.width());
-    painter.drawText(QRect(spanPixel - box.width() / 2, upperTextTop, box.width() / 2, upperTextHeight),
-                     Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip, text::timeText(scale.spanMs()));
-}
-
-QString frameText(const TimeScale &scale)
-{
-    return text::timeText(scale.startMs()) + QStringLiteral(" - ") + text::timeText(scale.endMs());
 }
 
 /// The widget's font, as far as its texts fit the height of the strip.
@@ -315,9 +288,8 @@ void Timeline::paintEvent(QPaintEvent *)
     paintTicks(painter, ticks, height());
     painter.setFont(fittingFont(font()));
     painter.setPen(Qt::black);
-    paintLabels(painter, m_scale, ticks, size());
-    painter.drawText(QRect(m_startPixel, upperTextTop, frameTextWidth, upperTextHeight),
-                     Qt::AlignLeft | Qt::AlignVCenter, frameText(m_scale));
+    for (const TimeLabel &label : timeLabels(m_scale, size(), painter.fontMetrics()))
+        painter.drawText(label.box, static_cast<int>(label.alignment) | Qt::TextDontClip, label.text);
 }
 
 void Timeline::resizeEvent(QResizeEvent *event)

@@ -44,8 +44,13 @@ void VisualizationSaccadeClustersWidget::removeClusters()
 void VisualizationSaccadeClustersWidget::sltRedrawClusters()
 {
     removeClusters();
-    if (m_scene && m_clusters)
-        m_group = addArrowGroup(*m_scene, saccadeClusterArrows(m_clusters->distanceClusters(), m_mode, m_style));
+    if (m_scene)
+        m_group = addArrowGroup(*m_scene, arrows());
+}
+
+QList<ArrowShape> VisualizationSaccadeClustersWidget::arrows() const
+{
+    return m_clusters ? saccadeClusterArrows(m_clusters->distanceClusters(), m_mode, m_style) : QList<ArrowShape>();
 }
 
 template <class T>

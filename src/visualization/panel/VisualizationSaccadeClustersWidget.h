@@ -17,8 +17,8 @@ class SaccadeClusterModel;
 /// The panel that shows how saccade clusters are drawn, and draws them over the scene. Every change is drawn at once;
 /// nothing of it is stored or can be undone.
 ///
-/// All its items are in one group, to which the panel keeps a pointer: whoever clears the scene calls `removeClusters`
-/// before, and `sltRedrawClusters` after the rest is drawn.
+/// All its items are in one group, to which the panel keeps a pointer: whoever clears the scene draws `arrows` again
+/// and hands the new group over.
 class VisualizationSaccadeClustersWidget : public QWidget {
     Q_OBJECT
 public:
@@ -33,6 +33,11 @@ public:
 
     /// Takes the group out of the scene, if it is there, and forgets it.
     void removeClusters();
+
+    /// What there is to draw now.
+    QList<ArrowShape> arrows() const;
+    /// Takes the group of the arrows over, in place of one that is gone with the items of the scene; null for none.
+    void adoptGroup(QGraphicsItemGroup *group) { m_group = group; }
 
     SaccadeClusterMode mode() const { return m_mode; }
     const SaccadeClusterStyle &style() const { return m_style; }

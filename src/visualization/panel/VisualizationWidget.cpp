@@ -2,14 +2,14 @@
 #include "ui_VisualizationWidget.h"
 
 #include "model/DataModel.h"
-#include "visualization/parameters/AdjustableColorMap.h"
 #include "visualization/heatmap/ColorTable.h"
 #include "visualization/heatmap/GradientImage.h"
 #include "visualization/heatmap/HeatmapLabels.h"
+#include "visualization/modes/VisualizationKinds.h"
 #include "visualization/panel/OpenGlViewport.h"
 #include "visualization/panel/OptionForm.h"
+#include "visualization/parameters/AdjustableColorMap.h"
 #include "visualization/parameters/VisualizationCommands.h"
-#include "visualization/modes/VisualizationKinds.h"
 
 #include <QEvent>
 #include <QSignalBlocker>
@@ -25,8 +25,6 @@ bool isInRange(double power, const ShownOption &option)
     const double number = power * powerStep;
     return !option.range || (number >= option.range->minimum && number <= option.range->maximum);
 }
-
-const QString noGroup = QStringLiteral("None");
 
 } // namespace
 
@@ -81,7 +79,7 @@ void VisualizationWidget::sltUpdateSettings()
 
 void VisualizationWidget::sltExportheatmap()
 {
-    Q_EMIT sigExportheatmap(visualizationKindOf(m_record.settingsName));
+    Q_EMIT sigExportheatmap(static_cast<int>(visualizationKindOf(m_record.settingsName)));
 }
 
 // ---- controls and parameters
@@ -174,7 +172,7 @@ void VisualizationWidget::refreshGroups()
     {
         const QSignalBlocker blocker(m_ui->groupsComboBox);
         m_ui->groupsComboBox->clear();
-        m_ui->groupsComboBox->addItem(noGroup);
+        m_ui->groupsComboBox->addItem(Group::none);
         if (m_model) {
             for (const Group &group : m_model->groups())
                 m_ui->groupsComboBox->addItem(group.name);
@@ -186,7 +184,7 @@ void VisualizationWidget::refreshGroups()
 
 void VisualizationWidget::sltGroupsSelectComboBoxChanged(const QString &name)
 {
-    const Group *group = m_model && name != noGroup ? m_model->group(name) : nullptr;
+    const Group *group = m_model && name != Group::none ? m_model->group(name) : nullptr;
     const QString &kind = m_record.settingsName;
     showColor(m_ui->colorButton_dominant, group ? group->colorsDominant.value(kind) : m_record.fillColor);
     showColor(m_ui->colorButton_left, group ? group->colorsLeft.value(kind) : m_record.fillColorLeft);

@@ -1,19 +1,14 @@
 #include "visualization/parameters/GroupColors.h"
 
-Group::ColorTable groupColors(const VisualizationParameters &gazePoints, const VisualizationParameters &fixations,
-                              const VisualizationParameters &clusters, const VisualizationParameters &saccades)
+Group::ColorTable groupColors(const DrawingRecords &records)
 {
-    const std::pair<QString, const VisualizationParameters &> kinds[] = {
-        {QStringLiteral("gazepoints"), gazePoints},
-        {QStringLiteral("fixations"), fixations},
-        {QStringLiteral("fixationClusters"), clusters},
-        {QStringLiteral("saccades"), saccades},
-    };
+    static constexpr ByDataKind<const char *> entries{{"gazepoints", "fixations", "fixationClusters", "saccades"}};
     Group::ColorTable colors;
-    for (const auto &[kind, parameters] : kinds) {
-        colors[kind + QStringLiteral("Left")] = parameters.fillColorLeft;
-        colors[kind + QStringLiteral("Right")] = parameters.fillColorRight;
-        colors[kind + QStringLiteral("Dominant")] = parameters.fillColor;
+    for (const DataKind kind : allDataKinds) {
+        const QString entry = QString::fromLatin1(entries[kind]);
+        colors[entry + QStringLiteral("Left")] = records[kind]->fillColorLeft;
+        colors[entry + QStringLiteral("Right")] = records[kind]->fillColorRight;
+        colors[entry + QStringLiteral("Dominant")] = records[kind]->fillColor;
     }
     return colors;
 }

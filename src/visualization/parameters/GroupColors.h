@@ -5,5 +5,4 @@
 
 /// The colours a new group starts with: the fill colours of the four kinds of data, each for the left, the right and
 /// the dominant eye, keyed as the group expects them ("fixationClustersLeft" and so on).
-Group::ColorTable groupColors(const VisualizationParameters &gazePoints, const VisualizationParameters &fixations,
-                              const VisualizationParameters &clusters, const VisualizationParameters &saccades);
+Group::ColorTable groupColors(const DrawingRecords &records);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/DataKind.h"
 #include "settings/Parameter.h"
 
 /// How one kind of data (gaze points, fixations, fixation clusters or saccades) is drawn. There are four such records,
@@ -73,6 +74,9 @@ struct VisualizationParameters {
     QColor acmColor3;
     QColor acmColor4;
 };
+
+/// A record for each kind of data; not owned, none is null.
+using DrawingRecords = ByDataKind<const VisualizationParameters *>;
 
 /// The records of the four kinds of data, as the store has them; what it lacks reads as 0, false or an invalid colour.
 VisualizationParameters gazePointParameters();

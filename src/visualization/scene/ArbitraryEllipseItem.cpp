@@ -1,6 +1,7 @@
 #include "visualization/scene/ArbitraryEllipseItem.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
+#include "visualization/scene/StrokedPath.h"
 
 #include <QPainter>
 
@@ -27,21 +28,34 @@ ArbitraryEllipseItem::ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D
     setTransform(QTransform().rotate(-(angle * 180 / std::numbers::pi)), true);
 }
 
+/// The ellipse between whole pixels.
+QRectF ArbitraryEllipseItem::painted() const
+{
+    const double major = m_major.length();
+    const double minor = m_minor.length();
+    return QRect(-truncated(major), -truncated(minor), truncated(2 * major), truncated(2 * minor));
+}
+
 QRectF ArbitraryEllipseItem::boundingRect() const
 {
-    const double largerX = std::max(std::abs(m_major.x()), std::abs(m_minor.x()));
-    const double largerY = std::max(std::abs(m_major.y()), std::abs(m_minor.y()));
-    return {pos().x() - largerY, pos().y() - largerX, 2 * largerY, 2 * largerX};
+    const double major = m_major.length();
+    const double minor = m_minor.length();
+    const double outside = halfWidth(m_pen);
+    return (QRectF(-major, -minor, 2 * major, 2 * minor) | painted()).adjusted(-outside, -outside, outside, outside);
+}
+
+QPainterPath ArbitraryEllipseItem::shape() const
+{
+    QPainterPath outline;
+    outline.addEllipse(painted());
+    return strokedPath(outline, m_pen);
 }
 
 void ArbitraryEllipseItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    const double major = m_major.length();
-    const double minor = m_minor.length();
     painter->setPen(m_pen);
     painter->setBrush(m_brush);
-    painter->drawEllipse(-text::truncated(major), -text::truncated(minor), text::truncated(2 * major),
-                         text::truncated(2 * minor));
+    painter->drawEllipse(painted().toRect());
 }
 
 QPolygon ArbitraryEllipseItem::polygon(int steps) const
@@ -59,7 +73,7 @@ QPolygon ArbitraryEllipseItem::polygon(int steps) const
     for (double t = 0; t < fullTurn; t += fullTurn / steps) {
         const double x = std::cos(t) * major * std::cos(r) - std::sin(t) * minor * std::sin(r);
         const double y = std::cos(t) * major * std::sin(r) + std::sin(t) * minor * std::cos(r);
-        points << QPoint(text::truncated(m_center.x() + x), text::truncated(m_center.y() + y));
+        points << QPoint(truncated(m_center.x() + x), truncated(m_center.y() + y));
     }
     return points;
 }

@@ -12,14 +12,18 @@ public:
     /// @param a, b  semi-axes in pixels; where b is the longer one they are swapped, with a line on the debug channel.
     ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, QBrush brush);
 
-    /// The larger y and x components of the axes as half width and half height. Tool tips react to this rectangle.
+    /// What is painted, before the turn: the axes lie along x and y.
     QRectF boundingRect() const override;
+    /// The surface with its outline; tool tips react to it.
+    QPainterPath shape() const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
     /// Points on the ellipse in scene pixels, at equal steps of its parameter; empty for steps < 1.
     QPolygon polygon(int steps) const;
 
 private:
+    QRectF painted() const;
+
     QVector2D m_major;
     QVector2D m_minor;
     QPoint m_center;

@@ -1,10 +1,13 @@
 #include "visualization/scene/ArrowItem.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
+#include "visualization/scene/StrokedPath.h"
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -15,8 +18,7 @@ QPolygon arrowhead(QPoint to, double dx, double dy, double lineWidth)
     const double length = 5 * lineWidth;
     const double back = std::atan2(dy, dx);
     const auto corner = [&](double angle) {
-        return QPoint(text::truncated(to.x() + length * std::cos(angle)),
-                      text::truncated(to.y() + length * std::sin(angle)));
+        return QPoint(truncated(to.x() + length * std::cos(angle)), truncated(to.y() + length * std::sin(angle)));
     };
     return {to, corner(back + halfOpening), corner(back - halfOpening), to};
 }
@@ -37,7 +39,24 @@ ArrowItem::ArrowItem(QPoint from, QPoint to, bool showTip, QPen pen, QBrush brus
 
 QRectF ArrowItem::boundingRect() const
 {
-    return QRectF(m_from, m_to).normalized();
+    // The corner of a square end lies farthest from the line's, where the line is aslant.
+    const double outside = halfWidth(m_pen) * std::numbers::sqrt2;
+    QRectF inside = QRectF(m_from, m_to).normalized();
+    if (m_showTip) {
+        const QRectF head = QPolygonF(m_tip).boundingRect();
+        inside.setCoords(std::min(inside.left(), head.left()), std::min(inside.top(), head.top()),
+                         std::max(inside.right(), head.right()), std::max(inside.bottom(), head.bottom()));
+    }
+    return inside.adjusted(-outside, -outside, outside, outside);
+}
+
+QPainterPath ArrowItem::shape() const
+{
+    QPainterPath outline(m_from);
+    outline.lineTo(m_to);
+    if (m_showTip)
+        outline.addPolygon(m_tip);
+    return strokedPath(outline, m_pen);
 }
 
 void ArrowItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)

@@ -11,10 +11,10 @@ public:
     /// @param from, to  canvas pixels; an arrow without length has no head.
     ArrowItem(QPoint from, QPoint to, bool showTip, QPen pen, QBrush brush);
 
-    /// The rectangle between both ends. The line's width and the head reach beyond it, and tool tips react to it alone.
-    /// What moves or vanishes outside it stays on the screen in a view that repaints only what has changed; the view of
-    /// the scene repaints everything.
+    /// What is painted: the line with its ends, and the head.
     QRectF boundingRect() const override;
+    /// The same without what lies beside line and head; tool tips react to it.
+    QPainterPath shape() const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
     /// Closed outline of the head, the end of the arrow first; empty for an arrow without length.

@@ -1,51 +1,17 @@
 #include "visualization/scene/DrawingPass.h"
 
-#include "visualization/modes/DrawingModes.h"
+#include "clustering/ClusterOrder.h"
+#include "visualization/heatmap/Heatmap.h"
 #include "visualization/modes/DrawnAs.h"
+#include "visualization/modes/Picture.h"
+#include "visualization/scene/ArrowGroup.h"
+#include "visualization/scene/Background.h"
 #include "visualization/scene/SceneItems.h"
 
 #include <QCoreApplication>
 #include <QGraphicsScene>
 
 namespace {
-
-using ExaminationStep = Drawing (*)(const Examination &, const DrawingContext &);
-using PooledStep = Drawing (*)(const DrawingContext &);
-
-Drawing drawGazePoints(const DrawingContext &context)
-{
-    const PooledBuild build = builderOf(gazePointModes, context.gazePoints.visualizationMode);
-    return build ? build(context) : Drawing();
-}
-
-Drawing drawPooledFixations(const DrawingContext &context)
-{
-    return pooledDrawing(pooledFixationModes, context.fixations.visualizationMode, context);
-}
-
-Drawing drawPooledClusters(const DrawingContext &context)
-{
-    return pooledDrawing(pooledClusterModes, context.clusters.visualizationMode, context);
-}
-
-Drawing drawPooledSaccades(const DrawingContext &context)
-{
-    return pooledDrawing(pooledSaccadeModes, context.saccades.visualizationMode, context);
-}
-
-void collectFigures(QList<HeatmapFigures> &figures, const Drawing &drawing)
-{
-    for (const Shape &shape : drawing) {
-        const auto *raster = std::get_if<RasterShape>(&shape);
-        if (raster && raster->figures)
-            figures << *raster->figures;
-    }
-}
-
-// Back to front.
-constexpr ExaminationStep examinationSteps[] = {drawFixations, drawClusters};
-constexpr PooledStep pooledSteps[] = {drawSaccades, drawGazePoints, drawPooledFixations, drawPooledClusters,
-                                      drawPooledSaccades};
 
 /// The view paints all items, and the next redraw throws them away: a fine index of their places never pays. Long
 /// arrows, which lie in most places at once, would make its time quadratic.
@@ -67,23 +33,28 @@ void finishNewItems(QGraphicsScene &scene)
 QList<HeatmapFigures> drawScene(QGraphicsScene &scene, const DrawingContext &context)
 {
     keepTimeLinear(scene);
-    for (const Examination *examination : context.model.checkedExaminations()) {
-        for (const ExaminationStep step : examinationSteps)
-            addItems(scene, step(*examination, context));
-    }
-    QList<HeatmapFigures> figures;
-    for (const PooledStep step : pooledSteps) {
-        const Drawing drawing = step(context);
-        addItems(scene, drawing);
-        collectFigures(figures, drawing);
-    }
+    const Picture picture = pictureOf(context);
+    addItems(scene, picture.drawing);
     finishNewItems(scene);
-    return figures;
+    return picture.figures;
 }
 
-QList<HeatmapFigures> runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context)
+DrawnScene runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context,
+                          const SceneLayers &layers)
 {
+    orderClusters(model, context.frame);
+    scene.clear();
+    QGraphicsPixmapItem *background = addBackground(scene, layers.background);
     const QList<HeatmapFigures> figures = drawScene(scene, context);
+    QGraphicsItemGroup *saccadeClusters = addArrowGroup(scene, layers.saccadeClusters);
     setDrawnAs(model.examinations(), context);
-    return figures;
+    return {background, saccadeClusters, figures};
+}
+
+void drawHeatmapOnTop(QGraphicsScene &scene, DataKind kind, const DrawingContext &context)
+{
+    removeHeatmaps(scene, kind);
+    const Heatmap heatmap = heatmapOf(kind, context, HeatmapLook::RelativeScale);
+    if (!heatmap.image.isNull())
+        addItems(scene, {RasterShape{heatmap.image, kind}});
 }

@@ -1,17 +1,38 @@
 #pragma once
 
-#include "visualization/selection/DrawingContext.h"
 #include "visualization/heatmap/HeatmapFigures.h"
+#include "visualization/selection/DrawingContext.h"
+#include "visualization/shapes/Drawing.h"
 
-#include <QList>
+#include <QPixmap>
 
+class QGraphicsItemGroup;
+class QGraphicsPixmapItem;
 class QGraphicsScene;
 
-/// Adds everything that the context shows to the scene, in the order that decides what lies on top: first examination
-/// by examination, then what pools them all.
+/// What lies below and above the data.
+struct SceneLayers {
+    QPixmap background;
+    QList<ArrowShape> saccadeClusters{}; ///< on top of everything
+};
+
+/// What a pass put into the scene, which owns the items.
+struct DrawnScene {
+    QGraphicsPixmapItem *background;     ///< never null
+    QGraphicsItemGroup *saccadeClusters; ///< null where there are none
+    QList<HeatmapFigures> figures;       ///< of the heatmaps, for the labels
+};
+
+/// One redraw: orders the clusters by what the frame shows of them, clears the scene, draws everything, and notes in
+/// the examinations what was drawn. All items that were in the scene are gone afterwards.
 ///
-/// @return the figures of the heatmaps that were drawn, for the labels; none of shadow maps and of what had no events.
+/// @param model  that of the context.
+DrawnScene runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context,
+                          const SceneLayers &layers);
+
+/// Adds what the context shows to the scene, see `pictureOf`; returns the figures of the heatmaps.
 QList<HeatmapFigures> drawScene(QGraphicsScene &scene, const DrawingContext &context);
 
-/// Draws the model and notes in its examinations what was drawn; returns the figures of the heatmaps.
-QList<HeatmapFigures> runDrawingPass(QGraphicsScene &scene, DataModel &model, const DrawingContext &context);
+/// Draws the heatmap of a kind over everything, on the scale of its own maximum, in place of one that the scene shows
+/// of this kind. Lasts until the next pass.
+void drawHeatmapOnTop(QGraphicsScene &scene, DataKind kind, const DrawingContext &context);

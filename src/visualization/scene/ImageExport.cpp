@@ -1,7 +1,7 @@
 #include "visualization/scene/ImageExport.h"
 
 #include "base/FileReplacement.h"
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -52,7 +52,7 @@ Encoded encodedImage(QGraphicsScene &scene, const QString &path)
 {
     constexpr int bestQuality = 100;
     const QRectF whole = scene.sceneRect();
-    QImage image(text::truncated(whole.width()), text::truncated(whole.height()), QImage::Format_ARGB32);
+    QImage image(truncated(whole.width()), truncated(whole.height()), QImage::Format_ARGB32);
     if (image.isNull())
         return {{}, QStringLiteral("the drawing is empty or too large for an image")};
     image.fill(Qt::transparent);

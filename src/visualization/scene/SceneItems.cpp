@@ -8,7 +8,11 @@
 #include <QGraphicsScene>
 #include <QGraphicsTextItem>
 
+#include <memory>
+
 namespace {
+
+constexpr int heatmapKey = 0; ///< of the kind that a heatmap shows, in the data of its item
 
 void addItem(QGraphicsScene &scene, const EllipseShape &shape)
 {
@@ -24,7 +28,9 @@ void addItem(QGraphicsScene &scene, const OvalShape &shape)
 
 void addItem(QGraphicsScene &scene, const RasterShape &shape)
 {
-    scene.addPixmap(QPixmap::fromImage(shape.image));
+    QGraphicsPixmapItem *item = scene.addPixmap(QPixmap::fromImage(shape.image));
+    if (shape.heatmapOf)
+        item->setData(heatmapKey, static_cast<int>(*shape.heatmapOf));
 }
 
 void addItem(QGraphicsScene &scene, const ArrowShape &shape)
@@ -53,4 +59,14 @@ void addItems(QGraphicsScene &scene, const Drawing &drawing)
 {
     for (const Shape &shape : drawing)
         std::visit([&](const auto &kind) { addItem(scene, kind); }, shape);
+}
+
+void removeHeatmaps(QGraphicsScene &scene, DataKind kind)
+{
+    for (QGraphicsItem *item : scene.items()) {
+        if (item->data(heatmapKey) != QVariant(static_cast<int>(kind)))
+            continue;
+        scene.removeItem(item);
+        const std::unique_ptr<QGraphicsItem> gone(item);
+    }
 }

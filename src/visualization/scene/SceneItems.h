@@ -6,3 +6,6 @@ class QGraphicsScene;
 
 /// Adds an item for each shape, on top of what the scene holds already. The scene owns the items.
 void addItems(QGraphicsScene &scene, const Drawing &drawing);
+
+/// Destroys the items of heatmaps of this kind.
+void removeHeatmaps(QGraphicsScene &scene, DataKind kind);

@@ -6,11 +6,10 @@
 
 /// What a drawing is made from. The references are to objects of the caller, who keeps them alive while drawing.
 struct DrawingContext {
+    const VisualizationParameters &of(DataKind kind) const { return *records[kind]; }
+
     const DataModel &model;
     EyeMode eyeMode;
     TimeFrame frame;
-    const VisualizationParameters &gazePoints;
-    const VisualizationParameters &fixations;
-    const VisualizationParameters &clusters;
-    const VisualizationParameters &saccades;
+    DrawingRecords records;
 };

@@ -1,6 +1,7 @@
 #include "visualization/shapes/AngleStar.h"
 
 #include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "model/Canvas.h"
 
 #include <cmath>
@@ -126,7 +127,7 @@ Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const Vis
             continue;
         if (drawing.isEmpty())
             drawing << discs() << spokes(count, parameters.angleOffset);
-        const int shift = text::truncated(measure.thirds * binDegrees(count) / 3);
+        const int shift = truncated(measure.thirds * binDegrees(count) / 3);
         const QPen pen(translucent, std::max(0, parameters.borderWidth), measure.line);
         drawing << bars(bins.*measure.values, shift, parameters.angleOffset, pen);
     }
@@ -140,7 +141,7 @@ Drawing angleStarOfPass(const QList<ExaminationEye> &pass, const DrawingContext 
         triples << saccadeVectors(each.stream(), context.frame);
     if (triples.isEmpty())
         return {};
-    const VisualizationParameters &parameters = context.saccades;
+    const VisualizationParameters &parameters = context.of(DataKind::Saccades);
     return angleStarChart(angleStarBins(triples, parameters.numberOfHistogramBins),
                           barColor(context.eyeMode, parameters), parameters);
 }

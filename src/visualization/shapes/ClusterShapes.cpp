@@ -1,7 +1,8 @@
 #include "visualization/shapes/ClusterShapes.h"
 
 #include "base/TextFormat.h"
-#include "visualization/modes/DrawingModes.h"
+#include "base/Truncation.h"
+#include "visualization/shapes/ToolTipText.h"
 
 #include <QStringBuilder>
 
@@ -68,8 +69,8 @@ Drawing dotsOf(const FixationCluster &cluster, TimeFrame frame, const QPen &pen,
 
 /// Adds `shapeOf(cluster, number)` and, if it is wanted, its name for each cluster that is shown, or else its dots.
 template <class ShapeOf>
-Drawing drawEach(const QList<FixationCluster> &clusters, TimeFrame frame, const ShapeStyle &style,
-                 const VisualizationParameters &parameters, ShapeOf shapeOf)
+Drawing shapesOfEach(const QList<FixationCluster> &clusters, TimeFrame frame, const ShapeStyle &style,
+                     const VisualizationParameters &parameters, ShapeOf shapeOf)
 {
     Drawing drawing;
     for (qsizetype i = 0; i < clusters.size(); ++i) {
@@ -100,20 +101,18 @@ QPointF nameOfEllipse(QPoint center, QVector2D major, QVector2D minor)
 {
     const double a = (std::abs(double(major.x())) + std::abs(double(minor.x()))) * 0.5;
     const double b = (std::abs(double(major.y())) + std::abs(double(minor.y()))) * 0.5;
-    return center.toPointF() - QPointF(text::truncated(a), text::truncated(b));
+    return center.toPointF() - QPointF(truncated(a), truncated(b));
 }
 
 Drawing clusterEllipses(const QList<FixationCluster> &clusters, TimeFrame frame, const ShapeStyle &style,
                         const VisualizationParameters &parameters)
 {
-    return drawEach(clusters, frame, style, parameters, [&](const FixationCluster &cluster, qsizetype number) {
+    return shapesOfEach(clusters, frame, style, parameters, [&](const FixationCluster &cluster, qsizetype number) {
         const QVector2D major = cluster.majorAxis * ellipseFactor;
         const QVector2D minor = cluster.minorAxis * ellipseFactor;
-        const double ratio = double(cluster.majorAxis.length()) / double(cluster.minorAxis.length());
-        const QString ratioLine = QStringLiteral("Axis ratio: %1\r\n").arg(text::general6(ratio));
-        return NamedShape{
-            EllipseShape{cluster.mean, major, minor, style.pen, style.brush, toolTipOf(cluster, number, ratioLine)},
-            nameOfEllipse(cluster.mean, major, minor)};
+        return NamedShape{EllipseShape{cluster.mean, major, minor, style.pen, style.brush,
+                                       toolTipOf(cluster, number, axisRatioLine(cluster))},
+                          nameOfEllipse(cluster.mean, major, minor)};
     });
 }
 
@@ -121,38 +120,26 @@ int clusterDiameter(const FixationCluster &cluster, const VisualizationParameter
 {
     const double size = parameters.size;
     if (!parameters.durationDependent)
-        return text::truncated((size * 5 + 5) * 4);
+        return truncated((size * 5 + 5) * 4);
     const auto half = static_cast<double>(durationOf(cluster) / 2); // whole milliseconds
-    return text::truncated(size / 100.0 * half + (half + 10));
+    return truncated(size / 100.0 * half + (half + 10));
 }
 
 Drawing clusterCircles(const QList<FixationCluster> &clusters, TimeFrame frame, const ShapeStyle &style,
                        const VisualizationParameters &parameters)
 {
-    return drawEach(clusters, frame, style, parameters, [&](const FixationCluster &cluster, qsizetype number) {
-        const int diameter = clusterDiameter(cluster, parameters);
-        const int radius = diameter / 2; // whole pixels
-        const QPointF corner = cluster.mean.toPointF() - QPointF(radius, radius);
-        return NamedShape{
-            OvalShape{{corner, QSizeF(diameter, diameter)}, style.pen, style.brush, toolTipOf(cluster, number)},
-            corner};
+    return shapesOfEach(clusters, frame, style, parameters, [&](const FixationCluster &cluster, qsizetype number) {
+        const QRectF square = squareAround(cluster.mean, clusterDiameter(cluster, parameters));
+        return NamedShape{OvalShape{square, style.pen, style.brush, toolTipOf(cluster, number)}, square.topLeft()};
     });
 }
 
 Drawing paintedClusters(ClusterPainter paint, ClusterSource source, const ExaminationEye &stream,
                         const DrawingContext &context)
 {
-    const ShapeStyle style = shapeStyle(*stream.examination, stream.eye, context.model, context.clusters);
-    return paint(clustersToDraw(source, stream, context.model), context.frame, style, context.clusters);
-}
-
-Drawing drawClusters(const Examination &examination, const DrawingContext &context)
-{
-    const ClusterBuild build = builderOf(clusterModes, context.clusters.visualizationMode);
-    if (!build)
-        return {};
-    Drawing drawing;
-    for (const ExaminationEye &stream : eyesToDraw(examination, context.eyeMode))
-        drawing << build(stream, context);
+    const VisualizationParameters &parameters = context.of(DataKind::Clusters);
+    const ShapeStyle style = shapeStyle(*stream.examination, stream.eye, context.model, parameters);
+    Drawing drawing = paint(clustersToDraw(source, stream, context.model), context.frame, style, parameters);
+    addToolTipLine(drawing, sourceLines(source, stream));
     return drawing;
 }

@@ -5,9 +5,6 @@
 #include "visualization/shapes/Drawing.h"
 #include "visualization/shapes/ShapeStyle.h"
 
-/// The way in which the clusters of one stream of an examination are drawn.
-using ClusterBuild = Drawing (*)(const ExaminationEye &, const DrawingContext &);
-
 /// The shapes of a list of clusters.
 using ClusterPainter = Drawing (*)(const QList<FixationCluster> &, TimeFrame, const ShapeStyle &,
                                    const VisualizationParameters &);
@@ -43,6 +40,3 @@ Drawing clustersOfEye(const ExaminationEye &stream, const DrawingContext &contex
 {
     return paintedClusters(Paint, Source, stream, context);
 }
-
-/// The clusters of an examination in the mode of `context.clusters`, stream after stream.
-Drawing drawClusters(const Examination &examination, const DrawingContext &context);

@@ -96,6 +96,24 @@ QString lineOf(const TextShape &shape)
 
 } // namespace
 
+QRectF squareAround(QPoint center, int diameter)
+{
+    const int radius = diameter / 2;
+    return {center.toPointF() - QPointF(radius, radius), QSizeF(diameter, diameter)};
+}
+
+void addToolTipLine(Drawing &drawing, const QString &line)
+{
+    const auto add = [&](auto &shape) {
+        if constexpr (requires { shape.toolTip; }) {
+            if (!shape.toolTip.isEmpty())
+                shape.toolTip += QStringLiteral("\r\n") + line;
+        }
+    };
+    for (Shape &shape : drawing)
+        std::visit(add, shape);
+}
+
 QString toText(const Drawing &drawing)
 {
     QString lines;

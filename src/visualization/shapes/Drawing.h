@@ -1,6 +1,6 @@
 #pragma once
 
-#include "visualization/heatmap/HeatmapFigures.h"
+#include "model/DataKind.h"
 
 #include <QBrush>
 #include <QFont>
@@ -11,6 +11,7 @@
 #include <QRectF>
 #include <QVector2D>
 
+#include <optional>
 #include <variant>
 
 /// An ellipse at any angle, given by its semi-axes.
@@ -21,6 +22,8 @@ struct EllipseShape {
     QPen pen;
     QBrush brush;
     QString toolTip;
+
+    bool operator==(const EllipseShape &) const = default;
 };
 
 /// An ellipse whose axes are those of the canvas, such as a circle or the dot of a sample.
@@ -29,12 +32,16 @@ struct OvalShape {
     QPen pen;
     QBrush brush;
     QString toolTip;
+
+    bool operator==(const OvalShape &) const = default;
 };
 
 /// A picture of the canvas's size; what is transparent in it lets through what lies below.
 struct RasterShape {
     QImage image;
-    std::optional<HeatmapFigures> figures = std::nullopt; ///< what the colours of a heatmap stand for; not drawn
+    std::optional<DataKind> heatmapOf = std::nullopt; ///< the kind whose density it shows
+
+    bool operator==(const RasterShape &) const = default;
 };
 
 /// An arrow between two positions, with or without a head at `to`.
@@ -45,12 +52,16 @@ struct ArrowShape {
     QPen pen;
     QBrush brush;
     QString toolTip;
+
+    bool operator==(const ArrowShape &) const = default;
 };
 
 struct LineShape {
     QLineF line;
     QPen pen;
     QString toolTip = {};
+
+    bool operator==(const LineShape &) const = default;
 };
 
 /// Which place on its upper edge a text is placed by. Its width is known only where it is shown.
@@ -62,12 +73,20 @@ struct TextShape {
     QFont font;
     QColor color;
     TextAnchor anchor = TextAnchor::Left;
+
+    bool operator==(const TextShape &) const = default;
 };
 
 using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape>;
 
 /// A picture as data: shapes from back to front, in canvas pixels.
 using Drawing = QList<Shape>;
+
+/// The square around a circle of whole pixels. Half of the diameter is cut to whole pixels.
+QRectF squareAround(QPoint center, int diameter);
+
+/// Adds a line to the tool tips; shapes without one stay without.
+void addToolTipLine(Drawing &drawing, const QString &line);
 
 /// The drawing in words, one shape a line, for comparisons in tests:
 ///

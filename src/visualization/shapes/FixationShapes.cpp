@@ -1,9 +1,8 @@
 #include "visualization/shapes/FixationShapes.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "visualization/selection/DataSelection.h"
-#include "visualization/modes/DrawingModes.h"
-#include "visualization/shapes/FixationToolTip.h"
+#include "visualization/shapes/ToolTipText.h"
 
 #include <cmath>
 
@@ -23,12 +22,6 @@ Fixation frameCopy(const Fixation &fixation, TimeFrame frame)
             inside << sample;
     }
     return {inside, fixation.type, fixation.mean, fixation.number};
-}
-
-QString axisRatioLine(const Fixation &fixation)
-{
-    const double ratio = double(fixation.majorAxis.length()) / double(fixation.minorAxis.length());
-    return QStringLiteral("Axis ratio: %1\r\n").arg(text::general6(ratio));
 }
 
 QList<QPointF> positionsInFrame(const QList<GazePoint> &samples, TimeFrame frame)
@@ -57,7 +50,7 @@ void appendDots(Drawing &drawing, const Fixation &fixation, const QList<QPointF>
 
 /// Adds `shapeOf(fixation, index)` and, if they are wanted, its sample dots for each fixation of the frame.
 template <class ShapeOf>
-Drawing drawEach(const EyeData &eye, TimeFrame frame, bool withDots, ShapeOf shapeOf)
+Drawing shapesInFrame(const EyeData &eye, TimeFrame frame, bool withDots, ShapeOf shapeOf)
 {
     Drawing drawing;
     const QList<QPointF> positions = withDots ? positionsInFrame(eye.gazePoints, frame) : QList<QPointF>();
@@ -78,7 +71,7 @@ Drawing fixationEllipses(const EyeData &eye, TimeFrame frame, const ShapeStyle &
                          const VisualizationParameters &parameters)
 {
     const float factor = parameters.showOriginalSize ? 1 : 2;
-    return drawEach(eye, frame, parameters.showGazePoints, [&](const Fixation &fixation, qsizetype index) {
+    return shapesInFrame(eye, frame, parameters.showGazePoints, [&](const Fixation &fixation, qsizetype index) {
         const Fixation shown = frameCopy(fixation, frame);
         return EllipseShape{fixation.mean,
                             shown.majorAxis * factor,
@@ -92,40 +85,31 @@ Drawing fixationEllipses(const EyeData &eye, TimeFrame frame, const ShapeStyle &
 int circleDiameter(const Fixation &fixation, TimeFrame frame, const VisualizationParameters &parameters)
 {
     if (parameters.showOriginalSize)
-        return text::truncated(2 * double(fixation.majorAxis.length()));
+        return truncated(2 * double(fixation.majorAxis.length()));
     const double size = parameters.size;
     if (!parameters.durationDependent)
-        return text::truncated((size * 5 + 5) * 4);
+        return truncated((size * 5 + 5) * 4);
     const auto inside = std::count_if(fixation.samples.cbegin(), fixation.samples.cend(), [&](const GazePoint &sample) {
         return frame.startMs < sample.time && sample.time < frame.endMs;
     });
     const auto count = static_cast<double>(inside);
-    return text::truncated(std::trunc(count + 15 + count * (size / 100)) * size);
+    return truncated(std::trunc(count + 15 + count * (size / 100)) * size);
 }
 
 Drawing fixationCircles(const EyeData &eye, TimeFrame frame, const ShapeStyle &style,
                         const VisualizationParameters &parameters)
 {
-    return drawEach(eye, frame, parameters.showGazePoints, [&](const Fixation &fixation, qsizetype index) {
-        const int diameter = circleDiameter(fixation, frame, parameters);
-        const int radius = diameter / 2; // whole pixels
-        const QPointF corner = fixation.mean.toPointF() - QPointF(radius, radius);
-        return OvalShape{{corner, QSizeF(diameter, diameter)},
-                         style.pen,
-                         style.brush,
-                         fixationToolTip(toolTipTitle, index, fixation)};
+    return shapesInFrame(eye, frame, parameters.showGazePoints, [&](const Fixation &fixation, qsizetype index) {
+        return OvalShape{squareAround(fixation.mean, circleDiameter(fixation, frame, parameters)), style.pen,
+                         style.brush, fixationToolTip(toolTipTitle, index, fixation)};
     });
 }
 
-Drawing drawFixations(const Examination &examination, const DrawingContext &context)
+Drawing paintedFixations(FixationPainter paint, const ExaminationEye &stream, const DrawingContext &context)
 {
-    const FixationBuild build = builderOf(fixationModes, context.fixations.visualizationMode);
-    if (!build)
-        return {};
-    Drawing drawing;
-    for (const Eye eye : eyesOf(context.eyeMode)) {
-        const ShapeStyle style = shapeStyle(examination, eye, context.model, context.fixations);
-        drawing << build(examination.stream(eye), context.frame, style, context.fixations);
-    }
+    const VisualizationParameters &parameters = context.of(DataKind::Fixations);
+    const ShapeStyle style = shapeStyle(*stream.examination, stream.eye, context.model, parameters);
+    Drawing drawing = paint(stream.stream(), context.frame, style, parameters);
+    addToolTipLine(drawing, sourceLines(stream));
     return drawing;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "visualization/shapes/Drawing.h"
+#include "visualization/selection/DataSelection.h"
 #include "visualization/selection/DrawingContext.h"
+#include "visualization/shapes/Drawing.h"
 #include "visualization/shapes/ShapeStyle.h"
 
-/// The way in which the fixations of one stream are drawn.
-using FixationBuild = Drawing (*)(const EyeData &, TimeFrame, const ShapeStyle &, const VisualizationParameters &);
+/// The shapes of the fixations of one stream.
+using FixationPainter = Drawing (*)(const EyeData &, TimeFrame, const ShapeStyle &, const VisualizationParameters &);
 
 /// Mode "elliptic (pca)": an ellipse along the principal axes of each fixation of the frame, twice as large as the
 /// standard deviation unless `showOriginalSize`. A fixation that the frame's start cuts is fitted anew from its samples
@@ -21,5 +22,11 @@ Drawing fixationCircles(const EyeData &eye, TimeFrame frame, const ShapeStyle &s
 /// `durationDependent`, where the size acts twice; else by the size alone.
 int circleDiameter(const Fixation &fixation, TimeFrame frame, const VisualizationParameters &parameters);
 
-/// The fixations of an examination in the mode of `context.fixations`, stream after stream.
-Drawing drawFixations(const Examination &examination, const DrawingContext &context);
+/// The fixations of a stream, in the colours of its eye and group.
+Drawing paintedFixations(FixationPainter paint, const ExaminationEye &stream, const DrawingContext &context);
+
+template <FixationPainter Paint>
+Drawing fixationsOfEye(const ExaminationEye &stream, const DrawingContext &context)
+{
+    return paintedFixations(Paint, stream, context);
+}

@@ -1,8 +1,8 @@
 #include "visualization/shapes/GazePointRaster.h"
 
+#include "density/DrawingWorker.h"
 #include "model/Canvas.h"
 #include "visualization/selection/DataSelection.h"
-#include "density/DrawingWorker.h"
 
 #include <algorithm>
 #include <span>
@@ -167,7 +167,7 @@ std::vector<Stream> streamsToDraw(const DrawingContext &context)
     std::vector<Stream> streams;
     for (const Examination *examination : context.model.checkedExaminations()) {
         for (const Eye eye : eyesOf(context.eyeMode))
-            streams.push_back({examination->stream(eye).gazePoints, colorOf(eye, context.gazePoints)});
+            streams.push_back({examination->stream(eye).gazePoints, colorOf(eye, context.of(DataKind::GazePoints))});
     }
     return streams;
 }
@@ -235,12 +235,13 @@ std::vector<GazePointRecord> joined(const std::vector<std::unique_ptr<RecordColl
 std::vector<GazePointRecord> gazePointRecords(const DrawingContext &context)
 {
     const std::vector<Stream> streams = streamsToDraw(context);
+    const int stepSize = context.of(DataKind::GazePoints).stepSize;
     std::vector<std::unique_ptr<RecordCollector>> collectors;
     for (std::size_t i = 0; i < collectorCount; ++i) {
         const std::size_t begin = streams.size() * i / collectorCount;
         const std::size_t end = streams.size() * (i + 1) / collectorCount;
-        collectors.push_back(std::make_unique<RecordCollector>(std::span(streams).subspan(begin, end - begin),
-                                                               context.frame, context.gazePoints.stepSize));
+        collectors.push_back(
+            std::make_unique<RecordCollector>(std::span(streams).subspan(begin, end - begin), context.frame, stepSize));
     }
     DrawingWorker::runAll(collectors);
     return joined(collectors);
@@ -265,6 +266,7 @@ Drawing gazePointSquares(const DrawingContext &context)
     const std::vector<GazePointRecord> records = gazePointRecords(context);
     if (records.empty())
         return {};
-    const int halfSize = context.gazePoints.size < 1 ? defaultHalfSize : context.gazePoints.size;
+    const int size = context.of(DataKind::GazePoints).size;
+    const int halfSize = size < 1 ? defaultHalfSize : size;
     return {RasterShape{gazePointImage(records, halfSize)}};
 }

@@ -1,6 +1,6 @@
 #include "visualization/shapes/SaccadeClusterShapes.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +18,7 @@ double distance(QPoint a, QPoint b)
 
 int wholeDistance(QPoint a, QPoint b)
 {
-    return text::truncated(distance(a, b));
+    return truncated(distance(a, b));
 }
 
 QPen penOf(const QColor &color, int widthPx)

@@ -1,7 +1,7 @@
 #include "visualization/shapes/SaccadeShapes.h"
 
-#include "visualization/modes/DrawingModes.h"
-#include "visualization/shapes/FixationToolTip.h"
+#include "visualization/shapes/ShapeStyle.h"
+#include "visualization/shapes/ToolTipText.h"
 
 namespace {
 
@@ -42,21 +42,13 @@ Drawing saccadeArrows(const EyeData &eye, TimeFrame frame, const QColor &color,
 
 Drawing arrowsOfPass(const QList<ExaminationEye> &pass, const DrawingContext &context)
 {
+    const VisualizationParameters &parameters = context.of(DataKind::Saccades);
     Drawing drawing;
     for (const ExaminationEye &each : pass) {
-        const ShapeStyle style = shapeStyle(*each.examination, each.eye, context.model, context.saccades);
-        drawing << saccadeArrows(each.stream(), context.frame, style.brush.color(), context.saccades);
+        const ShapeStyle style = shapeStyle(*each.examination, each.eye, context.model, parameters);
+        Drawing arrows = saccadeArrows(each.stream(), context.frame, style.brush.color(), parameters);
+        addToolTipLine(arrows, sourceLines(each));
+        drawing << arrows;
     }
-    return drawing;
-}
-
-Drawing drawSaccades(const DrawingContext &context)
-{
-    const SaccadeBuild build = builderOf(saccadeModes, context.saccades.visualizationMode);
-    if (!build)
-        return {};
-    Drawing drawing;
-    for (const QList<ExaminationEye> &pass : passesToDraw(context.model.checkedExaminations(), context.eyeMode))
-        drawing << build(pass, context);
     return drawing;
 }

@@ -1,6 +1,6 @@
 #include "visualization/shapes/ShapeStyle.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "model/DataModel.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
@@ -29,14 +29,14 @@ Colors colorsOf(const Group &group, Eye eye, const VisualizationParameters &para
 {
     const auto &colors = eye == Eye::Left    ? group.colorsLeft
                          : eye == Eye::Right ? group.colorsRight
-                                                  : group.colorsDominant;
+                                             : group.colorsDominant;
     const QColor fill = colors.value(parameters.settingsName);
     return {fill, borderColorFor(fill, parameters.borderType)};
 }
 
 const Group *groupOf(const Examination &examination, const DataModel &model)
 {
-    return examination.groupName == QLatin1StringView("None") ? nullptr : model.group(examination.groupName);
+    return examination.groupName == Group::none ? nullptr : model.group(examination.groupName);
 }
 
 } // namespace
@@ -45,7 +45,7 @@ QColor withOpacity(QColor color, int opacityPercent)
 {
     constexpr double alphaPerPercent = 2.55;
     constexpr int opaque = 255;
-    color.setAlpha(std::clamp(text::truncated(opacityPercent * alphaPerPercent), 0, opaque));
+    color.setAlpha(std::clamp(truncated(opacityPercent * alphaPerPercent), 0, opaque));
     return color;
 }
 

@@ -1,7 +1,9 @@
 #include "visualization/shapes/TransitionShapes.h"
 
 #include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "visualization/shapes/ClusterShapes.h"
+#include "visualization/shapes/ToolTipText.h"
 
 #include <QStringBuilder>
 
@@ -60,10 +62,8 @@ Mark markOf(const FixationCluster &cluster, const QString &toolTip, const Visual
         return {EllipseShape{cluster.mean, major, minor, pen, Qt::NoBrush, toolTip},
                 nameOfEllipse(cluster.mean, major, minor)};
     }
-    const int diameter = text::truncated((parameters.size * 5.0 + 5) * 4);
-    const int radius = diameter / 2;
-    const QPointF corner = cluster.mean.toPointF() - QPointF(radius, radius);
-    return {OvalShape{{corner, QSizeF(diameter, diameter)}, pen, Qt::NoBrush, toolTip}, corner};
+    const QRectF square = squareAround(cluster.mean, truncated((parameters.size * 5.0 + 5) * 4));
+    return {OvalShape{square, pen, Qt::NoBrush, toolTip}, square.topLeft()};
 }
 
 TextShape nameShape(qsizetype number, QPointF at, const QColor &color)
@@ -151,17 +151,9 @@ QColor directionColor(QPoint from, QPoint to, std::pair<int, int> thereAndBack,
     const bool rightward = qint64(from.x()) - to.x() < 1;
     const QColor forward = rightward ? parameters.fillColorRight : parameters.fillColorLeft;
     const QColor backward = rightward ? parameters.fillColorLeft : parameters.fillColorRight;
-    const auto mixed = [&](int a, int b) { return text::truncated(a * p + b * q); };
+    const auto mixed = [&](int a, int b) { return truncated(a * p + b * q); };
     return {mixed(forward.red(), backward.red()), mixed(forward.green(), backward.green()),
             mixed(forward.blue(), backward.blue())};
-}
-
-double perMinuteOf(TimeFrame frame)
-{
-    constexpr double minuteMs = 60000.0;
-    if (frame.endMs <= frame.startMs)
-        return 1;
-    return minuteMs / (static_cast<double>(frame.endMs) - static_cast<double>(frame.startMs));
 }
 
 Drawing transitionShapes(const TransitionPicture &picture, const VisualizationParameters &parameters)
@@ -172,13 +164,16 @@ Drawing transitionShapes(const TransitionPicture &picture, const VisualizationPa
 Drawing transitionsBetween(ClusterSource source, const ExaminationEye &stream, const DrawingContext &context)
 {
     constexpr TimeFrame allTime{std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max()};
-    const auto type = static_cast<TransitionType>(context.clusters.transitionType);
+    const VisualizationParameters &parameters = context.of(DataKind::Clusters);
+    const auto type = static_cast<TransitionType>(parameters.transitionType);
     const QList<FixationCluster> clusters = clustersToDraw(source, stream, context.model);
     const QList<GazeWalk> walks = walksToCount(source, stream, context.model);
     const ClusterIndex index(clusters);
     const TransitionPicture picture{.clusters = clusters,
                                     .inFrame = countTransitions(index, walks, type, context.frame),
                                     .largestOfRecording = countTransitions(index, walks, type, allTime).largest(),
-                                    .perMinute = perMinuteOf(context.frame)};
-    return transitionShapes(picture, context.clusters);
+                                    .perMinute = context.frame.perMinute()};
+    Drawing drawing = transitionShapes(picture, parameters);
+    addToolTipLine(drawing, sourceLines(source, stream));
+    return drawing;
 }

@@ -22,9 +22,6 @@ struct TransitionPicture {
 /// stays. A cluster without fixations is never drawn.
 Drawing transitionShapes(const TransitionPicture &picture, const VisualizationParameters &parameters);
 
-/// Factor from counts of the frame to counts per minute; 1 for a frame without length.
-double perMinuteOf(TimeFrame frame);
-
 /// Colour of a line from a to b with the given counts there and back: between the colours for movements to the left and
 /// to the right by the share of each. A vertical line counts as one to the right.
 QColor directionColor(QPoint from, QPoint to, std::pair<int, int> thereAndBack,

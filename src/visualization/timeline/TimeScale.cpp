@@ -1,13 +1,11 @@
 #include "visualization/timeline/TimeScale.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-using text::truncated;
 
 /// At least `lowest`, and then at most `highest`, also where that is the lower one.
 qint64 bounded(qint64 value, qint64 lowest, qint64 highest)

@@ -1,8 +1,16 @@
 #pragma once
 
-#include "model/ScanpathSection.h"
+#include "visualization/selection/ClusterSelection.h"
 
 #include <QLatin1StringView>
+
+/// Recording and eye of a stream, a line each.
+QString sourceLines(const ExaminationEye &stream);
+/// The same for the clusters of a source.
+QString sourceLines(ClusterSource source, const ExaminationEye &stream);
+
+/// The line "Axis ratio: " with its line end.
+QString axisRatioLine(const ScanpathSection &section);
 
 /// What the pointer is told about a fixation, or about the saccade that leads to it: number, times and mean, a line
 /// each.

@@ -1,0 +1,171 @@
+#include "visualization/modes/DrawingModes.h"
+
+#include "visualization/modes/ModeOptions.h"
+#include "visualization/shapes/AngleStar.h"
+#include "visualization/shapes/ClusterShapes.h"
+#include "visualization/shapes/FixationShapes.h"
+#include "visualization/shapes/GazePointRaster.h"
+#include "visualization/shapes/SaccadeShapes.h"
+#include "visualization/shapes/TransitionShapes.h"
+
+namespace {
+
+using namespace modeoptions;
+using Qt::StringLiterals::operator""_L1;
+using Option = DrawingOption;
+using Record = VisualizationParameters;
+using enum ClusterSource;
+using enum HeatmapLook;
+
+constexpr QLatin1StringView notDrawn("NOT DRAWN\n");
+constexpr QLatin1StringView points("POINTS\n");
+constexpr QLatin1StringView heatmap("HEATMAP\n");
+constexpr QLatin1StringView shadow("SHADOW\n");
+constexpr QLatin1StringView ellipse("ELLIPSE\n");
+constexpr QLatin1StringView circle("CIRCLE\n");
+constexpr QLatin1StringView transition("TRANSITION\n");
+
+constexpr DataMode noMode{"none"_L1, {}, {notDrawn, notDrawn}};
+
+constexpr DataMode gazePointModes[] = {
+    noMode,
+    {"points"_L1,
+     gazePointSquares,
+     {points},
+     [](const Record &) {
+         return allColors() + plain({Option::Size, Option::StepSize});
+     }},
+    {"heatmap"_L1, AbsoluteScale, {heatmap}, [](const Record &) { return countHeatmap(" GP", " GP/min"); }},
+    {"shadowmap"_L1, ShadowMap, {shadow}, [](const Record &) { return shadowMap() + Options{thresholdFrom0(" %")}; }},
+};
+
+constexpr DataMode fixationModes[] = {
+    noMode,
+    {"elliptic (pca)"_L1,
+     fixationsOfEye<fixationEllipses>,
+     {ellipse},
+     [](const Record &) { return shapes() + plain({Option::OriginalSize}); }},
+    {"circular"_L1,
+     fixationsOfEye<fixationCircles>,
+     {circle},
+     [](const Record &) { return shapes() + plain({Option::OriginalSize}) + circles(); }},
+    {"heatmap"_L1,
+     AbsoluteScale,
+     {heatmap},
+     [](const Record &record) {
+         return shareHeatmap(" Fixations/min", record.percentMode) + plain({Option::FixationClasses});
+     }},
+    {"shadowmap"_L1, ShadowMap, {shadow}, [](const Record &) { return shadowMap() + Options{thresholdFrom0(" %")}; }},
+    {"histogram"_L1, {}, {}, [](const Record &) { return chart() + colorsNamed("Color"); }},
+    {"histogram seperated"_L1, {}, {}, [](const Record &) { return chart() + Options{chartGroups()}; }}, // sic
+};
+
+constexpr DataMode clusterModes[] = {
+    noMode,
+    {"elliptic (pca)"_L1,
+     clustersOfEye<clusterEllipses, Own>,
+     {ellipse, notDrawn},
+     [](const Record &) { return clusterShapes(); }},
+    {"circular"_L1,
+     clustersOfEye<clusterCircles, Own>,
+     {circle, notDrawn},
+     [](const Record &) { return clusterShapes() + circles(); }},
+    {"heatmap"_L1,
+     AbsoluteScale,
+     {heatmap, notDrawn},
+     [](const Record &record) { return shareHeatmap(" Clusters/min", record.percentMode); }},
+    {"shadowmap"_L1,
+     ShadowMap,
+     {shadow, notDrawn},
+     [](const Record &) { return shadowMap() + Options{thresholdFrom0(" %")}; }},
+    {"cumulative elliptic"_L1,
+     SharedBuild{clustersOfEye<clusterEllipses, Cumulative>},
+     {notDrawn, ellipse},
+     [](const Record &) { return clusterShapes(); }},
+    {"cumulative circle"_L1,
+     SharedBuild{clustersOfEye<clusterCircles, Cumulative>},
+     {notDrawn, circle},
+     [](const Record &) { return clusterShapes() + circles(); }},
+    {"transitions"_L1,
+     transitionsOfEye<Own>,
+     {transition, notDrawn},
+     [](const Record &) {
+         return transitions() + plain({Option::TransitionsOnly, Option::LineSizeAbsolute, Option::TransitionType});
+     }},
+    {"cumulative transitions"_L1,
+     SharedBuild{transitionsOfEye<Cumulative>},
+     {notDrawn, transition},
+     [](const Record &) { return transitions(); }},
+    {"cluster + cumulative transitions"_L1,
+     SharedBuild{transitionsOfEye<OwnThenCumulative>},
+     {transition, transition},
+     [](const Record &) { return transitions(); }},
+};
+
+constexpr DataMode saccadeModes[] = {
+    noMode,
+    {"arrows"_L1,
+     arrowsOfPass,
+     {},
+     [](const Record &) {
+         return plain({Option::Size, Option::ArrowTip, Option::StepSize}) + allColors();
+     }},
+    {"anglestar"_L1,
+     angleStarOfPass,
+     {},
+     [](const Record &) {
+         return plain({Option::BorderWidth, Option::FillOpacity, Option::BorderType, Option::AngleStar,
+                       Option::StarBins, Option::QuantityArcs, Option::DurationArcs, Option::LengthArcs,
+                       Option::SolidArcs}) +
+                allColors();
+     }},
+    {"heatmap"_L1,
+     AbsoluteScale,
+     {},
+     [](const Record &) {
+         return countHeatmap(" Saccades", " Saccades") + plain({Option::GaussianSaccades, Option::LengthDependent});
+     }},
+    {"shadowmap"_L1,
+     ShadowMap,
+     {},
+     [](const Record &) {
+         ShownOption length = thresholdFrom0(" px");
+         length.text = QStringLiteral("Length threshold");
+         return shadowMap() + Options{length};
+     }},
+    {"histogram"_L1,
+     {},
+     {},
+     [](const Record &) { return chart() + plain({Option::LengthDependent}) + colorsNamed("Color"); }},
+    {"histogram seperated"_L1, // sic
+     {},
+     {},
+     [](const Record &) { return chart() + plain({Option::LengthDependent}) + Options{chartGroups()}; }},
+    {"histogram sac vs fix"_L1,
+     {},
+     {},
+     [](const Record &) { return chart() + plain({Option::LengthDependent}) + colorsNamed("Saccade", "Fixation"); }},
+};
+
+} // namespace
+
+std::span<const DataMode> drawingModes(DataKind kind)
+{
+    switch (kind) {
+    case DataKind::GazePoints:
+        break;
+    case DataKind::Fixations:
+        return fixationModes;
+    case DataKind::Clusters:
+        return clusterModes;
+    case DataKind::Saccades:
+        return saccadeModes;
+    }
+    return gazePointModes;
+}
+
+ModeBuild buildOf(DataKind kind, const VisualizationParameters &record)
+{
+    const DataMode *mode = modeAt(drawingModes(kind), record.visualizationMode);
+    return mode ? mode->build : ModeBuild();
+}

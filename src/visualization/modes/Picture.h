@@ -1,0 +1,15 @@
+#pragma once
+
+#include "visualization/heatmap/HeatmapFigures.h"
+#include "visualization/selection/DrawingContext.h"
+#include "visualization/shapes/Drawing.h"
+
+/// Everything that a context shows, and what the colours of its heatmaps stand for.
+struct Picture {
+    Drawing drawing;               ///< back to front
+    QList<HeatmapFigures> figures; ///< none of shadow maps and of what had no events
+};
+
+/// The checked examinations in the modes of the records: first examination by examination, then eye by eye, then what
+/// pools them all.
+Picture pictureOf(const DrawingContext &context);

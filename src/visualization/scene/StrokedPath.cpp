@@ -1,0 +1,20 @@
+#include "visualization/scene/StrokedPath.h"
+
+#include <algorithm>
+
+double halfWidth(const QPen &pen)
+{
+    return pen.style() == Qt::NoPen ? 0 : std::max(1.0, pen.widthF()) / 2;
+}
+
+QPainterPath strokedPath(const QPainterPath &path, const QPen &pen)
+{
+    if (pen.style() == Qt::NoPen)
+        return path;
+    QPainterPathStroker stroker(pen);
+    stroker.setWidth(2 * halfWidth(pen));
+    QPainterPath stroked = stroker.createStroke(path);
+    stroked.addPath(path);
+    stroked.setFillRule(Qt::WindingFill);
+    return stroked;
+}
