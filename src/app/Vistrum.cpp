@@ -1,30 +1,37 @@
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "app/NoticeLine.h"
+#include "app/SettingsDialogs.h"
+#include "app/WindowPlace.h"
 #include "base/Messages.h"
 #include "clustering/ClusterOrder.h"
+#include "commands/ChangesPicture.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
-#include "table/panel/ExaminationTableControl.h"
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
-#include "visualization/timeline/ActivityCurves.h"
+#include "table/panel/ExaminationTableControl.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/SceneItems.h"
+#include "visualization/timeline/ActivityCurves.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGraphicsPixmapItem>
+#include <QImageReader>
 #include <QMessageBox>
+#include <QMimeData>
 
 #include <algorithm>
 
@@ -33,10 +40,9 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     m_log.clear();
     m_log.write(QStringLiteral("Starting program"));
     m_ui->setupUi(this);
-    constexpr int shares[] = {1, 4, 2}; // of the width: table, picture, panels
-    for (int pane = 0; pane < 3; ++pane)
-        m_ui->splitter->setStretchFactor(pane, shares[pane]);
-    m_ui->splitter->setSizes({shares[0] * width(), shares[1] * width(), shares[2] * width()});
+    m_notice = new NoticeLine(this);
+    m_ui->statusBar->addWidget(m_notice, 1);
+    dividePanes(*m_ui->splitter, width());
     m_ui->control->setModel(&m_model);
     m_ui->control->setMainWindow(this);
     m_ui->control->setLog(&m_log);
@@ -76,7 +82,7 @@ void Vistrum::addTableRow(const Examination &examination)
 
 void Vistrum::removeTableRows(const QList<int> &numbers)
 {
-    m_ui->tableWidget->removeExaminations(numbers);
+    m_ui->tableWidget->removeSortedExaminations(numbers);
 }
 
 /// A list that is as it was stays, and so does the background chosen from it.
@@ -147,8 +153,27 @@ void Vistrum::sltUpdateImageView(int index)
     if (m_ui->showBorderCheckBox->isChecked())
         drawBorder(m_backgroundPixmap);
     m_background = addBackground(m_scene, m_backgroundPixmap);
+    followPicture(index >= 1 && index <= images.size() ? images[index - 1] : QString());
     if (!m_skipOutlierCut)
         cutOrRestoreOutliers();
+}
+
+/// A picture that cannot be shown is told once; a redraw must not repeat it.
+void Vistrum::followPicture(const QString &path)
+{
+    m_ui->control->fixationControl().showStimulusWidth(stimulusWidthPx());
+    const bool isMissed = !path.isEmpty() && m_backgroundPixmap.isNull();
+    const QString before = std::exchange(m_missedPicture, isMissed ? path : QString());
+    if (!isMissed || before == path)
+        return;
+    QImageReader reader(path);
+    reader.read();
+    tell({QStringLiteral("The picture cannot be shown: %1").arg(QFileInfo(path).fileName()),
+          {QStringLiteral(
+               "%1: %2. Without a picture there is no size, and nothing is removed at its edge. Save it anew, "
+               "as PNG or JPEG, and choose it again.")
+               .arg(path, reader.errorString())},
+          {}});
 }
 
 void Vistrum::cutOrRestoreOutliers()
@@ -157,6 +182,22 @@ void Vistrum::cutOrRestoreOutliers()
         cutOutliers(m_model, m_backgroundPixmap.size());
     else
         restoreOutliers(m_model);
+    for (const Examination &examination : std::as_const(m_model).examinations())
+        m_ui->tableWidget->showChoices(examination);
+}
+
+/// What commands changed outside of any panel is seen in the picture and in the list of images.
+void Vistrum::followCommands(int index)
+{
+    const CommandStack &stack = CommandStack::instance();
+    const auto [from, to] = std::minmax({index, std::exchange(m_commandIndex, index)});
+    bool isChanged = false;
+    for (int i = from; i < std::min(to, stack.count()); ++i)
+        isChanged = isChanged || dynamic_cast<const ChangesPicture *>(stack.command(i));
+    if (!isChanged)
+        return;
+    rebuildImageList();
+    redraw();
 }
 
 void Vistrum::sltCutData(int)
@@ -273,6 +314,15 @@ void Vistrum::sltExportheatmap(int id)
         addItems(m_scene, {RasterShape{heatmap.image}});
 }
 
+/// Data that no mode shows would be missed in the picture.
+void Vistrum::tell(const Notice &notice)
+{
+    Notice told = notice;
+    if (told.kind && drawingParameters()[static_cast<std::size_t>(*told.kind)]->visualizationMode == 0)
+        told.text += QStringLiteral("; not drawn: mode none");
+    m_notice->tell(told);
+}
+
 void Vistrum::updateAndRedraw()
 {
     sltUpdateAndRedraw();
@@ -312,24 +362,23 @@ void Vistrum::resizeEvent(QResizeEvent *event)
     redraw();
 }
 
-// ---- settings
+// ---- settings, place and files
 
 void Vistrum::sltSaveRegistry()
 {
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save Vistrum Settings"),
-                                                      QStringLiteral("."), QStringLiteral("Settings (*.ini)"));
-    if (!path.isEmpty())
-        Registry(m_log).saveSettings(path);
+    askAndSaveSettings(this, m_log);
 }
 
 void Vistrum::sltImportRegistry()
 {
-    QFileDialog dialog(this, QStringLiteral("Select Vistrum settings"), QString(), QStringLiteral("Settings (*.ini)"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().size() != 1)
-        return;
-    Registry(m_log).loadSettings(dialog.selectedFiles().constFirst());
-    Q_EMIT sigUpdateSettings();
+    if (askAndLoadSettings(this, m_log))
+        Q_EMIT sigUpdateSettings();
+}
+
+void Vistrum::sltResetSettings()
+{
+    if (askForReset(this))
+        sltLoadDefaultSettings();
 }
 
 void Vistrum::sltLoadDefaultSettings()
@@ -339,6 +388,35 @@ void Vistrum::sltLoadDefaultSettings()
     for (VisualizationWidget *panel : m_ui->control->visualizationWidgets())
         panel->sltUpdateSettings();
     m_ui->control->fixationControl().sltUpdateSettings();
+    m_ui->control->sltUpdateSettings();
+}
+
+bool Vistrum::restorePlace()
+{
+    return ::restorePlace(*this, *m_ui->splitter);
+}
+
+void Vistrum::importFiles(const QStringList &paths)
+{
+    if (!paths.isEmpty() && !m_ui->control->dataWidget().importFiles(paths))
+        tell({QStringLiteral("No recording in %1").arg(paths.join(QStringLiteral(", "))), {}, {}});
+}
+
+void Vistrum::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void Vistrum::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    for (const QUrl &url : event->mimeData()->urls()) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    event->acceptProposedAction();
+    importFiles(paths);
 }
 
 void Vistrum::closeEvent(QCloseEvent *event)
@@ -350,6 +428,7 @@ void Vistrum::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    rememberPlace(*this, *m_ui->splitter);
     m_log.write(QStringLiteral("Application closed by user."));
     event->accept();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "model/CalculationInfo.h"
-#include "model/EyeData.h"
 #include "model/Eye.h"
+#include "model/EyeData.h"
 
 #include <QHash>
 

@@ -2,14 +2,14 @@
 #include "ui_VisualizationWidget.h"
 
 #include "model/DataModel.h"
-#include "visualization/parameters/AdjustableColorMap.h"
 #include "visualization/heatmap/ColorTable.h"
 #include "visualization/heatmap/GradientImage.h"
 #include "visualization/heatmap/HeatmapLabels.h"
+#include "visualization/modes/VisualizationKinds.h"
 #include "visualization/panel/OpenGlViewport.h"
 #include "visualization/panel/OptionForm.h"
+#include "visualization/parameters/AdjustableColorMap.h"
 #include "visualization/parameters/VisualizationCommands.h"
-#include "visualization/modes/VisualizationKinds.h"
 
 #include <QEvent>
 #include <QSignalBlocker>
@@ -74,7 +74,7 @@ void VisualizationWidget::sltUpdateSettings()
 {
     loadParameters(m_record, rows::visualization);
     m_parameters.refresh(m_record, rows::visualization);
-    showColorMap(adjustableColorMap(m_record));
+    showColorMap(m_record.colorMap);
     applyLayout();
     sltColorMapChanged();
 }
@@ -88,7 +88,7 @@ void VisualizationWidget::sltExportheatmap()
 
 void VisualizationWidget::bindNumbers()
 {
-    m_parameters.bind<rows::visualizationMode>(m_ui->comboBox_vismode, m_record);
+    m_parameters.bind<rows::visualizationMode, CommandChangeVisualizationMode>(m_ui->comboBox_vismode, m_record);
     m_parameters.bind<rows::size>(m_ui->sizeSpinBox, m_record);
     m_parameters.bind<rows::stepSize>(m_ui->spinBox_stepsize, m_record);
     m_parameters.bind<rows::fillOpacity>(m_ui->fillOpacitySpinBox, m_record);
