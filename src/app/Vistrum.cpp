@@ -1,7 +1,11 @@
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "app/NoticeLine.h"
+#include "app/SettingsDialogs.h"
+#include "app/WindowPlace.h"
 #include "base/Messages.h"
+#include "commands/ChangesPicture.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
@@ -20,8 +24,11 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGraphicsPixmapItem>
+#include <QImageReader>
 #include <QMessageBox>
+#include <QMimeData>
 
 #include <algorithm>
 
@@ -30,10 +37,9 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     m_log.clear();
     m_log.write(QStringLiteral("Starting program"));
     m_ui->setupUi(this);
-    constexpr int shares[] = {1, 4, 2}; // of the width: table, picture, panels
-    for (int pane = 0; pane < 3; ++pane)
-        m_ui->splitter->setStretchFactor(pane, shares[pane]);
-    m_ui->splitter->setSizes({shares[0] * width(), shares[1] * width(), shares[2] * width()});
+    m_notice = new NoticeLine(this);
+    m_ui->statusBar->addWidget(m_notice, 1);
+    dividePanes(*m_ui->splitter, width());
     m_ui->control->setModel(&m_model);
     m_ui->control->setMainWindow(this);
     m_ui->control->setLog(&m_log);
@@ -73,7 +79,7 @@ void Vistrum::addTableRow(const Examination &examination)
 
 void Vistrum::removeTableRows(const QList<int> &numbers)
 {
-    m_ui->tableWidget->removeExaminations(numbers);
+    m_ui->tableWidget->removeSortedExaminations(numbers);
 }
 
 /// A list that is as it was stays, and so does the background chosen from it.
@@ -148,8 +154,27 @@ void Vistrum::chooseBackground(int index)
         m_backgroundPixmap = m_pictures.pixmap(index < 1 ? QString() : images[index - 1]);
     if (m_ui->showBorderCheckBox->isChecked())
         drawBorder(m_backgroundPixmap);
+    followPicture(index >= 1 && index <= images.size() ? images[index - 1] : QString());
     if (!m_skipOutlierCut)
         cutOrRestoreOutliers();
+}
+
+/// A picture that cannot be shown is told once; a redraw must not repeat it.
+void Vistrum::followPicture(const QString &path)
+{
+    m_ui->control->fixationControl().showStimulusWidth(stimulusWidthPx());
+    const bool isMissed = !path.isEmpty() && m_backgroundPixmap.isNull();
+    const QString before = std::exchange(m_missedPicture, isMissed ? path : QString());
+    if (!isMissed || before == path)
+        return;
+    QImageReader reader(path);
+    reader.read();
+    tell({QStringLiteral("The picture cannot be shown: %1").arg(QFileInfo(path).fileName()),
+          {QStringLiteral(
+               "%1: %2. Without a picture there is no size, and nothing is removed at its edge. Save it anew, "
+               "as PNG or JPEG, and choose it again.")
+               .arg(path, reader.errorString())},
+          {}});
 }
 
 void Vistrum::cutOrRestoreOutliers()
@@ -158,6 +183,22 @@ void Vistrum::cutOrRestoreOutliers()
         cutOutliers(m_model, m_backgroundPixmap.size());
     else
         restoreOutliers(m_model);
+    for (const Examination &examination : std::as_const(m_model).examinations())
+        m_ui->tableWidget->showChoices(examination);
+}
+
+/// What commands changed outside of any panel is seen in the picture and in the list of images.
+void Vistrum::followCommands(int index)
+{
+    const CommandStack &stack = CommandStack::instance();
+    const auto [from, to] = std::minmax({index, std::exchange(m_commandIndex, index)});
+    bool isChanged = false;
+    for (int i = from; i < std::min(to, stack.count()); ++i)
+        isChanged = isChanged || dynamic_cast<const ChangesPicture *>(stack.command(i));
+    if (!isChanged)
+        return;
+    rebuildImageList();
+    redraw();
 }
 
 void Vistrum::sltCutData(int)
@@ -264,6 +305,15 @@ void Vistrum::sltExportheatmap(int id)
     drawHeatmapOnTop(m_scene, static_cast<DataKind>(id), drawingContext());
 }
 
+/// Data that no mode shows would be missed in the picture.
+void Vistrum::tell(const Notice &notice)
+{
+    Notice told = notice;
+    if (told.kind && drawingRecords()[*told.kind].visualizationMode == 0)
+        told.text += QStringLiteral("; not drawn: mode none");
+    m_notice->tell(told);
+}
+
 void Vistrum::updateAndRedraw()
 {
     sltUpdateAndRedraw();
@@ -303,24 +353,23 @@ void Vistrum::resizeEvent(QResizeEvent *event)
     redraw();
 }
 
-// ---- settings
+// ---- settings, place and files
 
 void Vistrum::sltSaveRegistry()
 {
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save Vistrum Settings"),
-                                                      QStringLiteral("."), QStringLiteral("Settings (*.ini)"));
-    if (!path.isEmpty())
-        Registry(m_log).saveSettings(path);
+    askAndSaveSettings(this, m_log);
 }
 
 void Vistrum::sltImportRegistry()
 {
-    QFileDialog dialog(this, QStringLiteral("Select Vistrum settings"), QString(), QStringLiteral("Settings (*.ini)"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().size() != 1)
-        return;
-    Registry(m_log).loadSettings(dialog.selectedFiles().constFirst());
-    Q_EMIT sigUpdateSettings();
+    if (askAndLoadSettings(this, m_log))
+        Q_EMIT sigUpdateSettings();
+}
+
+void Vistrum::sltResetSettings()
+{
+    if (askForReset(this))
+        sltLoadDefaultSettings();
 }
 
 void Vistrum::sltLoadDefaultSettings()
@@ -330,6 +379,35 @@ void Vistrum::sltLoadDefaultSettings()
     for (VisualizationWidget *panel : m_ui->control->visualizationWidgets())
         panel->sltUpdateSettings();
     m_ui->control->fixationControl().sltUpdateSettings();
+    m_ui->control->sltUpdateSettings();
+}
+
+bool Vistrum::restorePlace()
+{
+    return ::restorePlace(*this, *m_ui->splitter);
+}
+
+void Vistrum::importFiles(const QStringList &paths)
+{
+    if (!paths.isEmpty() && !m_ui->control->dataWidget().importFiles(paths))
+        tell({QStringLiteral("No recording in %1").arg(paths.join(QStringLiteral(", "))), {}, {}});
+}
+
+void Vistrum::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void Vistrum::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    for (const QUrl &url : event->mimeData()->urls()) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    event->acceptProposedAction();
+    importFiles(paths);
 }
 
 void Vistrum::closeEvent(QCloseEvent *event)
@@ -341,6 +419,7 @@ void Vistrum::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    rememberPlace(*this, *m_ui->splitter);
     m_log.write(QStringLiteral("Application closed by user."));
     event->accept();
 }

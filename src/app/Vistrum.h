@@ -13,6 +13,7 @@
 #include <memory>
 
 class ExaminationTableControl;
+class NoticeLine;
 class Timeline;
 class QGraphicsPixmapItem;
 
@@ -30,12 +31,20 @@ public:
 
     const DataModel &model() const { return m_model; }
 
+    /// Adds recordings to the list of files and imports them: files, and what lies in folders.
+    void importFiles(const QStringList &paths);
+
+    /// Puts the window where it was left, as large as it was.
+    /// @return false at the first start.
+    bool restorePlace();
+
     void addTableRow(const Examination &examination) override;
     void removeTableRows(const QList<int> &numbers) override;
     void refreshPlainBackground() override;
     void showImported() override;
     int stimulusWidthPx() const override;
     QPixmap stimulus() const override { return m_backgroundPixmap; }
+    void tell(const Notice &notice) override;
     void redraw() override;
     void updateAndRedraw() override;
     void holdRedraw() override;
@@ -74,17 +83,24 @@ public Q_SLOTS:
     void sltSaveRegistry();
     void sltImportRegistry();
     void sltLoadDefaultSettings();
+    /// Asks first.
+    void sltResetSettings();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void makeTable();
+    void makeMenus();
     void connectForm();
     void connectPanels();
     void chooseBackground(int index);
     void cutOrRestoreOutliers();
+    void followCommands(int index);
+    void followPicture(const QString &path);
     Timeline &timeline() const;
     DrawingRecords drawingRecords() const;
     DrawingContext drawingContext() const;
@@ -95,9 +111,12 @@ private:
     DataModel m_model;
     QGraphicsScene m_scene;
     ExaminationTableControl *m_table = nullptr;  ///< a child
+    NoticeLine *m_notice = nullptr;              ///< a child
+    QString m_missedPicture;                     ///< told to be unreadable
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
+    int m_commandIndex = 0;       ///< on the undo stack, when it was last followed
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any
     bool m_redrawMissed = false;  ///< meanwhile

@@ -3,11 +3,15 @@
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "app/AboutBox.h"
+#include "app/WheelGuard.h"
 #include "clustering/panel/ClusterControl.h"
 #include "clustering/panel/SaccadeClusterControl.h"
+#include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataWidget.h"
+#include "settings/FirstStart.h"
 #include "table/panel/ExaminationTableControl.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
@@ -29,6 +33,26 @@ void Vistrum::makeTable()
     connect(m_table, &Control::sigSetSaccadeClusterStatusNone, this, &Vistrum::sigSetSaccadeClusterStatusNone);
 }
 
+void Vistrum::makeMenus()
+{
+    CommandStack &stack = CommandStack::instance();
+    QAction *undo = stack.createUndoAction(this, QStringLiteral("&Undo"));
+    QAction *redo = stack.createRedoAction(this, QStringLiteral("&Redo"));
+    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    m_ui->menuEdit->insertActions(m_ui->action_UndoView, {undo, redo});
+    m_ui->menuEdit->insertSeparator(m_ui->action_UndoView);
+    connect(m_ui->action_UndoView, &QAction::triggered, m_ui->control, &controlWidget::sltShowCommandProcessor);
+    connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
+    connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
+    connect(m_ui->action_Help, &QAction::triggered, this, [this] {
+        showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));
+    });
+    connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
+    connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
+    connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltResetSettings);
+}
+
 void Vistrum::connectForm()
 {
     connect(m_ui->image_comboBox, &QComboBox::currentIndexChanged, this, &Vistrum::sltUpdateImageView);
@@ -37,14 +61,18 @@ void Vistrum::connectForm()
     connect(m_ui->loadPictureButton, &QPushButton::clicked, this, &Vistrum::sltImportPicture);
     connect(m_ui->showBorderCheckBox, &QCheckBox::clicked, this, &Vistrum::sltUpdateBorder);
     connect(m_ui->remove_outlier, &QCheckBox::stateChanged, this, &Vistrum::sltCutData);
-    connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
-    connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
-    connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltLoadDefaultSettings);
+    makeMenus();
+    (new WheelGuard(this))->guard(*this);
+    setAcceptDrops(true);
+    m_ui->visualization->setAcceptDrops(false); // the window takes them
+    m_ui->visualization->viewport()->setAcceptDrops(false);
 }
 
 void Vistrum::connectPanels()
 {
     controlWidget &control = *m_ui->control;
+    m_commandIndex = CommandStack::instance().index();
+    connect(&CommandStack::instance(), &CommandStack::indexChanged, this, &Vistrum::followCommands);
     connect(&control, &controlWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
@@ -59,6 +87,7 @@ void Vistrum::connectPanels()
     connect(this, &Vistrum::sigEnable_cumulativecluster_export, &control.exportWidget(),
             &ExportWidget::sltEnableCumulativeClusterExport);
     connect(this, &Vistrum::sigUpdateSettings, &control.fixationControl(), &FixationControl::sltUpdateSettings);
+    connect(this, &Vistrum::sigUpdateSettings, &control, &controlWidget::sltUpdateSettings);
     for (VisualizationWidget *panel : control.visualizationWidgets()) {
         connect(panel, &VisualizationWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
         connect(panel, &VisualizationWidget::sigExportheatmap, this, &Vistrum::sltExportheatmap);

@@ -81,7 +81,7 @@ public:
     void open(const QString &label, int steps) override
     {
         m_dialog = std::make_unique<ProgressDialog>(label, QString(), 0, steps, windowInFront());
-        m_dialog->setWindowTitle(QApplication::applicationDisplayName());
+        m_dialog->setWindowTitle(QStringLiteral("Vistrum"));
         m_dialog->setWindowModality(Qt::ApplicationModal);
         m_dialog->setMinimumDuration(0);
         m_dialog->setValue(0);

@@ -48,7 +48,7 @@ std::array<QSpinBox *, 4> saliencyNumbers(const Ui::controlWidget &form)
 controlWidget::controlWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::controlWidget>())
 {
     m_ui->setupUi(this);
-    m_ui->comboBox_eyemode->setCurrentIndex(readStored(keys::eyeMode));
+    sltUpdateSettings();
     m_ui->FixCalc_widget->sltUpdateSettings();
     const auto kinds = visualizationKinds();
     for (std::size_t i = 0; VisualizationWidget * panel : visualizationWidgets()) {
@@ -96,6 +96,7 @@ void controlWidget::setMainWindow(IMainWindow *window)
     m_ui->Data_Widget->setMainWindow(window);
     m_ui->FixCalc_widget->setMainWindow(window);
     m_ui->aoi_widget->setMainWindow(window);
+    m_ui->clusterCalc_widget->setMainWindow(window);
 }
 
 void controlWidget::setLog(const Log *log)
@@ -151,7 +152,7 @@ std::array<VisualizationWidget *, 4> controlWidget::visualizationWidgets() const
 void controlWidget::sltShowCommandProcessor()
 {
     auto *view = new QUndoView(&CommandStack::instance(), this); // owned by the panel: it does not outlive the program
-    view->setWindowFlag(Qt::Window);
+    view->setWindowFlag(Qt::Dialog);                             // a window of its own that stays above this one
     view->setAttribute(Qt::WA_DeleteOnClose);
     view->setWindowTitle(tr("Undo view"));
     view->setEmptyLabel(tr("<start>"));
@@ -163,6 +164,12 @@ void controlWidget::sltEyeModeChanged(int index)
 {
     writeStored(keys::eyeMode, index);
     Q_EMIT sigGraphicsParametersChanged();
+}
+
+void controlWidget::sltUpdateSettings()
+{
+    const QSignalBlocker blocker(m_ui->comboBox_eyemode);
+    m_ui->comboBox_eyemode->setCurrentIndex(readStored(keys::eyeMode));
 }
 
 // ---- time frame
@@ -189,8 +196,8 @@ void controlWidget::sltTimespanHasChanged(qint64 duration)
 void controlWidget::sltTimeSpinboxChanged()
 {
     const double end = m_ui->doubleSpinBox_end->value();
+    m_ui->doubleSpinBox_start->setMaximum(end); // pulls back a start that is later
     const double start = m_ui->doubleSpinBox_start->value();
-    m_ui->doubleSpinBox_start->setMaximum(end);
     Q_EMIT sigUpdateTimeframe(static_cast<qint64>(start), static_cast<qint64>(end));
 }
 

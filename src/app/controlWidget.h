@@ -68,6 +68,8 @@ public Q_SLOTS:
     void sltTimelineHasChanged(qint64 start, qint64 end);
     /// The timeline got another length, in ms.
     void sltTimespanHasChanged(qint64 duration);
+    /// Shows the stored choice of eyes, without drawing.
+    void sltUpdateSettings();
     void sltUpdateTime() { Q_EMIT sigUpdateTime(); }
     /// Asks for the picture anew.
     void sltEmitGraphicChanged() { Q_EMIT sigGraphicsParametersChanged(); }

@@ -5,12 +5,14 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QImageReader>
 #include <QSplashScreen>
 #include <QTimer>
 
 namespace {
 
-constexpr int splashMs = 4000; ///< the splash stays at least this long, and stays responsive
+constexpr int largestPictureMegabytes = 1024; ///< decoded; a poster at 600 dpi
+constexpr int splashMs = 4000;                ///< the splash stays at least this long, and stays responsive
 
 void wait(int timeMs)
 {
@@ -27,8 +29,9 @@ int main(int argc, char *argv[])
     QApplication::setOrganizationName(QStringLiteral("Brennhaus Institute"));
     QApplication::setOrganizationDomain(QStringLiteral("vistrum.example"));
     QApplication::setApplicationName(QStringLiteral("Vistrum 2014"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Vistrum"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("vistrum"));
     QApplication::setApplicationVersion(QStringLiteral("0.2014"));
+    QImageReader::setAllocationLimit(largestPictureMegabytes);
     installWindowFeedback();
 
     QSplashScreen splash(QPixmap(QStringLiteral(":/Orbelle/Splash15")));
@@ -40,9 +43,12 @@ int main(int argc, char *argv[])
     applyFactorySettings(findDataFile(QStringLiteral("factory_settings.ini"), folder), findExamplesFolder(folder));
 
     Vistrum window;
+    const bool isPlaced = window.restorePlace();
     window.show();
-    window.setWindowState(Qt::WindowMaximized);
+    if (!isPlaced)
+        window.setWindowState(Qt::WindowMaximized);
     window.sltFitToScreen();
     splash.finish(&window);
+    window.importFiles(QApplication::arguments().mid(1));
     return QApplication::exec();
 }

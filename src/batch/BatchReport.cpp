@@ -68,11 +68,6 @@ QJsonArray toJsonArray(const QList<T> &list)
     return array;
 }
 
-QString valueText(const QVariant &value)
-{
-    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(u',') : value.toString();
-}
-
 } // namespace
 
 ReportedFile reportedFile(const QString &path)
@@ -88,7 +83,7 @@ QMap<QString, QString> storedParameters(const SettingsStore &store)
 {
     QMap<QString, QString> parameters;
     for (const QString &key : store.allKeys())
-        parameters.insert(key, valueText(store.value(key)));
+        parameters.insert(key, store.value(key).toString());
     return parameters;
 }
 

@@ -38,7 +38,8 @@ FixationSettingsModel fixationSettings(const BatchOptions &options)
     if (options.velocityUnit)
         setParameter(settings, rows::velocityUnit, static_cast<int>(*options.velocityUnit));
     if (options.detector == BatchOptions::Detector::Velocity)
-        settings.velocityImageSizePixels = backgroundPixmap(options.background, Border::None).width();
+        setParameter(settings, rows::velocityImageSizePixels,
+                     backgroundPixmap(options.background, Border::None).width());
     return settings;
 }
 

@@ -1,9 +1,24 @@
 #pragma once
 
+#include "model/DataKind.h"
+
 #include <QList>
 #include <QPixmap>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
 
 struct Examination;
+
+/// What a calculation or an import has to say when it is done, in one line and, on demand, in many.
+struct Notice {
+    bool operator==(const Notice &) const = default;
+
+    QString text;
+    QStringList warnings;
+    std::optional<DataKind> kind; ///< of the data that were made
+};
 
 /// What commands and panels need of the main window, so that none of them includes the application.
 class IMainWindow {
@@ -29,6 +44,9 @@ public:
     /// The picture that is shown behind the drawing. A window without one may leave this out.
     virtual QPixmap stimulus() const { return {}; }
 
+    /// Tells the user what came of a calculation, without asking for attention. A window may have no place for it.
+    virtual void tell(const Notice &) {}
+
     virtual void redraw() = 0;
 
     /// Examinations, groups or colours have changed: the picture is drawn anew.
@@ -43,11 +61,21 @@ public:
 /// Holds the picture while it lives: for many changes at a time, each of which would draw it anew.
 class RedrawHold {
 public:
-    explicit RedrawHold(IMainWindow &window) : m_window(window) { m_window.holdRedraw(); }
-    ~RedrawHold() { m_window.releaseRedraw(); }
+    explicit RedrawHold(IMainWindow &window) : RedrawHold(&window) {}
+    /// Without a window nothing is drawn, nor held.
+    explicit RedrawHold(IMainWindow *window) : m_window(window)
+    {
+        if (m_window)
+            m_window->holdRedraw();
+    }
+    ~RedrawHold()
+    {
+        if (m_window)
+            m_window->releaseRedraw();
+    }
     RedrawHold(const RedrawHold &) = delete;
     RedrawHold &operator=(const RedrawHold &) = delete;
 
 private:
-    IMainWindow &m_window;
+    IMainWindow *m_window;
 };

@@ -2,19 +2,44 @@
 
 #include "base/TextFormat.h"
 
-QString commandValueText(const QVariant &stored)
+namespace {
+
+QString written(bool value)
 {
-    if (stored.typeId() == QMetaType::Double)
-        return text::general6(stored.toDouble());
-    if (stored.typeId() == QMetaType::Bool)
-        return QString::number(stored.toInt());
-    return stored.toString();
+    return QString::number(value ? 1 : 0);
 }
 
-QString commandText(QLatin1StringView format, const QVariant &stored)
+QString written(int value)
+{
+    return QString::number(value);
+}
+
+QString written(double value)
+{
+    return text::general6(value);
+}
+
+QString written(const QString &value)
+{
+    return value;
+}
+
+QString written(const QColor &value)
+{
+    return value.name();
+}
+
+} // namespace
+
+QString commandValueText(const ParameterValue &value)
+{
+    return std::visit([](const auto &plain) { return written(plain); }, value);
+}
+
+QString commandText(QLatin1StringView format, const ParameterValue &value)
 {
     const QString text(format);
     if (text.contains(QLatin1StringView("%1")))
-        return text.arg(commandValueText(stored));
-    return stored.typeId() == QMetaType::QString ? text + stored.toString() : text;
+        return text.arg(commandValueText(value));
+    return std::holds_alternative<QColor>(value) ? text + commandValueText(value) : text;
 }

@@ -69,21 +69,45 @@ Warning percentileWarning(const QList<GazePoint> &samples)
         .arg(speeds);
 }
 
-Warning equalTimesWarning(const QList<GazePoint> &samples)
+/// What two samples of one time mean to a detector differs.
+Warning equalTimesWarning(const QList<GazePoint> &samples, QLatin1StringView consequence)
 {
     qsizetype equal = 0;
     for (qsizetype i = 1; i < samples.size(); ++i)
         equal += samples[i].validFlag && samples[i].time == samples[i - 1].time ? 1 : 0;
     if (equal == 0)
         return {};
-    return QStringLiteral("%1 of %2 samples have the time of the sample before them; each ends a fixation.")
+    return QStringLiteral("%1 of %2 samples have the time of the sample before them; %3.")
         .arg(equal)
-        .arg(samples.size());
+        .arg(samples.size())
+        .arg(consequence);
+}
+
+Warning thresholdWarning(double threshold)
+{
+    if (!(threshold < 1))
+        return {};
+    return QStringLiteral(
+               "The velocity threshold of %1 works as 0, since only its whole part counts: no eye is slower.")
+        .arg(text::general6(threshold));
+}
+
+/// An angle needs a distance and a size that are there.
+Warning geometryWarning(const VelocityParameters &parameters)
+{
+    if (parameters.unit != VelocityUnit::DegreePerS)
+        return {};
+    if (!(parameters.screenDistanceM > 0))
+        return QStringLiteral("The screen distance is 0: each movement counts as 90 degrees.");
+    if (!(parameters.imageSizeM > 0))
+        return QStringLiteral("The image size is 0: all speeds in degrees are 0.");
+    return {};
 }
 
 QList<Warning> warningsOf(const QList<GazePoint> &samples, const StandardParameters &parameters)
 {
-    return {durationWarning(samples, parameters.minimumDurationMs), radiusWarning(samples, parameters.maximumRadiusPx)};
+    return {durationWarning(samples, parameters.minimumDurationMs), radiusWarning(samples, parameters.maximumRadiusPx),
+            equalTimesWarning(samples, QLatin1StringView("times are coarser than the recording"))};
 }
 
 QList<Warning> warningsOf(const QList<GazePoint> &samples, const MixtureParameters &parameters)
@@ -95,7 +119,8 @@ QList<Warning> warningsOf(const QList<GazePoint> &samples, const VelocityParamet
 {
     return {durationWarning(samples, parameters.minimumDurationMs),
             parameters.unit == VelocityUnit::Percentile ? percentileWarning(samples) : Warning(),
-            equalTimesWarning(samples)};
+            equalTimesWarning(samples, QLatin1StringView("each ends a fixation")),
+            thresholdWarning(parameters.threshold), geometryWarning(parameters)};
 }
 
 } // namespace

@@ -24,7 +24,11 @@ Run run(const StandardParameters &parameters, EyeData &eye, const Log *log)
 
 Run run(const MixtureParameters &parameters, EyeData &eye, const Log *)
 {
-    return {{}, GaussianMixtureScanpathBuilder(eye.gazePoints, &eye.scanpath, parameters).failure()};
+    const std::variant<QList<Fixation>, FitFailure> found = mixtureFixations(eye.gazePoints, parameters, eye.scanpath);
+    if (const auto *failure = std::get_if<FitFailure>(&found))
+        return {{}, failure->reason};
+    eye.scanpath = std::get<QList<Fixation>>(found);
+    return {};
 }
 
 Run run(const VelocityParameters &parameters, EyeData &eye, const Log *)
@@ -148,22 +152,6 @@ constexpr FixationCalculationParameters (*detectors[])(const FixationSettingsMod
     standardParameters, mixtureParameters, velocityParameters};
 static_assert(std::size(detectors) == std::size(calculationTypeNames));
 
-/// What a calculation reads from the store and leaves there.
-void exchangeWithStore(StandardParameters &) {}
-
-void exchangeWithStore(MixtureParameters &parameters)
-{
-    FixationSettingsModel stored;
-    loadParameters(stored, std::tie(rows::gaussianMinimumDuration, rows::gaussianMergeSequential));
-    parameters = {stored.gaussianMinimumDuration, stored.gaussianMergeSequential};
-}
-
-void exchangeWithStore(VelocityParameters &parameters)
-{
-    FixationSettingsModel written;
-    setParameter(written, rows::velocityImageSizePixels, truncated(parameters.imageWidthPx));
-}
-
 } // namespace
 
 FixationCalculationParameters calculationParameters(int calculationType, const FixationSettingsModel &settings)
@@ -172,8 +160,8 @@ FixationCalculationParameters calculationParameters(int calculationType, const F
     return detectors[isKnown ? calculationType : 0](settings);
 }
 
-std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, FixationCalculationParameters parameters,
-                                                             const Log *log)
+std::optional<FixationCalculationOutcome>
+calculateFixations(DataModel &model, const FixationCalculationParameters &parameters, const Log *log)
 {
     const auto checkedCount = static_cast<int>(model.checkedExaminations().size());
     if (checkedCount == 0) {
@@ -181,7 +169,6 @@ std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, F
                               QStringLiteral("Please select some data first."));
         return std::nullopt;
     }
-    std::visit([](auto &p) { exchangeWithStore(p); }, parameters);
     Detection detection(parameters, log);
     {
         Progress progress(QStringLiteral("Calculating fixation filter. Please wait."), checkedCount);

@@ -35,11 +35,8 @@ struct FixationCalculationOutcome {
 /// saccades, invalid sections and event rows are not cleared: a second calculation adds to them. The pooled dominant
 /// container is left alone. Each examination keeps what was done as its `fixationCalculationInfo`.
 ///
-/// A velocity calculation leaves the width that it was given in the store. A mixture calculation takes its parameters
-/// from there, whatever it was given: settings that were loaded since then count.
-///
 /// The reports are shown when all is done, after the progress was closed. Warnings are shown to nobody.
 /// @param log  gets each warning as a line with recording and eye; may be null.
 /// @return nothing, after a message, where no examination is checked.
-std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, FixationCalculationParameters parameters,
-                                                             const Log *log);
+std::optional<FixationCalculationOutcome>
+calculateFixations(DataModel &model, const FixationCalculationParameters &parameters, const Log *log);

@@ -12,32 +12,30 @@ int calculationTypeNamed(const QString &name)
 
 namespace fixationstore {
 
-QVariant storedCalculationType(const int &type)
+QString storedCalculationType(const int &type)
 {
     const bool isKnown = type >= 0 && type < static_cast<int>(std::size(calculationTypeNames));
     return isKnown ? QString(calculationTypeNames[type]) : QString();
 }
 
-int loadedCalculationType(const QVariant &stored)
+int loadedCalculationType(const QString &stored)
 {
-    const QString name = stored.toString();
-    if (name == calculationTypeNames[0])
+    if (stored == calculationTypeNames[0])
         return 0;
-    return name == calculationTypeNames[1] ? 1 : unknownCalculationType;
+    return stored == calculationTypeNames[1] ? 1 : unknownCalculationType;
 }
 
-QVariant storedVelocityUnit(const int &unit)
+QString storedVelocityUnit(const int &unit)
 {
-    return unit;
+    return QString::number(unit);
 }
 
-int loadedVelocityUnit(const QVariant &stored)
+int loadedVelocityUnit(const QString &stored)
 {
     constexpr int percentile = 2;
-    const QString text = stored.toString();
-    if (text == QStringLiteral("[Pixel / ms]")) // sic, unlike the item of the combo box
+    if (stored == QStringLiteral("[Pixel / ms]")) // sic, unlike the item of the combo box
         return 0;
-    return text == QStringLiteral("[°/s]") ? 1 : percentile;
+    return stored == QStringLiteral("[°/s]") ? 1 : percentile;
 }
 
 } // namespace fixationstore
@@ -55,7 +53,7 @@ void loadFixationSettings(FixationSettingsModel &model)
     const SettingsStore store;
     const auto writeBack = [&](const auto &row) {
         if (!store.contains(storedKey(model, row)))
-            setParameter(model, row, model.*row.member);
+            setParameter(model, row, valueIn(model, row));
     };
     std::apply([&](const auto &...row) { (writeBack(row), ...); }, rows::fixation);
     setParameter(model, rows::velocityUnit, model.velocityUnit);

@@ -43,15 +43,15 @@ int calculationTypeNamed(const QString &name);
 namespace fixationstore {
 
 /// The name; empty for an unknown type.
-QVariant storedCalculationType(const int &type);
+QString storedCalculationType(const int &type);
 /// "Velocity based" is not among the texts: it reads as unknown, and the standard detector runs.
-int loadedCalculationType(const QVariant &stored);
+int loadedCalculationType(const QString &stored);
 
 /// The index.
-QVariant storedVelocityUnit(const int &unit);
+QString storedVelocityUnit(const int &unit);
 /// The stored index is compared with the texts "[Pixel / ms]" and "[°/s]", which it never equals: whatever was chosen,
 /// a loaded unit is 2, "Percentile".
-int loadedVelocityUnit(const QVariant &stored);
+int loadedVelocityUnit(const QString &stored);
 
 } // namespace fixationstore
 

@@ -25,7 +25,7 @@ QString clusterTable(const Examination &examination, const QList<FixationCluster
 
 QString calculationLines(const CalculationInfo &info)
 {
-    return QLatin1StringView("Fixation calculation parameters:\n") + info.fixationCalculationInfo +
+    return QLatin1StringView("Fixation calculation parameters:\n") + info.fixationLines() +
            QLatin1StringView("\nCluster calculation parameters:\n") + info.clusterCalculationInfo +
            QLatin1StringView("\nCumCluster calculation parameters:\n") + info.cumulativeClusterCalculationInfo + u'\n';
 }

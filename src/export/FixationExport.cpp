@@ -34,6 +34,6 @@ QString fixationBlock(const Examination &examination, const EyeData &stream, Tim
                               ? QStringLiteral("Unable to calculate fixations with this parameters!\n") // sic
                               : fixationTable(examination, stream.scanpath, frame);
     return table + QLatin1StringView("Fixation calculation parameters:\n") +
-           examination.calculationInfo.fixationCalculationInfo + QLatin1StringView("\nSubject information:\n") +
+           examination.calculationInfo.fixationLines() + QLatin1StringView("\nSubject information:\n") +
            examination.subjectText + u'\n';
 }

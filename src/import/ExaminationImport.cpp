@@ -1,6 +1,7 @@
 #include "import/ExaminationImport.h"
 
 #include "base/Progress.h"
+#include "model/OutlierCut.h"
 
 #include <QFile>
 
@@ -91,12 +92,12 @@ QList<int> importRecordings(const QStringList &paths, DataModel &model, const Lo
         progress.advance();
     }
     reportMissingImages(missingImages);
-    model.allExaminations() = model.examinations();
+    followExaminations(model);
     return numbers;
 }
 
 void removeFromModel(const QList<int> &numbers, DataModel &model)
 {
     model.examinations().removeIf([&](const Examination &examination) { return numbers.contains(examination.number); });
-    model.allExaminations() = model.examinations();
+    followExaminations(model);
 }

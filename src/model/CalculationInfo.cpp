@@ -4,9 +4,9 @@
 
 QString CalculationInfo::report() const
 {
-    const std::pair<QLatin1StringView, const QString &> sections[] = {
+    const std::pair<QLatin1StringView, QString> sections[] = {
         {QLatin1StringView("GazepointsVisualizationInfo:\n"), gazepointsVisualizationInfo},
-        {QLatin1StringView("FixationCalculationInfo:\n"), fixationCalculationInfo},
+        {QLatin1StringView("FixationCalculationInfo:\n"), fixationLines()},
         {QLatin1StringView("FixationVisualizationInfo:\n"), fixationVisualizationInfo},
         {QLatin1StringView("ClusterCalculationInfo:\n"), clusterCalculationInfo},
         {QLatin1StringView("ClusterVisualizationInfo:\n"), clusterVisualizationInfo},

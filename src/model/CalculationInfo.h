@@ -7,10 +7,14 @@ struct CalculationInfo {
     /// All seven texts with their captions, as shown on a double click in the table.
     QString report() const;
 
+    /// How the fixations were calculated, with what is to be known beside it.
+    QString fixationLines() const { return fixationCalculationInfo + fixationRemark; }
+
     bool operator==(const CalculationInfo &) const = default;
 
     QString gazepointsVisualizationInfo = QStringLiteral("Not set\n");
     QString fixationCalculationInfo = QStringLiteral("Not set\n");
+    QString fixationRemark; ///< that the fixations are not those of the text above; empty, or ends with a line break
     QString fixationVisualizationInfo = QStringLiteral("Not set\n");
     QString clusterCalculationInfo = QStringLiteral("Not set\n");
     QString clusterVisualizationInfo = QStringLiteral("Not set\n");

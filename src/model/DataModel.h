@@ -14,6 +14,9 @@ public:
     /// The four numbers of the saliency page; what they mean depends on the method.
     std::array<int, 4> saliencyParameters{};
 
+    /// The examinations lack samples that they were imported with; kept by the cut of outliers.
+    bool samplesAreCut = false;
+
     QList<Examination> &examinations() { return m_examinations; }
     const QList<Examination> &examinations() const { return m_examinations; }
 

@@ -2,6 +2,8 @@
 
 #include "model/DataModel.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr QSizeF canvasSizePx(2560, 1600);
@@ -22,15 +24,42 @@ private:
     double m_upper = 0;
 };
 
+const Examination *withNumber(const QList<Examination> &examinations, int number)
+{
+    const auto found = std::find_if(examinations.cbegin(), examinations.cend(),
+                                    [&](const Examination &examination) { return examination.number == number; });
+    return found == examinations.cend() ? nullptr : &*found;
+}
+
+/// The examinations as imported, with the choices that the user has made among those of the model since then.
+QList<Examination> importedWithChoices(const DataModel &model)
+{
+    QList<Examination> imported = model.allExaminations();
+    for (Examination &examination : imported) {
+        const Examination *current = withNumber(model.examinations(), examination.number);
+        if (!current)
+            continue;
+        examination.checked = current->checked;
+        examination.groupName = current->groupName;
+        examination.groupIndex = current->groupIndex;
+    }
+    return imported;
+}
+
 } // namespace
 
 void cutOutliers(DataModel &model, QSizeF pictureSizePx)
 {
+    if (pictureSizePx.isEmpty()) {
+        restoreOutliers(model);
+        return;
+    }
     const Limits x(pictureSizePx.width(), canvasSizePx.width());
     const Limits y(pictureSizePx.height(), canvasSizePx.height());
     const auto isOutlier = [&](const GazePoint &point) { return x.excludes(point.x) || y.excludes(point.y); };
 
-    model.examinations() = model.allExaminations();
+    model.examinations() = importedWithChoices(model);
+    model.samplesAreCut = true;
     for (Examination &examination : model.examinations()) {
         for (EyeData *eye : examination.streams()) {
             eye->gazePoints.removeIf(isOutlier);
@@ -42,5 +71,20 @@ void cutOutliers(DataModel &model, QSizeF pictureSizePx)
 
 void restoreOutliers(DataModel &model)
 {
-    model.examinations() = model.allExaminations();
+    model.examinations() = importedWithChoices(model);
+    model.samplesAreCut = false;
+}
+
+void followExaminations(DataModel &model)
+{
+    if (!model.samplesAreCut) {
+        model.allExaminations() = model.examinations();
+        return;
+    }
+    QList<Examination> imported;
+    for (const Examination &examination : std::as_const(model).examinations()) {
+        const Examination *known = withNumber(std::as_const(model).allExaminations(), examination.number);
+        imported << (known ? *known : examination);
+    }
+    model.allExaminations() = imported;
 }

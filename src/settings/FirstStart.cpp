@@ -61,6 +61,12 @@ QString findDataFile(const QString &name, const QString &programFolder)
     return found.isEmpty() ? beside : found;
 }
 
+QString findDocumentation(const QString &name, const QString &programFolder)
+{
+    return firstExisting({programFolder + QStringLiteral("/../share/doc/Vistrum/") + name,
+                          QStringLiteral(VISTRUM_SOURCE_DIR "/") + name});
+}
+
 QString findExamplesFolder(const QString &programFolder)
 {
     return firstExisting({programFolder + QStringLiteral("/examples/study"),

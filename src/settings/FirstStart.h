@@ -21,6 +21,10 @@ bool applyFactorySettings(const QString &factoryFile, const QString &examplesFol
 ///         it.
 QString findDataFile(const QString &name, const QString &programFolder);
 
+/// Where a page of the documentation lies, such as "README.md" or "docs/validation.md": in the installed folder
+/// `../share/doc/Vistrum/`, or in the source tree; empty where there is none.
+QString findDocumentation(const QString &name, const QString &programFolder);
+
 /// The folder of the example study, sought beside the program, in the installed data folder and in the source tree;
 /// empty where there is none.
 QString findExamplesFolder(const QString &programFolder);

@@ -9,6 +9,7 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
+#include <variant>
 
 /// One parameter, declared once: this row is the only place that knows its key, its value at construction and its
 /// texts. Records are plain structs; loading, storing, the undo command and the tests run over the rows.
@@ -18,12 +19,16 @@ struct Parameter {
     using Value = T;
 
     T R::*member;
-    QLatin1StringView key;       ///< settings key; a leading '/' makes it a suffix of the record's settingsPath
-    T initial;                   ///< value at construction, before the store is read
-    QLatin1StringView text{};    ///< undo view; "%1" is the new value; empty where no command exists
-    QLatin1StringView command{}; ///< class name of the command, as the log shows it
+    QLatin1StringView key;               ///< settings key; a leading '/' makes it a suffix of the record's settingsPath
+    T initial;                           ///< value at construction, before the store is read
+    QLatin1StringView text{};            ///< undo view; "%1" is the new value; empty where no command exists
+    QLatin1StringView command{};         ///< class name of the command, as the log shows it
+    void (*derive)(R &record) = nullptr; ///< brings what follows from the value up to date, in record and store
 };
 
+template <class R, class T>
+Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView, QLatin1StringView, void (*)(R &))
+    -> Parameter<R, T>;
 template <class R, class T>
 Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>, QLatin1StringView, QLatin1StringView) -> Parameter<R, T>;
 template <class R, class T>
@@ -32,9 +37,22 @@ Parameter(T R::*, QLatin1StringView, std::type_identity_t<T>) -> Parameter<R, T>
 /// A parameter whose stored form is not that of its type, such as a choice stored as the text of its item.
 template <class R, class T>
 struct ParameterStoredAs : Parameter<R, T> {
-    QVariant (*stored)(const T &value);
-    T (*loaded)(const QVariant &stored); ///< also for a key that is missing, as an invalid variant
+    QString (*stored)(const T &value);
+    T (*loaded)(const QString &stored); ///< also for a key that is missing, as an empty text
 };
+
+/// A value of any parameter, for those who show values without knowing the row.
+using ParameterValue = std::variant<bool, int, double, QString, QColor>;
+
+/// The row's value in the record, wherever it stands there.
+template <class Record, class Row>
+auto &valueIn(Record &record, const Row &row)
+{
+    if constexpr (requires { row.in(record); })
+        return row.in(record);
+    else
+        return record.*row.member;
+}
 
 /// The key under which the value of this record stands in the store.
 template <class Row>
@@ -85,30 +103,30 @@ QVariant storedForm(const Row &row, const typename Row::Value &value)
 template <class Row>
 typename Row::Value loadedForm(const Row &row, const QVariant &stored)
 {
-    if constexpr (requires { row.loaded(stored); })
-        return row.loaded(stored);
+    if constexpr (requires { row.loaded; })
+        return row.loaded(stored.toString());
     else
         return fromStored<typename Row::Value>(stored);
 }
 
-/// Sets the value in the record and in the store, at once: the store always holds the current value.
-///
-/// A record of which some values follow from others declares `void updateDerived(Record &, QLatin1StringView key)`
-/// beside itself; it is called with the key of the row that was set.
+/// Sets the value in the record and in the store, at once: the store always holds the current value. What follows from
+/// it follows.
 template <class Row>
 void setParameter(typename Row::Record &record, const Row &row, const typename Row::Value &value)
 {
-    record.*row.member = value;
+    valueIn(record, row) = value;
     SettingsStore().setValue(storedKey(record, row), storedForm(row, value));
-    if constexpr (requires { updateDerived(record, row.key); })
-        updateDerived(record, row.key);
+    if constexpr (requires { row.derive; }) {
+        if (row.derive)
+            row.derive(record);
+    }
 }
 
 /// Gives every member of the rows its value at construction.
 template <class Record, class... Rows>
 void setInitialValues(Record &record, const std::tuple<Rows...> &rows)
 {
-    std::apply([&](const auto &...row) { ((record.*row.member = row.initial), ...); }, rows);
+    std::apply([&](const auto &...row) { ((valueIn(record, row) = row.initial), ...); }, rows);
 }
 
 /// Reads every member of the rows from the store.
@@ -117,7 +135,7 @@ void loadParameters(Record &record, const std::tuple<Rows...> &rows)
 {
     const SettingsStore store;
     const auto load = [&](const auto &row) {
-        record.*row.member = loadedForm(row, store.value(storedKey(record, row)));
+        valueIn(record, row) = loadedForm(row, store.value(storedKey(record, row)));
     };
     std::apply([&](const auto &...row) { (load(row), ...); }, rows);
 }

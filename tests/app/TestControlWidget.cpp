@@ -48,6 +48,7 @@ private Q_SLOTS:
     void theEndFollowsTheTimeSpan();
     void aTypedTimeIsToldOnceItIsFinished();
     void aTypedEndBeforeTheStartPullsItBack();
+    void aTypedEndBeyondTheTimelineIsItsEnd();
     void theTimelineMayGoBeyondATypedEnd();
     void timeFieldsWithoutModelAndLog();
     void durationsHaveTheirUnit_data();
@@ -259,7 +260,16 @@ void TestControlWidget::aTypedEndBeforeTheStartPullsItBack()
     QCOMPARE(start()->maximum(), 1000.0);
     QCOMPARE(start()->value(), 1000.0);
     QCOMPARE(told.count(), 1);
-    QCOMPARE(told[0], (QVariantList{qint64(2000), qint64(1000)})); // read before the field was pulled back
+    QCOMPARE(told[0], (QVariantList{qint64(1000), qint64(1000)}));
+}
+
+void TestControlWidget::aTypedEndBeyondTheTimelineIsItsEnd()
+{
+    m_panel->sltTimespanHasChanged(5000);
+    m_panel->sltTimelineHasChanged(0, 3000);
+    type(end(), "12345");
+    QTest::keyClick(end(), Qt::Key_Return);
+    QCOMPARE(end()->value(), 5000.0); // not 1234, with the last digit dropped
 }
 
 void TestControlWidget::theTimelineMayGoBeyondATypedEnd()

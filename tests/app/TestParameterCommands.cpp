@@ -7,8 +7,8 @@
 #include "ParameterMembers.h"
 #include "settings/FirstStart.h"
 #include "TestSettings.h"
-#include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/panel/VisualizationWidget.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
 #include <QCheckBox>
@@ -67,19 +67,19 @@ struct Change<QColor> {
 /// Stands in for a panel: remembers what was shown last.
 class View : public IParameterView {
 public:
-    void show(QLatin1StringView key, const QVariant &value) override
+    void show(QLatin1StringView key, const ParameterValue &value) override
     {
         m_key = key;
         m_value = value;
         ++m_count;
     }
     QString key() const { return m_key; }
-    const QVariant &value() const { return m_value; }
+    const ParameterValue &value() const { return m_value; }
     int count() const { return m_count; }
 
 private:
     QString m_key;
-    QVariant m_value;
+    ParameterValue m_value;
     int m_count = 0;
 };
 
@@ -175,7 +175,7 @@ void TestParameterCommands::checkRow(typename std::remove_cvref_t<decltype(Row)>
     QVERIFY2(member, Row.command.data());
     m_checked << Row.command;
     const QLatin1StringView key(member->key);
-    record.*Row.member = Change<Value>::before;
+    valueIn(record, Row) = Change<Value>::before;
     View view;
     ParameterCommand<Row> command(Change<Value>::after, record, view, m_log.get());
     // The type of the calculation is written as its name, but in the log.
@@ -187,13 +187,13 @@ void TestParameterCommands::checkRow(typename std::remove_cvref_t<decltype(Row)>
     constexpr bool isColor = std::is_same_v<Value, QColor>;
     QCOMPARE(command.text(), textWith(*member, named(Change<Value>::after), isColor));
     const auto check = [&](const Value &value, const char *step) {
-        QVERIFY2(record.*Row.member == value, member->command);
+        QVERIFY2(valueIn(record, Row) == value, member->command);
         const QVariant stored = SettingsStore().value(key.startsWith(u'/') ? path + key : QString(key));
         QVERIFY2(stored.isValid(), member->key);
         constexpr bool isFlag = std::is_same_v<Value, bool>; // which may be stored as a flag or as a text
         QCOMPARE(isFlag ? Change<bool>::written(stored.toBool()) : stored.toString(), named(value));
         QCOMPARE(view.key(), QString(key));
-        QVERIFY2(view.value().value<Value>() == value, member->command);
+        QVERIFY2(view.value() == ParameterValue(value), member->command);
         QCOMPARE(takeLogLines(), QStringList(QString::fromLatin1(member->command) + QString::fromLatin1(step) +
                                              Change<Value>::written(value)));
     };

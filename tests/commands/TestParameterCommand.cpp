@@ -39,19 +39,19 @@ constexpr Parameter useRow{&Record::flag, QLatin1StringView("/Use"), false, QLat
 /// Remembers what was shown last, and how often something was.
 class FakePanel : public IParameterView {
 public:
-    void show(QLatin1StringView key, const QVariant &value) override
+    void show(QLatin1StringView key, const ParameterValue &value) override
     {
         m_key = key;
         m_value = value;
         ++m_shown;
     }
     QLatin1StringView key() const { return m_key; }
-    const QVariant &value() const { return m_value; }
+    const ParameterValue &value() const { return m_value; }
     int shown() const { return m_shown; }
 
 private:
     QLatin1StringView m_key;
-    QVariant m_value;
+    ParameterValue m_value;
     int m_shown = 0;
 };
 
@@ -163,18 +163,18 @@ void TestParameterCommand::checkUndo(int &commands)
     typename Traits::Record record{};
     const Value before = Row.initial;
     const Value after = changed(before);
-    record.*Row.member = before;
+    valueIn(record, Row) = before;
     FakePanel panel;
     ParameterCommand<Row> command(after, record, panel, m_log.get());
-    QVERIFY(record.*Row.member == before); // nothing happens before the command is run
+    QVERIFY(valueIn(record, Row) == before); // nothing happens before the command is run
     QVERIFY2(takeLogLines().isEmpty() && panel.shown() == 0, Row.command.data());
 
     const auto check = [&](const Value &expected, QLatin1StringView step) {
-        QVERIFY2(record.*Row.member == expected, Row.command.data());
+        QVERIFY2(valueIn(record, Row) == expected, Row.command.data());
         QCOMPARE(fromStored<QString>(SettingsStore().value(storedKey(record, Row))),
                  storedForm(Row, expected).toString());
         QCOMPARE(panel.key(), Row.key);
-        QVERIFY2(panel.value().value<Value>() == expected, Row.command.data());
+        QVERIFY2(panel.value() == ParameterValue(expected), Row.command.data());
         QCOMPARE(takeLogLines(), QStringList{Row.command + step + written(expected)});
     };
     command.redo();
@@ -294,7 +294,7 @@ void TestParameterCommand::aLaterChangeOfTheRecordIsUndoneToTheValueBefore()
     record.whole = 50; // as a refresh from loaded settings may do
     command.undo();
     QCOMPARE(record.whole, 1);
-    QCOMPARE(panel.value().toInt(), 1);
+    QCOMPARE(std::get<int>(panel.value()), 1);
 }
 
 QTEST_GUILESS_MAIN(TestParameterCommand)

@@ -29,7 +29,12 @@ const FixationCalculationParameters mixture = MixtureParameters{100, true};
 
 FixationCalculationParameters velocity(VelocityUnit unit, int minimumMs = 100)
 {
-    return VelocityParameters{.minimumDurationMs = minimumMs, .threshold = 50, .unit = unit};
+    return VelocityParameters{.minimumDurationMs = minimumMs,
+                              .threshold = 50,
+                              .unit = unit,
+                              .screenDistanceM = 0.6,
+                              .imageSizeM = 0.4,
+                              .imageWidthPx = 1024};
 }
 
 } // namespace
@@ -84,6 +89,36 @@ void percentiles()
     row("99 speeds, other detector", recording(100, 1), standard);
 }
 
+VelocityParameters velocityWith(double threshold, double distanceM, double sizeM)
+{
+    return {.minimumDurationMs = 100,
+            .threshold = threshold,
+            .unit = VelocityUnit::DegreePerS,
+            .screenDistanceM = distanceM,
+            .imageSizeM = sizeM,
+            .imageWidthPx = 1024};
+}
+
+void thresholds()
+{
+    const QString text =
+        QStringLiteral("The velocity threshold of %1 works as 0, since only its whole part counts: no eye is slower.");
+    row("threshold of 1", recording(120, 1), velocityWith(1, 0.6, 0.4));
+    row("threshold below 1", recording(120, 1), velocityWith(0.99, 0.6, 0.4), {text.arg(QStringLiteral("0.99"))});
+    row("threshold of 0", recording(120, 1), velocityWith(0, 0.6, 0.4), {text.arg(0)});
+}
+
+void geometries()
+{
+    row("no distance", recording(120, 1), velocityWith(10, 0, 0.4),
+        {QStringLiteral("The screen distance is 0: each movement counts as 90 degrees.")});
+    row("no size", recording(120, 1), velocityWith(10, 0.6, 0),
+        {QStringLiteral("The image size is 0: all speeds in degrees are 0.")});
+    VelocityParameters pixels = velocityWith(10, 0, 0);
+    pixels.unit = VelocityUnit::PixelPerMs;
+    row("no geometry, not asked for", recording(120, 1), pixels);
+}
+
 } // namespace
 
 void TestDetectionWarnings::warnings_data()
@@ -105,7 +140,12 @@ void TestDetectionWarnings::warnings_data()
     hasty[90].validFlag = false; // it is passed over
     row("equal times", hasty, velocity(VelocityUnit::PixelPerMs),
         {QStringLiteral("2 of 120 samples have the time of the sample before them; each ends a fixation.")});
-    row("equal times, other detector", hasty, standard);
+    row("equal times, standard", hasty, standard,
+        {QStringLiteral("2 of 120 samples have the time of the sample before them; times are coarser than the "
+                        "recording.")});
+    row("equal times, mixture", hasty, mixture);
+    thresholds();
+    geometries();
     row("no samples", {}, velocity(VelocityUnit::Percentile, 0));
     row("an eye that was not recorded", unrecorded(50), velocity(VelocityUnit::Percentile, 0));
     row("several, in order", recording(50, 1000), StandardParameters{0, 30, 2},

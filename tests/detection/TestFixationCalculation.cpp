@@ -116,8 +116,6 @@ private Q_SLOTS:
     void resultTextOfTheVelocity();
     void otherDetectorsAddFixationsOnly_data();
     void otherDetectorsAddFixationsOnly();
-    void mixtureTakesItsParametersFromTheStore();
-    void widthOfTheImageIsStored();
     void warningsGoToTheLogOnly();
     void failureOfTheMixtureIsTold();
 };
@@ -411,38 +409,6 @@ void TestFixationCalculation::otherDetectorsAddFixationsOnly()
     QCOMPARE(after.scanpath.size(), 3);
     after.scanpath = before.scanpath;
     QCOMPARE(after, before);
-}
-
-void TestFixationCalculation::mixtureTakesItsParametersFromTheStore()
-{
-    const TemporarySettings store;
-    DataModel model = modelOf({saccadesOf(3)});
-    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 5000);
-    calculateFixations(model, MixtureParameters{10, true}, nullptr);
-    QCOMPARE(model.examinations()[0].leftEye.scanpath.size(), 0);
-    QVERIFY(model.examinations()[0].calculationInfo.fixationCalculationInfo.contains(
-        QStringLiteral("Minimum Duration:5000, Merge Sequential:0\n"))); // what is missing reads as 0
-    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 10);
-    calculateFixations(model, MixtureParameters{5000, true}, nullptr);
-    QCOMPARE(model.examinations()[0].leftEye.scanpath.size(), 3);
-}
-
-void TestFixationCalculation::widthOfTheImageIsStored()
-{
-    const TemporarySettings store;
-    const auto stored = [] { return SettingsStore().value(rows::velocityImageSizePixels.key).toString(); };
-    VelocityParameters given = velocityInPixels(10);
-    given.imageWidthPx = 1024;
-    DataModel none;
-    const RecordedMessages messages;
-    calculateFixations(none, given, nullptr);
-    calculateFixations(none, parameters, nullptr);
-    QCOMPARE(stored(), QString());
-    DataModel model = modelOf({saccadesOf(3)});
-    calculateFixations(model, parameters, nullptr);
-    QCOMPARE(stored(), QString());
-    calculateFixations(model, given, nullptr);
-    QCOMPARE(stored(), QStringLiteral("1024"));
 }
 
 void TestFixationCalculation::warningsGoToTheLogOnly()

@@ -69,6 +69,8 @@ private Q_SLOTS:
     void changeOfControlIsACommand_data();
     void changeOfControlIsACommand();
     void typeCommandNamesTheType();
+    void widthIsStoredByACalculationOnly();
+    void mixtureTakesItsParametersFromTheStore();
     void clickCalculates();
     void clickRunsTheChosenDetector_data();
     void clickRunsTheChosenDetector();
@@ -300,6 +302,36 @@ void TestFixationControl::widthOfTheStimulusAtTheTimeOfTheCalculation()
     window.widthPx = 640;
     CommandStack::instance().redo();
     QCOMPARE(stored(), 640);
+}
+
+void TestFixationControl::widthIsStoredByACalculationOnly()
+{
+    const RecordedMessages messages;
+    for (Examination &each : m_model.examinations())
+        each.checked = false;
+    const auto stored = [] { return SettingsStore().value(rows::velocityImageSizePixels.key).toInt(); };
+    VelocityParameters given;
+    given.imageWidthPx = 1024;
+    CommandStack::instance().push(new CommandCalculateFixations(m_model, given, nullptr, nullptr));
+    QCOMPARE(stored(), 0);
+    m_model.examinations()[0].checked = true;
+    CommandStack::instance().push(new CommandCalculateFixations(m_model, given, nullptr, nullptr));
+    QCOMPARE(stored(), 1024);
+}
+
+/// Those at the time of the calculation: a redo follows settings that were loaded since.
+void TestFixationControl::mixtureTakesItsParametersFromTheStore()
+{
+    const auto text = [this] { return m_model.examinations()[0].calculationInfo.fixationCalculationInfo; };
+    SettingsStore().setValue(rows::gaussianMergeSequential.key, false);
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 5000);
+    CommandStack::instance().push(
+        new CommandCalculateFixations(m_model, MixtureParameters{10, true}, nullptr, nullptr));
+    QVERIFY(text().contains(QStringLiteral("Minimum Duration:5000, Merge Sequential:0\n")));
+    CommandStack::instance().undo();
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 70);
+    CommandStack::instance().redo();
+    QVERIFY(text().contains(QStringLiteral("Minimum Duration:70, Merge Sequential:0\n")));
 }
 
 void TestFixationControl::clickCalculates()

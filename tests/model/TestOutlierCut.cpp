@@ -9,6 +9,9 @@ private Q_SLOTS:
     void keepsWhatLiesInside_data();
     void keepsWhatLiesInside();
     void dropsResultsAndBringsSamplesBack();
+    void choicesOfTheUserStay();
+    void importedSamplesOutliveAnImportBetween();
+    void withoutACutTheImportedFollowAsTheyAre();
     void noExaminationIsNoError();
 };
 
@@ -42,7 +45,7 @@ void TestOutlierCut::keepsWhatLiesInside_data()
     QTest::newRow("on the lower margin goes") << picture << 100.0 << 495.0 << false;
     QTest::newRow("a picture beyond the canvas counts as the canvas") << QSizeF(5000, 5000) << 2534.3 << 1583.9 << true;
     QTest::newRow("and its margin holds") << QSizeF(5000, 5000) << 2534.4 << 100.0 << false;
-    QTest::newRow("no picture at all leaves nothing") << QSizeF(0, 0) << 0.0 << 0.0 << false;
+    QTest::newRow("a picture that cannot be read cuts nothing") << QSizeF(0, 0) << 0.0 << 0.0 << true;
 }
 
 void TestOutlierCut::keepsWhatLiesInside()
@@ -65,6 +68,55 @@ void TestOutlierCut::dropsResultsAndBringsSamplesBack()
     QCOMPARE(model.allExaminations().first().leftEye.gazePoints.size(), 1);
     restoreOutliers(model);
     QCOMPARE(model.examinations().first().leftEye.gazePoints.size(), 1);
+}
+
+void TestOutlierCut::choicesOfTheUserStay()
+{
+    DataModel model = modelWith(1, 1);
+    Examination &examination = model.examinations().first();
+    examination.checked = false;
+    examination.groupName = QStringLiteral("patients");
+    examination.groupIndex = 2;
+    const auto choices = [&] {
+        const Examination &now = model.examinations().first();
+        return QStringLiteral("%1 %2 %3").arg(now.checked ? 1 : 0).arg(now.groupName).arg(now.groupIndex);
+    };
+    cutOutliers(model, {1000, 500});
+    QCOMPARE(choices(), QStringLiteral("0 patients 2"));
+    model.examinations().first().checked = true;
+    restoreOutliers(model);
+    QCOMPARE(choices(), QStringLiteral("1 patients 2"));
+}
+
+void TestOutlierCut::importedSamplesOutliveAnImportBetween()
+{
+    DataModel model = modelWith(1, 1);
+    model.examinations().first().number = model.allExaminations().first().number = 1;
+    cutOutliers(model, {1000, 500});
+    Examination second;
+    second.number = 2;
+    second.leftEye.gazePoints = {GazePoint(0, 2, 2, 0, 0, 1)};
+    model.examinations() << second;
+    followExaminations(model);
+    restoreOutliers(model);
+    QCOMPARE(model.examinations().size(), 2);
+    QCOMPARE(model.examinations()[0].leftEye.gazePoints.size(), 1);
+    QCOMPARE(model.examinations()[1].leftEye.gazePoints.size(), 1);
+
+    cutOutliers(model, {1000, 500});
+    model.examinations().removeLast(); // the import is undone
+    followExaminations(model);
+    restoreOutliers(model);
+    QCOMPARE(model.examinations().size(), 1);
+    QCOMPARE(model.examinations()[0].leftEye.gazePoints.size(), 1);
+}
+
+void TestOutlierCut::withoutACutTheImportedFollowAsTheyAre()
+{
+    DataModel model = modelWith(1, 1);
+    model.examinations().first().leftEye.scanpath = {Fixation({GazePoint(0, 1, 1, 0, 0, 1)}, {}, {1, 1}, 0)};
+    followExaminations(model);
+    QCOMPARE(model.allExaminations().first().leftEye.scanpath.size(), 1);
 }
 
 void TestOutlierCut::noExaminationIsNoError()

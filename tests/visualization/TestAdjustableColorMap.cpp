@@ -1,6 +1,6 @@
 #include "TestSettings.h"
-#include "visualization/parameters/AdjustableColorMap.h"
 #include "visualization/heatmap/GradientImage.h"
+#include "visualization/parameters/AdjustableColorMap.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
 #include <QTest>
@@ -40,7 +40,6 @@ class TestAdjustableColorMap : public QObject {
 private Q_SLOTS:
     void init() { m_settings = std::make_unique<TemporarySettings>(); }
     void cleanup() { m_settings.reset(); }
-    void readsTheSixteenMembers();
     void writesRecordAndStore_data();
     void writesRecordAndStore();
     void writesNothingElse();
@@ -59,24 +58,6 @@ private Q_SLOTS:
 private:
     std::unique_ptr<TemporarySettings> m_settings;
 };
-
-void TestAdjustableColorMap::readsTheSixteenMembers()
-{
-    VisualizationParameters record;
-    record.acmActive1 = record.acmActive3 = record.acmActive4 = true;
-    record.acmTransparency2 = 255;
-    record.acmTransparency3 = 17;
-    record.acmTransparency4 = 128;
-    record.acmStart1 = 0.125;
-    record.acmStart2 = 0.25;
-    record.acmStart3 = 0.5;
-    record.acmStart4 = 1.0;
-    record.acmColor1 = QColor(1, 2, 3);
-    record.acmColor2 = QColor(4, 5, 6);
-    record.acmColor3 = QColor(7, 8, 9);
-    record.acmColor4 = QColor(250, 251, 252);
-    QVERIFY(adjustableColorMap(record) == fullMap());
-}
 
 void TestAdjustableColorMap::writesRecordAndStore_data()
 {
@@ -97,8 +78,8 @@ void TestAdjustableColorMap::writesRecordAndStore()
 {
     VisualizationParameters record = saccadeParameters();
     setAdjustableColorMap(record, fullMap());
-    QVERIFY(adjustableColorMap(record) == fullMap());
-    QVERIFY(adjustableColorMap(saccadeParameters()) == fullMap()); // as another record reads it
+    QVERIFY(record.colorMap == fullMap());
+    QVERIFY(saccadeParameters().colorMap == fullMap()); // as another record reads it
     const QString key = QStringLiteral("Visualization/Saccade/") + QString::fromLatin1(QTest::currentDataTag());
     QTEST(SettingsStore().value(key).toString(), "value");
 }

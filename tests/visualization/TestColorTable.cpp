@@ -85,15 +85,15 @@ void TestColorTable::stops()
 void TestColorTable::adjustableMap()
 {
     VisualizationParameters parameters = withMap(5);
-    parameters.acmActive1 = parameters.acmActive4 = true;
-    parameters.acmColor1 = Qt::red;
-    parameters.acmColor2 = Qt::yellow; // not active: not in the map
-    parameters.acmColor4 = Qt::blue;
-    parameters.acmStart2 = 0.5;
-    parameters.acmStart4 = 1.0;
-    parameters.acmTransparency1 = 100;
-    parameters.acmTransparency2 = 255;
-    parameters.acmTransparency4 = 200;
+    parameters.colorMap.stops[0].active = parameters.colorMap.stops[3].active = true;
+    parameters.colorMap.stops[0].color = Qt::red;
+    parameters.colorMap.stops[1].color = Qt::yellow; // not active: not in the map
+    parameters.colorMap.stops[3].color = Qt::blue;
+    parameters.colorMap.stops[1].start = 0.5;
+    parameters.colorMap.stops[3].start = 1.0;
+    parameters.colorMap.stops[0].transparency = 100;
+    parameters.colorMap.stops[1].transparency = 255;
+    parameters.colorMap.stops[3].transparency = 200;
     const QImage table = colorTable(parameters);
     QVERIFY(isNear(table.pixel(0, 0), qRgba(255, 0, 0, 100)));
     QVERIFY(isNear(table.pixel(128, 0), qRgba(85, 0, 170, 150))); // means of the colours times their alphas
@@ -104,13 +104,15 @@ void TestColorTable::adjustableMap()
 void TestColorTable::adjustableMapWithUnorderedStops()
 {
     VisualizationParameters parameters = withMap(5);
-    parameters.acmActive1 = parameters.acmActive2 = parameters.acmActive3 = true;
-    parameters.acmStart1 = 1.0;
-    parameters.acmStart3 = 0.5;
-    parameters.acmTransparency1 = parameters.acmTransparency2 = parameters.acmTransparency3 = 255;
-    parameters.acmColor1 = Qt::red;
-    parameters.acmColor2 = Qt::green;
-    parameters.acmColor3 = Qt::blue;
+    parameters.colorMap.stops[0].active = parameters.colorMap.stops[1].active = parameters.colorMap.stops[2].active =
+        true;
+    parameters.colorMap.stops[0].start = 1.0;
+    parameters.colorMap.stops[2].start = 0.5;
+    parameters.colorMap.stops[0].transparency = parameters.colorMap.stops[1].transparency =
+        parameters.colorMap.stops[2].transparency = 255;
+    parameters.colorMap.stops[0].color = Qt::red;
+    parameters.colorMap.stops[1].color = Qt::green;
+    parameters.colorMap.stops[2].color = Qt::blue;
     const QImage table = colorTable(parameters);
     QVERIFY(isNear(table.pixel(0, 0), qRgb(0, 255, 0)));
     QVERIFY(isNear(table.pixel(128, 0), qRgb(0, 0, 255)));

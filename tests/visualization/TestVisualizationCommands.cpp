@@ -114,7 +114,7 @@ void TestVisualizationCommands::redoUndoRedo()
     setAdjustableColorMap(record, mapBefore());
     CommandChangeAdjColorMap command(mapAfter(), record, show(), m_log.get());
     const auto check = [&](const AdjustableColorMap &map, const char *stored, const char *line) {
-        QVERIFY(adjustableColorMap(record) == map);
+        QVERIFY(record.colorMap == map);
         QCOMPARE(storedValues(path), QString::fromLatin1(stored));
         QCOMPARE(SettingsStore().allKeys().size(), 16);
         QVERIFY(m_shown.constLast() == map);
@@ -140,9 +140,9 @@ void TestVisualizationCommands::aStepHasOneTextAndOneCommand()
     QCOMPARE(stack.text(1), QStringLiteral("Adjustible Colormap changed!"));
     QCOMPARE(m_shown.size(), 2);
     stack.undo();
-    QVERIFY(adjustableColorMap(record) == mapBefore());
+    QVERIFY(record.colorMap == mapBefore());
     stack.undo();
-    QVERIFY(adjustableColorMap(record) == AdjustableColorMap());
+    QVERIFY(record.colorMap == AdjustableColorMap());
 }
 
 void TestVisualizationCommands::withoutALogNoLineIsWritten()

@@ -102,7 +102,7 @@ void TestVisualizationParameters::valuesAtConstruction()
     QVariant found;
     forEachRow([&](const auto &row) {
         if (key == row.key)
-            found = toStored(parameters.*row.member);
+            found = toStored(valueIn(parameters, row));
     });
     QTEST(found, "expected");
 }

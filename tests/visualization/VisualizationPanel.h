@@ -2,8 +2,8 @@
 
 #include "commands/CommandStack.h"
 #include "TestSettings.h"
-#include "visualization/panel/VisualizationWidget.h"
 #include "visualization/modes/VisualizationKinds.h"
+#include "visualization/panel/VisualizationWidget.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -76,7 +76,7 @@ protected:
         QString value;
         const auto read = [&](const auto &row) {
             if (row.key == QLatin1StringView(key))
-                value = toStored(record().*row.member).toString();
+                value = toStored(valueIn(record(), row)).toString();
         };
         std::apply([&](const auto &...row) { (read(row), ...); }, rows::visualization);
         return value;

@@ -3,6 +3,8 @@
 #include "base/TextFormat.h"
 #include "clustering/ClusterCalculation.h"
 #include "clustering/CumulativeClusters.h"
+#include "commands/CountText.h"
+#include "commands/IMainWindow.h"
 #include "model/DataModel.h"
 
 namespace {
@@ -18,12 +20,19 @@ QString undoText(const ClusterParameters &parameters, QLatin1StringView clustere
         .arg(isOverlap ? QLatin1StringView("overlap ") : QLatin1StringView(), clustered);
 }
 
+qsizetype clusterCount(const EyeData &eye)
+{
+    return eye.fixationClusters.size();
+}
+
 } // namespace
 
-CommandCalculateClusters::CommandCalculateClusters(DataModel &model, const ClusterParameters &parameters)
+CommandCalculateClusters::CommandCalculateClusters(DataModel &model, const ClusterParameters &parameters,
+                                                   IMainWindow *window)
     : QUndoCommand(undoText(parameters, QLatin1StringView("clusters")))
     , m_model(model)
     , m_parameters(parameters)
+    , m_window(window)
 {
 }
 
@@ -52,13 +61,20 @@ void CommandCalculateClusters::redo()
                            each.calculationInfo.clusterCalculationInfo};
     }
     calculateClusters(m_model, m_parameters);
+    const QList<const Examination *> checked = m_model.checkedExaminations();
+    if (m_window && !checked.isEmpty())
+        m_window->tell({countText(QLatin1StringView("Clusters"), checked.size(), countsOf(checked, clusterCount)),
+                        {},
+                        DataKind::Clusters});
 }
 
 CommandCalculateCumulativeClusters::CommandCalculateCumulativeClusters(DataModel &model,
-                                                                       const ClusterParameters &parameters)
+                                                                       const ClusterParameters &parameters,
+                                                                       IMainWindow *window)
     : QUndoCommand(undoText(parameters, QLatin1StringView("cumulativclusters"))) // sic
     , m_model(model)
     , m_parameters(parameters)
+    , m_window(window)
 {
 }
 
@@ -87,4 +103,11 @@ void CommandCalculateCumulativeClusters::redo()
             m_examinationTexts[i] = examinations[i].calculationInfo.cumulativeClusterCalculationInfo;
     }
     calculateCumulativeClusters(m_model, m_parameters);
+    const qsizetype checked = m_model.checkedExaminations().size();
+    const auto count = [this](Eye eye) { return clusterCount(std::as_const(m_model).pooled(eye)); };
+    if (m_window && checked > 0)
+        m_window->tell({countText(QLatin1StringView("Cumulative clusters"), checked,
+                                  {count(Eye::Left), count(Eye::Right), count(Eye::Mean)}),
+                        {},
+                        DataKind::Clusters});
 }

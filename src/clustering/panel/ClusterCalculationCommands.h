@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clustering/ClusterParameters.h"
+#include "commands/ChangesPicture.h"
 #include "model/CalculationInfo.h"
 #include "model/EyeData.h"
 
@@ -10,14 +11,16 @@
 #include <array>
 
 class DataModel;
+class IMainWindow;
 
 /// Clusters the fixations of each checked examination.
 ///
 /// Undo gives each of them back its clusters and the text of what was done before; the `cluster` of the fixations and
 /// the pooled containers stay as the calculation left them. Redo calculates again.
-class CommandCalculateClusters : public QUndoCommand {
+class CommandCalculateClusters : public QUndoCommand, public ChangesPicture {
 public:
-    CommandCalculateClusters(DataModel &model, const ClusterParameters &parameters);
+    /// @param window  is told what came of it; may be null.
+    CommandCalculateClusters(DataModel &model, const ClusterParameters &parameters, IMainWindow *window = nullptr);
 
     void undo() override;
     void redo() override;
@@ -32,6 +35,7 @@ private:
 
     DataModel &m_model;
     const ClusterParameters m_parameters;
+    IMainWindow *m_window;
     QHash<qsizetype, Before> m_before; ///< by place in the list of examinations
 };
 
@@ -39,9 +43,11 @@ private:
 ///
 /// Undo brings back the four pooled containers, the model's texts and the text of each examination. Redo calculates
 /// again.
-class CommandCalculateCumulativeClusters : public QUndoCommand {
+class CommandCalculateCumulativeClusters : public QUndoCommand, public ChangesPicture {
 public:
-    CommandCalculateCumulativeClusters(DataModel &model, const ClusterParameters &parameters);
+    /// @param window  is told what came of it; may be null.
+    CommandCalculateCumulativeClusters(DataModel &model, const ClusterParameters &parameters,
+                                       IMainWindow *window = nullptr);
 
     void undo() override;
     void redo() override;
@@ -49,6 +55,7 @@ public:
 private:
     DataModel &m_model;
     const ClusterParameters m_parameters;
+    IMainWindow *m_window;
     std::array<EyeData, 4> m_pooled;              ///< by selection
     CalculationInfo m_texts;                      ///< of the model
     QHash<qsizetype, QString> m_examinationTexts; ///< by place in the list of examinations

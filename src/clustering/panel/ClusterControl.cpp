@@ -3,6 +3,7 @@
 #include "clustering/ClusterCalculation.h"
 #include "clustering/ClusterCommands.h"
 #include "clustering/panel/ClusterCalculationCommands.h"
+#include "commands/IMainWindow.h"
 #include "ui_ClusterControl.h"
 
 ClusterControl::ClusterControl(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::ClusterControl>())
@@ -18,6 +19,8 @@ ClusterControl::ClusterControl(QWidget *parent) : QWidget(parent), m_ui(std::mak
     m_parameters.bind<rows::clusterMeanShiftIterations>(m_ui->spinIterations, m_settings);
     m_parameters.bind<rows::clusterMeanShiftMinimumFixations>(m_ui->spinMinFixations, m_settings);
     m_parameters.whenShown<rows::clusterCalculationType>([this](int type) { showMethod(type); });
+    for (QToolButton *button : {m_ui->calculateClusters_button, m_ui->toolButton, m_ui->toolButton_2})
+        button->setFocusPolicy(Qt::StrongFocus); // a click completes the number that is being typed
     connect(m_ui->calculateClusters_button, &QToolButton::clicked, this, &ClusterControl::sltCalculateClusters);
     connect(m_ui->toolButton, &QToolButton::clicked, this, &ClusterControl::sltCalculateCumulativeClusters);
     connect(m_ui->toolButton_2, &QToolButton::clicked, this, &ClusterControl::sltCalculateCumulativeClusters_MERIDOS);
@@ -36,7 +39,8 @@ void ClusterControl::sltCalculateClusters()
 {
     if (!m_model)
         return;
-    CommandStack::instance().push(new CommandCalculateClusters(*m_model, parameters()));
+    const RedrawHold once(m_window); // the command draws, and so do those who hear the signal
+    CommandStack::instance().push(new CommandCalculateClusters(*m_model, parameters(), m_window));
     Q_EMIT sigCalculateClusters();
 }
 
@@ -57,7 +61,8 @@ void ClusterControl::calculateCumulativeClusters(const ClusterParameters &parame
 {
     if (!m_model)
         return;
-    CommandStack::instance().push(new CommandCalculateCumulativeClusters(*m_model, parameters));
+    const RedrawHold once(m_window);
+    CommandStack::instance().push(new CommandCalculateCumulativeClusters(*m_model, parameters, m_window));
     Q_EMIT sigCalculateCumulativeClusters();
 }
 

@@ -12,6 +12,7 @@ namespace Ui {
 class ClusterControl;
 }
 class DataModel;
+class IMainWindow;
 
 /// The panel of fixation clusters: choice and parameters of the method, and the buttons that run it for each
 /// examination or for all of them together.
@@ -23,6 +24,8 @@ public:
 
     /// Without a model the buttons do nothing.
     void setModel(DataModel *model) { m_model = model; }
+    /// Hears of results; may be null.
+    void setMainWindow(IMainWindow *window) { m_window = window; }
     /// May be null: nothing is logged.
     void setLog(const Log *log) { m_parameters.setLog(log); }
 
@@ -52,4 +55,5 @@ private:
     ClusterSettingsModel m_settings;
     ParameterPanel m_parameters;
     DataModel *m_model = nullptr;
+    IMainWindow *m_window = nullptr;
 };

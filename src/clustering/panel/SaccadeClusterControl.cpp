@@ -50,6 +50,9 @@ void showStatus(QLabel *label, const Status &status)
 {
     label->setText(status.text);
     label->setStyleSheet(status.style);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, Qt::black); // readable on these grounds, whatever the theme
+    label->setPalette(palette);
 }
 
 } // namespace

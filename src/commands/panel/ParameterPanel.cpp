@@ -2,7 +2,7 @@
 
 #include <QSignalBlocker>
 
-void ParameterPanel::show(QLatin1StringView key, const QVariant &value)
+void ParameterPanel::show(QLatin1StringView key, const ParameterValue &value)
 {
     if (const auto control = m_controls.find(key); control != m_controls.end())
         control->second(value);
@@ -10,26 +10,26 @@ void ParameterPanel::show(QLatin1StringView key, const QVariant &value)
         reaction->second(value);
 }
 
-void ParameterPanel::setControl(QSpinBox *control, const QVariant &value)
+void ParameterPanel::setControl(QSpinBox *control, int value)
 {
     const QSignalBlocker blocker(control);
-    control->setValue(value.toInt());
+    control->setValue(value);
 }
 
-void ParameterPanel::setControl(QDoubleSpinBox *control, const QVariant &value)
+void ParameterPanel::setControl(QDoubleSpinBox *control, double value)
 {
     const QSignalBlocker blocker(control);
-    control->setValue(value.toDouble());
+    control->setValue(value);
 }
 
-void ParameterPanel::setControl(QCheckBox *control, const QVariant &value)
+void ParameterPanel::setControl(QCheckBox *control, bool value)
 {
     const QSignalBlocker blocker(control);
-    control->setChecked(value.toBool());
+    control->setChecked(value);
 }
 
-void ParameterPanel::setControl(QComboBox *control, const QVariant &value)
+void ParameterPanel::setControl(QComboBox *control, int value)
 {
     const QSignalBlocker blocker(control);
-    control->setCurrentIndex(value.toInt());
+    control->setCurrentIndex(value);
 }

@@ -24,13 +24,13 @@ public:
     /// The log of the commands; may be null.
     void setLog(const Log *log) { m_log = log; }
 
-    void show(QLatin1StringView key, const QVariant &value) override;
+    void show(QLatin1StringView key, const ParameterValue &value) override;
 
     /// Binds with the plain command of the row, or with one derived from it.
     template <const auto &Row, class Command = ParameterCommand<Row>, class Control>
     void bind(Control *control, typename Command::Record &record)
     {
-        m_controls[Row.key] = [control](const QVariant &value) { setControl(control, value); };
+        m_controls[Row.key] = typed<typename Command::Value>([control](auto value) { setControl(control, value); });
         onChange(control, [this, &record](const auto &value) {
             CommandStack::instance().push(
                 new Command(static_cast<typename Command::Value>(value), record, *this, m_log));
@@ -42,7 +42,7 @@ public:
     void bindWithoutCommand(Control *control, typename std::remove_cvref_t<decltype(Row)>::Record &record)
     {
         using Value = typename std::remove_cvref_t<decltype(Row)>::Value;
-        m_controls[Row.key] = [control](const QVariant &value) { setControl(control, value); };
+        m_controls[Row.key] = typed<Value>([control](auto value) { setControl(control, value); });
         onChange(control, [&record](const auto &value) { setParameter(record, Row, static_cast<Value>(value)); });
     }
 
@@ -51,9 +51,9 @@ public:
     void bindColor(QToolButton *button, typename std::remove_cvref_t<decltype(Row)>::Record &record,
                    ColorChooser chooseColor)
     {
-        m_controls[Row.key] = [button](const QVariant &value) { showColor(button, value.value<QColor>()); };
+        m_controls[Row.key] = typed<QColor>([button](const QColor &color) { showColor(button, color); });
         QObject::connect(button, &QToolButton::clicked, button, [this, &record, chooseColor] {
-            if (const QColor color = chooseColor(record.*Row.member); color.isValid())
+            if (const QColor color = chooseColor(valueIn(record, Row)); color.isValid())
                 CommandStack::instance().push(new ParameterCommand<Row>(color, record, *this, m_log));
         });
     }
@@ -62,9 +62,9 @@ public:
     void bindColorWithoutCommand(QToolButton *button, typename std::remove_cvref_t<decltype(Row)>::Record &record,
                                  ColorChooser chooseColor)
     {
-        m_controls[Row.key] = [button](const QVariant &value) { showColor(button, value.value<QColor>()); };
+        m_controls[Row.key] = typed<QColor>([button](const QColor &color) { showColor(button, color); });
         QObject::connect(button, &QToolButton::clicked, button, [button, &record, chooseColor] {
-            const QColor color = chooseColor(record.*Row.member);
+            const QColor color = chooseColor(valueIn(record, Row));
             if (!color.isValid())
                 return;
             showColor(button, color);
@@ -78,30 +78,41 @@ public:
     void whenShown(Reaction reaction)
     {
         using Value = typename std::remove_cvref_t<decltype(Row)>::Value;
-        m_reactions[Row.key] = [reaction](const QVariant &value) { reaction(value.value<Value>()); };
+        m_reactions[Row.key] = typed<Value>(reaction);
     }
 
     /// Shows the record's value in every bound control of the rows.
     template <class Record, class... Rows>
     void refresh(const Record &record, const std::tuple<Rows...> &rows)
     {
-        std::apply([&](const auto &...row) { (show(row.key, QVariant::fromValue(record.*row.member)), ...); }, rows);
+        std::apply([&](const auto &...row) { (show(row.key, valueIn(record, row)), ...); }, rows);
     }
 
 private:
-    static void setControl(QSpinBox *control, const QVariant &value);
-    static void setControl(QDoubleSpinBox *control, const QVariant &value);
-    static void setControl(QCheckBox *control, const QVariant &value);
-    static void setControl(QComboBox *control, const QVariant &value);
+    using Show = std::function<void(const ParameterValue &)>;
+
+    /// A row shows values of its own type, and a control is bound to one row.
+    template <class Value, class Shown>
+    static Show typed(Shown shown)
+    {
+        return [shown](const ParameterValue &value) { shown(std::get<Value>(value)); };
+    }
+
+    static void setControl(QSpinBox *control, int value);
+    static void setControl(QDoubleSpinBox *control, double value);
+    static void setControl(QCheckBox *control, bool value);
+    static void setControl(QComboBox *control, int value);
 
     template <class Slot>
     static void onChange(QSpinBox *control, Slot slot)
     {
+        control->setKeyboardTracking(false); // a number that is typed counts when it is complete
         QObject::connect(control, &QSpinBox::valueChanged, control, slot);
     }
     template <class Slot>
     static void onChange(QDoubleSpinBox *control, Slot slot)
     {
+        control->setKeyboardTracking(false);
         QObject::connect(control, &QDoubleSpinBox::valueChanged, control, slot);
     }
     template <class Slot>
@@ -116,6 +127,6 @@ private:
     }
 
     const Log *m_log = nullptr;
-    std::map<QString, std::function<void(const QVariant &)>> m_controls;
-    std::map<QString, std::function<void(const QVariant &)>> m_reactions;
+    std::map<QString, Show> m_controls;
+    std::map<QString, Show> m_reactions;
 };

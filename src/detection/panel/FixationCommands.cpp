@@ -1,10 +1,12 @@
 #include "detection/panel/FixationCommands.h"
 
+#include "base/TextFormat.h"
+#include "commands/CountText.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
 
 CommandCalculateFixations::CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
-                                                     const IMainWindow *window, const Log *log)
+                                                     IMainWindow *window, const Log *log)
     : QUndoCommand(QStringLiteral("Calculate Fixations"))
     , m_model(model)
     , m_parameters(parameters)
@@ -15,12 +17,21 @@ CommandCalculateFixations::CommandCalculateFixations(DataModel &model, const Fix
 
 void CommandCalculateFixations::undo()
 {
+    bool differ = false;
     QList<Examination> &examinations = m_model.examinations();
     for (qsizetype i = 0; i < examinations.size(); ++i) {
         const auto oldText = m_oldTexts.constFind(i);
-        if (examinations[i].checked && oldText != m_oldTexts.constEnd())
-            examinations[i].calculationInfo.fixationCalculationInfo = *oldText;
+        if (!examinations[i].checked || oldText == m_oldTexts.constEnd())
+            continue;
+        CalculationInfo &info = examinations[i].calculationInfo;
+        if (info.fixationCalculationInfo != *oldText)
+            info.fixationRemark = QStringLiteral("The fixations are those of a calculation that was undone.\n");
+        differ = differ || !info.fixationRemark.isEmpty();
+        info.fixationCalculationInfo = *oldText;
     }
+    if (differ && m_window)
+        m_window->tell(
+            {QStringLiteral("Undone: the fixations stay, and differ from the parameters that are told"), {}, {}});
 }
 
 void CommandCalculateFixations::redo()
@@ -30,7 +41,40 @@ void CommandCalculateFixations::redo()
         if (examinations[i].checked)
             m_oldTexts[i] = examinations[i].calculationInfo.fixationCalculationInfo;
     }
+    takeWhatCountsNow();
+    const auto outcome = calculateFixations(m_model, m_parameters, m_log);
+    if (!outcome)
+        return;
+    for (Examination &examination : m_model.examinations()) {
+        if (examination.checked)
+            examination.calculationInfo.fixationRemark.clear();
+    }
+    if (const auto *velocity = std::get_if<VelocityParameters>(&m_parameters)) {
+        FixationSettingsModel written;
+        setParameter(written, rows::velocityImageSizePixels, text::truncated(velocity->imageWidthPx));
+    }
+    tell(*outcome);
+}
+
+void CommandCalculateFixations::tell(const FixationCalculationOutcome &outcome) const
+{
+    if (!m_window)
+        return;
+    const QList<const Examination *> checked = m_model.checkedExaminations();
+    const EyeCounts counts = countsOf(checked, [](const EyeData &eye) { return eye.scanpath.size(); });
+    QStringList warnings;
+    for (const DetectionWarning &warning : outcome.warnings)
+        warnings << QStringLiteral("%1, %2: %3").arg(warning.recording, warning.eye, warning.text);
+    m_window->tell({countText(QLatin1StringView("Fixations"), checked.size(), counts), warnings, DataKind::Fixations});
+}
+
+void CommandCalculateFixations::takeWhatCountsNow()
+{
     if (auto *velocity = std::get_if<VelocityParameters>(&m_parameters); velocity && m_window)
         velocity->imageWidthPx = m_window->stimulusWidthPx();
-    calculateFixations(m_model, m_parameters, m_log);
+    if (auto *mixture = std::get_if<MixtureParameters>(&m_parameters)) {
+        FixationSettingsModel stored;
+        loadParameters(stored, std::tie(rows::gaussianMinimumDuration, rows::gaussianMergeSequential));
+        *mixture = {stored.gaussianMinimumDuration, stored.gaussianMergeSequential};
+    }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/ChangesPicture.h"
 #include "commands/ParameterCommand.h"
 #include "detection/FixationCalculation.h"
 
@@ -12,21 +13,28 @@ class IMainWindow;
 /// Detects the fixations of the checked examinations.
 ///
 /// Undo gives each of them back the text of what was done before, and nothing else: the fixations stay as the
-/// calculation left them. Redo calculates again.
-class CommandCalculateFixations : public QUndoCommand {
+/// calculation left them, which is remarked beside the text and told. Redo calculates again.
+///
+/// A velocity calculation leaves the width of the stimulus in the store. A mixture calculation takes its parameters
+/// from there at each redo: settings that were loaded since then count.
+class CommandCalculateFixations : public QUndoCommand, public ChangesPicture {
 public:
-    /// @param window  is asked for the width of the stimulus at each calculation; may be null: the parameters' counts.
+    /// @param window  is asked for the width of the stimulus at each calculation, and told what came of it; may be
+    ///                null: the parameters' width counts.
     /// @param log     may be null.
-    CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
-                              const IMainWindow *window, const Log *log);
+    CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters, IMainWindow *window,
+                              const Log *log);
 
     void undo() override;
     void redo() override;
 
 private:
+    void takeWhatCountsNow();
+    void tell(const FixationCalculationOutcome &outcome) const;
+
     DataModel &m_model;
     FixationCalculationParameters m_parameters;
-    const IMainWindow *m_window;
+    IMainWindow *m_window;
     const Log *m_log;
     QHash<qsizetype, QString> m_oldTexts; ///< by place in the list of examinations
 };

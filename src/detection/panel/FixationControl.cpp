@@ -1,8 +1,33 @@
 #include "detection/panel/FixationControl.h"
 
 #include "base/Messages.h"
+#include "commands/IMainWindow.h"
 #include "detection/panel/FixationCommands.h"
 #include "ui_FixationControl.h"
+
+namespace {
+
+/// Choices in the store that reading it does not give back.
+QStringList lostChoices()
+{
+    const SettingsStore store;
+    const QString type = store.value(rows::calculationType.key).toString();
+    const QString unit = store.value(rows::velocityUnit.key).toString();
+    QStringList lost;
+    if (!type.isEmpty() && rows::calculationType.loaded(type) == unknownCalculationType)
+        lost << QStringLiteral("The stored detector \"%1\" is not recognised: the standard detector runs until another "
+                               "is chosen.")
+                    .arg(type);
+    bool isNumber = false;
+    const int index = unit.toInt(&isNumber);
+    const bool isKnown = isNumber && index >= 0 && index < static_cast<int>(std::size(velocityUnitNames));
+    if (const int loaded = rows::velocityUnit.loaded(unit); isKnown && loaded != index)
+        lost << QStringLiteral("The stored unit of the velocity threshold, %1, is read as %2.")
+                    .arg(velocityUnitNames[index], velocityUnitNames[loaded]);
+    return lost;
+}
+
+} // namespace
 
 FixationControl::FixationControl(QWidget *parent)
     : QWidget(parent)
@@ -17,6 +42,7 @@ FixationControl::FixationControl(QWidget *parent)
     bindControls();
     showBoxOf(m_ui->Fix_comboBox->currentIndex());
     showGeometry(m_ui->comboVelocityUnit->currentIndex());
+    m_ui->toolButton->setFocusPolicy(Qt::StrongFocus); // a click completes the number that is being typed
     connect(m_ui->toolButton, &QToolButton::clicked, this, &FixationControl::sltCalculateFixations);
     connect(m_ui->citeButton, &QPushButton::clicked, this, &FixationControl::sltCiteGaussianMixtureModel);
 }
@@ -51,12 +77,25 @@ void FixationControl::showBoxOf(int calculationType)
 void FixationControl::showGeometry(int velocityUnit)
 {
     const bool isAngle = velocityUnit == static_cast<int>(VelocityUnit::DegreePerS);
-    QWidget *const widgets[] = {m_ui->screenDistanceLabel, m_ui->screenDistance, m_ui->imgSizeLabel, m_ui->imgSize};
+    QWidget *const widgets[] = {m_ui->screenDistanceLabel, m_ui->screenDistance, m_ui->imgSizeLabel, m_ui->imgSize,
+                                m_ui->imageWidthLabel,     m_ui->imageWidth};
     for (QWidget *widget : widgets)
         widget->setVisible(isAngle);
 }
 
 FixationControl::~FixationControl() = default;
+
+void FixationControl::showStimulusWidth(int widthPx)
+{
+    m_ui->imageWidth->setText(widthPx > 0 ? QStringLiteral("%1 px").arg(widthPx) : QStringLiteral("unknown"));
+}
+
+/// Without a picture there is nothing to tell pixels from degrees by.
+bool FixationControl::isWidthMissed(const FixationCalculationParameters &parameters) const
+{
+    const auto *velocity = std::get_if<VelocityParameters>(&parameters);
+    return velocity && velocity->unit == VelocityUnit::DegreePerS && m_window && m_window->stimulusWidthPx() <= 0;
+}
 
 void FixationControl::setLog(const Log *log)
 {
@@ -64,10 +103,24 @@ void FixationControl::setLog(const Log *log)
     m_parameters.setLog(log);
 }
 
+void FixationControl::setMainWindow(IMainWindow *window)
+{
+    m_window = window;
+    tellLostChoices();
+}
+
+void FixationControl::tellLostChoices() const
+{
+    if (m_window && !m_lostChoices.isEmpty())
+        m_window->tell({QStringLiteral("The choice of the detector was not taken over"), m_lostChoices, {}});
+}
+
 void FixationControl::sltUpdateSettings()
 {
+    m_lostChoices = lostChoices();
     loadFixationSettings(m_settings);
     m_parameters.refresh(m_settings, rows::fixation);
+    tellLostChoices();
 }
 
 void FixationControl::sltCalculateFixations()
@@ -76,8 +129,15 @@ void FixationControl::sltCalculateFixations()
         return;
     // What the combo box shows counts, not the record: without a current item the standard detector runs.
     const int type = calculationTypeNamed(m_ui->Fix_comboBox->currentText());
-    CommandStack::instance().push(
-        new CommandCalculateFixations(*m_model, calculationParameters(type, m_settings), m_window, m_log));
+    const FixationCalculationParameters parameters = calculationParameters(type, m_settings);
+    if (isWidthMissed(parameters)) {
+        messages::warning(QStringLiteral("Velocity based"),
+                          QStringLiteral("The picture behind the drawing cannot be read, so that its width is unknown: "
+                                         "speeds cannot be told in degrees. Please choose another background."));
+        return;
+    }
+    const RedrawHold once(m_window); // the command draws, and so do those who hear the signal
+    CommandStack::instance().push(new CommandCalculateFixations(*m_model, parameters, m_window, m_log));
     Q_EMIT sigCalculateFixations();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/panel/ParameterPanel.h"
+#include "detection/FixationCalculationParameters.h"
 #include "detection/FixationSettingsModel.h"
 
 #include <QWidget>
@@ -22,8 +23,11 @@ public:
 
     /// Without a model the button does nothing.
     void setModel(DataModel *model) { m_model = model; }
-    /// Tells the width of the stimulus; without a window, that of the last calculation counts.
-    void setMainWindow(const IMainWindow *window) { m_window = window; }
+    /// Tells the width of the stimulus, and hears of results; without a window, the width of the last calculation
+    /// counts.
+    void setMainWindow(IMainWindow *window);
+    /// Shows the width that degrees of visual angle are measured by, in px; 0 where there is no picture.
+    void showStimulusWidth(int widthPx);
     /// May be null: nothing is logged.
     void setLog(const Log *log);
 
@@ -39,6 +43,8 @@ private:
     void bindControls();
     void showBoxOf(int calculationType);
     void showGeometry(int velocityUnit);
+    bool isWidthMissed(const FixationCalculationParameters &parameters) const;
+    void tellLostChoices() const;
     void sltCalculateFixations();
     void sltCiteGaussianMixtureModel();
 
@@ -46,6 +52,7 @@ private:
     FixationSettingsModel m_settings;
     ParameterPanel m_parameters;
     DataModel *m_model = nullptr;
-    const IMainWindow *m_window = nullptr;
+    IMainWindow *m_window = nullptr;
+    QStringList m_lostChoices; ///< that stood in the store and are not in force
     const Log *m_log = nullptr;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Log.h"
+#include "commands/ChangesPicture.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
 
@@ -69,7 +70,7 @@ private:
 };
 
 /// Adds a stimulus image that belongs to no examination. The list of images is rebuilt by whoever pushes it.
-class CommandPictureImport : public QUndoCommand {
+class CommandPictureImport : public QUndoCommand, public ChangesPicture {
 public:
     CommandPictureImport(DataModel &model, QString path);
 

@@ -3,7 +3,9 @@
 #include "commands/CommandStack.h"
 #include "ui_DataWidget.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QShortcut>
 
 namespace {
@@ -13,6 +15,23 @@ QStringList askForRecordings(QWidget *parent, const QString &folder)
     QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder, QStringLiteral("Data Files (*.data)"));
     dialog.setFileMode(QFileDialog::ExistingFiles);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+/// Files as they are, and what lies in folders under the extension of recordings, in the order of the names.
+QStringList recordingsAt(const QStringList &paths)
+{
+    QStringList recordings;
+    for (const QString &path : paths) {
+        const QString absolute = QFileInfo(path).absoluteFilePath();
+        if (!QFileInfo(absolute).isDir()) {
+            recordings << absolute;
+            continue;
+        }
+        const QDir folder(absolute);
+        for (const QString &name : folder.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name))
+            recordings << folder.filePath(name);
+    }
+    return recordings;
 }
 
 } // namespace
@@ -39,6 +58,17 @@ DataWidget::~DataWidget() = default;
 void DataWidget::sltAdd()
 {
     CommandStack::instance().push(new CommandDataAdd(*m_ui->listView, m_choose, m_log));
+}
+
+bool DataWidget::importFiles(const QStringList &paths)
+{
+    const QStringList recordings = recordingsAt(paths);
+    if (recordings.isEmpty())
+        return false;
+    const auto chosen = [recordings](const QString &) { return recordings; };
+    CommandStack::instance().push(new CommandDataAdd(*m_ui->listView, chosen, m_log));
+    sltImport();
+    return true;
 }
 
 void DataWidget::sltRemove()

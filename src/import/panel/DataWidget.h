@@ -25,6 +25,10 @@ public:
     /// Replaces the file dialog.
     void setRecordingChooser(RecordingChooser choose) { m_choose = std::move(choose); }
 
+    /// Adds files, and the recordings in folders, to the list and imports the list, as the two buttons do.
+    /// @return false where there is no recording; nothing is changed then.
+    bool importFiles(const QStringList &paths);
+
 Q_SIGNALS:
     /// Recordings were imported.
     void sigLoadTimeline();

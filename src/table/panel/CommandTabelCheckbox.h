@@ -22,7 +22,7 @@ private:
     enum class Reach { Examinations, AllExaminations };
     void apply(bool checked, Reach reach);
 
-    int m_row;
+    int m_number; ///< of the examination: its row may wander
     bool m_oldState;
     DataModel &m_model;
     ExaminationTable &m_table;

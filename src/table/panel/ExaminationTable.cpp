@@ -124,6 +124,36 @@ void ExaminationTable::removeExaminations(const QList<int> &numbers)
     }
 }
 
+void ExaminationTable::removeSortedExaminations(const QList<int> &numbers)
+{
+    const int section = horizontalHeader()->sortIndicatorSection();
+    const Qt::SortOrder order = horizontalHeader()->sortIndicatorOrder();
+    sortItems(NumberColumn);
+    removeExaminations(numbers);
+    if (section >= 0)
+        sortItems(section, order);
+    else
+        horizontalHeader()->setSortIndicator(section, order);
+}
+
+int ExaminationTable::rowOfNumber(int number) const
+{
+    int row = rowCount() - 1;
+    while (row >= 0 && numberOfRow(row) != number)
+        --row;
+    return row;
+}
+
+void ExaminationTable::showChoices(const Examination &examination)
+{
+    const int row = rowOfNumber(examination.number);
+    showChecked(row, examination.checked);
+    if (auto *box = qobject_cast<QComboBox *>(cellWidget(row, GroupColumn))) {
+        const QSignalBlocker blocker(box);
+        box->setCurrentText(examination.groupName);
+    }
+}
+
 int ExaminationTable::numberOfRow(int row) const
 {
     const QTableWidgetItem *number = item(row, NumberColumn);

@@ -29,8 +29,17 @@ public:
     /// number is tried. Rows that stand in the order of the numbers all vanish.
     void removeExaminations(const QList<int> &numbers);
 
+    /// The same with the rows in the order of their import, whatever the user has sorted by; they are sorted so again.
+    void removeSortedExaminations(const QList<int> &numbers);
+
     /// Number of the examination in this row; 0 beyond the table.
     int numberOfRow(int row) const;
+
+    /// The row of the examination with this number; -1 where there is none.
+    int rowOfNumber(int number) const;
+
+    /// Shows check mark and group as they are now, without signals.
+    void showChoices(const Examination &examination);
 
     /// The labels of all columns.
     const QStringList &labels() const { return m_labels; }

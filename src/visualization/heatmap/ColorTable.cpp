@@ -55,6 +55,6 @@ QGradientStops fixedStops(int map)
 QImage colorTable(const VisualizationParameters &parameters)
 {
     const int map = parameters.heatmapColormap;
-    const QGradientStops stops = map == customMap ? gradientStops(adjustableColorMap(parameters)) : fixedStops(map);
+    const QGradientStops stops = map == customMap ? gradientStops(parameters.colorMap) : fixedStops(map);
     return gradientImage(stops, {entries, 1});
 }

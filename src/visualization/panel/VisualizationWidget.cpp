@@ -72,7 +72,7 @@ void VisualizationWidget::sltUpdateSettings()
 {
     loadParameters(m_record, rows::visualization);
     m_parameters.refresh(m_record, rows::visualization);
-    showColorMap(adjustableColorMap(m_record));
+    showColorMap(m_record.colorMap);
     applyLayout();
     sltColorMapChanged();
 }
@@ -86,7 +86,7 @@ void VisualizationWidget::sltExportheatmap()
 
 void VisualizationWidget::bindNumbers()
 {
-    m_parameters.bind<rows::visualizationMode>(m_ui->comboBox_vismode, m_record);
+    m_parameters.bind<rows::visualizationMode, CommandChangeVisualizationMode>(m_ui->comboBox_vismode, m_record);
     m_parameters.bind<rows::size>(m_ui->sizeSpinBox, m_record);
     m_parameters.bind<rows::stepSize>(m_ui->spinBox_stepsize, m_record);
     m_parameters.bind<rows::fillOpacity>(m_ui->fillOpacitySpinBox, m_record);

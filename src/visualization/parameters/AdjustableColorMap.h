@@ -26,9 +26,6 @@ struct AdjustableColorMap {
     std::array<Stop, stopCount> stops;
 };
 
-/// The map as it stands in a record.
-AdjustableColorMap adjustableColorMap(const VisualizationParameters &parameters);
-
 /// Puts the map into record and store.
 void setAdjustableColorMap(VisualizationParameters &parameters, const AdjustableColorMap &map);
 

@@ -1,5 +1,39 @@
 #include "visualization/parameters/VisualizationCommands.h"
 
+CommandChangeVisualizationMode::CommandChangeVisualizationMode(int mode, VisualizationParameters &record,
+                                                               IParameterView &panel, const Log *log)
+    : ParameterCommand(mode, record, panel, log)
+    , m_before(units())
+{
+}
+
+void CommandChangeVisualizationMode::undo()
+{
+    m_after = units();
+    ParameterCommand::undo();
+    setUnits(m_before);
+}
+
+void CommandChangeVisualizationMode::redo()
+{
+    ParameterCommand::redo();
+    if (m_after)
+        setUnits(*m_after);
+}
+
+CommandChangeVisualizationMode::Units CommandChangeVisualizationMode::units()
+{
+    return {record().power, record().heatmapThreashold};
+}
+
+void CommandChangeVisualizationMode::setUnits(const Units &units)
+{
+    setParameter(record(), rows::power, units.power);
+    setParameter(record(), rows::heatmapThreashold, units.threshold);
+    panel().show(rows::power.key, units.power);
+    panel().show(rows::heatmapThreashold.key, units.threshold);
+}
+
 CommandChangeAdjColorMap::CommandChangeAdjColorMap(const AdjustableColorMap &map, VisualizationParameters &record,
                                                    Show show, const Log *log)
     : QUndoCommand(QStringLiteral("Adjustible Colormap changed!")) // sic
@@ -7,7 +41,7 @@ CommandChangeAdjColorMap::CommandChangeAdjColorMap(const AdjustableColorMap &map
     , m_show(std::move(show))
     , m_log(log)
     , m_new(map)
-    , m_old(adjustableColorMap(record))
+    , m_old(record.colorMap)
 {
 }
 

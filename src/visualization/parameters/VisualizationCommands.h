@@ -6,6 +6,7 @@
 #include "visualization/parameters/VisualizationParameters.h"
 
 #include <functional>
+#include <optional>
 
 // The names of parameter commands, as the log and the undo view show them.
 
@@ -36,7 +37,6 @@ using CommandChangeShowOriginalSize = ParameterCommand<rows::showOriginalSize>;
 using CommandChangeSizeFactor = ParameterCommand<rows::size>;
 using CommandChangeStepSize = ParameterCommand<rows::stepSize>;
 using CommandChangeUseIt = ParameterCommand<rows::acmUse>;
-using CommandChangeVisualizationMode = ParameterCommand<rows::visualizationMode>;
 
 using CommandChangeVisualizationAOIBorderType = ParameterCommand<rows::aoiBorderType>;
 using CommandChangeVisualizationAOIBorderWidth = ParameterCommand<rows::aoiBorderWidth>;
@@ -44,6 +44,27 @@ using CommandChangeVisualizationAOIColor = ParameterCommand<rows::aoiColor>;
 using CommandChangeVisualizationAOIDisplayNames = ParameterCommand<rows::aoiDisplayNames>;
 using CommandChangeVisualizationAOIFillOpacity = ParameterCommand<rows::aoiFillOpacity>;
 using CommandChangeVisualizationAOIMode = ParameterCommand<rows::aoiDrawMode>;
+
+/// Change of the mode. Another mode may count in other units and brings start values for them: undo restores the power
+/// and the threshold before, redo those that the undo found.
+class CommandChangeVisualizationMode : public ParameterCommand<rows::visualizationMode> {
+public:
+    CommandChangeVisualizationMode(int mode, VisualizationParameters &record, IParameterView &panel, const Log *log);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    struct Units {
+        double power = 0;
+        int threshold = 0;
+    };
+    Units units();
+    void setUnits(const Units &units);
+
+    Units m_before;
+    std::optional<Units> m_after; ///< once it was undone
+};
 
 /// Change of the whole adjustable colour map, in one step.
 class CommandChangeAdjColorMap : public QUndoCommand {

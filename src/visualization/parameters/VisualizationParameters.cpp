@@ -8,16 +8,10 @@ namespace {
 
 using ColorRow = Parameter<VisualizationParameters, QColor>;
 
-struct DerivedColor {
-    const ColorRow &fill;
-    const ColorRow &border;
-};
-
-constexpr DerivedColor derivedColors[] = {
-    {rows::fillColor, rows::borderColor},
-    {rows::fillColorLeft, rows::borderColorLeft},
-    {rows::fillColorRight, rows::borderColorRight},
-};
+void derive(VisualizationParameters &parameters, const ColorRow &border, const ColorRow &fill)
+{
+    setParameter(parameters, border, borderColorFor(valueIn(parameters, fill), parameters.borderType));
+}
 
 } // namespace
 
@@ -59,10 +53,24 @@ QColor borderColorFor(const QColor &fill, int borderType)
     return shaded(fill, static_cast<Group::Shade>(std::clamp(borderType, first, last)));
 }
 
-void updateDerived(VisualizationParameters &parameters, QLatin1StringView key)
+void deriveBorderColor(VisualizationParameters &parameters)
 {
-    for (const auto &[fill, border] : derivedColors) {
-        if (key == fill.key || key == rows::borderType.key)
-            setParameter(parameters, border, borderColorFor(parameters.*fill.member, parameters.borderType));
-    }
+    derive(parameters, rows::borderColor, rows::fillColor);
+}
+
+void deriveBorderColorLeft(VisualizationParameters &parameters)
+{
+    derive(parameters, rows::borderColorLeft, rows::fillColorLeft);
+}
+
+void deriveBorderColorRight(VisualizationParameters &parameters)
+{
+    derive(parameters, rows::borderColorRight, rows::fillColorRight);
+}
+
+void deriveBorderColors(VisualizationParameters &parameters)
+{
+    deriveBorderColor(parameters);
+    deriveBorderColorLeft(parameters);
+    deriveBorderColorRight(parameters);
 }

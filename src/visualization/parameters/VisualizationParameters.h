@@ -2,6 +2,7 @@
 
 #include "model/DataKind.h"
 #include "settings/Parameter.h"
+#include "visualization/parameters/AdjustableColorMap.h"
 
 /// How one kind of data (gaze points, fixations, fixation clusters or saccades) is drawn. There are four such records,
 /// one for each kind. What a member means depends on the kind and its mode: the cluster modes, for one, take `stepSize`
@@ -54,25 +55,8 @@ struct VisualizationParameters {
     bool showLenghtArcs = false;      // sic
     bool lenghtArcsHighlight = false; // sic
 
-    // The adjustable colour map: four colours, each with its transparency (0 to 255) and the share of the maximum
-    // (0 to 1) at which it starts.
-    bool acmUse = false;
-    bool acmActive1 = false;
-    bool acmActive2 = false;
-    bool acmActive3 = false;
-    bool acmActive4 = false;
-    int acmTransparency1 = 0;
-    int acmTransparency2 = 0;
-    int acmTransparency3 = 0;
-    int acmTransparency4 = 0;
-    double acmStart1 = 0;
-    double acmStart2 = 0;
-    double acmStart3 = 0;
-    double acmStart4 = 0;
-    QColor acmColor1;
-    QColor acmColor2;
-    QColor acmColor3;
-    QColor acmColor4;
+    bool acmUse = false; ///< of the adjustable colour map
+    AdjustableColorMap colorMap;
 };
 
 /// A record for each kind of data; not owned, none is null.
@@ -90,21 +74,47 @@ VisualizationParameters loadedParameters(const QString &settingsPath, const QStr
 /// The border colour around a fill colour; a border type beyond 0 to 2 counts as the nearest of them.
 QColor borderColorFor(const QColor &fill, int borderType);
 
-/// Keeps the border colours, in record and store, in step with what they follow from: a fill colour changes its own
-/// border colour, the border type all three. Other keys change nothing.
-void updateDerived(VisualizationParameters &parameters, QLatin1StringView key);
+// The border colours, in record and store, follow from the fill colours and the border type.
+void deriveBorderColor(VisualizationParameters &parameters);
+void deriveBorderColorLeft(VisualizationParameters &parameters);
+void deriveBorderColorRight(VisualizationParameters &parameters);
+void deriveBorderColors(VisualizationParameters &parameters); ///< all three
+
+/// The row of a value of one stop of the adjustable colour map. The map is changed as a whole, so that its values have
+/// no commands of their own.
+template <class T>
+struct ParameterOfStop {
+    using Record = VisualizationParameters;
+    using Value = T;
+
+    T &in(Record &record) const { return record.colorMap.stops[stop].*member; }
+    const T &in(const Record &record) const { return record.colorMap.stops[stop].*member; }
+
+    T AdjustableColorMap::Stop::*member;
+    QLatin1StringView key;
+    std::size_t stop;
+    T initial{};
+    QLatin1StringView text{};
+    QLatin1StringView command{};
+};
 
 /// Keys, values at construction, texts and names of the commands. Rows without a text have no command of their own.
 namespace rows {
 
 using namespace Qt::StringLiterals;
 using Visual = VisualizationParameters;
-inline constexpr Parameter fillColor{&Visual::fillColor, "/FillColor"_L1, QColor(255, 0, 0),
-                                     "Dominant fill color changed: "_L1, "CommandChangeFillColorDominant"_L1};
-inline constexpr Parameter fillColorLeft{&Visual::fillColorLeft, "/FillColorLeft"_L1, QColor(0, 255, 0),
-                                         "Left fill color changed: "_L1, "CommandChangeFillColorLeft"_L1};
-inline constexpr Parameter fillColorRight{&Visual::fillColorRight, "/FillColorRight"_L1, QColor(0, 0, 255),
-                                          "Right fill color changed: "_L1, "CommandChangeFillColorRight"_L1};
+inline constexpr Parameter fillColor{&Visual::fillColor,
+                                     "/FillColor"_L1,
+                                     QColor(255, 0, 0),
+                                     "Dominant fill color changed: "_L1,
+                                     "CommandChangeFillColorDominant"_L1,
+                                     deriveBorderColor};
+inline constexpr Parameter fillColorLeft{
+    &Visual::fillColorLeft,          "/FillColorLeft"_L1,  QColor(0, 255, 0), "Left fill color changed: "_L1,
+    "CommandChangeFillColorLeft"_L1, deriveBorderColorLeft};
+inline constexpr Parameter fillColorRight{
+    &Visual::fillColorRight,          "/FillColorRight"_L1,  QColor(0, 0, 255), "Right fill color changed: "_L1,
+    "CommandChangeFillColorRight"_L1, deriveBorderColorRight};
 inline constexpr Parameter fillColorName{&Visual::fillColorName, "/FillColorName"_L1, QColor(0, 0, 0)};
 inline constexpr Parameter borderColor{&Visual::borderColor, "/BorderColor"_L1, QColor(255, 0, 0)};
 inline constexpr Parameter borderColorLeft{&Visual::borderColorLeft, "/BorderColorLeft"_L1, QColor(0, 255, 0)};
@@ -128,8 +138,8 @@ inline constexpr Parameter normalDistributionWidth{&Visual::normalDistributionWi
 inline constexpr Parameter normalDistributionSigma{&Visual::normalDistributionSigma, "/NormalDistributionSigma"_L1, 50,
                                                    "Normal distribution sigma changed: %1"_L1,
                                                    "CommandChangeNormalDistributionSigma"_L1};
-inline constexpr Parameter borderType{&Visual::borderType, "/BorderType"_L1, 1, "Border type changed: %1"_L1,
-                                      "CommandChangeBorderType"_L1};
+inline constexpr Parameter borderType{&Visual::borderType,          "/BorderType"_L1,  1, "Border type changed: %1"_L1,
+                                      "CommandChangeBorderType"_L1, deriveBorderColors};
 inline constexpr Parameter showGazePoints{&Visual::showGazePoints, "/ShowGazePoints"_L1, false,
                                           "Show gazepoints changed: %1"_L1, "CommandChangeShowGazePoints"_L1};
 inline constexpr Parameter showOriginalSize{&Visual::showOriginalSize, "/ShowOriginalSize"_L1, false,
@@ -168,29 +178,44 @@ inline constexpr Parameter lenghtArcsHighlight{&Visual::lenghtArcsHighlight, "/L
                                                "Lenght solid color changed: %1"_L1,
                                                "CommandChangeLenghtSolidColor"_L1}; // sic
 inline constexpr Parameter acmUse{&Visual::acmUse, "/ACM_use"_L1, false, "Use it changed!"_L1, "CommandChangeUseIt"_L1};
-inline constexpr Parameter acmActive1{&Visual::acmActive1, "/ACM_acti1"_L1, false};
-inline constexpr Parameter acmActive2{&Visual::acmActive2, "/ACM_acti2"_L1, false};
-inline constexpr Parameter acmActive3{&Visual::acmActive3, "/ACM_acti3"_L1, false};
-inline constexpr Parameter acmActive4{&Visual::acmActive4, "/ACM_acti4"_L1, false};
-inline constexpr Parameter acmTransparency1{&Visual::acmTransparency1, "/ACM_trans1"_L1, 0};
-inline constexpr Parameter acmTransparency2{&Visual::acmTransparency2, "/ACM_trans2"_L1, 0};
-inline constexpr Parameter acmTransparency3{&Visual::acmTransparency3, "/ACM_trans3"_L1, 0};
-inline constexpr Parameter acmTransparency4{&Visual::acmTransparency4, "/ACM_trans4"_L1, 0};
-inline constexpr Parameter acmStart1{&Visual::acmStart1, "/ACM_start_p1"_L1, 0.0};
-inline constexpr Parameter acmStart2{&Visual::acmStart2, "/ACM_start_p2"_L1, 0.0};
-inline constexpr Parameter acmStart3{&Visual::acmStart3, "/ACM_start_p3"_L1, 0.0};
-inline constexpr Parameter acmStart4{&Visual::acmStart4, "/ACM_start_p4"_L1, 0.0};
-inline constexpr Parameter acmColor1{&Visual::acmColor1, "/ACM_start_c1"_L1, QColor()};
-inline constexpr Parameter acmColor2{&Visual::acmColor2, "/ACM_start_c2"_L1, QColor()};
-inline constexpr Parameter acmColor3{&Visual::acmColor3, "/ACM_start_c3"_L1, QColor()};
-inline constexpr Parameter acmColor4{&Visual::acmColor4, "/ACM_start_c4"_L1, QColor()};
-inline constexpr auto visualization =
+
+/// The rows of one stop of the adjustable colour map.
+struct StopRows {
+    ParameterOfStop<bool> active;
+    ParameterOfStop<int> transparency;
+    ParameterOfStop<double> start;
+    ParameterOfStop<QColor> color;
+
+    constexpr auto all() const { return std::tie(active, transparency, start, color); }
+};
+using Stop = AdjustableColorMap::Stop;
+inline constexpr StopRows colorMapStops[AdjustableColorMap::stopCount] = {
+    {ParameterOfStop<bool>{&Stop::active, "/ACM_acti1"_L1, 0},
+     ParameterOfStop<int>{&Stop::transparency, "/ACM_trans1"_L1, 0},
+     ParameterOfStop<double>{&Stop::start, "/ACM_start_p1"_L1, 0},
+     ParameterOfStop<QColor>{&Stop::color, "/ACM_start_c1"_L1, 0}},
+    {ParameterOfStop<bool>{&Stop::active, "/ACM_acti2"_L1, 1},
+     ParameterOfStop<int>{&Stop::transparency, "/ACM_trans2"_L1, 1},
+     ParameterOfStop<double>{&Stop::start, "/ACM_start_p2"_L1, 1},
+     ParameterOfStop<QColor>{&Stop::color, "/ACM_start_c2"_L1, 1}},
+    {ParameterOfStop<bool>{&Stop::active, "/ACM_acti3"_L1, 2},
+     ParameterOfStop<int>{&Stop::transparency, "/ACM_trans3"_L1, 2},
+     ParameterOfStop<double>{&Stop::start, "/ACM_start_p3"_L1, 2},
+     ParameterOfStop<QColor>{&Stop::color, "/ACM_start_c3"_L1, 2}},
+    {ParameterOfStop<bool>{&Stop::active, "/ACM_acti4"_L1, 3},
+     ParameterOfStop<int>{&Stop::transparency, "/ACM_trans4"_L1, 3},
+     ParameterOfStop<double>{&Stop::start, "/ACM_start_p4"_L1, 3},
+     ParameterOfStop<QColor>{&Stop::color, "/ACM_start_c4"_L1, 3}},
+};
+inline constexpr auto colorMap =
+    std::tuple_cat(colorMapStops[0].all(), colorMapStops[1].all(), colorMapStops[2].all(), colorMapStops[3].all());
+
+inline constexpr auto visualization = std::tuple_cat(
     std::tie(fillColor, fillColorLeft, fillColorRight, fillColorName, borderColor, borderColorLeft, borderColorRight,
              visualizationMode, size, durationDependent, showArrowTip, fillOpacity, borderWidth,
              normalDistributionWidth, normalDistributionSigma, borderType, showGazePoints, showOriginalSize,
              transitionsOnly, lineSizeAbsolute, power, shadowTransparency, heatmapThreashold, heatmapColormap, stepSize,
              numberOfHistogramBins, angleOffset, showQuantityArcs, quantityArcsHighlight, showDurationArcs,
-             durationArcsHighlight, showLenghtArcs, lenghtArcsHighlight, acmUse, acmActive1, acmActive2, acmActive3,
-             acmActive4, acmTransparency1, acmTransparency2, acmTransparency3, acmTransparency4, acmStart1, acmStart2,
-             acmStart3, acmStart4, acmColor1, acmColor2, acmColor3, acmColor4);
+             durationArcsHighlight, showLenghtArcs, lenghtArcsHighlight, acmUse),
+    colorMap);
 } // namespace rows

@@ -1,0 +1,38 @@
+#include "app/WindowPlace.h"
+
+#include "settings/WindowMemory.h"
+
+#include <QSplitter>
+
+namespace {
+
+constexpr int shares[] = {1, 4, 2}; // of the width: table, picture, panels
+
+const QString windowName = QStringLiteral("Window");
+const QString panesName = QStringLiteral("Panes");
+
+} // namespace
+
+void dividePanes(QSplitter &panes, int widthPx)
+{
+    for (int pane = 0; pane < 3; ++pane)
+        panes.setStretchFactor(pane, shares[pane]);
+    constexpr int tableCharacters = 52;
+    const int table = tableCharacters * panes.fontMetrics().averageCharWidth();
+    const int panels = widthPx * shares[2] / (shares[0] + shares[1] + shares[2]);
+    panes.setSizes({table, widthPx - table - panels, panels});
+}
+
+bool restorePlace(QWidget &window, QSplitter &panes)
+{
+    if (!window.restoreGeometry(windowmemory::recall(windowName)))
+        return false;
+    panes.restoreState(windowmemory::recall(panesName));
+    return true;
+}
+
+void rememberPlace(const QWidget &window, const QSplitter &panes)
+{
+    windowmemory::keep(windowName, window.saveGeometry());
+    windowmemory::keep(panesName, panes.saveState());
+}

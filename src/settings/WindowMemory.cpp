@@ -1,0 +1,29 @@
+#include "settings/WindowMemory.h"
+
+#include "settings/SettingsStore.h"
+
+#include <QFileInfo>
+
+namespace {
+
+QString filePath()
+{
+    const QFileInfo store(SettingsStore::path());
+    return store.path() + u'/' + store.completeBaseName() + QStringLiteral(" window.ini");
+}
+
+} // namespace
+
+namespace windowmemory {
+
+QByteArray recall(const QString &name)
+{
+    return QSettings(filePath(), QSettings::IniFormat).value(name).toByteArray();
+}
+
+void keep(const QString &name, const QByteArray &state)
+{
+    QSettings(filePath(), QSettings::IniFormat).setValue(name, state);
+}
+
+} // namespace windowmemory
