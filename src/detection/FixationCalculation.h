@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/SideBySide.h"
 #include "detection/FixationCalculationParameters.h"
 #include "detection/FixationSettingsModel.h"
 
@@ -38,8 +39,10 @@ struct FixationCalculationOutcome {
 /// A velocity calculation leaves the width that it was given in the store. A mixture calculation takes its parameters
 /// from there, whatever it was given: settings that were loaded since then count.
 ///
-/// The reports are shown when all is done, after the progress was closed. Warnings are shown to nobody.
+/// Examinations are worked on side by side; result, messages and log do not depend on how many threads do it. What the
+/// detectors have to tell is told at the end, once for each cause; then, after the progress was closed, the reports are
+/// shown. Warnings are shown to nobody.
 /// @param log  gets each warning as a line with recording and eye; may be null.
 /// @return nothing, after a message, where no examination is checked.
 std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model, FixationCalculationParameters parameters,
-                                                             const Log *log);
+                                                             const Log *log, int threads = coreCount());
