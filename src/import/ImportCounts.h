@@ -27,12 +27,12 @@ struct ImportCounts {
     bool isRateImplausible() const;
 
     qsizetype samples = 0;
-    LineCount wrongLength;   ///< sample lines without exactly 11 fields; they are left out
-    LineCount noNumbers;     ///< fields that are no numbers and count as 0
-    LineCount backwardTimes; ///< samples earlier than the sample before them
-    LineCount repeatedTimes; ///< samples at the time of the sample before them
-    qsizetype longSteps = 0; ///< samples more than `longestPlausibleStepMs` after the sample before them
-    qint64 durationMs = 0;   ///< from the first sample to the last; negative where the clock ran backwards
+    LineCount wrongLength = {};   ///< sample lines without exactly 11 fields; they are left out
+    LineCount noNumbers = {};     ///< fields that are no numbers and count as 0
+    LineCount backwardTimes = {}; ///< samples earlier than the sample before them
+    LineCount repeatedTimes = {}; ///< samples at the time of the sample before them
+    qsizetype longSteps = 0;      ///< samples more than `longestPlausibleStepMs` after the sample before them
+    qint64 durationMs = 0;        ///< from the first sample to the last; negative where the clock ran backwards
 
     static constexpr qint64 longestPlausibleStepMs = 100;
 };

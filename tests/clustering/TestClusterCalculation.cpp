@@ -188,7 +188,7 @@ void TestClusterCalculation::threadsChangeNothing()
     QList<Examination> examinations;
     for (int i = 0; i < 6; ++i) {
         examinations << examination();
-        examinations[i].leftEye.scanpath << samples::fixation({100.0 * i, 500});
+        examinations[i].leftEye.scanpath << samples::fixation({100 * i, 500});
     }
     for (const ClusterParameters &parameters :
          {ClusterParameters(standard), ClusterParameters(meanShift), ClusterParameters(overlap)})

@@ -254,9 +254,8 @@ void TestFixationCalculation::pooledContainersAreCleared()
         model.pooled(pool).saccades << Saccade();
     }
     calculateFixations(model, parameters, nullptr);
-    constexpr int dominant = 2;
     for (const Eye pool : allEyes) {
-        const qsizetype left = pool == dominant ? 1 : 0;
+        const qsizetype left = pool == Eye::Dominant ? 1 : 0;
         QCOMPARE(model.pooled(pool).scanpath.size(), left);
         QCOMPARE(model.pooled(pool).fixationClusters.size(), left);
         QCOMPARE(model.pooled(pool).saccades.size(), 1);

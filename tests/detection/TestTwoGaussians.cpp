@@ -38,6 +38,18 @@ bool areSame(const Gaussian &a, const Gaussian &b)
     return a.weight == b.weight && a.mean == b.mean && a.variance == b.variance;
 }
 
+/// Nothing where the fit fails or k-means refuses the values, as it does where their squares leave its numbers.
+template <class Fit>
+std::optional<TwoGaussians> resultOf(Fit fit, const std::vector<float> &values)
+{
+    cv::theRNG() = cv::RNG(1);
+    try {
+        return fit(values);
+    } catch (const cv::Exception &) {
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 class TestTwoGaussians : public QObject {
@@ -75,10 +87,8 @@ void TestTwoGaussians::sameBitsAsTheLibrary_data()
 void TestTwoGaussians::sameBitsAsTheLibrary()
 {
     QFETCH(std::vector<float>, values);
-    cv::theRNG() = cv::RNG(1);
-    const auto expected = plainTwoGaussians(values);
-    cv::theRNG() = cv::RNG(1);
-    const auto found = fitTwoGaussians(values);
+    const auto expected = resultOf(plainTwoGaussians, values);
+    const auto found = resultOf(fitTwoGaussians, values);
     QCOMPARE(found.has_value(), expected.has_value());
     if (!expected)
         return;

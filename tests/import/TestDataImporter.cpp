@@ -273,7 +273,7 @@ void TestDataImporter::logKeepsTheOrder()
     const Imported imported(bytes);
     QVERIFY(!imported.ok);
     QCOMPARE(imported.logText, expected);
-    QCOMPARE(imported.counts, ImportCounts{.wrongLength = {lines / 2, 1}});
+    QCOMPARE(imported.counts, (ImportCounts{.wrongLength = {lines / 2, 1}}));
 }
 
 void TestDataImporter::loggedLinesAreDecoded_data()

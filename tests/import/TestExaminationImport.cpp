@@ -215,7 +215,7 @@ void TestExaminationImport::gigabyteWithoutLineBreak()
     const ImportedFile file = readRecording(path, &log);
     QCOMPARE(file.messages,
              QList<ImportMessage>{corrupt(path, u"none of its 1 sample lines has eleven fields separated by tabs"_s)});
-    QCOMPARE(file.counts, ImportCounts{.wrongLength = {1, 1}});
+    QCOMPARE(file.counts, (ImportCounts{.wrongLength = {1, 1}}));
     constexpr qint64 mostLogged = 2 << 20;
     QVERIFY(QFile(m_files->path(u"log"_s)).size() < mostLogged);
 }

@@ -122,7 +122,7 @@ void TestSymmetricMatrix::axesHaveTheBitsOfTheLibrary()
     QFETCH(int, rounds);
     std::mt19937 random(static_cast<unsigned>(samples));
     for (int round = 0; round < rounds; ++round) {
-        std::normal_distribution<double> normal(0, 0.5 + random() % 30);
+        std::normal_distribution<double> normal(0, 0.5 + static_cast<double>(random() % 30));
         QList<GazePoint> gaze;
         for (int i = 0; i < samples; ++i) {
             const double x = 1000 + normal(random);
