@@ -309,7 +309,7 @@ void Vistrum::sltExportheatmap(int id)
 void Vistrum::tell(const Notice &notice)
 {
     Notice told = notice;
-    if (told.kind && drawingRecords()[*told.kind].visualizationMode == 0)
+    if (told.kind && drawingRecords()[*told.kind]->visualizationMode == 0)
         told.text += QStringLiteral("; not drawn: mode none");
     m_notice->tell(told);
 }

@@ -54,13 +54,26 @@ void addScrollingText(QMessageBox &box, const QString &text)
         grid->addWidget(view, 0, grid->columnCount() - 1);
 }
 
-void showBox(messages::Severity severity, const QString &title, const QString &text)
+/// A box follows the width of its text; the title above a short one would be cut.
+void makeAsWideAsItsTitle(QMessageBox &box)
+{
+    constexpr int frameAndButtons = 100; // px, of the window's frame
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + frameAndButtons;
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+void showBox(const messages::Message &message)
 {
     constexpr qsizetype mostPlainLines = 25;
-    const bool isLong = text.count(u'\n') > mostPlainLines;
-    QMessageBox box(iconOf(severity), title, isLong ? QString() : text, QMessageBox::Ok, windowInFront());
+    const bool isLong = message.text.count(u'\n') + message.details.count(u'\n') > mostPlainLines;
+    QMessageBox box(iconOf(message.severity), message.title, isLong ? QString() : message.text, QMessageBox::Ok,
+                    windowInFront());
     if (isLong)
-        addScrollingText(box, text);
+        addScrollingText(box, message.details.isEmpty() ? message.text : message.text + u'\n' + message.details);
+    else
+        box.setInformativeText(message.details);
+    makeAsWideAsItsTitle(box);
     box.exec();
 }
 
@@ -68,7 +81,12 @@ class MessageBoxes : public messages::IHandler {
 public:
     void show(messages::Severity severity, const QString &title, const QString &text) override
     {
-        const auto box = [=] { showBox(severity, title, text); };
+        showDetailed({severity, title, text});
+    }
+
+    void showDetailed(const messages::Message &message) override
+    {
+        const auto box = [=] { showBox(message); };
         if (QThread::currentThread() == qApp->thread())
             box();
         else

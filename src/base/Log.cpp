@@ -20,7 +20,9 @@ void Log::write(const QString &text) const
 
 void Log::write(const QStringList &lines) const
 {
-    if (m_fileName.isEmpty())
+    if (m_lines)
+        *m_lines << lines;
+    if (m_fileName.isEmpty() || lines.isEmpty())
         return;
     QFile file(m_fileName);
     if (!file.open(QIODevice::Append | QIODevice::Text))

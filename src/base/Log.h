@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 /// The program's log file: plain lines without time stamp or level.
 ///
@@ -10,6 +10,11 @@
 class Log {
 public:
     explicit Log(QString fileName = QStringLiteral("./Vistrum2013.log"));
+
+    /// A log that adds its lines to a list, for work beside other work: whoever started it writes them when it is their
+    /// turn.
+    /// @param lines  must outlive the log; not to be used by others meanwhile.
+    explicit Log(QStringList &lines) : m_lines(&lines) {}
 
     /// Leaves an empty file, so that each run of the program starts a log of its own.
     void clear() const;
@@ -22,4 +27,5 @@ public:
 
 private:
     QString m_fileName;
+    QStringList *m_lines = nullptr;
 };

@@ -1,6 +1,6 @@
 #include "base/Messages.h"
 
-#include <QString>
+#include <algorithm>
 
 namespace messages {
 
@@ -12,17 +12,42 @@ std::unique_ptr<IHandler> &handler()
     return installed;
 }
 
+Collector *&innermost()
+{
+    static thread_local Collector *current = nullptr;
+    return current;
+}
+
+bool haveOneCause(const Message &a, const Message &b)
+{
+    return a.severity == b.severity && a.title == b.title;
+}
+
 } // namespace
+
+void IHandler::showDetailed(const Message &message)
+{
+    show(message.severity, message.title, message.text + u'\n' + message.details);
+}
 
 std::unique_ptr<IHandler> install(std::unique_ptr<IHandler> next)
 {
     return std::exchange(handler(), std::move(next));
 }
 
+void show(const Message &message)
+{
+    if (Collector *collector = innermost())
+        collector->m_messages << message;
+    else if (handler() && message.details.isEmpty())
+        handler()->show(message.severity, message.title, message.text);
+    else if (handler())
+        handler()->showDetailed(message);
+}
+
 void show(Severity severity, const QString &title, const QString &text)
 {
-    if (handler())
-        handler()->show(severity, title, text);
+    show(Message{severity, title, text});
 }
 
 void information(const QString &title, const QString &text)
@@ -38,6 +63,73 @@ void warning(const QString &title, const QString &text)
 void critical(const QString &title, const QString &text)
 {
     show(Severity::Critical, title, text);
+}
+
+Collector::Collector() : m_outer(std::exchange(innermost(), this)) {}
+
+Collector::~Collector()
+{
+    leave();
+}
+
+void Collector::leave()
+{
+    if (innermost() == this)
+        innermost() = m_outer;
+}
+
+QList<Message> Collector::take()
+{
+    return std::exchange(m_messages, {});
+}
+
+Run::~Run()
+{
+    addOwn();
+    leave();
+    for (const Counted &counted : std::as_const(m_counted)) {
+        Message message = counted.message;
+        if (counted.count > 1 && message.details.isEmpty())
+            message.details = QStringLiteral("%1 times").arg(counted.count);
+        show(message);
+    }
+}
+
+void Run::addRecording(const QList<Message> &messages)
+{
+    addOwn();
+    QList<Counted> causes;
+    for (const Message &message : messages) {
+        const auto same = std::find_if(causes.begin(), causes.end(),
+                                       [&](const Counted &known) { return haveOneCause(known.message, message); });
+        if (same == causes.end())
+            causes.append({message, 1});
+        else
+            ++same->count;
+    }
+    for (const Counted &cause : std::as_const(causes))
+        add(cause.message, cause.count);
+}
+
+/// What this thread said meanwhile, in its place among the recordings.
+void Run::addOwn()
+{
+    for (const Message &message : take())
+        add(message, 1);
+}
+
+void Run::add(const Message &message, qsizetype count)
+{
+    const auto same = std::find_if(m_counted.begin(), m_counted.end(), [&](const Counted &known) {
+        return haveOneCause(known.message, message) && known.message.text == message.text;
+    });
+    if (same == m_counted.end()) {
+        m_counted.append({message, count});
+        return;
+    }
+    same->count += count;
+    if (!message.details.isEmpty() && !same->message.details.isEmpty())
+        same->message.details += u'\n' + message.details;
 }
 
 } // namespace messages

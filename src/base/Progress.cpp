@@ -2,15 +2,27 @@
 
 namespace {
 
-std::unique_ptr<Progress::IDisplay> &display()
+std::unique_ptr<Progress::IDisplay> &installedDisplay()
 {
     static std::unique_ptr<Progress::IDisplay> installed;
     return installed;
 }
 
+int &hiddenDepth()
+{
+    static thread_local int depth = 0;
+    return depth;
+}
+
+/// Null where nothing is to be shown.
+Progress::IDisplay *display()
+{
+    return hiddenDepth() > 0 ? nullptr : installedDisplay().get();
+}
+
 Progress *&innermost()
 {
-    static Progress *current = nullptr;
+    static thread_local Progress *current = nullptr;
     return current;
 }
 
@@ -18,7 +30,17 @@ Progress *&innermost()
 
 std::unique_ptr<Progress::IDisplay> Progress::install(std::unique_ptr<IDisplay> next)
 {
-    return std::exchange(display(), std::move(next));
+    return std::exchange(installedDisplay(), std::move(next));
+}
+
+Progress::Hidden::Hidden()
+{
+    ++hiddenDepth();
+}
+
+Progress::Hidden::~Hidden()
+{
+    --hiddenDepth();
 }
 
 Progress::Progress(const QString &label, int steps) : m_label(label), m_steps(steps), m_outer(innermost())

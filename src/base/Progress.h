@@ -30,6 +30,15 @@ public:
     /// Makes `display` show all progress from now on and returns the one before.
     static std::unique_ptr<IDisplay> install(std::unique_ptr<IDisplay> display);
 
+    /// Progress of this thread is shown to nobody while one lives.
+    class Hidden {
+    public:
+        Hidden();
+        ~Hidden();
+        Hidden(const Hidden &) = delete;
+        Hidden &operator=(const Hidden &) = delete;
+    };
+
     Progress(const QString &label, int steps);
     ~Progress();
     Progress(const Progress &) = delete;

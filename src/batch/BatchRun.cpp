@@ -5,12 +5,12 @@
 #include "batch/AoiInput.h"
 #include "batch/CalculationRows.h"
 #include "batch/OptionTable.h"
-#include "batch/ParallelImport.h"
 #include "batch/RunPictures.h"
 #include "batch/Suggestion.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
+#include "import/ExaminationImport.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
 
@@ -19,8 +19,6 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QJsonDocument>
-
-#include <thread>
 
 namespace {
 
@@ -34,19 +32,6 @@ bool isReadable(const QString &path)
 {
     const QFileInfo info(path);
     return info.isFile() && info.isReadable();
-}
-
-QMap<QString, qint64> countsOf(const ImportCounts &counts)
-{
-    return {{QStringLiteral("samples"), counts.samples},
-            {QStringLiteral("lines of wrong length"), counts.wrongLengthLines}};
-}
-
-QString wrongLengthText(const QString &path, const ImportCounts &counts)
-{
-    return QStringLiteral("%1: left out %2 of the sample lines, which do not have eleven fields; the first is line %3. "
-                          "Fields are separated by one tab each.")
-        .arg(path, QString::number(counts.wrongLengthLines), QString::number(counts.firstWrongLengthLine));
 }
 
 } // namespace
@@ -131,12 +116,10 @@ std::optional<UsageError> BatchRun::applySettings()
 
 void BatchRun::importRecordings()
 {
-    const int cores = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
     Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(m_options.recordings.size()));
     QStringList missingImages;
-    qsizetype index = 0;
-    readRecordings(m_options.recordings, m_options.jobs.value_or(cores), [&](const ImportedFile &file) {
-        takeRecording(m_options.recordings[index++], file);
+    readRecordings(m_options.recordings, m_state.threads(), nullptr, [&](const ImportedFile &file) {
+        takeRecording(file);
         if (!file.examination.missingImagePath.isEmpty())
             missingImages << file.examination.missingImagePath;
         progress.advance();
@@ -145,15 +128,16 @@ void BatchRun::importRecordings()
     m_state.model.allExaminations() = m_state.model.examinations();
 }
 
-void BatchRun::takeRecording(const QString &path, const ImportedFile &file)
+void BatchRun::takeRecording(const ImportedFile &file)
 {
+    const QString &path = file.path;
     m_journal.beginInput();
     const bool used = addToModel(file, m_state.model).has_value();
     if (!used)
         m_journal.fail();
-    if (file.counts.wrongLengthLines > 0)
-        messages::warning(nameOf(path), wrongLengthText(path, file.counts));
-    m_journal.addInputWithMessages(path, QStringLiteral("recording"), used, countsOf(file.counts));
+    for (const QString &doubt : importDoubts(file.counts))
+        messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
+    m_journal.addInputWithMessages(path, QStringLiteral("recording"), used, reportedCounts(file.counts));
     const QString setFile = RecordingPath(path).setFile();
     if (QFileInfo::exists(setFile))
         m_journal.addInput(setFile, QStringLiteral("set file"));

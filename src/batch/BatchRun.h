@@ -21,7 +21,7 @@ private:
     std::optional<UsageError> checkInputs() const;
     std::optional<UsageError> makeOutputFolder() const;
     void importRecordings();
-    void takeRecording(const QString &path, const ImportedFile &file);
+    void takeRecording(const ImportedFile &file);
     void loadAois();
     void setTimeFrame();
     void calculate();

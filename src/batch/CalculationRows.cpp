@@ -46,8 +46,8 @@ FixationSettingsModel fixationSettings(const BatchOptions &options)
 void detectFixations(RunState &run)
 {
     const FixationSettingsModel settings = fixationSettings(run.options);
-    const auto outcome =
-        calculateFixations(run.model, calculationParameters(settings.calculationType, settings), nullptr);
+    const auto outcome = calculateFixations(run.model, calculationParameters(settings.calculationType, settings),
+                                            nullptr, run.threads());
     if (!outcome)
         return;
     for (const DetectionWarning &warning : outcome->warnings)
@@ -63,7 +63,7 @@ ClusterParameters clusterParametersOf(const BatchOptions &options, std::optional
 
 void clusterFixations(RunState &run)
 {
-    calculateClusters(run.model, clusterParametersOf(run.options, std::nullopt));
+    calculateClusters(run.model, clusterParametersOf(run.options, std::nullopt), run.threads());
 }
 
 void clusterCumulatively(RunState &run)

@@ -8,6 +8,8 @@
 #include "clustering/StandardClusterBuilder.h"
 #include "model/DataModel.h"
 
+#include <vector>
+
 namespace {
 
 void run(const StandardClusterParameters &parameters, EyeData &eye)
@@ -110,19 +112,30 @@ bool hasCheckedExamination(const DataModel &model)
     return false;
 }
 
-bool calculateClusters(DataModel &model, const ClusterParameters &parameters)
+bool calculateClusters(DataModel &model, const ClusterParameters &parameters, int threads)
 {
     if (!hasCheckedExamination(model))
         return false;
-    Progress progress(QStringLiteral("Calculating fixationclusters, please wait."),
-                      static_cast<int>(model.checkedExaminations().size()));
     clearPooledFixations(model);
+    std::vector<Examination *> checked;
     for (Examination &examination : model.examinations()) {
-        if (!examination.checked)
-            continue;
-        clusterEyes(examination, parameters);
-        progress.advance();
+        if (examination.checked)
+            checked.push_back(&examination);
     }
+    Progress progress(QStringLiteral("Calculating fixationclusters, please wait."), static_cast<int>(checked.size()));
+    messages::Run told;
+    std::vector<QList<messages::Message>> messages(checked.size());
+    sideBySide(
+        std::ssize(checked), threads,
+        [&](qsizetype i) {
+            messages::Collector collector;
+            clusterEyes(*checked[static_cast<std::size_t>(i)], parameters);
+            messages[static_cast<std::size_t>(i)] = collector.take();
+        },
+        [&](qsizetype i) {
+            told.addRecording(messages[static_cast<std::size_t>(i)]);
+            progress.advance();
+        });
     return true;
 }
 

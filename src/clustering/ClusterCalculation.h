@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/SideBySide.h"
 #include "clustering/ClusterParameters.h"
 #include "clustering/ClusterSettingsModel.h"
 
@@ -22,8 +23,11 @@ ClusterParameters clusterParameters(int calculationType, const ClusterSettingsMo
 /// The clusters of these eyes are replaced, and so is what was found for fixations and clusters in the pooled left,
 /// right and mean containers; the pooled dominant container is left alone. Each examination keeps what was done as its
 /// `clusterCalculationInfo`. For the overlap method `outliers` has no effect.
+///
+/// Examinations are worked on side by side; result and messages do not depend on how many threads do it. Messages come
+/// at the end, each once.
 /// @return false, after a message, where no examination is checked.
-bool calculateClusters(DataModel &model, const ClusterParameters &parameters);
+bool calculateClusters(DataModel &model, const ClusterParameters &parameters, int threads = coreCount());
 
 /// What was done, for the user: method, parameters and the numbers of clusters.
 QString clusterResultText(const ClusterParameters &parameters, qsizetype left, qsizetype right, qsizetype mean);

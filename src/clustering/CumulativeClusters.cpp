@@ -89,7 +89,10 @@ bool calculateCumulativeClusters(DataModel &model, const ClusterParameters &para
         model.pooled(eye) = {};
     collectFixations(model);
     const auto examinations = static_cast<int>(model.checkedExaminations().size());
-    std::visit([&](const auto &p) { runPooled(p, model, examinations); }, parameters);
+    {
+        const messages::Run told; // containers without fixations say so once
+        std::visit([&](const auto &p) { runPooled(p, model, examinations); }, parameters);
+    }
     writeTexts(model, parameters);
     return true;
 }

@@ -32,7 +32,7 @@ public:
     /// compared in order, and a match removes the row at this place before the next number is tried.
     virtual void removeTableRows(const QList<int> &numbers) = 0;
 
-    /// An examination was imported: the plain background is drawn anew if it is the one shown.
+    /// Examinations were imported: the plain background is drawn anew if it is the one shown.
     virtual void refreshPlainBackground() = 0;
 
     /// Recordings were imported again by a redo: outliers, time span and picture follow, as after an import.

@@ -24,6 +24,16 @@ private:
     /// Whole part of sum + value. What is not a number adds nothing, and the sum stays within its type.
     static qint64 truncatedSum(qint64 sum, double value)
     {
+        // On the canvas the whole part of the sum is the sum of whole parts, unless rounding takes it to the next
+        // number. This way no sample waits for the conversions of the one before it.
+        constexpr double canvasEnd = 1e5;
+        constexpr qint64 exactSum = 1000000000;
+        constexpr double roundingEnd = 1 - 1e-6; // a double of this size is rounded by 1e-7 at most
+        if (value >= 0 && value < canvasEnd && sum >= 0 && sum < exactSum) {
+            const auto whole = static_cast<qint64>(value);
+            if (value - static_cast<double>(whole) < roundingEnd)
+                return sum + whole;
+        }
         constexpr double usual = 1e9;
         constexpr qint64 usualSum = 1000000000000000000;
         const double total = static_cast<double>(sum) + value;

@@ -9,6 +9,8 @@
 #include "detection/GaussianMixtureScanpathBuilder.h"
 #include "model/DataModel.h"
 
+#include <vector>
+
 namespace {
 
 /// What one run of a detector has to say.
@@ -86,21 +88,35 @@ void clearFixations(Examination &examination, DataModel &model)
         clearFixations(model.pooled(pool));
 }
 
-/// Runs a detector over examinations and gathers what it has to say.
+/// What the detection in one examination has to say. Threads work on examinations beside each other: each keeps its
+/// words until it is its turn.
+struct Detected {
+    FixationCalculationOutcome outcome;
+    QStringList logLines;
+    QList<messages::Message> messages;
+};
+
+/// Runs a detector over the eyes of one examination.
 class Detection {
 public:
-    Detection(const FixationCalculationParameters &parameters, const Log *log) : m_parameters(parameters), m_log(log) {}
-
-    void detect(Examination &examination)
+    Detection(const FixationCalculationParameters &parameters, bool isLogged)
+        : m_parameters(parameters)
+        , m_log(isLogged ? &m_lines : nullptr)
     {
+    }
+
+    Detected detect(Examination &examination)
+    {
+        messages::Collector collector;
         const QString left = detect(examination.leftEye, examination.baseName, QStringLiteral("left eye"));
         const QString right = detect(examination.rightEye, examination.baseName, QStringLiteral("right eye"));
         detect(examination.meanEye, examination.baseName, QStringLiteral("mean eye")); // its report is not shown
         if (!left.isEmpty() || !right.isEmpty())
-            m_outcome.reports += QStringLiteral("left eye:\n") + left + QStringLiteral("right eye:\n") + right;
+            m_detected.outcome.reports = QStringLiteral("left eye:\n") + left + QStringLiteral("right eye:\n") + right;
+        examination.calculationInfo.fixationCalculationInfo = resultText(m_parameters, examination);
+        m_detected.messages = collector.take();
+        return std::move(m_detected);
     }
-
-    const FixationCalculationOutcome &outcome() const { return m_outcome; }
 
 private:
     QString detect(EyeData &eye, const QString &recording, const QString &eyeName)
@@ -112,7 +128,7 @@ private:
         const bool isDoubtful = wasRecorded(eye.gazePoints); // nobody expects fixations of an eye without samples
         for (const QString &text : texts) {
             if (isDoubtful)
-                m_outcome.warnings << DetectionWarning{recording, eyeName, text};
+                m_detected.outcome.warnings << DetectionWarning{recording, eyeName, text};
             if (m_log)
                 m_log->write(QStringLiteral("%1, %2: %3").arg(recording, eyeName, text));
         }
@@ -120,9 +136,45 @@ private:
     }
 
     const FixationCalculationParameters &m_parameters;
+    Detected m_detected;
+    const Log m_lines{m_detected.logLines};
     const Log *m_log;
-    FixationCalculationOutcome m_outcome;
 };
+
+QList<Examination *> checkedOf(DataModel &model)
+{
+    QList<Examination *> checked;
+    for (Examination &examination : model.examinations()) {
+        if (examination.checked)
+            checked << &examination;
+    }
+    return checked;
+}
+
+FixationCalculationOutcome detectAll(const QList<Examination *> &examinations,
+                                     const FixationCalculationParameters &parameters, const Log *log, int threads)
+{
+    Progress progress(QStringLiteral("Calculating fixation filter. Please wait."),
+                      static_cast<int>(examinations.size()));
+    messages::Run told;
+    FixationCalculationOutcome outcome;
+    std::vector<Detected> detected(static_cast<std::size_t>(examinations.size()));
+    sideBySide(
+        examinations.size(), threads,
+        [&](qsizetype i) {
+            detected[static_cast<std::size_t>(i)] = Detection(parameters, log != nullptr).detect(*examinations[i]);
+        },
+        [&](qsizetype i) {
+            const Detected &one = detected[static_cast<std::size_t>(i)];
+            outcome.reports += one.outcome.reports;
+            outcome.warnings << one.outcome.warnings;
+            told.addRecording(one.messages);
+            if (log)
+                log->write(one.logLines);
+            progress.advance();
+        });
+    return outcome;
+}
 
 FixationCalculationParameters standardParameters(const FixationSettingsModel &settings)
 {
@@ -160,28 +212,19 @@ FixationCalculationParameters calculationParameters(int calculationType, const F
     return detectors[isKnown ? calculationType : 0](settings);
 }
 
-std::optional<FixationCalculationOutcome>
-calculateFixations(DataModel &model, const FixationCalculationParameters &parameters, const Log *log)
+std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model,
+                                                              const FixationCalculationParameters &parameters,
+                                                              const Log *log, int threads)
 {
-    const auto checkedCount = static_cast<int>(model.checkedExaminations().size());
-    if (checkedCount == 0) {
+    const QList<Examination *> checked = checkedOf(model);
+    if (checked.isEmpty()) {
         messages::information(QStringLiteral("No examination selected!"),
                               QStringLiteral("Please select some data first."));
         return std::nullopt;
     }
-    Detection detection(parameters, log);
-    {
-        Progress progress(QStringLiteral("Calculating fixation filter. Please wait."), checkedCount);
-        for (Examination &examination : model.examinations()) {
-            if (!examination.checked)
-                continue;
-            clearFixations(examination, model);
-            detection.detect(examination);
-            examination.calculationInfo.fixationCalculationInfo = resultText(parameters, examination);
-            progress.advance();
-        }
-    }
-    const FixationCalculationOutcome &outcome = detection.outcome();
+    for (Examination *examination : checked)
+        clearFixations(*examination, model);
+    const FixationCalculationOutcome outcome = detectAll(checked, parameters, log, threads);
     if (!outcome.reports.isEmpty())
         messages::information(QStringLiteral("Standard Fixation Filter Action Report"), outcome.reports);
     return outcome;

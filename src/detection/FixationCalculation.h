@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/SideBySide.h"
 #include "detection/FixationCalculationParameters.h"
 #include "detection/FixationSettingsModel.h"
 
@@ -35,8 +36,11 @@ struct FixationCalculationOutcome {
 /// saccades, invalid sections and event rows are not cleared: a second calculation adds to them. The pooled dominant
 /// container is left alone. Each examination keeps what was done as its `fixationCalculationInfo`.
 ///
-/// The reports are shown when all is done, after the progress was closed. Warnings are shown to nobody.
+/// Examinations are worked on side by side; result, messages and log do not depend on how many threads do it. What the
+/// detectors have to tell is told at the end, once for each cause; then, after the progress was closed, the reports are
+/// shown. Warnings are shown to nobody.
 /// @param log  gets each warning as a line with recording and eye; may be null.
 /// @return nothing, after a message, where no examination is checked.
-std::optional<FixationCalculationOutcome>
-calculateFixations(DataModel &model, const FixationCalculationParameters &parameters, const Log *log);
+std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model,
+                                                              const FixationCalculationParameters &parameters,
+                                                              const Log *log, int threads = coreCount());

@@ -69,16 +69,12 @@ void VelocityScanpathBuilder::closeRun(qsizetype first, qsizetype last)
     const auto durationMs = static_cast<int>(elapsedMs(m_samples[first].time, m_samples[last].time));
     if (durationMs <= m_minimumDurationMs || !m_scanpath)
         return;
-    QList<GazePoint> run;
-    run.reserve(last - first + 1);
+    QList<GazePoint> run = m_samples.sliced(first, last - first + 1);
+    if (!std::all_of(run.cbegin(), run.cend(), [](const GazePoint &sample) { return sample.validFlag; }))
+        run.removeIf([](const GazePoint &sample) { return !sample.validFlag; });
     CentroidSum sum;
-    for (qsizetype i = first; i <= last; ++i) {
-        const GazePoint &sample = m_samples[i];
-        if (!sample.validFlag)
-            continue;
-        run.append(sample);
+    for (const GazePoint &sample : std::as_const(run))
         sum.add(sample.x, sample.y);
-    }
     m_scanpath->append(
         Fixation(std::move(run), QStringLiteral("fixation"), sum.centroid(), static_cast<int>(m_scanpath->size()) + 1));
 }

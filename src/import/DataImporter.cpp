@@ -53,17 +53,31 @@ QString loggedLine(QByteArrayView line, RecordingText &text)
     return text.decoded(line.first(length)) + QStringLiteral(" ... (cut, the line has %1 bytes)").arg(line.size());
 }
 
+/// What separates the fields of a line that has no tab: ",", ";" or, if it has neither, 0.
+char separatorInsteadOfTab(QByteArrayView line)
+{
+    if (line.contains('\t'))
+        return 0;
+    return line.contains(';') ? ';' : line.contains(',') ? ',' : char(0);
+}
+
 /// Not mapped: a file that another program shortens meanwhile must not end the program.
-std::optional<QByteArray> readWhole(const QString &path)
+/// @param problem  gets the reason where there is no result.
+std::optional<QByteArray> readWhole(const QString &path, QString &problem)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        problem = QStringLiteral("it cannot be opened: ") + file.errorString();
         return std::nullopt;
+    }
     QByteArray bytes(file.size(), Qt::Uninitialized);
     adviseLargePages(bytes.constData(), bytes.size());
     bytes.truncate(std::max(qint64(0), file.read(bytes.data(), bytes.size())));
     bytes += file.readAll(); // of files that grow or do not know their size
-    return file.error() == QFile::NoError ? std::optional(bytes) : std::nullopt;
+    if (file.error() == QFile::NoError)
+        return bytes;
+    problem = QStringLiteral("it cannot be read: ") + file.errorString();
+    return std::nullopt;
 }
 
 void shrink(QList<GazePoint> &samples)
@@ -84,9 +98,10 @@ DataImporter::DataImporter(QString path, Examination *examination, const Log *lo
 bool DataImporter::readFile()
 {
     try {
-        if (const std::optional<QByteArray> bytes = readWhole(m_path))
+        if (const std::optional<QByteArray> bytes = readWhole(m_path, m_problem))
             return readBytes(*bytes);
     } catch (const std::bad_alloc &) {
+        m_problem = QStringLiteral("it does not fit into the memory");
         log(QStringLiteral("DataImporter ERROR: Datafile does not fit into the memory!"));
     }
     log(unreadable);
@@ -100,11 +115,28 @@ bool DataImporter::readBytes(QByteArrayView bytes)
     RecordingText text(wide ? QByteArrayView(*wide) : bytes);
     reserve(text.bytes());
     readLines(text);
+    m_counts.durationMs = saturatedDifference(m_lastRawTime, m_timeZero);
     flushLog();
-    if (m_left.isEmpty() || !(m_anyLeftValid || m_anyRightValid))
+    if (m_left.isEmpty() || !(m_anyLeftValid || m_anyRightValid)) {
+        m_problem = contentProblem(bytes);
         return false;
+    }
     store();
     return true;
+}
+
+QString DataImporter::contentProblem(QByteArrayView bytes) const
+{
+    if (bytes.isEmpty())
+        return QStringLiteral("it is empty");
+    if (m_counts.samples > 0)
+        return QStringLiteral("none of its %1 samples is valid").arg(m_counts.samples);
+    if (m_counts.wrongLength.count == 0)
+        return QStringLiteral("it has no sample line, which would begin with a digit");
+    if (m_wrongSeparator != 0)
+        return QStringLiteral("its fields are separated by \"%1\" instead of tabs").arg(QLatin1Char(m_wrongSeparator));
+    return QStringLiteral("none of its %1 sample lines has eleven fields separated by tabs")
+        .arg(m_counts.wrongLength.count);
 }
 
 /// Room for as many samples as there can be, so that no list grows while it is filled.
@@ -150,25 +182,30 @@ void DataImporter::readLines(RecordingText &text)
 void DataImporter::readSampleLine(QByteArrayView line, RecordingText &text)
 {
     if (const auto fields = splitSampleLine(line)) {
-        addSample(*fields, FieldReader(text));
+        FieldReader reader(text);
+        addSample(*fields, reader);
+        m_counts.noNumbers.add(reader.noNumbers(), m_lineNumber);
         return;
     }
-    ++m_counts.wrongLengthLines;
-    if (m_counts.firstWrongLengthLine == 0)
-        m_counts.firstWrongLengthLine = m_lineNumber;
+    if (m_counts.wrongLength.count == 0)
+        m_wrongSeparator = separatorInsteadOfTab(line);
+    m_counts.wrongLength.add(1, m_lineNumber);
     if (m_log) {
         log(QStringLiteral("DataImporter ERROR: Journal entry has invalid length"));
         log(QStringLiteral("   --> ") + loggedLine(line, text));
     }
 }
 
-void DataImporter::addSample(const SampleFields &fields, FieldReader read)
+void DataImporter::addSample(const SampleFields &fields, FieldReader &read)
 {
     const qint64 rawTime = read.toLongLong(fields[0]);
     if (m_firstLine) {
         m_timeZero = rawTime;
         m_firstLine = false;
+    } else {
+        countTime(rawTime);
     }
+    m_lastRawTime = rawTime;
     const qint64 time = saturatedDifference(rawTime, m_timeZero);
     const auto eye = [&](std::size_t first, int validity) {
         return GazePoint(time, read.toDouble(fields[first]), read.toDouble(fields[first + 1]),
@@ -188,6 +225,17 @@ void DataImporter::addSample(const SampleFields &fields, FieldReader read)
     else
         m_mean.append(GazePoint(time, -1, -1, -1, -1, 0));
     ++m_counts.samples;
+}
+
+void DataImporter::countTime(qint64 rawTime)
+{
+    const qint64 stepMs = saturatedDifference(rawTime, m_lastRawTime);
+    if (stepMs > 0 && stepMs <= ImportCounts::longestPlausibleStepMs) // nearly every sample
+        return;
+    if (stepMs > 0)
+        ++m_counts.longSteps;
+    else
+        (stepMs < 0 ? m_counts.backwardTimes : m_counts.repeatedTimes).add(1, m_lineNumber);
 }
 
 void DataImporter::addMean(qint64 time)

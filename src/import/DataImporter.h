@@ -1,19 +1,11 @@
 #pragma once
 
 #include "base/Log.h"
+#include "import/ImportCounts.h"
 #include "import/SampleLine.h"
 #include "model/Examination.h"
 
 #include <QStringList>
-
-/// What a recording held, for reports.
-struct ImportCounts {
-    bool operator==(const ImportCounts &) const = default;
-
-    qsizetype samples = 0;
-    qsizetype wrongLengthLines = 0;     ///< sample lines without exactly 11 fields; they are left out
-    qsizetype firstWrongLengthLine = 0; ///< number of the first of them among all lines, from 1; 0 if there is none
-};
 
 /// Reads the samples of one recording (.data) into an examination; lives for the length of one call.
 ///
@@ -37,11 +29,16 @@ public:
 
     const ImportCounts &counts() const { return m_counts; }
 
+    /// Why the result was false, in words that follow "because"; empty if it was not.
+    QString problem() const { return m_problem; }
+
 private:
     void reserve(QByteArrayView bytes);
     void readLines(RecordingText &text);
     void readSampleLine(QByteArrayView line, RecordingText &text);
-    void addSample(const SampleFields &fields, FieldReader fieldReader);
+    void addSample(const SampleFields &fields, FieldReader &fieldReader);
+    void countTime(qint64 rawTime);
+    QString contentProblem(QByteArrayView bytes) const;
     void addMean(qint64 time);
     void store();
     void log(const QString &line);
@@ -54,8 +51,11 @@ private:
     qsizetype m_pendingLogLength = 0;
     qsizetype m_lineNumber = 0; ///< of the line being read, from 1
     ImportCounts m_counts;
+    QString m_problem;
     qint64 m_timeZero = 0;
+    qint64 m_lastRawTime = 0;
     bool m_firstLine = true;
+    char m_wrongSeparator = 0; ///< of the first line of wrong length, if it has no tab
     bool m_anyLeftValid = false;
     bool m_anyRightValid = false;
     QList<GazePoint> m_left;

@@ -2,8 +2,13 @@
 
 #include "base/Progress.h"
 #include "model/OutlierCut.h"
+#include "base/SideBySide.h"
 
-#include <QFile>
+#include <QFileInfo>
+
+#include <new>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -12,34 +17,89 @@ QString importError()
     return QStringLiteral("IMPORT ERROR!");
 }
 
-ImportCounts loadData(const QString &path, Examination &examination, const Log *log)
+ImportMessage corruptMessage(const QString &path, const QString &reason)
+{
+    return {messages::Severity::Critical, importError(),
+            QStringLiteral("The file: \n") + path + QStringLiteral("\n is corrupt and has not been loaded!"),
+            QStringLiteral("Reason: %1.").arg(reason)};
+}
+
+/// Reads the samples.
+/// @return why there are none; empty if they were read.
+QString loadData(const QString &path, ImportedFile &file, const Log *log)
 {
     if (!QFile::exists(path)) {
         qDebug("Eyetracking file does not exist");
-        return {};
+        return QStringLiteral("there is no such file");
     }
-    DataImporter importer(path, &examination, log);
-    examination.importOk = importer.readFile();
-    return importer.counts();
+    DataImporter importer(path, &file.examination, log);
+    file.examination.importOk = importer.readFile();
+    file.counts = importer.counts();
+    if (QFileInfo(path).isDir())
+        return QStringLiteral("it is a folder");
+    return importer.problem();
+}
+
+ImportedFile readRecordingAndSetFile(const QString &path, const Log *log)
+{
+    DescribedExamination described = readSetFile(path);
+    ImportedFile file;
+    file.path = path;
+    file.examination = std::move(described.examination);
+    file.images = std::move(described.images);
+    if (!described.error.isEmpty())
+        file.messages << ImportMessage{messages::Severity::Warning, QStringLiteral("Error opening set file"),
+                                       described.error, RecordingPath(path).setFile()};
+    const QString problem = loadData(path, file, log);
+    if (!file.examination.importOk)
+        file.messages << corruptMessage(path, problem);
+    return file;
+}
+
+/// What was doubtful in the files of one import, in one message.
+void reportDoubts(const QStringList &doubts)
+{
+    if (!doubts.isEmpty())
+        messages::show({messages::Severity::Warning, QStringLiteral("Import"),
+                        QStringLiteral("Some recordings hold what is doubtful. They were loaded all the same."),
+                        doubts.join(u'\n')});
 }
 
 } // namespace
 
 ImportedFile readRecording(const QString &path, const Log *log)
 {
-    DescribedExamination described = readSetFile(path);
-    ImportedFile file;
-    file.examination = std::move(described.examination);
-    file.images = std::move(described.images);
-    if (!described.error.isEmpty())
-        file.messages << ImportMessage{messages::Severity::Warning, QStringLiteral("Error opening set file"),
-                                       described.error};
-    file.counts = loadData(path, file.examination, log);
-    if (!file.examination.importOk)
-        file.messages << ImportMessage{messages::Severity::Critical, importError(),
-                                       QStringLiteral("The file: \n") + path +
-                                           QStringLiteral("\n is corrupt and has not been loaded!")};
-    return file;
+    try {
+        return readRecordingAndSetFile(path, log);
+    } catch (const std::bad_alloc &) {
+        ImportedFile file;
+        file.path = path;
+        file.messages << corruptMessage(path, QStringLiteral("it does not fit into the memory"));
+        return file;
+    }
+}
+
+void readRecordings(const QStringList &paths, int threads, const Log *log,
+                    const std::function<void(const ImportedFile &)> &taken)
+{
+    struct Read {
+        ImportedFile file;
+        QStringList logLines;
+    };
+    std::vector<Read> files(static_cast<std::size_t>(paths.size()));
+    sideBySide(
+        paths.size(), threads,
+        [&](qsizetype i) {
+            Read &read = files[static_cast<std::size_t>(i)];
+            const Log lines(read.logLines);
+            read.file = readRecording(paths[i], log ? &lines : nullptr);
+        },
+        [&](qsizetype i) {
+            const Read read = std::exchange(files[static_cast<std::size_t>(i)], {});
+            if (log)
+                log->write(read.logLines);
+            taken(read.file);
+        });
 }
 
 std::optional<int> addToModel(const ImportedFile &file, DataModel &model)
@@ -52,7 +112,7 @@ std::optional<int> addToModel(const ImportedFile &file, DataModel &model)
         examination.image = image;
     }
     for (const ImportMessage &message : file.messages)
-        messages::show(message.severity, message.title, message.text);
+        messages::show(message);
     if (!examination.importOk)
         return std::nullopt;
     model.examinations() << examination;
@@ -64,15 +124,16 @@ void reportMissingImages(const QStringList &paths)
     constexpr qsizetype listed = 10;
     if (paths.isEmpty())
         return;
-    if (paths.size() > listed) {
-        messages::warning(importError(),
-                          QStringLiteral("The first 10 missing images: \n") + paths.first(listed).join(u'\n') +
-                              QStringLiteral("\n are missing and have not been loaded!\n (Missing images overall:") +
-                              QString::number(paths.size()) + QStringLiteral(" )"));
+    if (paths.size() <= listed) {
+        messages::warning(importError(), QStringLiteral("The images: \n") + paths.join(u'\n') +
+                                             QStringLiteral("\n are missing and have not been loaded!"));
         return;
     }
-    messages::warning(importError(), QStringLiteral("The images: \n") + paths.join(u'\n') +
-                                         QStringLiteral("\n are missing and have not been loaded!"));
+    messages::show({messages::Severity::Warning, importError(),
+                    QStringLiteral("The first 10 missing images: \n") + paths.first(listed).join(u'\n') +
+                        QStringLiteral("\n are missing and have not been loaded!\n (Missing images overall:") +
+                        QString::number(paths.size()) + QStringLiteral(" )"),
+                    QStringLiteral("The other missing images:\n") + paths.sliced(listed).join(u'\n')});
 }
 
 QList<int> importRecordings(const QStringList &paths, DataModel &model, const Log *log,
@@ -81,17 +142,23 @@ QList<int> importRecordings(const QStringList &paths, DataModel &model, const Lo
     Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(paths.size()));
     QList<int> numbers;
     QStringList missingImages;
-    for (const QString &path : paths) {
-        const ImportedFile file = readRecording(path, log);
-        if (!file.examination.missingImagePath.isEmpty())
-            missingImages << file.examination.missingImagePath;
-        if (const auto number = addToModel(file, model)) {
-            numbers << *number;
-            added(model.examinations().constLast());
-        }
-        progress.advance();
+    QStringList doubts;
+    {
+        const messages::Run told;
+        readRecordings(paths, coreCount(), log, [&](const ImportedFile &file) {
+            if (!file.examination.missingImagePath.isEmpty())
+                missingImages << file.examination.missingImagePath;
+            if (const auto number = addToModel(file, model)) {
+                numbers << *number;
+                added(model.examinations().constLast());
+            }
+            for (const QString &doubt : importDoubts(file.counts))
+                doubts << QStringLiteral("%1: %2").arg(QFileInfo(file.path).fileName(), doubt);
+            progress.advance();
+        });
     }
     reportMissingImages(missingImages);
+    reportDoubts(doubts);
     followExaminations(model);
     return numbers;
 }

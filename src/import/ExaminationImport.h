@@ -8,16 +8,11 @@
 #include <functional>
 
 /// What the user is to be told about a file.
-struct ImportMessage {
-    bool operator==(const ImportMessage &) const = default;
-
-    messages::Severity severity = messages::Severity::Warning;
-    QString title;
-    QString text;
-};
+using ImportMessage = messages::Message;
 
 /// A recording and its set file as read from disk; nothing has been shown and no model has been touched.
 struct ImportedFile {
+    QString path;
     Examination examination;       ///< `importOk` tells whether it has samples
     QList<ImageReference> images;  ///< found images, the last one is the stimulus
     QList<ImportMessage> messages; ///< in the order in which they are to be shown
@@ -28,8 +23,17 @@ struct ImportedFile {
 ///
 /// @param log  may be null. Lines of files that are read at the same time may stand in any order; without log their
 ///             wrong lines are still found in the counts.
-/// Errors: a missing set file, and a recording that cannot be read or has no usable sample, give a message each.
+/// Errors: a missing set file, and a recording that cannot be read or has no usable sample, give a message each. Its
+/// details name the set file, or the reason. Nothing is thrown.
 ImportedFile readRecording(const QString &path, const Log *log);
+
+/// Reads recordings and their set files side by side.
+///
+/// @param threads  at least 1.
+/// @param log      may be null. The lines of each file stand together, in the order of the paths.
+/// @param taken    called in the calling thread for each file in the order of the paths.
+void readRecordings(const QStringList &paths, int threads, const Log *log,
+                    const std::function<void(const ImportedFile &)> &taken);
 
 /// Shows the messages of a file and, if it was read, appends the examination to those of the model, with the next
 /// running number and with its image from the model's cache.
@@ -37,12 +41,14 @@ ImportedFile readRecording(const QString &path, const Log *log);
 /// @return the number, from 1; nothing if the file was not read.
 std::optional<int> addToModel(const ImportedFile &file, DataModel &model);
 
-/// Tells the user which images were not found: all, or the first ten of more. No message without a missing image.
+/// Tells the user which images were not found: all, of more than ten the others as details. No message without a
+/// missing image.
 void reportMissingImages(const QStringList &paths);
 
 using ExaminationCallback = std::function<void(const Examination &)>;
 
-/// Reads the recordings one after the other into the model, with progress, and reports missing images at the end.
+/// Reads the recordings into the model in the order of the paths, with progress. At the end it reports what went wrong,
+/// missing images and, in one message for all files, what is doubtful in them.
 ///
 /// @param added  called for each examination as soon as it stands in the model.
 /// @return the running numbers of the new examinations; recordings that were not read have none.

@@ -125,21 +125,35 @@ double FieldReader::toDouble(QByteArrayView field)
         return *plain;
     if (const auto missing = missingValue(field))
         return *missing;
-    return textOf(field).toDouble();
+    bool isNumber = false;
+    const double value = textOf(field).toDouble(&isNumber);
+    count(field, isNumber);
+    return value;
 }
 
 qint64 FieldReader::toLongLong(QByteArrayView field)
 {
     if (const auto plain = plainInteger(field))
         return *plain;
-    return textOf(field).toLongLong();
+    bool isNumber = false;
+    const qint64 value = textOf(field).toLongLong(&isNumber);
+    count(field, isNumber);
+    return value;
 }
 
 int FieldReader::toInt(QByteArrayView field)
 {
     const qint64 value = toLongLong(field);
-    const bool fits = value >= std::numeric_limits<int>::min() && value <= std::numeric_limits<int>::max();
-    return fits ? static_cast<int>(value) : 0;
+    if (value >= std::numeric_limits<int>::min() && value <= std::numeric_limits<int>::max())
+        return static_cast<int>(value);
+    count(field, false);
+    return 0;
+}
+
+void FieldReader::count(QByteArrayView field, bool isNumber)
+{
+    if (!isNumber && !missingValue(field))
+        ++m_noNumbers;
 }
 
 QString FieldReader::textOf(QByteArrayView field)

@@ -27,6 +27,8 @@ std::optional<SampleFields> splitSampleLine(QByteArrayView line);
 /// Each function gives what the conversion of QString of the same name gives for the field's text, to the last bit.
 /// Plain decimals, nearly all fields, are read from the bytes; the rest becomes a QString. A field longer than
 /// `longestFieldBytes` counts as no number: no program writes one, and its text could exhaust the memory.
+/// An empty field and "nan" are how programs write that there is no value; other fields that are no numbers are
+/// counted.
 class FieldReader {
 public:
     static constexpr qsizetype longestFieldBytes = qsizetype(1) << 20;
@@ -37,8 +39,14 @@ public:
     qint64 toLongLong(QByteArrayView field);
     int toInt(QByteArrayView field);
 
+    /// How many fields were no numbers so far.
+    qsizetype noNumbers() const { return m_noNumbers; }
+
 private:
+    /// @param isNumber  of a field that is not plain.
+    void count(QByteArrayView field, bool isNumber);
     QString textOf(QByteArrayView field);
 
     RecordingText &m_text;
+    qsizetype m_noNumbers = 0;
 };

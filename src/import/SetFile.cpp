@@ -6,7 +6,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <variant>
+
 namespace {
+
+/// Set files have some hundred bytes.
+constexpr qint64 largestSetFile = qint64(16) << 20;
 
 bool isFile(const QString &path)
 {
@@ -79,8 +84,11 @@ private:
     void findImage(QString path)
     {
         Examination &examination = m_result.examination;
+        const QString asWritten = path;
         if (!path.contains(u':')) // no drive
             path.prepend(examination.directory);
+        if (!isFile(path) && asWritten.startsWith(u'/'))
+            path = asWritten;
         if (!isFile(path))
             path = examination.directory + examination.imageName;
         if (!isFile(path)) {
@@ -127,6 +135,20 @@ private:
     DescribedExamination m_result;
 };
 
+/// The bytes, or why there are none. A file that does not know its size is not read beyond the limit either.
+std::variant<QByteArray, QString> setFileContent(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return file.errorString();
+    const QByteArray bytes = file.read(largestSetFile + 1);
+    if (file.error() != QFile::NoError)
+        return file.errorString();
+    if (bytes.size() > largestSetFile)
+        return QStringLiteral("The file is larger than 16 MB and was not read.");
+    return bytes;
+}
+
 } // namespace
 
 RecordingPath::RecordingPath(const QString &dataFile)
@@ -140,11 +162,11 @@ RecordingPath::RecordingPath(const QString &dataFile)
 DescribedExamination readSetFile(const QString &dataFile)
 {
     const RecordingPath path(dataFile);
-    QFile file(path.setFile());
-    if (file.open(QIODevice::ReadOnly))
-        return parseSetFile(file.readAll(), path);
+    const std::variant<QByteArray, QString> content = setFileContent(path.setFile());
+    if (const auto *bytes = std::get_if<QByteArray>(&content))
+        return parseSetFile(*bytes, path);
     DescribedExamination described = parseSetFile({}, path);
-    described.error = file.errorString();
+    described.error = std::get<QString>(content);
     return described;
 }
 

@@ -31,7 +31,8 @@ struct DescribedExamination {
     QString error;                ///< why the set file could not be read, else empty
 };
 
-/// Reads the set file of a recording. Without one there is no subject and no image, and `error` is set. Safe to be
+/// Reads the set file of a recording. Without one, or with one above 16 MB, there is no subject and no image, and
+/// `error` is set. Safe to be
 /// called from several threads.
 DescribedExamination readSetFile(const QString &dataFile);
 

@@ -2,21 +2,23 @@
 
 #include "base/Log.h"
 #include "base/Truncation.h"
-
-#include <opencv2/core.hpp>
+#include "model/SymmetricMatrix.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
 constexpr qsizetype fewestSamplesForAxes = 4;
 
-QVector2D scaledAxis(const cv::PCA &pca, int row)
+/// The squares of differences between coordinates below this, summed over any recording, are finite.
+constexpr double coordinateLimit = 1e140;
+
+QVector2D scaledAxis(const EigenPair &pair)
 {
-    const double length = std::sqrt(std::max(0.0, pca.eigenvalues.at<double>(row)));
-    return {static_cast<float>(pca.eigenvectors.at<double>(row, 0) * length),
-            static_cast<float>(pca.eigenvectors.at<double>(row, 1) * length)};
+    const double length = std::sqrt(std::max(0.0, pair.value));
+    return {static_cast<float>(pair.x * length), static_cast<float>(pair.y * length)};
 }
 
 /// Which of its two directions the solver gives an axis is left to its rounding. This is what it answers nearly always:
@@ -35,6 +37,34 @@ bool isFinite(const PrincipalAxes &axes)
 {
     return std::isfinite(axes.major.x()) && std::isfinite(axes.major.y()) && std::isfinite(axes.minor.x()) &&
            std::isfinite(axes.minor.y());
+}
+
+/// The mean of the products of the deviations; nothing where a coordinate is beyond the limit.
+std::optional<SymmetricMatrix> covarianceOf(const QList<GazePoint> &samples)
+{
+    double sumX = 0;
+    double sumY = 0;
+    double largest = 0;
+    for (const GazePoint &sample : samples) {
+        sumX += sample.x;
+        sumY += sample.y;
+        largest = std::max({largest, std::abs(sample.x), std::abs(sample.y)});
+    }
+    const bool isNumber = std::isfinite(sumX) && std::isfinite(sumY); // a maximum overlooks what is none
+    if (!isNumber || !(largest < coordinateLimit))
+        return std::nullopt;
+    const double share = 1 / static_cast<double>(samples.size());
+    const double meanX = sumX * share;
+    const double meanY = sumY * share;
+    SymmetricMatrix sums;
+    for (const GazePoint &sample : samples) {
+        const double x = sample.x - meanX;
+        const double y = sample.y - meanY;
+        sums.xx += x * x;
+        sums.xy += x * y;
+        sums.yy += y * y;
+    }
+    return SymmetricMatrix{sums.xx * share, sums.xy * share, sums.yy * share};
 }
 
 /// The middle of the list as it stands, which is mostly the middle in time. Kept: the textbook median sorts each axis
@@ -61,19 +91,12 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
 {
     if (samples.size() < fewestSamplesForAxes)
         return {};
-    cv::Mat positions(static_cast<int>(samples.size()), 2, CV_64F);
-    auto *cell = positions.ptr<double>();
-    bool isUsable = true; // the solver makes finite nonsense of what is not a number
-    for (const GazePoint &sample : samples) {
-        *cell++ = sample.x;
-        *cell++ = sample.y;
-        isUsable = isUsable && std::isfinite(sample.x) && std::isfinite(sample.y);
-    }
     const PrincipalAxes none{{}, {}};
-    if (!isUsable)
+    const std::optional<SymmetricMatrix> covariance = covarianceOf(samples);
+    if (!covariance)
         return none;
-    const cv::PCA pca(positions, cv::noArray(), cv::PCA::DATA_AS_ROW, 2);
-    const PrincipalAxes axes{scaledAxis(pca, 0), scaledAxis(pca, 1)};
+    const auto [major, minor] = eigenPairs(*covariance);
+    const PrincipalAxes axes{scaledAxis(major), scaledAxis(minor)};
     return isFinite(axes) ? directed(axes) : none;
 }
 

@@ -105,21 +105,26 @@ void TestBatchFailures::unusableRecordingIsLeftOut_data()
 {
     QTest::addColumn<QString>("bad");
     QTest::addColumn<QByteArray>("contents");
-    QTest::newRow("no sample line") << "study/bad.data" << QByteArray("no recording\n");
-    QTest::newRow("empty") << "study/bad.data" << QByteArray("");
-    QTest::newRow("no valid sample") << "study/bad.data"
-                                     << QByteArray(
-                                            "0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n4\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n");
-    QTest::newRow("a binary file") << "study/bad.data" << QByteArray("\xfd\xfd\xfd\xfd\0\x01\n\xff", 8);
-    QTest::newRow("a folder") << "study" << QByteArray();
-    QTest::newRow("no such file") << "missing.data" << QByteArray();
-    QTest::newRow("a name that looks like a place for text") << "study/%1%2%3.data" << QByteArray("no recording\n");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char *name, const char *bad, const QByteArray &contents, const char *reason) {
+        QTest::newRow(name) << QString::fromLatin1(bad) << contents << QString::fromLatin1(reason);
+    };
+    const char *noSampleLine = "it has no sample line, which would begin with a digit";
+    row("no sample line", "study/bad.data", "no recording\n", noSampleLine);
+    row("empty", "study/bad.data", "", "it is empty");
+    row("no valid sample", "study/bad.data", "0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n4\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n",
+        "none of its 2 samples is valid");
+    row("a binary file", "study/bad.data", QByteArray("\xfd\xfd\xfd\xfd\0\x01\n\xff", 8), noSampleLine);
+    row("a folder", "study", QByteArray(), "it is a folder");
+    row("no such file", "missing.data", QByteArray(), "there is no such file");
+    row("a name that looks like a place for text", "study/%1%2%3.data", "no recording\n", noSampleLine);
 }
 
 void TestBatchFailures::unusableRecordingIsLeftOut()
 {
     QFETCH(QString, bad);
     QFETCH(QByteArray, contents);
+    QFETCH(QString, reason);
     const bool isWritten = bad.startsWith(QLatin1StringView("study/"));
     if (isWritten) {
         m_batch->write(bad, contents);
@@ -136,7 +141,8 @@ void TestBatchFailures::unusableRecordingIsLeftOut()
     QCOMPARE(outcome.status, 1);
     const QString corrupt =
         QStringLiteral("The file: \n") + bad + QStringLiteral("\n is corrupt and has not been loaded!");
-    QCOMPARE(outcome.errors.last(), QStringLiteral("IMPORT ERROR!: ") + QString(corrupt).replace(u'\n', u' '));
+    QCOMPARE(outcome.errors.last(), QStringLiteral("IMPORT ERROR!: ") + QString(corrupt).replace(u'\n', u' ') +
+                                        QStringLiteral(" Reason: ") + reason + u'.');
     QCOMPARE(outcome.written.size(), 6);
     auto files = m_batch->files();
     QVERIFY(files.remove(QStringLiteral("report.json")) == 1);
@@ -150,7 +156,8 @@ void TestBatchFailures::unusableRecordingIsLeftOut()
         QCOMPARE(input[QStringLiteral("used")].toBool(), !isBad);
         QCOMPARE(messages.isEmpty(), !isBad);
         if (isBad)
-            QCOMPARE(messages.last()[QStringLiteral("text")].toString(), corrupt);
+            QCOMPARE(messages.last()[QStringLiteral("text")].toString(),
+                     corrupt + QStringLiteral("\nReason: ") + reason + u'.');
     }
 }
 
@@ -173,7 +180,7 @@ void TestBatchFailures::missingSetFileAndPictureAreTold()
         m_batch->run(words("--quiet --export fixations --report report.json study/alone.data study/blind.data"));
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.errors,
-             (QStringList{QStringLiteral("Error opening set file: No such file or directory"),
+             (QStringList{QStringLiteral("Error opening set file: No such file or directory study/alone.set"),
                           QStringLiteral("IMPORT ERROR!: The images:  study/gone.png  are missing and have not been "
                                          "loaded!")}));
     const QJsonArray inputs = reportedInputs();

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void pooledContainersButTheDominantOneAreCleared();
     void boxesComeForEachEmptyStream();
     void dialogs();
+    void threadsChangeNothing();
     void methodOfTheType_data();
     void methodOfTheType();
     void parametersOfTheType();
@@ -158,7 +159,7 @@ void TestClusterCalculation::boxesComeForEachEmptyStream()
         calculateClusters(model, meanShift);
         const QString box =
             QStringLiteral("No fixations found. Cannot calculate clusters.|Please calculate fixations first.");
-        QCOMPARE(messages.texts(), QStringList(3, box));
+        QCOMPARE(messages.texts(), QStringList{box + QStringLiteral("\n3 times")});
     }
     const RecordedMessages messages;
     calculateClusters(model, standard);
@@ -171,7 +172,7 @@ void TestClusterCalculation::dialogs()
     DataModel model = modelOf({examination(), examination()});
     model.examinations()[0].leftEye.scanpath << samples::fixation({500, 500}); // tells the eyes apart: 3 and not 2
     const ProgressLabels progress;
-    calculateClusters(model, standard);
+    calculateClusters(model, standard, 1);
     // The right eye comes first, then the left one, then the mean.
     QCOMPARE(progress.opened(), QStringList({QStringLiteral("Calculating fixationclusters, please wait. 2"),
                                              QStringLiteral("Calculating the Clusters, please wait. 5"),
@@ -181,6 +182,31 @@ void TestClusterCalculation::dialogs()
                                              QStringLiteral("Calculating the Clusters, please wait. 1"),
                                              QStringLiteral("Sort clusters, please wait. 0"),
                                              QStringLiteral("Calculating the Clusters, please wait. 2")}));
+}
+
+/// Clustering recordings beside each other shows the progress of the whole only.
+void TestClusterCalculation::threadsChangeNothing()
+{
+    QList<Examination> examinations;
+    for (int i = 0; i < 6; ++i) {
+        examinations << examination();
+        examinations[i].leftEye.scanpath << samples::fixation({100 * i, 500});
+    }
+    for (const ClusterParameters &parameters :
+         {ClusterParameters(standard), ClusterParameters(meanShift), ClusterParameters(overlap)})
+    {
+        DataModel one = modelOf(examinations);
+        DataModel four = modelOf(examinations);
+        calculateClusters(one, parameters, 1);
+        const ProgressLabels progress;
+        calculateClusters(four, parameters, 4);
+        QCOMPARE(progress.opened(), QStringList{QStringLiteral("Calculating fixationclusters, please wait. 6")});
+        for (int i = 0; i < 6; ++i) {
+            for (std::size_t eye = 0; eye < 3; ++eye)
+                QVERIFY(*std::as_const(one).examinations()[i].streams()[eye] ==
+                        *std::as_const(four).examinations()[i].streams()[eye]);
+        }
+    }
 }
 
 void TestClusterCalculation::methodOfTheType_data()

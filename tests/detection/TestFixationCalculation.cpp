@@ -1,6 +1,7 @@
 #include "base/Log.h"
 #include "base/Progress.h"
 #include "detection/FixationCalculation.h"
+#include "GeneratedGaze.h"
 #include "model/DataModel.h"
 #include "TestMessages.h"
 #include "TestSettings.h"
@@ -118,6 +119,9 @@ private Q_SLOTS:
     void otherDetectorsAddFixationsOnly();
     void warningsGoToTheLogOnly();
     void failureOfTheMixtureIsTold();
+    void threadsChangeNothing_data();
+    void threadsChangeNothing();
+    void oneBoxForEachCause();
 };
 
 void TestFixationCalculation::nothingChecked_data()
@@ -448,6 +452,77 @@ void TestFixationCalculation::failureOfTheMixtureIsTold()
              QStringList({QStringLiteral("S07, left eye: ") + text, QStringLiteral("S07, right eye: ") + text}));
     QCOMPARE(model.examinations()[0].leftEye.scanpath.size(), 0);
     QCOMPARE(model.examinations()[0].meanEye.scanpath.size(), 3);
+}
+
+void TestFixationCalculation::threadsChangeNothing_data()
+{
+    QTest::addColumn<FixationCalculationParameters>("detector");
+    QTest::newRow("standard") << FixationCalculationParameters(parameters);
+    QTest::newRow("mixture") << FixationCalculationParameters(MixtureParameters{10, true});
+    QTest::newRow("velocity") << FixationCalculationParameters(velocityInPixels(3));
+}
+
+void TestFixationCalculation::threadsChangeNothing()
+{
+    QFETCH(FixationCalculationParameters, detector);
+    const TemporarySettings store;
+    SettingsStore().setValue(rows::gaussianMinimumDuration.key, 10);
+    QList<Examination> examinations;
+    for (unsigned i = 0; i < 12; ++i) {
+        Examination made = saccadesOf(3);
+        made.baseName = QStringLiteral("S%1").arg(i);
+        made.rightEye.gazePoints = generatedGaze({.count = 3000, .seed = i});
+        made.meanEye.gazePoints[0].time = 1000; // the clock runs backwards: the standard detector complains
+        examinations << made;
+    }
+    struct Result {
+        QList<EyeData> eyes;
+        QStringList texts;
+        QStringList log;
+        QStringList messages;
+    };
+    const auto resultOf = [&](int threads) {
+        DataModel model = modelOf(examinations);
+        Result result;
+        const Log log(result.log);
+        const RecordedMessages messages;
+        const auto outcome = calculateFixations(model, detector, &log, threads);
+        for (const Examination &examination : std::as_const(model).examinations()) {
+            for (const EyeData *eye : examination.streams())
+                result.eyes << *eye;
+            result.texts << examination.calculationInfo.fixationCalculationInfo;
+        }
+        for (const DetectionWarning &warning : outcome->warnings)
+            result.texts << warning.recording + warning.eye + warning.text;
+        result.messages = messages.texts();
+        return result;
+    };
+    const Result one = resultOf(1);
+    QVERIFY(!one.log.isEmpty());
+    const Result four = resultOf(4);
+    QVERIFY(one.eyes == four.eyes);
+    QCOMPARE(four.texts, one.texts);
+    QCOMPARE(four.log, one.log);
+    QCOMPARE(four.messages, one.messages);
+}
+
+/// An eye that was never found and times that are all the same make each sample a case for a box.
+void TestFixationCalculation::oneBoxForEachCause()
+{
+    Examination blind;
+    for (int i = 0; i < 3000; ++i) {
+        blind.leftEye.gazePoints << GazePoint(0, 0, 0, 0, 0, 0);
+        blind.rightEye.gazePoints << GazePoint(0, 500, 500, 3, 3, 1);
+        blind.meanEye.gazePoints << GazePoint(0, -1, -1, -1, -1, 0);
+    }
+    DataModel model = modelOf({blind, blind});
+    const RecordedMessages messages;
+    calculateFixations(model, parameters, nullptr);
+    QCOMPARE(messages.texts().size(), 2);
+    QCOMPARE(messages.texts()[0],
+             QStringLiteral("All samples are invalid.|Your data seems to contain not a single valid "
+                            "sample.\n12000 times"));
+    QVERIFY(messages.texts()[1].startsWith(reportTitle));
 }
 
 QTEST_GUILESS_MAIN(TestFixationCalculation)

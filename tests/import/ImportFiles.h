@@ -38,7 +38,8 @@ private:
     QTemporaryDir m_folder;
 };
 
-inline QString corruptMessage(const QString &path)
+inline QString corruptMessage(const QString &path, const QString &reason)
 {
-    return QStringLiteral("IMPORT ERROR!|The file: \n%1\n is corrupt and has not been loaded!").arg(path);
+    return QStringLiteral("IMPORT ERROR!|The file: \n%1\n is corrupt and has not been loaded!\nReason: %2.")
+        .arg(path, reason);
 }

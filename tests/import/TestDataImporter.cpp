@@ -107,7 +107,7 @@ void TestDataImporter::writerForm()
     QCOMPARE(imported.left(), left);
     QCOMPARE(imported.right(), right);
     QCOMPARE(imported.mean(), mean);
-    QCOMPARE(imported.counts, (ImportCounts{2, 0, 0}));
+    QCOMPARE(imported.counts, (ImportCounts{.samples = 2, .durationMs = 4}));
     QCOMPARE(imported.logText, QByteArray());
     QCOMPARE(imported.left().constFirst().color, qRgba(255, 0, 0, 255));
 }
@@ -176,7 +176,7 @@ void TestDataImporter::linesAround()
         QCOMPARE(imported.left(), oneLeft);
         QCOMPARE(imported.right(), oneRight);
         QCOMPARE(imported.mean(), oneMean);
-        QCOMPARE(imported.counts, (ImportCounts{1, 0, 0}));
+        QCOMPARE(imported.counts, ImportCounts{.samples = 1});
         QCOMPARE(imported.logText, QByteArray());
     }
 }
@@ -250,7 +250,7 @@ void TestDataImporter::wrongLengthIsLoggedAndLeftOut()
     const Imported imported("#\n" + sampleLine("3") + '\n' + line + "\r\n\n" + line + '\n' + sampleLine("9"));
     QVERIFY(imported.ok);
     QCOMPARE(timesOf(imported.mean()), (QList<qint64>{0, 6}));
-    QCOMPARE(imported.counts, (ImportCounts{2, 2, 3}));
+    QCOMPARE(imported.counts, (ImportCounts{.samples = 2, .wrongLength = {2, 3}, .durationMs = 6}));
     const QByteArray logged = wrongLength.toByteArray() + line + '\n';
     QCOMPARE(imported.logText, "Dataimporter found header: #\n" + logged + logged);
 }
@@ -273,7 +273,7 @@ void TestDataImporter::logKeepsTheOrder()
     const Imported imported(bytes);
     QVERIFY(!imported.ok);
     QCOMPARE(imported.logText, expected);
-    QCOMPARE(imported.counts, (ImportCounts{0, lines / 2, 1}));
+    QCOMPARE(imported.counts, (ImportCounts{.wrongLength = {lines / 2, 1}}));
 }
 
 void TestDataImporter::loggedLinesAreDecoded_data()
@@ -406,7 +406,7 @@ void TestDataImporter::fieldsThatAreNoNumbers()
     QCOMPARE(imported.left(), (QList<GazePoint>{{0, 0, 0, 0, 3, 1}}));
     QCOMPARE(imported.right(), (QList<GazePoint>{{0, 100, -7.5, 0, QString::fromUtf8("4\0", 2).toDouble(), 1}}));
     QCOMPARE(imported.mean(), (QList<GazePoint>{{0, 50, -3.75, 0, imported.right().constFirst().height / 2 + 1.5, 1}}));
-    QCOMPARE(imported.counts, (ImportCounts{1, 0, 0}));
+    QCOMPARE(imported.counts, (ImportCounts{.samples = 1, .noNumbers = {4, 1}})); // 1,5 x 0x10 and 4 with a NUL
 }
 
 void TestDataImporter::wideText()

@@ -33,10 +33,10 @@ private:
     QStringList &m_calls;
 };
 
-ImportMessage corrupt(const QString &path)
+ImportMessage corrupt(const QString &path, const QString &reason)
 {
     return {messages::Severity::Critical, u"IMPORT ERROR!"_s,
-            u"The file: \n%1\n is corrupt and has not been loaded!"_s.arg(path)};
+            u"The file: \n%1\n is corrupt and has not been loaded!"_s.arg(path), u"Reason: %1."_s.arg(reason)};
 }
 
 QStringList numbered(const QString &text, int count)
@@ -72,6 +72,9 @@ private Q_SLOTS:
     void missingImages();
     void importing();
     void importingNothing();
+    void boxesOfOneImport();
+    void logOfFilesReadSideBySide();
+    void hugeSetFileIsRefused();
     void removing();
 
 private:
@@ -96,7 +99,7 @@ void TestExaminationImport::recordingAndSetFile()
     QCOMPARE(file.examination.duration(), 4);
     QCOMPARE(file.images, (QList<ImageReference>{{image, u"forest.jpg"_s}}));
     QCOMPARE(file.messages, QList<ImportMessage>());
-    QCOMPARE(file.counts, (ImportCounts{2, 0, 0}));
+    QCOMPARE(file.counts, (ImportCounts{.samples = 2, .durationMs = 4}));
 }
 
 void TestExaminationImport::noSetFile()
@@ -112,6 +115,7 @@ void TestExaminationImport::noSetFile()
     QFile setFile(m_files->path(u"p01.set"_s));
     QVERIFY(!setFile.open(QIODevice::ReadOnly));
     QCOMPARE(file.messages[0].text, setFile.errorString());
+    QCOMPARE(file.messages[0].details, m_files->path(u"p01.set"_s));
 }
 
 void TestExaminationImport::noRecording()
@@ -122,7 +126,7 @@ void TestExaminationImport::noRecording()
     const Log log = this->log();
     const ImportedFile file = readRecording(path, &log);
     QVERIFY(!file.examination.importOk);
-    QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path)});
+    QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path, u"there is no such file"_s)});
     QCOMPARE(m_files->read(u"log"_s), QByteArray()); // only files that are there are opened
 }
 
@@ -134,7 +138,7 @@ void TestExaminationImport::folderInPlaceOfTheRecording()
     const Log log = this->log();
     const ImportedFile file = readRecording(path, &log);
     QVERIFY(!file.examination.importOk);
-    QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path)});
+    QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path, u"it is a folder"_s)});
     QCOMPARE(m_files->read(u"log"_s), unreadable);
 }
 
@@ -144,7 +148,7 @@ void TestExaminationImport::linkToItself()
     QVERIFY(QFile::link(path, path));
     m_files->write(u"p01.set"_s, "");
     QTest::ignoreMessage(QtDebugMsg, missingDataFile);
-    QCOMPARE(readRecording(path, nullptr).messages, QList<ImportMessage>{corrupt(path)});
+    QCOMPARE(readRecording(path, nullptr).messages, QList<ImportMessage>{corrupt(path, u"there is no such file"_s)});
     const Log log = this->log();
     Examination examination;
     QVERIFY(!DataImporter(path, &examination, &log).readFile()); // a file that cannot be opened, for the root user, too
@@ -165,29 +169,40 @@ void TestExaminationImport::noPermission()
     QVERIFY(!file.examination.importOk);
     QCOMPARE(file.messages.size(), 2);
     QCOMPARE(file.messages[0].title, u"Error opening set file"_s);
-    QCOMPARE(file.messages[1], corrupt(path));
+    QCOMPARE(file.messages[1], corrupt(path, u"it cannot be opened: Permission denied"_s));
     QCOMPARE(m_files->read(u"log"_s), unreadable);
 }
 
 void TestExaminationImport::corruptContent_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("an empty file") << QByteArray();
-    QTest::newRow("only headers") << QByteArray("# header\ntime\tleft_x\n");
-    QTest::newRow("no usable sample") << QByteArray("1\t1\t1\t1\t1\t0\t1\t1\t1\t1\t0\n");
-    QTest::newRow("a picture") << QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF\0", 11);
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char *name, const QByteArray &bytes, const QString &reason) {
+        QTest::newRow(name) << bytes << reason;
+    };
+    row("an empty file", QByteArray(), u"it is empty"_s);
+    row("only headers", "# header\ntime\tleft_x\n", u"it has no sample line, which would begin with a digit"_s);
+    row("no usable sample", "1\t1\t1\t1\t1\t0\t1\t1\t1\t1\t0\n", u"none of its 1 samples is valid"_s);
+    row("a picture", QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF\0", 11),
+        u"it has no sample line, which would begin with a digit"_s);
+    row("commas", "1,1,1,1,1,1,1,1,1,1,1\n", u"its fields are separated by \",\" instead of tabs"_s);
+    row("semicolons and decimal commas", "1;1,5;1;1;1;1;1;1;1;1;1\n",
+        u"its fields are separated by \";\" instead of tabs"_s);
+    row("ten fields", "1\t1\t1\t1\t1\t1\t1\t1\t1\t1\n2\t1,5\n",
+        u"none of its 2 sample lines has eleven fields separated by tabs"_s);
 }
 
 void TestExaminationImport::corruptContent()
 {
     QFETCH(QByteArray, bytes);
+    QFETCH(QString, reason);
     const QString path = m_files->writeRecording(u"p01"_s);
     m_files->write(u"p01.data"_s, bytes);
     const ImportedFile file = readRecording(path, nullptr);
     QVERIFY(!file.examination.importOk);
     QVERIFY(file.examination.leftEye.gazePoints.isEmpty());
     QCOMPARE(file.examination.subjectId, u"p01"_s);
-    QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path)});
+    QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path, reason)});
 }
 
 void TestExaminationImport::gigabyteWithoutLineBreak()
@@ -198,8 +213,9 @@ void TestExaminationImport::gigabyteWithoutLineBreak()
     m_files->write(u"p01.set"_s, "");
     const Log log = this->log();
     const ImportedFile file = readRecording(path, &log);
-    QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path)});
-    QCOMPARE(file.counts, (ImportCounts{0, 1, 1}));
+    QCOMPARE(file.messages,
+             QList<ImportMessage>{corrupt(path, u"none of its 1 sample lines has eleven fields separated by tabs"_s)});
+    QCOMPARE(file.counts, (ImportCounts{.wrongLength = {1, 1}}));
     constexpr qint64 mostLogged = 2 << 20;
     QVERIFY(QFile(m_files->path(u"log"_s)).size() < mostLogged);
 }
@@ -215,7 +231,7 @@ void TestExaminationImport::longLoggedLine()
     Examination examination;
     DataImporter importer(path, &examination, &log);
     QVERIFY(importer.readFile());
-    QCOMPARE(importer.counts(), (ImportCounts{2, 1, 2}));
+    QCOMPARE(importer.counts(), (ImportCounts{.samples = 2, .wrongLength = {1, 2}, .repeatedTimes = {1, 3}}));
     const QByteArray expected = "DataImporter ERROR: Journal entry has invalid length\n   --> " +
                                 line.first(cutAt - 1) + " ... (cut, the line has " + QByteArray::number(line.size()) +
                                 " bytes)\n";
@@ -293,7 +309,7 @@ void TestExaminationImport::corruptFileStaysOut()
     RecordedMessages shown;
     QCOMPARE(addToModel(readRecording(path, nullptr), model), std::nullopt);
     QVERIFY(model.examinations().isEmpty());
-    QCOMPARE(shown.texts(), QStringList{corruptMessage(path)});
+    QCOMPARE(shown.texts(), QStringList{corruptMessage(path, u"it is empty"_s)});
 }
 
 void TestExaminationImport::missingImages_data()
@@ -307,10 +323,10 @@ void TestExaminationImport::missingImages_data()
                                 u"IMPORT ERROR!|The images: \n/a/1.jpg\n are missing and have not been loaded!"_s};
     QTest::newRow("ten are all named")
         << 10 << QStringList{u"IMPORT ERROR!|The images: \n%1\n are missing and have not been loaded!"_s.arg(tenLines)};
-    QTest::newRow("of eleven the first ten are named")
-        << 11
+    QTest::newRow("of twelve the first ten are named, and below them the others")
+        << 12
         << QStringList{u"IMPORT ERROR!|The first 10 missing images: \n%1\n are missing and have not been loaded!\n "
-                       "(Missing images overall:11 )"_s.arg(tenLines)};
+                       "(Missing images overall:12 )\nThe other missing images:\n/a/11.jpg\n/a/12.jpg"_s.arg(tenLines)};
 }
 
 void TestExaminationImport::missingImages()
@@ -348,7 +364,7 @@ void TestExaminationImport::importing()
     const QString image = m_files->path(u"forest.jpg"_s);
     QCOMPARE(
         shown.texts(),
-        (QStringList{corruptMessage(bad),
+        (QStringList{corruptMessage(bad, u"it is empty"_s),
                      u"IMPORT ERROR!|The images: \n%1\n%1\n%1\n are missing and have not been loaded!"_s.arg(image)}));
     QCOMPARE(model.allExaminations().size(), 3);
     QCOMPARE(model.allExaminations()[2].baseName, u"p03"_s);
@@ -362,6 +378,67 @@ void TestExaminationImport::importingNothing()
     const auto neverCalled = [](const Examination &) { QFAIL("no examination was read"); };
     QCOMPARE(importRecordings({}, model, nullptr, neverCalled), QList<int>());
     QCOMPARE(shown.texts(), QStringList());
+}
+
+/// Whatever the files hold: a box for the set files that are not there, one for each corrupt file and one for all that
+/// is doubtful.
+void TestExaminationImport::boxesOfOneImport()
+{
+    QStringList paths;
+    for (const QString &name : {u"p01"_s, u"p02"_s}) {
+        paths << m_files->write(name + u".data"_s, "5\t1,5\t2\t3\t4\t1\t6\t7\t8\t9\t1\n"
+                                                   "4\t1\t2\t3\t4\t1\t6\t7\t8\t9\t1\n"
+                                                   "4\t1\t2\t3\t4\t1\t6\t7\t8\t9\t1\n");
+    }
+    DataModel model;
+    RecordedMessages shown;
+    importRecordings(paths, model, nullptr, [](const Examination &) {});
+    QCOMPARE(model.examinations().size(), 2);
+    QStringList doubts;
+    for (const QString &file : {u"p01.data"_s, u"p02.data"_s}) {
+        doubts << file + u": 1 fields are no numbers and count as 0; the first is in line 1. Times are whole numbers, "
+                         "decimals have a point."_s
+               << file + u": 1 samples are earlier than the sample before them; the first is line 2."_s
+               << file + u": 1 samples have the time of the sample before them; the first is line 3."_s;
+    }
+    QCOMPARE(shown.texts(),
+             (QStringList{u"Error opening set file|No such file or directory\n%1\n%2"_s.arg(
+                              m_files->path(u"p01.set"_s), m_files->path(u"p02.set"_s)),
+                          u"Import|Some recordings hold what is doubtful. They were loaded all the same.\n"_s +
+                              doubts.join(u'\n')}));
+}
+
+void TestExaminationImport::logOfFilesReadSideBySide()
+{
+    constexpr int files = 20;
+    QStringList paths;
+    QByteArray expected;
+    for (int i = 0; i < files; ++i) {
+        const QString name = u"p%1"_s.arg(i);
+        m_files->write(name + u".set"_s, "");
+        paths << m_files->write(name + u".data"_s, "# first of " + name.toUtf8() + "\n# second\n");
+        expected +=
+            "Dataimporter found header: # first of " + name.toUtf8() + "\nDataimporter found header: # second\n";
+    }
+    const Log log = this->log();
+    QStringList taken;
+    readRecordings(paths, 4, &log, [&](const ImportedFile &file) { taken << file.path; });
+    QCOMPARE(taken, paths);
+    QCOMPARE(m_files->read(u"log"_s), expected);
+}
+
+/// A side file that does not end: nothing of it is read, and the recording is.
+void TestExaminationImport::hugeSetFileIsRefused()
+{
+    constexpr qint64 terabyte = 1'000'000'000'000;
+    const QString path = m_files->writeRecording(u"p01"_s);
+    if (!QFile::resize(m_files->path(u"p01.set"_s), terabyte))
+        QSKIP("no room for a file of holes");
+    const ImportedFile file = readRecording(path, nullptr);
+    QVERIFY(file.examination.importOk);
+    QCOMPARE(file.messages, (QList<ImportMessage>{{messages::Severity::Warning, u"Error opening set file"_s,
+                                                   u"The file is larger than 16 MB and was not read."_s,
+                                                   m_files->path(u"p01.set"_s)}}));
 }
 
 void TestExaminationImport::removing()

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void encodings();
     void imageFound();
     void imageBySecondPlace();
+    void imageByAbsolutePath();
     void imageMissing();
     void imageNameComesLater();
     void folderIsNoImage();
@@ -247,6 +248,19 @@ void TestSetFile::imageBySecondPlace()
         const QByteArray text = QByteArray("picturename=forest.jpg\npicturepath=") + path;
         QCOMPARE(read(text).images, expected);
     }
+}
+
+void TestSetFile::imageByAbsolutePath()
+{
+    const QTemporaryDir elsewhere;
+    const QString image = elsewhere.filePath(QStringLiteral("forest.jpg"));
+    writeFile(image, "x");
+    const QByteArray text = "picturename=forest.jpg\npicturepath=" + image.toUtf8() + "\n";
+    QCOMPARE(read(text).images, (QList<ImageReference>{{image, QStringLiteral("forest.jpg")}}));
+    // Beside the recording it is only looked for where it is not there.
+    QVERIFY(QFile::remove(image));
+    writeFile(inFolder("forest.jpg"), "x");
+    QCOMPARE(read(text).images, (QList<ImageReference>{{inFolder("forest.jpg"), QStringLiteral("forest.jpg")}}));
 }
 
 void TestSetFile::imageMissing()

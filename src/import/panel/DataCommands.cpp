@@ -124,10 +124,10 @@ void CommandDataImport::undo()
 void CommandDataImport::redo()
 {
     m_paths = textsOf(m_files);
-    m_numbers = importRecordings(m_paths, m_model, m_log, [this](const Examination &examination) {
-        m_window.addTableRow(examination);
+    m_numbers = importRecordings(m_paths, m_model, m_log,
+                                 [this](const Examination &examination) { m_window.addTableRow(examination); });
+    if (!m_numbers.isEmpty())
         m_window.refreshPlainBackground();
-    });
     m_files.clear();
     if (m_log)
         m_log->write(QStringLiteral("CommandDataImport:redo The import of %1 files is done!").arg(m_paths.size()));

@@ -1,0 +1,71 @@
+#include "import/ImportCounts.h"
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// What is counted in lines: in the text, "%1" is the count and "%2" the first line.
+struct LineCountRow {
+    LineCount ImportCounts::*member;
+    QLatin1StringView name;
+    QLatin1StringView text;
+};
+
+constexpr LineCountRow lineCounts[] = {
+    {&ImportCounts::wrongLength, "lines of wrong length"_L1,
+     "left out %1 of the sample lines, which do not have eleven fields; the first is line %2. Fields are separated by "
+     "one tab each."_L1},
+    {&ImportCounts::noNumbers, "fields that are no numbers"_L1,
+     "%1 fields are no numbers and count as 0; the first is in line %2. Times are whole numbers, decimals have a "
+     "point."_L1},
+    {&ImportCounts::backwardTimes, "backward times"_L1,
+     "%1 samples are earlier than the sample before them; the first is line %2."_L1},
+    {&ImportCounts::repeatedTimes, "repeated times"_L1,
+     "%1 samples have the time of the sample before them; the first is line %2."_L1},
+};
+
+/// Below this nothing can be said of a rate.
+constexpr qsizetype fewestSteps = 10;
+/// The fastest trackers reach about 2000.
+constexpr qsizetype mostSamplesPerMs = 5;
+
+} // namespace
+
+bool ImportCounts::isRateImplausible() const
+{
+    const qsizetype steps = samples - 1;
+    if (steps < fewestSteps)
+        return false;
+    const bool isSlow = longSteps > steps - longSteps;
+    const bool isFast = durationMs >= 0 && steps / mostSamplesPerMs > durationMs;
+    return isSlow || isFast;
+}
+
+QStringList importDoubts(const ImportCounts &counts)
+{
+    QStringList doubts;
+    for (const LineCountRow &row : lineCounts) {
+        const LineCount &found = counts.*row.member;
+        if (found.count > 0)
+            doubts << QString(row.text).arg(QString::number(found.count), QString::number(found.firstLine));
+    }
+    if (counts.isRateImplausible())
+        doubts << QStringLiteral("%1 samples in %2 ms are no rate of an eye tracker. Times are in milliseconds.")
+                      .arg(counts.samples)
+                      .arg(counts.durationMs);
+    return doubts;
+}
+
+QMap<QString, qint64> reportedCounts(const ImportCounts &counts)
+{
+    QMap<QString, qint64> reported{{QStringLiteral("samples"), counts.samples}};
+    for (const LineCountRow &row : lineCounts) {
+        const LineCount &found = counts.*row.member;
+        reported.insert(row.name, found.count);
+        if (found.count > 0)
+            reported.insert(QStringLiteral("first of ") + row.name, found.firstLine);
+    }
+    if (counts.isRateImplausible())
+        reported.insert(QStringLiteral("implausible rate"), 1);
+    return reported;
+}

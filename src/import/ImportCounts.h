@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QList>
+#include <QMap>
+#include <QString>
+
+/// How often something was found in a file, and where first.
+struct LineCount {
+    bool operator==(const LineCount &) const = default;
+
+    void add(qsizetype more, qsizetype lineNumber)
+    {
+        if (count == 0 && more > 0)
+            firstLine = lineNumber;
+        count += more;
+    }
+
+    qsizetype count = 0;
+    qsizetype firstLine = 0; ///< number among all lines, from 1; 0 if there is none
+};
+
+/// What a recording held, for reports.
+struct ImportCounts {
+    bool operator==(const ImportCounts &) const = default;
+
+    /// Samples come too slowly or too fast for an eye tracker: most likely the times are in another unit than ms.
+    bool isRateImplausible() const;
+
+    qsizetype samples = 0;
+    LineCount wrongLength = {};   ///< sample lines without exactly 11 fields; they are left out
+    LineCount noNumbers = {};     ///< fields that are no numbers and count as 0
+    LineCount backwardTimes = {}; ///< samples earlier than the sample before them
+    LineCount repeatedTimes = {}; ///< samples at the time of the sample before them
+    qsizetype longSteps = 0;      ///< samples more than `longestPlausibleStepMs` after the sample before them
+    qint64 durationMs = 0;        ///< from the first sample to the last; negative where the clock ran backwards
+
+    static constexpr qint64 longestPlausibleStepMs = 100;
+};
+
+/// What is doubtful in a recording that was imported all the same, a sentence each for the user.
+QStringList importDoubts(const ImportCounts &counts);
+
+/// The counts by the names that they have in reports; with first lines where there are any.
+QMap<QString, qint64> reportedCounts(const ImportCounts &counts);
