@@ -6,20 +6,21 @@
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
+#include "export/TransitionTables.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
-#include "table/panel/ExaminationTableControl.h"
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
-#include "visualization/timeline/ActivityCurves.h"
+#include "table/panel/ExaminationTableControl.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/SceneItems.h"
+#include "visualization/timeline/ActivityCurves.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -237,6 +238,8 @@ void Vistrum::redraw()
         m_redrawMissed = true;
         return;
     }
+    if (hasAreasAndFixations(m_model))
+        Q_EMIT sigEnable_trans_matrix_export();
     orderClusters(m_model, {timeline().start(), timeline().end()});
     update_timeline_widget();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();

@@ -3,8 +3,8 @@
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
-#include "visualization/selection/DrawingContext.h"
 #include "visualization/scene/Background.h"
+#include "visualization/selection/DrawingContext.h"
 
 #include <QGraphicsScene>
 #include <QMainWindow>
@@ -44,6 +44,7 @@ public:
 
 Q_SIGNALS:
     void sigUpdateSettings();
+    void sigEnable_trans_matrix_export();
     void sigEnable_fixation_export();
     void sigEnable_cumulativecluster_export();
     void sigEnable_event_export();
@@ -54,6 +55,8 @@ public Q_SLOTS:
     void sltCalculateFixations();
     void sltCalculateClusters();
     void sltCalculateCumulativeClusters();
+    void sltCalculateGeneralStatistics();
+    void sltCalcAOIStats();
     void sltDrawPaths();
     void sltUpdateAndRedraw();
 
@@ -72,6 +75,10 @@ public Q_SLOTS:
     /// Draws the heatmap of a kind of data, 0 to 3, over everything, on the scale of its own maximum.
     void sltExportheatmap(int id);
 
+    /// The tables of transitions that the export panel has chosen, of the eyes that are shown.
+    void sltexport_aoi_trans_csv(const QString &stem);
+    void sltexport_anglestar(const QString &stem);
+
     void sltSaveRegistry();
     void sltImportRegistry();
     void sltLoadDefaultSettings();
@@ -84,6 +91,7 @@ private:
     void makeTable();
     void connectForm();
     void connectPanels();
+    void connectStatistics();
     void cutOrRestoreOutliers();
     Timeline &timeline() const;
     std::array<const VisualizationParameters *, 4> drawingParameters() const;

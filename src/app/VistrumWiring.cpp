@@ -8,10 +8,11 @@
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataWidget.h"
+#include "statistics/panel/StatisticsWidget.h"
 #include "table/panel/ExaminationTableControl.h"
-#include "visualization/parameters/GroupColors.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
+#include "visualization/parameters/GroupColors.h"
 
 void Vistrum::makeTable()
 {
@@ -45,8 +46,31 @@ void Vistrum::connectForm()
     connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltLoadDefaultSettings);
 }
 
+void Vistrum::connectStatistics()
+{
+    controlWidget &control = *m_ui->control;
+    const StatisticsWidget &statistics = control.statisticsWidget();
+    const ExportWidget &tables = control.exportWidget();
+    connect(&statistics, &StatisticsWidget::sigCalculateGeneralStatistics, this,
+            &Vistrum::sltCalculateGeneralStatistics);
+    connect(&statistics, &StatisticsWidget::sigEnableGeneralStatisticExport, &tables,
+            &ExportWidget::sltEnableGeneralStatisticsExport);
+    connect(&statistics, &StatisticsWidget::sigCalcAOIstats, this, &Vistrum::sltCalcAOIStats);
+    connect(&statistics, &StatisticsWidget::sigEnableAOIstatExport, &tables, &ExportWidget::sltEnableAOIstatsExport);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateClusters, &tables,
+            &ExportWidget::sltEnableClusterstatsExport);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateCumulativeClusters, &tables,
+            &ExportWidget::sltEnableCUMMClusterstatsExport);
+    connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, &tables,
+            &ExportWidget::sltEnableAnglestarExport);
+    connect(this, &Vistrum::sigEnable_trans_matrix_export, &tables, &ExportWidget::sltEnable_AOI_trans_matrix_export);
+    connect(&tables, &ExportWidget::sigExport_aoi_trans_csv, this, &Vistrum::sltexport_aoi_trans_csv);
+    connect(&tables, &ExportWidget::sigExport_anglestar, this, &Vistrum::sltexport_anglestar);
+}
+
 void Vistrum::connectPanels()
 {
+    connectStatistics();
     controlWidget &control = *m_ui->control;
     connect(&control, &controlWidget::sigGraphicsParametersChanged, this, &Vistrum::sltUpdateAndRedraw);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
