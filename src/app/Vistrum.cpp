@@ -9,6 +9,7 @@
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
+#include "export/TransitionTables.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
 #include "model/OutlierCut.h"
@@ -279,6 +280,8 @@ void Vistrum::redraw()
         m_redrawMissed = true;
         return;
     }
+    if (hasAreasAndFixations(m_model))
+        Q_EMIT sigEnable_trans_matrix_export();
     update_timeline_widget();
     chooseBackground(m_ui->image_comboBox->currentIndex());
     SettingsStore().sync();

@@ -52,6 +52,7 @@ public:
 
 Q_SIGNALS:
     void sigUpdateSettings();
+    void sigEnable_trans_matrix_export();
     void sigEnable_fixation_export();
     void sigEnable_cumulativecluster_export();
     void sigEnable_event_export();
@@ -62,6 +63,8 @@ public Q_SLOTS:
     void sltCalculateFixations();
     void sltCalculateClusters();
     void sltCalculateCumulativeClusters();
+    void sltCalculateGeneralStatistics();
+    void sltCalcAOIStats();
     void sltDrawPaths();
     void sltUpdateAndRedraw();
 
@@ -79,6 +82,10 @@ public Q_SLOTS:
     void sltImportPicture();
     /// Draws the heatmap of a kind of data, 0 to 3, over everything, on the scale of its own maximum.
     void sltExportheatmap(int id);
+
+    /// The tables of transitions that the export panel has chosen, of the eyes that are shown.
+    void sltexport_aoi_trans_csv(const QString &stem);
+    void sltexport_anglestar(const QString &stem);
 
     void sltSaveRegistry();
     void sltImportRegistry();
@@ -98,6 +105,7 @@ private:
     void connectForm();
     void connectPanels();
     void chooseBackground(int index);
+    void connectStatistics();
     void cutOrRestoreOutliers();
     void followCommands(int index);
     void followPicture(const QString &path);

@@ -12,6 +12,7 @@
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataWidget.h"
 #include "settings/FirstStart.h"
+#include "statistics/panel/StatisticsWidget.h"
 #include "table/panel/ExaminationTableControl.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
@@ -68,8 +69,31 @@ void Vistrum::connectForm()
     m_ui->visualization->viewport()->setAcceptDrops(false);
 }
 
+void Vistrum::connectStatistics()
+{
+    controlWidget &control = *m_ui->control;
+    const StatisticsWidget &statistics = control.statisticsWidget();
+    const ExportWidget &tables = control.exportWidget();
+    connect(&statistics, &StatisticsWidget::sigCalculateGeneralStatistics, this,
+            &Vistrum::sltCalculateGeneralStatistics);
+    connect(&statistics, &StatisticsWidget::sigEnableGeneralStatisticExport, &tables,
+            &ExportWidget::sltEnableGeneralStatisticsExport);
+    connect(&statistics, &StatisticsWidget::sigCalcAOIstats, this, &Vistrum::sltCalcAOIStats);
+    connect(&statistics, &StatisticsWidget::sigEnableAOIstatExport, &tables, &ExportWidget::sltEnableAOIstatsExport);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateClusters, &tables,
+            &ExportWidget::sltEnableClusterstatsExport);
+    connect(&control.clusterControl(), &ClusterControl::sigCalculateCumulativeClusters, &tables,
+            &ExportWidget::sltEnableCUMMClusterstatsExport);
+    connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, &tables,
+            &ExportWidget::sltEnableAnglestarExport);
+    connect(this, &Vistrum::sigEnable_trans_matrix_export, &tables, &ExportWidget::sltEnable_AOI_trans_matrix_export);
+    connect(&tables, &ExportWidget::sigExport_aoi_trans_csv, this, &Vistrum::sltexport_aoi_trans_csv);
+    connect(&tables, &ExportWidget::sigExport_anglestar, this, &Vistrum::sltexport_anglestar);
+}
+
 void Vistrum::connectPanels()
 {
+    connectStatistics();
     controlWidget &control = *m_ui->control;
     m_commandIndex = CommandStack::instance().index();
     connect(&CommandStack::instance(), &CommandStack::indexChanged, this, &Vistrum::followCommands);

@@ -87,6 +87,7 @@ void controlWidget::setModel(DataModel *model)
     m_ui->saccadeClusterWidget->setModel(model);
     m_ui->aoi_widget->setModel(model);
     m_ui->export_widget->setModel(model);
+    m_ui->group_comparison_widget->setModel(model);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setModel(model);
 }
@@ -137,6 +138,11 @@ VisualizationSaccadeClustersWidget &controlWidget::saccadeClustersWidget()
 AoiControl &controlWidget::aoiControl()
 {
     return *m_ui->aoi_widget;
+}
+
+StatisticsWidget &controlWidget::statisticsWidget()
+{
+    return *m_ui->statistics_widget;
 }
 
 ExportWidget &controlWidget::exportWidget()

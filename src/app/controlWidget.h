@@ -16,6 +16,7 @@ class FixationControl;
 class IMainWindow;
 class Log;
 class SaccadeClusterControl;
+class StatisticsWidget;
 class VisualizationSaccadeClustersWidget;
 class VisualizationWidget;
 
@@ -39,6 +40,7 @@ public:
     ClusterControl &clusterControl();
     SaccadeClusterControl &saccadeClusterControl();
     AoiControl &aoiControl();
+    StatisticsWidget &statisticsWidget();
     ExportWidget &exportWidget();
     VisualizationSaccadeClustersWidget &saccadeClustersWidget();
 

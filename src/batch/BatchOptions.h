@@ -6,6 +6,7 @@
 #include "batch/ParameterOptions.h"
 #include "batch/PictureOptions.h"
 #include "batch/RunOptions.h"
+#include "batch/StatisticsOptions.h"
 #include "batch/TableOptions.h"
 
 #include <variant>
@@ -23,6 +24,7 @@ struct BatchOptions : InputOptions,
                       ParameterOptions,
                       CalculationOptions,
                       TableOptions,
+                      StatisticsOptions,
                       AoiOptions,
                       PictureOptions,
                       RunOptions {

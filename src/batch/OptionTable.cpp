@@ -1,7 +1,6 @@
 #include "batch/OptionTable.h"
 
 #include "batch/BatchOptions.h"
-#include "batch/StatisticsRows.h"
 
 QList<OptionGroup> optionGroups()
 {

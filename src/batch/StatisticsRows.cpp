@@ -1,36 +1,101 @@
 #include "batch/StatisticsRows.h"
 
+#include "base/Messages.h"
+#include "batch/RunState.h"
+#include "batch/TransitionWords.h"
+#include "detection/PixelSize.h"
+#include "export/AngleStarExport.h"
+#include "export/MeasureExport.h"
+#include "export/StatisticsExport.h"
+#include "statistics/StatisticsCalculation.h"
+#include "visualization/parameters/VisualizationParameters.h"
+
 namespace {
 
 using Text = QLatin1StringView;
 
-constexpr OptionRow rows[] = {
-    {Text("transitions"), Text("LIST")},
-    {Text("transition-values"), Text("LIST")},
-};
+template <auto Calculate>
+void calculate(RunState &run)
+{
+    Calculate(run.model, nullptr);
+}
+
+/// Tables have what was calculated: a run that calculates nothing writes headers alone, and says so.
+void warnIfNotCalculated(const RunState &run, Text word)
+{
+    if (!run.options.calculations.contains(word))
+        messages::warning(QStringLiteral("Export"),
+                          QStringLiteral("%1 has headers only: it needs --calculate %1.").arg(word));
+}
+
+ExportResult writeGeneral(RunState &run, const ExportTarget &target)
+{
+    warnIfNotCalculated(run, Text("general-statistics"));
+    return exportGeneralStatistics(run.model, target);
+}
+
+ExportResult writeAreas(RunState &run, const ExportTarget &target)
+{
+    warnIfNotCalculated(run, Text("aoi-statistics"));
+    return exportAoiStatistics(run.model, target);
+}
+
+ExportResult writeTransitions(RunState &run, const ExportTarget &target)
+{
+    return exportTransitions(run.model, pathStem(target), target.eyes,
+                             chosenTransitions(run.options, run.model, target.eyes), nullptr);
+}
+
+ExportResult writeAngleStar(RunState &run, const ExportTarget &target)
+{
+    const VisualizationParameters saccades = saccadeParameters();
+    return exportAngleStar(run.model, pathStem(target), {saccades.numberOfHistogramBins, saccades.angleOffset});
+}
+
+/// The geometry is that of the last velocity calculation, where it measured angles.
+MeasureForm formOf(const RunState &run)
+{
+    FixationSettingsModel settings;
+    loadFixationSettings(settings);
+    return {.pixelPerDistance = pixelPerDistance(settings), .groupBy = run.options.groupBy};
+}
+
+ExportResult writeAoiMeasures(RunState &run, const ExportTarget &target)
+{
+    return exportAoiMeasures(run.model, target);
+}
+
+ExportResult writeScanpathMeasures(RunState &run, const ExportTarget &target)
+{
+    return exportScanpathMeasures(run.model, target, formOf(run));
+}
+
+ExportResult writeGroupComparison(RunState &run, const ExportTarget &target)
+{
+    const ExportResult result = exportGroupComparison(run.model, target, formOf(run));
+    if (result.written.isEmpty())
+        run.journal.fail(); // there was nothing to compare
+    return result;
+}
 
 } // namespace
 
-OptionGroup statisticsOptions()
-{
-    return {Text("Statistics"), rows};
-}
-
 QList<CalculationRow> statisticsCalculations()
 {
-    return {{Text("general-statistics")}, {Text("aoi-statistics")}};
+    return {{Text("general-statistics"), calculate<calculateGeneralStatistics>},
+            {Text("aoi-statistics"), calculate<calculateAoiStatistics>}};
 }
 
 QList<TableRow> statisticsTables()
 {
-    return {{Text("general-statistics")},
-            {Text("aoi-statistics")},
-            {Text("transitions")},
-            {Text("anglestar")},
+    return {{Text("general-statistics"), writeGeneral},
+            {Text("aoi-statistics"), writeAreas},
+            {Text("transitions"), writeTransitions},
+            {Text("anglestar"), writeAngleStar},
             {Text("tidy")},
-            {Text("aoi-measures")},
-            {Text("scanpath-measures")},
-            {Text("group-comparison")},
+            {Text("aoi-measures"), writeAoiMeasures},
+            {Text("scanpath-measures"), writeScanpathMeasures},
+            {Text("group-comparison"), writeGroupComparison},
             {Text("scanpath-similarity")},
             {Text("quality")},
             {Text("bids")}};

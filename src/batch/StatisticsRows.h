@@ -1,10 +1,8 @@
 #pragma once
 
 #include "batch/CalculationRows.h"
-#include "batch/OptionRow.h"
 #include "batch/TableRows.h"
 
-// Options, calculations and tables of statistics.
-OptionGroup statisticsOptions();
+// Calculations and tables of statistics.
 QList<CalculationRow> statisticsCalculations();
 QList<TableRow> statisticsTables();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/TimeFrame.h"
 #include "model/DataModel.h"
+#include "model/TimeFrame.h"
 
 /// What the clusters file holds of one stream of one examination: a header and a row for each cluster that lies wholly
 /// in the frame, or one line that says that there are none, then how they were calculated and who was recorded.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/TimeFrame.h"
 #include "model/Examination.h"
+#include "model/TimeFrame.h"
 
 /// What the summary below an events table needs of the walk.
 struct EventSums {

@@ -2,7 +2,12 @@
 
 #include <QDir>
 
+QString pathStem(const ExportTarget &target)
+{
+    return target.folder + QDir::separator() + target.prefix;
+}
+
 QString exportPath(const ExportTarget &target, const QString &infix, Eye eye)
 {
-    return target.folder + QDir::separator() + target.prefix + infix + eyeWord(eye) + QLatin1StringView(".csv");
+    return pathStem(target) + infix + eyeWord(eye) + QLatin1StringView(".csv");
 }

@@ -9,5 +9,8 @@ struct ExportTarget {
     EyeMode eyes = EyeMode::showAll; ///< all means left and right, each in files of its own
 };
 
+/// What the paths of all files of the export begin with: folder, separator, prefix.
+QString pathStem(const ExportTarget &target);
+
 /// Path of an export file: folder, separator, prefix, `infix`, the eye's word, ".csv".
 QString exportPath(const ExportTarget &target, const QString &infix, Eye eye);

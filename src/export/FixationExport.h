@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/TimeFrame.h"
 #include "model/Examination.h"
+#include "model/TimeFrame.h"
 
 /// What the fixations file holds of one stream of one examination: a header and a row for each fixation that lies
 /// wholly in the frame, or one line that says that there are none, then how they were calculated and who was recorded.

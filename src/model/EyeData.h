@@ -1,8 +1,12 @@
 #pragma once
 
+#include "model/AreaOfInterest.h"
 #include "model/FixationCluster.h"
+#include "model/GeneralStatistics.h"
 
 #include <QStringList>
+
+#include <optional>
 
 /// One row of the events table; a field that does not apply to the kind of event is empty.
 struct EventRow {
@@ -30,9 +34,11 @@ struct EyeData {
     QString subjectText;     ///< copy of the examination's
     QString calculationInfo; ///< parameters of the last detection; only the standard detector writes it
     QList<EventRow> eventRows;
-    QList<GazePoint> gazePoints;             ///< file order
-    QList<Fixation> scanpath;                ///< order of creation
-    QList<Invalid> invalids;                 ///< order of creation
-    QList<Saccade> saccades;                 ///< order of creation
-    QList<FixationCluster> fixationClusters; ///< clusters of this stream
+    QList<GazePoint> gazePoints;                        ///< file order
+    QList<Fixation> scanpath;                           ///< order of creation
+    QList<Invalid> invalids;                            ///< order of creation
+    QList<Saccade> saccades;                            ///< order of creation
+    QList<FixationCluster> fixationClusters;            ///< clusters of this stream
+    std::optional<GeneralStatistics> generalStatistics; ///< of the last calculation
+    QList<AreaOfInterest> aoiStatistics;                ///< the areas with what the last calculation measured in them
 };

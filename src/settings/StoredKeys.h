@@ -29,6 +29,12 @@ void writeStored(const StoredKey<T> &stored, const std::type_identity_t<T> &valu
     SettingsStore().setValue(stored.key, toStored(value));
 }
 
+/// Keeps the choice of a check box as its Qt::CheckState, which reads as a flag, too.
+inline void writeCheckState(const StoredKey<bool> &stored, Qt::CheckState state)
+{
+    SettingsStore().setValue(stored.key, static_cast<int>(state));
+}
+
 /// The eyes that drawing and exports show. A stored number that is no mode reads as all eyes, as a missing one does.
 EyeMode eyeMode();
 

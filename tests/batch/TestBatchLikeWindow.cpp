@@ -27,6 +27,8 @@ private Q_SLOTS:
     void sameTablesOfEachDetector();
     void sameTablesOfClusters_data();
     void sameTablesOfClusters();
+    void sameStatistics_data();
+    void sameStatistics();
 
 private:
     template <class Widget>
@@ -127,7 +129,7 @@ void TestBatchLikeWindow::compareTables(qsizetype tables) const
     QCOMPARE(fromWindow.size(), tables);
     QCOMPARE(fromBatch.keys(), fromWindow.keys());
     for (auto file = fromBatch.cbegin(); file != fromBatch.cend(); ++file) {
-        QVERIFY2(file.value().count('\n') > 6, qPrintable(file.key())); // more than a line for each subject
+        QVERIFY2(file.value().count('\n') > 3, qPrintable(file.key())); // more than a header
         QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
     }
 }
@@ -198,6 +200,46 @@ void TestBatchLikeWindow::sameTablesOfClusters()
             .arg(method);
     QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
     compareTables(12); // of two eyes of six recordings
+}
+
+void TestBatchLikeWindow::sameStatistics_data()
+{
+    QTest::addColumn<int>("eyeMode");
+    QTest::addColumn<QString>("inWindow");
+    QTest::addColumn<QString>("inBatch");
+    QTest::addColumn<qsizetype>("tables"); // general, four of each flavour for each eye, four anglestars, measures
+    QTest::newRow("all eyes") << 0 << "for all eyes"
+                              << "all" << qsizetype(2 + 24 + 4 + 1);
+    QTest::newRow("mean eye") << 4 << "mean only"
+                              << "mean" << qsizetype(1 + 12 + 4 + 1);
+}
+
+void TestBatchLikeWindow::sameStatistics()
+{
+    QFETCH(int, eyeMode);
+    QFETCH(QString, inWindow);
+    QFETCH(QString, inBatch);
+    QFETCH(qsizetype, tables);
+    exportFromWindow(inWindow, QStringLiteral("unused"), {});
+    find<QComboBox>("comboBox_eyemode")->setCurrentIndex(eyeMode);
+    auto *clusters = find<QWidget>("clusterCalc_widget");
+    clusters->findChild<QToolButton *>(QStringLiteral("calculateClusters_button"))->click();
+    clusters->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    find<QPushButton>("generalButton")->click();
+    QVERIFY(QDir().mkpath(QStringLiteral("window")));
+    find<QLineEdit>("statisticsFolderLineEdit")->setText(QStringLiteral("window"));
+    find<QLineEdit>("statisticsPrefixLineEdit")->setText(QStringLiteral("same"));
+    find<QComboBox>("statisticsEyeComboBox")->setCurrentText(inWindow);
+    for (const char *box : {"generalCheckBox", "clusterStatisticsCheckBox", "cumulativeStatisticsCheckBox",
+                            "bothStatisticsCheckBox", "angleStarCheckBox", "scanpathMeasuresCheckBox"})
+        find<QCheckBox>(box)->click();
+    find<QPushButton>("statisticsExportButton")->click();
+    const QString calls = QStringLiteral("--quiet --out=batch --prefix=same --export "
+                                         "general-statistics,transitions,anglestar,scanpath-measures --calculate "
+                                         "fixations,clusters,cumulative-clusters,general-statistics --eyes ") +
+                          inBatch;
+    QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
+    compareTables(tables);
 }
 
 QTEST_MAIN(TestBatchLikeWindow)

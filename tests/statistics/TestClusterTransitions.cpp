@@ -1,5 +1,5 @@
-#include "visualization/ToyData.h"
 #include "visualization/selection/ClusterSelection.h"
+#include "visualization/ToyData.h"
 
 #include <QTest>
 

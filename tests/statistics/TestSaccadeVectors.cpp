@@ -1,5 +1,5 @@
-#include "visualization/ToyData.h"
 #include "statistics/SaccadeVectors.h"
+#include "visualization/ToyData.h"
 
 #include <QTest>
 

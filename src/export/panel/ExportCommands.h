@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/DataExport.h"
+#include "export/StatisticsExport.h"
 
 #include <QUndoCommand>
 
@@ -39,3 +40,5 @@ using CommandExportFixations = TableExportCommand<exportFixations>;
 using CommandExportClusters = TableExportCommand<exportClusters>;
 using CommandExportEvents = TableExportCommand<exportEvents>;
 using CommandExportCumulativeClusters = TableExportCommand<exportCumulativeClusters>;
+using CommandExportGeneralStatistics = TableExportCommand<exportGeneralStatistics>;
+using CommandExportAoiStatistics = TableExportCommand<exportAoiStatistics>;

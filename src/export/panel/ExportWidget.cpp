@@ -2,31 +2,16 @@
 
 #include "commands/CommandStack.h"
 #include "export/panel/ExportCommands.h"
+#include "export/panel/ExportForm.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
 #include "ui_ExportWidget.h"
 
 #include <QFileDialog>
-#include <QMessageBox>
 
 #include <algorithm>
 
 namespace {
-
-constexpr std::pair<QLatin1StringView, EyeMode> eyeSelections[] = {
-    {QLatin1StringView("for all eyes"), EyeMode::showAll}, {QLatin1StringView("dominant only"), EyeMode::showDominant},
-    {QLatin1StringView("left only"), EyeMode::showLeft},   {QLatin1StringView("right only"), EyeMode::showRight},
-    {QLatin1StringView("mean only"), EyeMode::showMean},
-};
-
-EyeMode eyeSelection(const QString &text)
-{
-    for (const auto &[name, mode] : eyeSelections) {
-        if (text == name)
-            return mode;
-    }
-    return EyeMode::showAll;
-}
 
 void storeFolder(const QString &folder)
 {
@@ -69,18 +54,24 @@ ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_uniq
     connect(ui->dataExportButton, &QAbstractButton::clicked, this, &ExportWidget::sltExportData);
     for (const TableKind &kind : tableKinds)
         connect(ui.get()->*kind.box, &QCheckBox::toggled, this, [this, kind] { enable(ui.get()->*kind.box); });
+    connect(ui->statisticsBox, &StatisticsExportBox::transitionsWanted, this, &ExportWidget::sigExport_aoi_trans_csv);
+    connect(ui->statisticsBox, &StatisticsExportBox::angleStarWanted, this, &ExportWidget::sigExport_anglestar);
 }
 
 ExportWidget::~ExportWidget() = default;
+
+void ExportWidget::setModel(DataModel *model)
+{
+    m_model = model;
+    ui->statisticsBox->setModel(model);
+}
 
 void ExportWidget::sltExportData()
 {
     const ExportTarget target{ui->dataFolderLineEdit->text(), ui->dataPrefixLineEdit->text(),
                               eyeSelection(ui->dataEyeComboBox->currentText())};
     if (target.folder.isEmpty()) {
-        QMessageBox box(this);
-        box.setText(QStringLiteral("Please specifie a folder!!!")); // sic
-        box.exec();
+        askForFolder(this);
         return;
     }
     if (!m_model)
@@ -119,6 +110,53 @@ void ExportWidget::sltEnableEventExport()
 void ExportWidget::sltEnableCumulativeClusterExport()
 {
     enable(ui->cumulativeClusterCheckBox);
+}
+
+void ExportWidget::sltExportStatistics()
+{
+    ui->statisticsBox->exportChosen();
+}
+
+void ExportWidget::sltBrowseStatisticExportFolder()
+{
+    ui->statisticsBox->browseFolder();
+}
+
+TransitionChoice ExportWidget::transitionChoice() const
+{
+    return ui->statisticsBox->transitionChoice();
+}
+
+using Statistics = StatisticsExportBox::Kind;
+
+void ExportWidget::sltEnableGeneralStatisticsExport()
+{
+    ui->statisticsBox->enable(Statistics::General);
+}
+
+void ExportWidget::sltEnableAOIstatsExport()
+{
+    ui->statisticsBox->enable(Statistics::Areas);
+}
+
+void ExportWidget::sltEnable_AOI_trans_matrix_export()
+{
+    ui->statisticsBox->enable(Statistics::AreaTransitions);
+}
+
+void ExportWidget::sltEnableClusterstatsExport()
+{
+    ui->statisticsBox->enable(Statistics::Clusters);
+}
+
+void ExportWidget::sltEnableCUMMClusterstatsExport()
+{
+    ui->statisticsBox->enable(Statistics::CumulativeClusters);
+}
+
+void ExportWidget::sltEnableAnglestarExport()
+{
+    ui->statisticsBox->enable(Statistics::AngleStar);
 }
 
 void ExportWidget::sltExportAppendInfo(int state)

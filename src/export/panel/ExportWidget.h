@@ -1,5 +1,7 @@
 #pragma once
 
+#include "export/panel/StatisticsExportBox.h"
+
 #include <QWidget>
 
 #include <memory>
@@ -19,7 +21,15 @@ public:
     ~ExportWidget() override;
 
     /// @param model  must outlive the widget and the undo stack's use; until one is set nothing is exported.
-    void setModel(DataModel *model) { m_model = model; }
+    void setModel(DataModel *model);
+
+    /// Which tables of transitions are chosen.
+    TransitionChoice transitionChoice() const;
+
+Q_SIGNALS:
+    /// The tables of transitions, and those of the anglestar, with what their paths begin with.
+    void sigExport_aoi_trans_csv(const QString &stem);
+    void sigExport_anglestar(const QString &stem);
 
 public Q_SLOTS:
     /// Pushes a command for each check box that is on, in the order of the form.
@@ -30,6 +40,16 @@ public Q_SLOTS:
     void sltEnableFixationClusterExport();
     void sltEnableEventExport();
     void sltEnableCumulativeClusterExport();
+    /// The same for statistics.
+    void sltExportStatistics();
+    void sltBrowseStatisticExportFolder();
+    /// There is something to write of a kind of statistics.
+    void sltEnableGeneralStatisticsExport();
+    void sltEnableAOIstatsExport();
+    void sltEnable_AOI_trans_matrix_export();
+    void sltEnableClusterstatsExport();
+    void sltEnableCUMMClusterstatsExport();
+    void sltEnableAnglestarExport();
     /// Stores a choice, a Qt::CheckState, for which the form has no control any more.
     void sltExportAppendInfo(int state);
 

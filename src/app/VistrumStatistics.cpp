@@ -1,0 +1,30 @@
+// Statistics: what the window calculates and writes for its panels.
+
+#include "app/Vistrum.h"
+#include "ui_Vistrum.h"
+
+#include "export/AngleStarExport.h"
+#include "export/panel/ExportWidget.h"
+#include "settings/StoredKeys.h"
+#include "statistics/StatisticsCalculation.h"
+
+void Vistrum::sltCalculateGeneralStatistics()
+{
+    calculateGeneralStatistics(m_model, &m_log);
+}
+
+void Vistrum::sltCalcAOIStats()
+{
+    calculateAoiStatistics(m_model, &m_log);
+}
+
+void Vistrum::sltexport_aoi_trans_csv(const QString &stem)
+{
+    exportTransitions(m_model, stem, eyeMode(), m_ui->control->exportWidget().transitionChoice(), &m_log);
+}
+
+void Vistrum::sltexport_anglestar(const QString &stem)
+{
+    const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
+    exportAngleStar(m_model, stem, {saccades->numberOfHistogramBins, saccades->angleOffset});
+}

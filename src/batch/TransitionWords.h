@@ -1,0 +1,18 @@
+#pragma once
+
+#include "batch/StatisticsOptions.h"
+#include "export/TransitionExport.h"
+
+/// A word of `--transitions` or `--transition-values` and what it adds to a choice.
+struct TransitionRow {
+    bool built() const { return add != nullptr; }
+
+    QLatin1StringView word;
+    void (*add)(TransitionChoice &) = nullptr;
+};
+
+QList<TransitionRow> transitionRows();
+QList<TransitionRow> transitionValueRows();
+
+/// What the options choose of the tables of transitions.
+TransitionChoice chosenTransitions(const StatisticsOptions &options, const DataModel &model, EyeMode eyes);

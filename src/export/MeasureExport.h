@@ -1,0 +1,26 @@
+#pragma once
+
+#include "export/ExportResult.h"
+#include "export/ExportTarget.h"
+
+#include <optional>
+
+/// What the tidy tables need beside the model.
+struct MeasureForm {
+    /// Size of a pixel as part of the distance from eye to picture; nothing: not known, angles stay empty.
+    std::optional<double> pixelPerDistance;
+    QString groupBy = QStringLiteral("group"); ///< property of the examinations that names their groups
+};
+
+/// Writes a row for each checked examination, eye and area of interest, and tells the user where.
+ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target);
+
+/// Writes a row for each checked examination and eye.
+ExportResult exportScanpathMeasures(const DataModel &model, const ExportTarget &target, const MeasureForm &form);
+
+/// Writes a row for each eye, measure, area and group, with the comparison where there are two groups. Examinations
+/// without a group take no part; without any group nothing is written, and the user is told.
+ExportResult exportGroupComparison(const DataModel &model, const ExportTarget &target, const MeasureForm &form);
+
+/// The rows of that table with its header as the first, for showing; the header alone without groups.
+QList<QStringList> groupComparisonRows(const DataModel &model, EyeMode eyes, const MeasureForm &form);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "model/Examination.h"
+
+/// The columns of the statistics are those whose keys are set in the store. Headers end with ";".
+
+QString generalStatisticsHeader();
+
+/// The row of a stream; nothing if it has not been measured. Each value stands in quotes with a decimal comma, speeds
+/// with " px/ms": the unit that users know, although the speeds are px per second.
+///
+/// @param eye  word of the third column.
+QString generalStatisticsRow(const Examination &examination, Eye eye);
+
+QString aoiStatisticsHeader();
+
+/// A row for each area that was measured in the stream, in the order of the areas. A point in the name of an area
+/// becomes a comma, as in its values.
+QString aoiStatisticsRows(const Examination &examination, Eye eye);
+
+/// Header and sizes of the areas in px^2 with a decimal point; empty without areas.
+QString aoiAreaTable(const QList<AreaOfInterest> &areas);

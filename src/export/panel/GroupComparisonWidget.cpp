@@ -1,0 +1,91 @@
+#include "export/panel/GroupComparisonWidget.h"
+
+#include "detection/PixelSize.h"
+#include "export/MeasureExport.h"
+#include "settings/StoredKeys.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <memory>
+#include <set>
+
+namespace {
+
+constexpr QLatin1StringView defaultColumn("group");
+
+/// Numbers as users read them; the exported table has all digits.
+QString shortened(const QString &field)
+{
+    bool isNumber = false;
+    const double value = field.toDouble(&isNumber);
+    constexpr int digits = 4;
+    return isNumber ? QString::number(value, 'g', digits) : field;
+}
+
+} // namespace
+
+GroupComparisonWidget::GroupComparisonWidget(QWidget *parent)
+    : QGroupBox(QStringLiteral("Comparison of groups"), parent)
+    , m_columns(new QComboBox(this))
+    , m_table(new QTableWidget(this))
+{
+    m_columns->setObjectName(QStringLiteral("groupColumnComboBox"));
+    m_table->setObjectName(QStringLiteral("groupComparisonTable"));
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    auto *button = new QPushButton(QStringLiteral("Compare groups"), this);
+    button->setObjectName(QStringLiteral("compareGroupsButton"));
+    button->setToolTip(QStringLiteral("Measures of areas and scanpaths by group: each subject counts once"));
+    auto *label = new QLabel(QStringLiteral("Groups by:"), this);
+    label->setBuddy(m_columns);
+    auto *layout = new QVBoxLayout(this);
+    for (QWidget *each : std::initializer_list<QWidget *>{label, m_columns, button, m_table})
+        layout->addWidget(each);
+    connect(button, &QPushButton::clicked, this, &GroupComparisonWidget::compare);
+    listColumns();
+}
+
+void GroupComparisonWidget::showEvent(QShowEvent *event)
+{
+    QGroupBox::showEvent(event);
+    listColumns();
+}
+
+/// The entries that any examination has; the choice stays if it is still there.
+void GroupComparisonWidget::listColumns()
+{
+    std::set<QString> names{QString(defaultColumn)};
+    if (m_model) {
+        for (const Examination &examination : m_model->examinations())
+            names.insert(examination.properties.keyBegin(), examination.properties.keyEnd());
+    }
+    const QString chosen = m_columns->count() > 0 ? m_columns->currentText() : QString(defaultColumn);
+    m_columns->clear();
+    for (const QString &name : names)
+        m_columns->addItem(name);
+    m_columns->setCurrentText(chosen);
+}
+
+void GroupComparisonWidget::compare()
+{
+    if (!m_model)
+        return;
+    FixationSettingsModel settings;
+    loadFixationSettings(settings);
+    const QList<QStringList> rows = groupComparisonRows(
+        *m_model, eyeMode(), {.pixelPerDistance = pixelPerDistance(settings), .groupBy = m_columns->currentText()});
+    const QStringList &header = rows.first();
+    m_table->clear();
+    m_table->setColumnCount(static_cast<int>(header.size()));
+    m_table->setRowCount(static_cast<int>(rows.size()) - 1);
+    m_table->setHorizontalHeaderLabels(header);
+    for (int row = 1; row < rows.size(); ++row) {
+        for (int column = 0; column < header.size(); ++column)
+            m_table->setItem(row - 1, column,
+                             std::make_unique<QTableWidgetItem>(shortened(rows[row][column])).release());
+    }
+    m_table->resizeColumnsToContents();
+}

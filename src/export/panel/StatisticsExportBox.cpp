@@ -1,0 +1,168 @@
+#include "export/panel/StatisticsExportBox.h"
+
+#include "commands/CommandStack.h"
+#include "detection/PixelSize.h"
+#include "export/MeasureExport.h"
+#include "export/panel/ExportCommands.h"
+#include "export/panel/ExportForm.h"
+#include "export/StatisticsExport.h"
+#include "settings/StoredKeys.h"
+#include "ui_StatisticsExportBox.h"
+
+#include <QFileDialog>
+
+#include <algorithm>
+
+namespace {
+
+using Form = Ui::StatisticsExportBox;
+
+/// What can be chosen for writing, in the order of `StatisticsExportBox::Kind` and behind those what follows from them.
+constexpr QCheckBox *Form::*choices[] = {&Form::generalCheckBox,
+                                         &Form::aoiCheckBox,
+                                         &Form::aoiTransitionCheckBox,
+                                         &Form::clusterStatisticsCheckBox,
+                                         &Form::cumulativeStatisticsCheckBox,
+                                         &Form::angleStarCheckBox,
+                                         &Form::bothStatisticsCheckBox,
+                                         &Form::aoiMeasuresCheckBox,
+                                         &Form::scanpathMeasuresCheckBox,
+                                         &Form::groupComparisonCheckBox};
+
+/// The geometry is that of the last velocity calculation, where it measured angles.
+MeasureForm currentForm()
+{
+    FixationSettingsModel settings;
+    loadFixationSettings(settings);
+    return {.pixelPerDistance = pixelPerDistance(settings)};
+}
+
+ExportResult writeScanpathMeasures(const DataModel &model, const ExportTarget &target)
+{
+    return exportScanpathMeasures(model, target, currentForm());
+}
+
+ExportResult writeGroupComparison(const DataModel &model, const ExportTarget &target)
+{
+    return exportGroupComparison(model, target, currentForm());
+}
+
+template <auto Write>
+QUndoCommand *newCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
+{
+    return new TableExportCommand<Write>(kind, model, target);
+}
+
+/// A table that is written by a command: its check box and its name in the undo view.
+struct CommandKind {
+    QCheckBox *Form::*box;
+    QLatin1StringView caption;
+    QUndoCommand *(*command)(QLatin1StringView, DataModel &, const ExportTarget &);
+};
+
+constexpr CommandKind requiredTables[] = {
+    {&Form::generalCheckBox, QLatin1StringView("general statistics"), newCommand<exportGeneralStatistics>},
+    {&Form::aoiCheckBox, QLatin1StringView("AOI statistics"), newCommand<exportAoiStatistics>},
+};
+
+constexpr CommandKind tidyTables[] = {
+    {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newCommand<exportAoiMeasures>},
+    {&Form::scanpathMeasuresCheckBox, QLatin1StringView("scanpath measures"), newCommand<writeScanpathMeasures>},
+    {&Form::groupComparisonCheckBox, QLatin1StringView("group comparison"), newCommand<writeGroupComparison>},
+};
+
+template <size_t N>
+void pushChosen(const Form &form, const CommandKind (&kinds)[N], DataModel *model, const ExportTarget &target)
+{
+    for (const CommandKind &kind : kinds) {
+        if (model && (form.*kind.box)->isChecked())
+            CommandStack::instance().push(kind.command(kind.caption, *model, target));
+    }
+}
+
+} // namespace
+
+StatisticsExportBox::StatisticsExportBox(QWidget *parent) : QGroupBox(parent), ui(std::make_unique<Form>())
+{
+    ui->setupUi(this);
+    ui->statisticsFolderLineEdit->setText(readStored(keys::statisticExportFolder));
+    QLineEdit *folder = ui->statisticsFolderLineEdit; // still there when the last focus goes, in contrast to the form
+    connect(folder, &QLineEdit::editingFinished, folder,
+            [folder] { writeStored(keys::statisticExportFolder, folder->text()); });
+    connect(ui->statisticsBrowseButton, &QAbstractButton::clicked, this, &StatisticsExportBox::browseFolder);
+    connect(ui->statisticsExportButton, &QAbstractButton::clicked, this, &StatisticsExportBox::exportChosen);
+    for (const auto choice : choices)
+        connect(ui.get()->*choice, &QCheckBox::toggled, this, &StatisticsExportBox::updateButton);
+}
+
+StatisticsExportBox::~StatisticsExportBox() = default;
+
+void StatisticsExportBox::exportChosen()
+{
+    const ExportTarget target{ui->statisticsFolderLineEdit->text(), ui->statisticsPrefixLineEdit->text(),
+                              eyeSelection(ui->statisticsEyeComboBox->currentText())};
+    if (target.folder.isEmpty()) {
+        askForFolder(this);
+        return;
+    }
+    pushChosen(*ui, requiredTables, m_model, target);
+    const TransitionChoice choice = transitionChoice();
+    if (choice.areas || !choice.flavours.isEmpty())
+        Q_EMIT transitionsWanted(pathStem(target));
+    if (ui->angleStarCheckBox->isChecked())
+        Q_EMIT angleStarWanted(pathStem(target));
+    pushChosen(*ui, tidyTables, m_model, target);
+}
+
+void StatisticsExportBox::browseFolder()
+{
+    const QString stored = readStored(keys::statisticExportFolder);
+    const QString folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Select export folder"), stored);
+    if (folder.isEmpty())
+        return;
+    ui->statisticsFolderLineEdit->setText(folder);
+    writeStored(keys::statisticExportFolder, folder);
+}
+
+TransitionChoice StatisticsExportBox::transitionChoice() const
+{
+    constexpr std::pair<QCheckBox * Form::*, TransitionFlavour> flavours[] = {
+        {&Form::clusterStatisticsCheckBox, TransitionFlavour::Own},
+        {&Form::cumulativeStatisticsCheckBox, TransitionFlavour::Pooled},
+        {&Form::bothStatisticsCheckBox, TransitionFlavour::OwnAndPooled}};
+    TransitionChoice choice;
+    for (const auto &[box, flavour] : flavours) {
+        if ((ui.get()->*box)->isChecked())
+            choice.flavours << flavour;
+    }
+    choice.absolute = ui->absoluteCheckBox->isChecked();
+    choice.relative = ui->relativeCheckBox->isChecked();
+    choice.measures = ui->measuresCheckBox->isChecked();
+    choice.areas = ui->aoiTransitionCheckBox->isChecked();
+    return choice;
+}
+
+void StatisticsExportBox::enable(Kind kind)
+{
+    (ui.get()->*choices[static_cast<size_t>(kind)])->setEnabled(true);
+    ui->bothStatisticsCheckBox->setEnabled(ui->clusterStatisticsCheckBox->isEnabled() &&
+                                           ui->cumulativeStatisticsCheckBox->isEnabled());
+    const bool hasClusters =
+        ui->clusterStatisticsCheckBox->isEnabled() || ui->cumulativeStatisticsCheckBox->isEnabled();
+    for (QCheckBox *values : {ui->absoluteCheckBox, ui->relativeCheckBox, ui->measuresCheckBox})
+        values->setEnabled(hasClusters);
+    if (kind == Kind::AngleStar) { // there are fixations
+        ui->scanpathMeasuresCheckBox->setEnabled(true);
+        ui->groupComparisonCheckBox->setEnabled(true);
+    }
+    if (kind == Kind::AreaTransitions)
+        ui->aoiMeasuresCheckBox->setEnabled(true);
+    updateButton();
+}
+
+/// On when at least one kind is.
+void StatisticsExportBox::updateButton()
+{
+    ui->statisticsExportButton->setEnabled(std::any_of(
+        std::begin(choices), std::end(choices), [this](auto choice) { return (ui.get()->*choice)->isChecked(); }));
+}
