@@ -16,6 +16,7 @@
 #include "settings/StoredKeys.h"
 #include "visualization/timeline/ActivityCurves.h"
 #include "visualization/heatmap/Heatmap.h"
+#include "visualization/panel/VisualizationAOIWidget.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
@@ -260,7 +261,8 @@ DrawingContext Vistrum::drawingContext() const
             .gazePoints = *gazePoints,
             .fixations = *fixations,
             .clusters = *clusters,
-            .saccades = *saccades};
+            .saccades = *saccades,
+            .areas = m_ui->control->areasWidget().parameters()};
 }
 
 /// On top of what is drawn, until the next redraw: what is exported then shows the heatmap.
@@ -338,6 +340,7 @@ void Vistrum::sltLoadDefaultSettings()
         findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
     for (VisualizationWidget *panel : m_ui->control->visualizationWidgets())
         panel->sltUpdateSettings();
+    m_ui->control->areasWidget().sltUpdateSettings();
     m_ui->control->fixationControl().sltUpdateSettings();
 }
 

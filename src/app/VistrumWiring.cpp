@@ -10,6 +10,7 @@
 #include "import/panel/DataWidget.h"
 #include "table/panel/ExaminationTableControl.h"
 #include "visualization/parameters/GroupColors.h"
+#include "visualization/panel/VisualizationAOIWidget.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 
@@ -67,6 +68,9 @@ void Vistrum::connectPanels()
         connect(panel, &VisualizationWidget::sigExportheatmap, this, &Vistrum::sltExportheatmap);
         connect(this, &Vistrum::sigUpdateSettings, panel, &VisualizationWidget::sltUpdateSettings);
     }
+    connect(&control.areasWidget(), &VisualizationAOIWidget::sigGraphicsParametersChanged, this,
+            &Vistrum::sltUpdateAndRedraw);
+    connect(this, &Vistrum::sigUpdateSettings, &control.areasWidget(), &VisualizationAOIWidget::sltUpdateSettings);
     control.saccadeClustersWidget().setScene(&m_scene);
     connect(this, &Vistrum::sigSetSaccadeClusterStatusNone, &control.saccadeClusterControl(),
             &SaccadeClusterControl::sltSetStatusNone);

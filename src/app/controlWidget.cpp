@@ -104,6 +104,7 @@ void controlWidget::setLog(const Log *log)
     m_ui->Data_Widget->setLog(log);
     m_ui->FixCalc_widget->setLog(log);
     m_ui->clusterCalc_widget->setLog(log);
+    m_ui->visAOIWidget->setLog(log);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setLog(log);
 }
@@ -131,6 +132,11 @@ SaccadeClusterControl &controlWidget::saccadeClusterControl()
 VisualizationSaccadeClustersWidget &controlWidget::saccadeClustersWidget()
 {
     return *m_ui->saccadebundle_widget;
+}
+
+VisualizationAOIWidget &controlWidget::areasWidget()
+{
+    return *m_ui->visAOIWidget;
 }
 
 AoiControl &controlWidget::aoiControl()

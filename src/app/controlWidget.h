@@ -16,6 +16,7 @@ class FixationControl;
 class IMainWindow;
 class Log;
 class SaccadeClusterControl;
+class VisualizationAOIWidget;
 class VisualizationSaccadeClustersWidget;
 class VisualizationWidget;
 
@@ -41,6 +42,7 @@ public:
     AoiControl &aoiControl();
     ExportWidget &exportWidget();
     VisualizationSaccadeClustersWidget &saccadeClustersWidget();
+    VisualizationAOIWidget &areasWidget();
 
     /// The panels of gaze points, fixations, fixation clusters and saccades.
     std::array<VisualizationWidget *, 4> visualizationWidgets() const;

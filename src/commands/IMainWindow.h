@@ -28,6 +28,8 @@ public:
 
     /// The picture that is shown behind the drawing. A window without one may leave this out.
     virtual QPixmap stimulus() const { return {}; }
+    /// Whether that is a picture, and not the plain background.
+    virtual bool hasStimulus() const { return !stimulus().isNull(); }
 
     virtual void redraw() = 0;
 

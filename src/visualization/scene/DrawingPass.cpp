@@ -1,5 +1,6 @@
 #include "visualization/scene/DrawingPass.h"
 
+#include "visualization/modes/AoiModes.h"
 #include "visualization/modes/DrawingModes.h"
 #include "visualization/modes/DrawnAs.h"
 #include "visualization/scene/SceneItems.h"
@@ -45,7 +46,7 @@ void collectFigures(QList<HeatmapFigures> &figures, const Drawing &drawing)
 // Back to front.
 constexpr ExaminationStep examinationSteps[] = {drawFixations, drawClusters};
 constexpr PooledStep pooledSteps[] = {drawSaccades, drawGazePoints, drawPooledFixations, drawPooledClusters,
-                                      drawPooledSaccades};
+                                      drawPooledSaccades, aoiDrawing};
 
 /// The view paints all items, and the next redraw throws them away: a fine index of their places never pays. Long
 /// arrows, which lie in most places at once, would make its time quadratic.

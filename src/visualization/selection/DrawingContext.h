@@ -2,6 +2,7 @@
 
 #include "model/DataModel.h"
 #include "model/TimeFrame.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
 /// What a drawing is made from. The references are to objects of the caller, who keeps them alive while drawing.
@@ -13,4 +14,5 @@ struct DrawingContext {
     const VisualizationParameters &fixations;
     const VisualizationParameters &clusters;
     const VisualizationParameters &saccades;
+    const AoiVisualizationParameters &areas;
 };

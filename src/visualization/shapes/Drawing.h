@@ -8,9 +8,11 @@
 #include <QLineF>
 #include <QList>
 #include <QPen>
+#include <QPolygonF>
 #include <QRectF>
 #include <QVector2D>
 
+#include <optional>
 #include <variant>
 
 /// An ellipse at any angle, given by its semi-axes.
@@ -64,7 +66,26 @@ struct TextShape {
     TextAnchor anchor = TextAnchor::Left;
 };
 
-using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape>;
+/// A closed polygon.
+struct PolygonShape {
+    QPolygonF polygon;
+    QPen pen;
+    QBrush brush;
+    QString toolTip = {};
+    std::optional<qsizetype> shownOnArea = {}; ///< hidden until the mouse enters the area with this index
+};
+
+/// An area of interest that the mouse can enter.
+struct AreaShape {
+    QPolygon polygon;
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+    qsizetype index = 0; ///< place among the areas of the drawing
+};
+
+using Shape =
+    std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape, PolygonShape, AreaShape>;
 
 /// A picture as data: shapes from back to front, in canvas pixels.
 using Drawing = QList<Shape>;
@@ -78,4 +99,6 @@ using Drawing = QList<Shape>;
 ///     line 10 20 to 30 40 pen #7fff0000 1 dashed tip From Cluster 0 to Cluster 1 :2 | ...
 ///     text 10 20 #000000 font Arial 30 reads 14.4°
 ///     text middle 10 20 #000000 font Arial 30 reads C0
+///     polygon 10 20 30 40 50 60 pen #ff0000 1 brush #ffff0000 tip Transitions out ... shown on area 0
+///     area 0 10 20 30 40 50 60 pen #0000ff 7 brush #800000ff tip Transitions (4):50%
 QString toText(const Drawing &drawing);
