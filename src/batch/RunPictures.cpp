@@ -19,6 +19,7 @@ struct DrawingParameters {
     VisualizationParameters fixations = fixationParameters();
     VisualizationParameters clusters = clusterParameters();
     VisualizationParameters saccades = saccadeParameters();
+    AoiVisualizationParameters areas = storedAoiVisualization();
 };
 
 /// What the model shows with them in its time frame.
@@ -30,7 +31,8 @@ DrawingContext contextOf(const DataModel &model, const DrawingParameters &parame
             .gazePoints = parameters.gazePoints,
             .fixations = parameters.fixations,
             .clusters = parameters.clusters,
-            .saccades = parameters.saccades};
+            .saccades = parameters.saccades,
+            .areas = parameters.areas};
 }
 
 } // namespace
