@@ -1,6 +1,10 @@
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "aoi/generation/GridAois.h"
+#include "aoi/panel/add_heatmap_aoi.h"
+#include "aoi/panel/AoiControl.h"
+#include "aoi/panel/CancellableProgress.h"
 #include "base/Messages.h"
 #include "clustering/ClusterOrder.h"
 #include "commands/CommandStack.h"
@@ -8,19 +12,19 @@
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
-#include "table/panel/ExaminationTableControl.h"
 #include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
-#include "visualization/timeline/ActivityCurves.h"
+#include "table/panel/ExaminationTableControl.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/panel/VisualizationAOIWidget.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/SceneItems.h"
+#include "visualization/timeline/ActivityCurves.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -29,7 +33,10 @@
 
 #include <algorithm>
 
-Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Vistrum>())
+Vistrum::Vistrum(QWidget *parent)
+    : QMainWindow(parent)
+    , m_regionDialog(std::make_unique<add_heatmap_aoi>())
+    , m_ui(std::make_unique<Ui::Vistrum>())
 {
     m_log.clear();
     m_log.write(QStringLiteral("Starting program"));
@@ -46,6 +53,7 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     makeTable();
     connectForm();
     connectPanels();
+    connectAreas();
 }
 
 Vistrum::~Vistrum()
@@ -112,6 +120,17 @@ void Vistrum::refreshGroups()
         panel->refreshGroups();
 }
 
+void Vistrum::sltAddAOIsHeatmap()
+{
+    m_regionDialog->show();
+    m_regionDialog->raise();
+}
+
+void Vistrum::sltAddAOIsGrid()
+{
+    m_ui->control->aoiControl().insertAll(aoisOf(gridAois()));
+}
+
 void Vistrum::sltShowTable(bool shown)
 {
     m_ui->tableWidget->setVisible(shown);
@@ -127,6 +146,11 @@ void Vistrum::showImported()
 int Vistrum::stimulusWidthPx() const
 {
     return m_backgroundPixmap.width();
+}
+
+bool Vistrum::hasStimulus() const
+{
+    return m_ui->image_comboBox->currentIndex() > 0 && !m_backgroundPixmap.isNull();
 }
 
 void Vistrum::refreshPlainBackground()
@@ -238,6 +262,7 @@ void Vistrum::redraw()
         m_redrawMissed = true;
         return;
     }
+    const QImage saliency = saliencyOverlay();
     orderClusters(m_model, {timeline().start(), timeline().end()});
     update_timeline_widget();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
@@ -246,10 +271,31 @@ void Vistrum::redraw()
     m_scene.clear();
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
     SettingsStore().sync();
+    if (!saliency.isNull())
+        addItems(m_scene, {RasterShape{saliency}}); // over the picture, below everything else
     const auto panels = m_ui->control->visualizationWidgets();
     for (const HeatmapFigures &figures : runDrawingPass(m_scene, m_model, drawingContext()))
         panels[static_cast<std::size_t>(figures.kind)]->showFigures(figures);
     saccadeClusters.sltRedrawClusters();
+}
+
+/// Null without a method, and without a picture, which is told once. Nothing is drawn meanwhile: the caller is about
+/// to.
+QImage Vistrum::saliencyOverlay()
+{
+    const int method = m_ui->control->saliencyMethod();
+    const bool isMissing = method > 0 && !hasStimulus();
+    if (isMissing && !std::exchange(m_toldMissingPicture, true))
+        messages::information(tr("No picture"), tr("Saliency is that of a picture. Please choose one as background."));
+    if (method < 1 || isMissing)
+        return {};
+    m_toldMissingPicture = false;
+    ++m_redrawHolds;
+    const CancellableProgress progress(this);
+    const QImage overlay = m_saliency.image(static_cast<SaliencyMethod>(method), m_backgroundPixmap.toImage(),
+                                            m_model.saliencyParameters, progress.token());
+    --m_redrawHolds;
+    return overlay;
 }
 
 DrawingContext Vistrum::drawingContext() const

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "aoi/saliency/SaliencyOverlay.h"
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
-#include "visualization/selection/DrawingContext.h"
 #include "visualization/scene/Background.h"
+#include "visualization/selection/DrawingContext.h"
 
 #include <QGraphicsScene>
 #include <QMainWindow>
@@ -14,6 +15,7 @@
 #include <memory>
 
 class ExaminationTableControl;
+class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
 
@@ -37,6 +39,7 @@ public:
     void showImported() override;
     int stimulusWidthPx() const override;
     QPixmap stimulus() const override { return m_backgroundPixmap; }
+    bool hasStimulus() const override;
     void redraw() override;
     void updateAndRedraw() override;
     void holdRedraw() override;
@@ -62,6 +65,8 @@ public Q_SLOTS:
     void sltUpdateBorder();
     void sltUpdateImageView(int index);
     void sltCutData(int state);
+    void sltAddAOIsHeatmap();
+    void sltAddAOIsGrid();
     void sltShowTable(bool shown);
     void sltShowTimeline(bool shown);
     /// The timeline has another size: its curves are made anew.
@@ -84,10 +89,12 @@ private:
     void makeTable();
     void connectForm();
     void connectPanels();
+    void connectAreas();
     void cutOrRestoreOutliers();
     Timeline &timeline() const;
     std::array<const VisualizationParameters *, 4> drawingParameters() const;
     DrawingContext drawingContext() const;
+    QImage saliencyOverlay();
     void refreshGroups();
     void rebuildImageList();
 
@@ -98,6 +105,9 @@ private:
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
+    SaliencyOverlay m_saliency;
+    bool m_toldMissingPicture = false; ///< that saliency needs one
+    std::unique_ptr<add_heatmap_aoi> m_regionDialog;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any
     bool m_redrawMissed = false;  ///< meanwhile

@@ -3,16 +3,18 @@
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "aoi/panel/add_heatmap_aoi.h"
+#include "aoi/panel/AoiControl.h"
 #include "clustering/panel/ClusterControl.h"
 #include "clustering/panel/SaccadeClusterControl.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataWidget.h"
 #include "table/panel/ExaminationTableControl.h"
-#include "visualization/parameters/GroupColors.h"
 #include "visualization/panel/VisualizationAOIWidget.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
+#include "visualization/parameters/GroupColors.h"
 
 void Vistrum::makeTable()
 {
@@ -31,6 +33,22 @@ void Vistrum::makeTable()
     connect(m_table, &Control::timeSpanWanted, &timeline(), &Timeline::setTimeSpan);
     connect(m_table, &Control::groupsChanged, this, &Vistrum::refreshGroups);
     connect(m_table, &Control::sigSetSaccadeClusterStatusNone, this, &Vistrum::sigSetSaccadeClusterStatusNone);
+}
+
+void Vistrum::connectAreas()
+{
+    controlWidget &control = *m_ui->control;
+    m_regionDialog->setModel(&m_model);
+    m_regionDialog->setMainWindow(this);
+    m_regionDialog->setLog(&m_log);
+    m_regionDialog->setInsert([&control](const QList<AreaOfInterest> &aois) { control.aoiControl().insertAll(aois); });
+    m_regionDialog->setAttribute(Qt::WA_QuitOnClose, false); // the program ends with its main window
+    connect(&control, &controlWidget::sigAddAOIsHeatmap, this, &Vistrum::sltAddAOIsHeatmap);
+    connect(&control, &controlWidget::sigAddAOIsGrid, this, &Vistrum::sltAddAOIsGrid);
+    connect(m_regionDialog.get(), &add_heatmap_aoi::sigGenAOIs, this, &Vistrum::sltUpdateAndRedraw);
+    connect(&control.areasWidget(), &VisualizationAOIWidget::sigGraphicsParametersChanged, this,
+            &Vistrum::sltUpdateAndRedraw);
+    connect(this, &Vistrum::sigUpdateSettings, &control.areasWidget(), &VisualizationAOIWidget::sltUpdateSettings);
 }
 
 void Vistrum::connectForm()
@@ -68,9 +86,6 @@ void Vistrum::connectPanels()
         connect(panel, &VisualizationWidget::sigExportheatmap, this, &Vistrum::sltExportheatmap);
         connect(this, &Vistrum::sigUpdateSettings, panel, &VisualizationWidget::sltUpdateSettings);
     }
-    connect(&control.areasWidget(), &VisualizationAOIWidget::sigGraphicsParametersChanged, this,
-            &Vistrum::sltUpdateAndRedraw);
-    connect(this, &Vistrum::sigUpdateSettings, &control.areasWidget(), &VisualizationAOIWidget::sltUpdateSettings);
     control.saccadeClustersWidget().setScene(&m_scene);
     connect(this, &Vistrum::sigSetSaccadeClusterStatusNone, &control.saccadeClusterControl(),
             &SaccadeClusterControl::sltSetStatusNone);

@@ -76,6 +76,8 @@ void controlWidget::connectControls()
         connect(number, &QSpinBox::valueChanged, this, &controlWidget::sltSetSalVal);
     connect(m_ui->stat_calc, &QPushButton::clicked, this, &controlWidget::sltEmitGraphicChanged);
     connect(m_ui->aoi_widget, &AoiControl::sigGraphicsParametersChanged, this, &controlWidget::sltEmitGraphicChanged);
+    connect(m_ui->aoi_widget, &AoiControl::sigAddAOIsHeatmap, this, &controlWidget::sigAddAOIsHeatmap);
+    connect(m_ui->aoi_widget, &AoiControl::sigAddAOIsGrid, this, &controlWidget::sigAddAOIsGrid);
 }
 
 void controlWidget::setModel(DataModel *model)
@@ -212,6 +214,11 @@ void controlWidget::write(const QString &line) const
 }
 
 // ---- saliency
+
+int controlWidget::saliencyMethod() const
+{
+    return m_ui->comboBox_sal->currentIndex();
+}
 
 void controlWidget::sltSetSalButtons()
 {

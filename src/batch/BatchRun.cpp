@@ -6,6 +6,7 @@
 #include "batch/CalculationRows.h"
 #include "batch/OptionTable.h"
 #include "batch/ParallelImport.h"
+#include "batch/RunAois.h"
 #include "batch/RunPictures.h"
 #include "batch/Suggestion.h"
 #include "batch/TableRows.h"
@@ -20,6 +21,7 @@
 #include <QImageReader>
 #include <QJsonDocument>
 
+#include <cstdlib>
 #include <thread>
 
 namespace {
@@ -49,6 +51,13 @@ QString wrongLengthText(const QString &path, const ImportCounts &counts)
         .arg(path, QString::number(counts.wrongLengthLines), QString::number(counts.firstWrongLengthLine));
 }
 
+/// Areas get random colours: with the same seed, repeated runs give the same bytes.
+void seedColors()
+{
+    constexpr unsigned seedOfAFreshProcess = 1;
+    std::srand(seedOfAFreshProcess);
+}
+
 } // namespace
 
 BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output)
@@ -69,15 +78,19 @@ ExitCode BatchRun::run()
         messages::critical(QStringLiteral("vistrum-batch"), problem->text);
         return ExitCode::Usage;
     }
+    seedColors();
     importRecordings();
     loadAois();
     setTimeFrame();
     QMap<QString, QString> density;
     if (!m_state.model.examinations().isEmpty()) {
         calculate();
+        generateAois(m_state);
         exportTables();
+        exportAois(m_state);
         exportImages(m_state);
         density = exportDensity(m_state);
+        exportSaliency(m_state);
     }
     writeReport(density);
     return m_journal.failed() ? ExitCode::SomethingFailed : ExitCode::AllDone;
@@ -209,5 +222,6 @@ void BatchRun::writeReport(const QMap<QString, QString> &density)
     report.options = reportedOptions(asUsed);
     report.density = density;
     report.parameters = storedParameters(SettingsStore());
+    report.areas = reportedAreas(m_state);
     m_journal.write(QStringLiteral("Report"), m_options.reportFile, toJson(report).toJson());
 }
