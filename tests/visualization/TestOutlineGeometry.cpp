@@ -59,7 +59,7 @@ void TestOutlineGeometry::perimeters_data()
     QTest::newRow("one vertex") << QPolygon{{5, 5}} << 0.0;
     QTest::newRow("there and back") << QPolygon{{0, 0}, {3, 4}} << 10.0;
     QTest::newRow("square, the closing edge included") << square << 40.0;
-    QTest::newRow("the first vertex again at the end") << (QPolygon(square) << QPoint(0, 0)) << 40.0;
+    QTest::newRow("the first vertex again at the end") << QPolygon{{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}} << 40.0;
 }
 
 void TestOutlineGeometry::perimeters()

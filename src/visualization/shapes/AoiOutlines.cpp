@@ -1,9 +1,20 @@
 #include "visualization/shapes/AoiOutlines.h"
 
 #include "visualization/parameters/AoiVisualizationParameters.h"
-#include "visualization/parameters/VisualizationParameters.h"
 #include "visualization/selection/DrawingContext.h"
 #include "visualization/shapes/ShapeStyle.h"
+
+namespace {
+
+/// Of filling and name, beside the outline in the area's own colour.
+QColor fillOf(const QColor &color, int borderType)
+{
+    constexpr int brighter = 150; // percent
+    constexpr int darker = 200;
+    return borderType == 0 ? color.lighter(brighter) : borderType == 2 ? color.darker(darker) : color;
+}
+
+} // namespace
 
 TextShape aoiText(const QString &text, QPointF top, const QColor &color, TextAnchor anchor)
 {
@@ -15,7 +26,7 @@ Drawing aoiOutlines(const QList<AreaOfInterest> &areas, const AoiVisualizationPa
 {
     Drawing drawing;
     for (const AreaOfInterest &area : areas) {
-        const QColor fill = borderColorFor(area.color, parameters.borderType);
+        const QColor fill = fillOf(area.color, parameters.borderType);
         drawing << PolygonShape{area.polygon, QPen(area.color, std::max(0, parameters.borderWidth)),
                                 withOpacity(fill, parameters.fillOpacity)};
         if (parameters.displayNames)

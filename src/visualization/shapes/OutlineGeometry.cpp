@@ -113,6 +113,8 @@ NearestPlaces nearestPlaces(const QPolygon &from, const QPolygon &to)
 
 OutlineWalk walkOutline(const QPolygon &outline, OutlinePlace start, double length)
 {
+    if (start.fraction >= 1) // the corner is on the way only once
+        start = {(start.edge + 1) % outline.size(), 0};
     OutlineWalk walk{{positionOf(outline, start)}, start};
     // Twice around at most: lengths beyond the perimeter, by rounding or by mistake, come to an end.
     for (qsizetype steps = 2 * outline.size(); steps > 0; --steps) {
