@@ -31,6 +31,7 @@ private Q_SLOTS:
     void cleanup() { m_view.reset(); }
     void ribbonsAreHiddenAtFirst();
     void ribbonsOfTheAreaUnderTheMouseShow();
+    void nameDoesNotHideItsArea();
     void toolTipShows();
     void clearingTheSceneInAnyOrder();
     void shapeWithoutAreaShows();
@@ -86,6 +87,13 @@ void TestInteractivePolygon::ribbonsOfTheAreaUnderTheMouseShow()
     QTRY_COMPARE(shown(), QList<bool>({false, false, true}));
     enter({350, 150}); // an area without ribbons
     QTRY_COMPARE(shown(), QList<bool>({false, false, false}));
+}
+
+void TestInteractivePolygon::nameDoesNotHideItsArea()
+{
+    addItems(m_scene, {TextShape{{220, 130}, QStringLiteral("second"), QFont(), Qt::black}});
+    enter({225, 138});
+    QTRY_COMPARE(shown(), QList<bool>({false, false, true}));
 }
 
 void TestInteractivePolygon::toolTipShows()

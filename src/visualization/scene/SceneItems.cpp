@@ -44,6 +44,7 @@ void addItem(QGraphicsScene &scene, const TextShape &shape)
 {
     QGraphicsTextItem *item = scene.addText(shape.text, shape.font);
     item->setDefaultTextColor(shape.color);
+    item->setAcceptHoverEvents(false); // the mouse on a name is on its area
     const double left = shape.anchor == TextAnchor::Middle ? item->boundingRect().width() * 0.5 : 0;
     item->setPos(shape.top - QPointF(left, 0));
 }
