@@ -21,7 +21,6 @@
 #include <QImageReader>
 #include <QJsonDocument>
 
-#include <cstdlib>
 #include <thread>
 
 namespace {
@@ -51,13 +50,6 @@ QString wrongLengthText(const QString &path, const ImportCounts &counts)
         .arg(path, QString::number(counts.wrongLengthLines), QString::number(counts.firstWrongLengthLine));
 }
 
-/// Areas get random colours: with the same seed, repeated runs give the same bytes.
-void seedColors()
-{
-    constexpr unsigned seedOfAFreshProcess = 1;
-    std::srand(seedOfAFreshProcess);
-}
-
 } // namespace
 
 BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output)
@@ -78,7 +70,6 @@ ExitCode BatchRun::run()
         messages::critical(QStringLiteral("vistrum-batch"), problem->text);
         return ExitCode::Usage;
     }
-    seedColors();
     importRecordings();
     loadAois();
     setTimeFrame();
