@@ -183,7 +183,7 @@ struct Study {
     }
     DrawingContext context() const
     {
-        return {model, EyeMode::showDominant, {0, samplesPerRecording}, {{&gazePoints, &fixations, &none, &saccades}}};
+        return {model, EyeMode::showDominant, {0, samplesPerRecording}, {{&gazePoints, &fixations, &none, &saccades}}, areas};
     }
 
     DataModel model;
@@ -191,6 +191,7 @@ struct Study {
     VisualizationParameters fixations;
     VisualizationParameters saccades;
     VisualizationParameters none;
+    AoiVisualizationParameters areas;
 };
 
 /// From the recordings to a scene with its pixmap and the figures of the labels.

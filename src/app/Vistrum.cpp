@@ -1,6 +1,10 @@
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "aoi/generation/GridAois.h"
+#include "aoi/panel/add_heatmap_aoi.h"
+#include "aoi/panel/AoiControl.h"
+#include "aoi/panel/CancellableProgress.h"
 #include "app/NoticeLine.h"
 #include "app/SettingsDialogs.h"
 #include "app/WindowPlace.h"
@@ -18,6 +22,7 @@
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
 #include "table/panel/ExaminationTableControl.h"
+#include "visualization/panel/VisualizationAOIWidget.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/scene/DrawingPass.h"
@@ -33,7 +38,10 @@
 
 #include <algorithm>
 
-Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Vistrum>())
+Vistrum::Vistrum(QWidget *parent)
+    : QMainWindow(parent)
+    , m_regionDialog(std::make_unique<add_heatmap_aoi>())
+    , m_ui(std::make_unique<Ui::Vistrum>())
 {
     m_log.clear();
     m_log.write(QStringLiteral("Starting program"));
@@ -49,6 +57,7 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     makeTable();
     connectForm();
     connectPanels();
+    connectAreas();
 }
 
 Vistrum::~Vistrum()
@@ -115,6 +124,17 @@ void Vistrum::refreshGroups()
         panel->refreshGroups();
 }
 
+void Vistrum::sltAddAOIsHeatmap()
+{
+    m_regionDialog->show();
+    m_regionDialog->raise();
+}
+
+void Vistrum::sltAddAOIsGrid()
+{
+    m_ui->control->aoiControl().insertAll(aoisOf(gridAois()));
+}
+
 void Vistrum::sltShowTable(bool shown)
 {
     m_ui->tableWidget->setVisible(shown);
@@ -130,6 +150,11 @@ void Vistrum::showImported()
 int Vistrum::stimulusWidthPx() const
 {
     return m_backgroundPixmap.width();
+}
+
+bool Vistrum::hasStimulus() const
+{
+    return m_ui->image_comboBox->currentIndex() > 0 && !m_backgroundPixmap.isNull();
 }
 
 void Vistrum::refreshPlainBackground()
@@ -282,12 +307,13 @@ void Vistrum::redraw()
     }
     if (hasAreasAndFixations(m_model))
         Q_EMIT sigEnable_trans_matrix_export();
+    const QImage saliency = saliencyOverlay();
     update_timeline_widget();
     chooseBackground(m_ui->image_comboBox->currentIndex());
     SettingsStore().sync();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
-    const DrawnScene drawn =
-        runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saccadeClusters.arrows()});
+    const DrawnScene drawn = runDrawingPass(m_scene, m_model, drawingContext(),
+                                            {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
     m_background = drawn.background;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);
     const auto panels = m_ui->control->visualizationWidgets();
@@ -295,12 +321,32 @@ void Vistrum::redraw()
         panels[static_cast<std::size_t>(figures.kind)]->showFigures(figures);
 }
 
+/// Null without a method, and without a picture, which is told once. Nothing is drawn meanwhile: the caller is about
+/// to.
+QImage Vistrum::saliencyOverlay()
+{
+    const int method = m_ui->control->saliencyMethod();
+    const bool isMissing = method > 0 && !hasStimulus();
+    if (isMissing && !std::exchange(m_toldMissingPicture, true))
+        messages::information(tr("No picture"), tr("Saliency is that of a picture. Please choose one as background."));
+    if (method < 1 || isMissing)
+        return {};
+    m_toldMissingPicture = false;
+    ++m_redrawHolds;
+    const CancellableProgress progress(this);
+    const QImage overlay = m_saliency.image(static_cast<SaliencyMethod>(method), m_backgroundPixmap.toImage(),
+                                            m_model.saliencyParameters, progress.token());
+    --m_redrawHolds;
+    return overlay;
+}
+
 DrawingContext Vistrum::drawingContext() const
 {
     return {.model = m_model,
             .eyeMode = eyeMode(),
             .frame = {timeline().start(), timeline().end()},
-            .records = drawingRecords()};
+            .records = drawingRecords(),
+            .areas = m_ui->control->areasWidget().parameters()};
 }
 
 void Vistrum::sltExportheatmap(int id)
@@ -381,6 +427,7 @@ void Vistrum::sltLoadDefaultSettings()
         findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
     for (VisualizationWidget *panel : m_ui->control->visualizationWidgets())
         panel->sltUpdateSettings();
+    m_ui->control->areasWidget().sltUpdateSettings();
     m_ui->control->fixationControl().sltUpdateSettings();
     m_ui->control->sltUpdateSettings();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "aoi/saliency/SaliencyOverlay.h"
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
@@ -14,6 +15,7 @@
 
 class ExaminationTableControl;
 class NoticeLine;
+class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
 
@@ -45,6 +47,7 @@ public:
     int stimulusWidthPx() const override;
     QPixmap stimulus() const override { return m_backgroundPixmap; }
     void tell(const Notice &notice) override;
+    bool hasStimulus() const override;
     void redraw() override;
     void updateAndRedraw() override;
     void holdRedraw() override;
@@ -73,6 +76,8 @@ public Q_SLOTS:
     void sltUpdateBorder();
     void sltUpdateImageView(int index);
     void sltCutData(int state);
+    void sltAddAOIsHeatmap();
+    void sltAddAOIsGrid();
     void sltShowTable(bool shown);
     void sltShowTimeline(bool shown);
     /// The timeline has another size: its curves are made anew.
@@ -106,12 +111,14 @@ private:
     void connectPanels();
     void chooseBackground(int index);
     void connectStatistics();
+    void connectAreas();
     void cutOrRestoreOutliers();
     void followCommands(int index);
     void followPicture(const QString &path);
     Timeline &timeline() const;
     DrawingRecords drawingRecords() const;
     DrawingContext drawingContext() const;
+    QImage saliencyOverlay();
     void refreshGroups();
     void rebuildImageList();
 
@@ -125,6 +132,9 @@ private:
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
     int m_commandIndex = 0;       ///< on the undo stack, when it was last followed
+    SaliencyOverlay m_saliency;
+    bool m_toldMissingPicture = false; ///< that saliency needs one
+    std::unique_ptr<add_heatmap_aoi> m_regionDialog;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any
     bool m_redrawMissed = false;  ///< meanwhile

@@ -3,6 +3,8 @@
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "aoi/panel/add_heatmap_aoi.h"
+#include "aoi/panel/AoiControl.h"
 #include "app/AboutBox.h"
 #include "app/WheelGuard.h"
 #include "clustering/panel/ClusterControl.h"
@@ -14,6 +16,7 @@
 #include "settings/FirstStart.h"
 #include "statistics/panel/StatisticsWidget.h"
 #include "table/panel/ExaminationTableControl.h"
+#include "visualization/panel/VisualizationAOIWidget.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/parameters/GroupColors.h"
@@ -52,6 +55,40 @@ void Vistrum::makeMenus()
     connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
     connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
     connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltResetSettings);
+void Vistrum::makeMenus()
+{
+    CommandStack &stack = CommandStack::instance();
+    QAction *undo = stack.createUndoAction(this, QStringLiteral("&Undo"));
+    QAction *redo = stack.createRedoAction(this, QStringLiteral("&Redo"));
+    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    m_ui->menuEdit->insertActions(m_ui->action_UndoView, {undo, redo});
+    m_ui->menuEdit->insertSeparator(m_ui->action_UndoView);
+    connect(m_ui->action_UndoView, &QAction::triggered, m_ui->control, &controlWidget::sltShowCommandProcessor);
+    connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
+    connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
+    connect(m_ui->action_Help, &QAction::triggered, this, [this] {
+        showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));
+    });
+    connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
+    connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
+    connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltResetSettings);
+}
+
+void Vistrum::connectAreas()
+{
+    controlWidget &control = *m_ui->control;
+    m_regionDialog->setModel(&m_model);
+    m_regionDialog->setMainWindow(this);
+    m_regionDialog->setLog(&m_log);
+    m_regionDialog->setInsert([&control](const QList<AreaOfInterest> &aois) { control.aoiControl().insertAll(aois); });
+    m_regionDialog->setAttribute(Qt::WA_QuitOnClose, false); // the program ends with its main window
+    connect(&control, &controlWidget::sigAddAOIsHeatmap, this, &Vistrum::sltAddAOIsHeatmap);
+    connect(&control, &controlWidget::sigAddAOIsGrid, this, &Vistrum::sltAddAOIsGrid);
+    connect(m_regionDialog.get(), &add_heatmap_aoi::sigGenAOIs, this, &Vistrum::sltUpdateAndRedraw);
+    connect(&control.areasWidget(), &VisualizationAOIWidget::sigGraphicsParametersChanged, this,
+            &Vistrum::sltUpdateAndRedraw);
+    connect(this, &Vistrum::sigUpdateSettings, &control.areasWidget(), &VisualizationAOIWidget::sltUpdateSettings);
 }
 
 void Vistrum::connectForm()

@@ -76,6 +76,8 @@ void controlWidget::connectControls()
         connect(number, &QSpinBox::valueChanged, this, &controlWidget::sltSetSalVal);
     connect(m_ui->stat_calc, &QPushButton::clicked, this, &controlWidget::sltEmitGraphicChanged);
     connect(m_ui->aoi_widget, &AoiControl::sigGraphicsParametersChanged, this, &controlWidget::sltEmitGraphicChanged);
+    connect(m_ui->aoi_widget, &AoiControl::sigAddAOIsHeatmap, this, &controlWidget::sigAddAOIsHeatmap);
+    connect(m_ui->aoi_widget, &AoiControl::sigAddAOIsGrid, this, &controlWidget::sigAddAOIsGrid);
 }
 
 void controlWidget::setModel(DataModel *model)
@@ -106,6 +108,7 @@ void controlWidget::setLog(const Log *log)
     m_ui->Data_Widget->setLog(log);
     m_ui->FixCalc_widget->setLog(log);
     m_ui->clusterCalc_widget->setLog(log);
+    m_ui->visAOIWidget->setLog(log);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setLog(log);
 }
@@ -133,6 +136,11 @@ SaccadeClusterControl &controlWidget::saccadeClusterControl()
 VisualizationSaccadeClustersWidget &controlWidget::saccadeClustersWidget()
 {
     return *m_ui->saccadebundle_widget;
+}
+
+VisualizationAOIWidget &controlWidget::areasWidget()
+{
+    return *m_ui->visAOIWidget;
 }
 
 AoiControl &controlWidget::aoiControl()
@@ -219,6 +227,11 @@ void controlWidget::write(const QString &line) const
 }
 
 // ---- saliency
+
+int controlWidget::saliencyMethod() const
+{
+    return m_ui->comboBox_sal->currentIndex();
+}
 
 void controlWidget::sltSetSalButtons()
 {

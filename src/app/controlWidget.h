@@ -17,6 +17,7 @@ class IMainWindow;
 class Log;
 class SaccadeClusterControl;
 class StatisticsWidget;
+class VisualizationAOIWidget;
 class VisualizationSaccadeClustersWidget;
 class VisualizationWidget;
 
@@ -43,6 +44,10 @@ public:
     StatisticsWidget &statisticsWidget();
     ExportWidget &exportWidget();
     VisualizationSaccadeClustersWidget &saccadeClustersWidget();
+    VisualizationAOIWidget &areasWidget();
+
+    /// The method of the saliency page; 0 is none.
+    int saliencyMethod() const;
 
     /// The panels of gaze points, fixations, fixation clusters and saccades.
     std::array<VisualizationWidget *, 4> visualizationWidgets() const;
@@ -53,6 +58,9 @@ Q_SIGNALS:
     void sigUpdateTimeframe(qint64 start, qint64 end);
 
     void sigUpdateTime();
+
+    void sigAddAOIsHeatmap();
+    void sigAddAOIsGrid();
 
     // Part of the panel's interface; the panel itself does not emit them.
     void sigShowTable(bool shown);

@@ -1,6 +1,6 @@
 #include "batch/AoiInput.h"
 
-#include "aoi/AoiFile.h"
+#include "aoi/AoiFiles.h"
 #include "base/Messages.h"
 
 #include <QFileInfo>
@@ -79,10 +79,14 @@ QStringList insertAll(const QList<AreaOfInterest> &aois, DataModel &model)
 
 AoiInput loadAoiFile(const QString &path, DataModel &model)
 {
-    const AoiFileContents contents = readAoiFile(path);
+    const AoiFileContents contents = readAois(path);
     const QString missing = missingAreas(contents);
     const QString replaced = replacedAreas(insertAll(contents.aois, model));
-    for (const QString &problem : {missing, badVertexLines(contents), unfinishedBlocks(contents), replaced}) {
+    // Readers of other forms say in their own words what was left out.
+    const QStringList leftOut = contents.remarks.isEmpty()
+                                    ? QStringList{badVertexLines(contents), unfinishedBlocks(contents)}
+                                    : contents.remarks;
+    for (const QString &problem : QStringList{missing} + leftOut + QStringList{replaced}) {
         if (!problem.isEmpty())
             messages::warning(QFileInfo(path).fileName(), path + QStringLiteral(": ") + problem);
     }

@@ -59,6 +59,14 @@ QJsonObject toJson(const ReportedInput &input)
     return object;
 }
 
+QJsonObject toJson(const ReportedArea &area)
+{
+    return {{QStringLiteral("name"), area.name},
+            {QStringLiteral("enabled"), area.enabled},
+            {QStringLiteral("vertices"), area.vertices},
+            {QStringLiteral("areaPx"), area.areaPx}};
+}
+
 template <class T>
 QJsonArray toJsonArray(const QList<T> &list)
 {
@@ -100,5 +108,7 @@ QJsonDocument toJson(const BatchReport &report)
     };
     if (!report.density.isEmpty())
         object.insert(QStringLiteral("density"), toJson(report.density));
+    if (!report.areas.isEmpty())
+        object.insert(QStringLiteral("areasOfInterest"), toJsonArray(report.areas));
     return QJsonDocument(object);
 }

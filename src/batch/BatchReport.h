@@ -25,6 +25,14 @@ struct ReportedInput {
     QList<ShownMessage> messages; ///< about this file
 };
 
+/// An area of interest at the end of the run.
+struct ReportedArea {
+    QString name;
+    bool enabled = true;
+    qint64 vertices = 0;
+    double areaPx = 0; ///< px^2
+};
+
 /// What a result rests on, so that others can repeat it. It holds no time and nothing else that differs from run to
 /// run: the same inputs and options give the same bytes.
 struct BatchReport {
@@ -33,6 +41,7 @@ struct BatchReport {
     QMap<QString, QString> density;    ///< kind, kernel and unit of the exported density; empty without one
     QMap<QString, QString> parameters; ///< every key of the settings store
     QList<ReportedInput> inputs;       ///< in the order of the command line
+    QList<ReportedArea> areas;         ///< in the order of their names
     QList<ShownMessage> messages;      ///< those that are about no input
     QList<ReportedFile> outputs;       ///< in the order in which they were written
 };

@@ -5,6 +5,7 @@
 #include "batch/AoiInput.h"
 #include "batch/CalculationRows.h"
 #include "batch/OptionTable.h"
+#include "batch/RunAois.h"
 #include "batch/RunPictures.h"
 #include "batch/Suggestion.h"
 #include "batch/TableRows.h"
@@ -60,9 +61,12 @@ ExitCode BatchRun::run()
     QMap<QString, QString> density;
     if (!m_state.model.examinations().isEmpty()) {
         calculate();
+        generateAois(m_state);
         exportTables();
+        exportAois(m_state);
         exportImages(m_state);
         density = exportDensity(m_state);
+        exportSaliency(m_state);
     }
     writeReport(density);
     return m_journal.failed() ? ExitCode::SomethingFailed : ExitCode::AllDone;
@@ -193,5 +197,6 @@ void BatchRun::writeReport(const QMap<QString, QString> &density)
     report.options = reportedOptions(asUsed);
     report.density = density;
     report.parameters = storedParameters(SettingsStore());
+    report.areas = reportedAreas(m_state);
     m_journal.write(QStringLiteral("Report"), m_options.reportFile, toJson(report).toJson());
 }

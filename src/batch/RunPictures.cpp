@@ -13,18 +13,23 @@
 namespace {
 
 /// The parameters of drawings as the store has them.
-ByDataKind<VisualizationParameters> storedRecords()
-{
-    return {{gazePointParameters(), fixationParameters(), clusterParameters(), saccadeParameters()}};
-}
+struct StoredRecords {
+    ByDataKind<VisualizationParameters> kinds{
+        {gazePointParameters(), fixationParameters(), clusterParameters(), saccadeParameters()}};
+    AoiVisualizationParameters areas = storedAoiVisualization();
+};
 
 /// What the model shows with them in its time frame.
-DrawingContext contextOf(const DataModel &model, const ByDataKind<VisualizationParameters> &parameters)
+DrawingContext contextOf(const DataModel &model, const StoredRecords &parameters)
 {
     DrawingRecords records;
     for (const DataKind kind : allDataKinds)
-        records[kind] = &parameters[kind];
-    return {.model = model, .eyeMode = eyeMode(), .frame = model.timeFrame(), .records = records};
+        records[kind] = &parameters.kinds[kind];
+    return {.model = model,
+            .eyeMode = eyeMode(),
+            .frame = model.timeFrame(),
+            .records = records,
+            .areas = parameters.areas};
 }
 
 } // namespace
@@ -34,9 +39,9 @@ void exportImages(RunState &run)
     if (run.options.images.isEmpty())
         return;
     QGraphicsScene scene;
-    const ByDataKind<VisualizationParameters> parameters = storedRecords();
+    const StoredRecords parameters;
     runDrawingPass(scene, run.model, contextOf(run.model, parameters),
-                   {backgroundPixmap(run.options.background, Border::Black),
+                   {backgroundPixmap(run.options.background, Border::Black), QImage(),
                     saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
                                          run.options.saccadeClusters.style)});
     for (const QString &path : run.options.images) {
@@ -51,7 +56,7 @@ QMap<QString, QString> exportDensity(RunState &run)
 {
     if (run.options.densityFile.isEmpty())
         return {};
-    const ByDataKind<VisualizationParameters> parameters = storedRecords();
+    const StoredRecords parameters;
     const std::optional<HeatmapDensity> density =
         heatmapDensity(run.options.densityKind, contextOf(run.model, parameters));
     if (!density) {

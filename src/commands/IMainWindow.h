@@ -43,6 +43,8 @@ public:
 
     /// The picture that is shown behind the drawing. A window without one may leave this out.
     virtual QPixmap stimulus() const { return {}; }
+    /// Whether that is a picture, and not the plain background.
+    virtual bool hasStimulus() const { return !stimulus().isNull(); }
 
     /// Tells the user what came of a calculation, without asking for attention. A window may have no place for it.
     virtual void tell(const Notice &) {}

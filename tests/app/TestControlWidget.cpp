@@ -154,7 +154,8 @@ void TestControlWidget::pagesAreInOrder_data()
     QTest::newRow("calculation") << QByteArray("toolBox") << QStringLiteral("fixationsPage Fixations|aoisPage Areas of Interest|page_7 close...");
     QTest::newRow("visualization") << QByteArray("toolBox_4")
                                    << QStringLiteral("page_6 GazePoints|page_10 Fixations|page_11 Fixation Clusters|"
-                                                     "page_14 Saccades|page_sal Saliency map|page_16 close...");
+                                                     "page_14 Saccades|page_5 Areas of Interest|page_sal Saliency map|"
+                                                     "page_16 close...");
 }
 
 void TestControlWidget::pagesAreInOrder()

@@ -57,11 +57,18 @@ inline VisualizationParameters parameters(const QString &settingsName = QStringL
     return parameters;
 }
 
+inline AoiVisualizationParameters areaParameters()
+{
+    AoiVisualizationParameters parameters;
+    setInitialValues(parameters, rows::aoiVisualization);
+    return parameters;
+}
+
 /// A model and the parameters of all kinds, with a context that refers to them.
 struct Scenery {
     DrawingContext context() const
     {
-        return {model, eyeMode, frame, {{&gazePoints, &fixations, &clusters, &saccades}}};
+        return {model, eyeMode, frame, {{&gazePoints, &fixations, &clusters, &saccades}}, areas};
     }
 
     DataModel model;
@@ -71,6 +78,7 @@ struct Scenery {
     VisualizationParameters fixations = parameters(QStringLiteral("FixationVisualization"));
     VisualizationParameters clusters = parameters(QStringLiteral("FixationclusterVisualization"));
     VisualizationParameters saccades = parameters(QStringLiteral("SaccadeVisualization"));
+    AoiVisualizationParameters areas = areaParameters();
 };
 
 } // namespace toy

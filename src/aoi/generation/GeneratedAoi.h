@@ -9,3 +9,12 @@ struct GeneratedAoi {
 
     bool operator==(const GeneratedAoi &) const = default;
 };
+
+/// The areas alone.
+inline QList<AreaOfInterest> aoisOf(const QList<GeneratedAoi> &generated)
+{
+    QList<AreaOfInterest> aois;
+    for (const GeneratedAoi &each : generated)
+        aois << each.aoi;
+    return aois;
+}

@@ -3,6 +3,7 @@
 
 #include "aoi/AoiFiles.h"
 #include "aoi/AoiJson.h"
+#include "aoi/generation/ClusterAois.h"
 #include "aoi/panel/AOI_PopUp.h"
 #include "aoi/panel/AoiCommands.h"
 #include "base/Messages.h"
@@ -82,6 +83,9 @@ void AoiControl::connectForm()
     connect(m_ui->removeAOI_Button, &QPushButton::clicked, this, qOverload<>(&AoiControl::sltDeleteAOI));
     connect(m_ui->saveAOIButton, &QPushButton::clicked, this, &AoiControl::sltSaveAOI);
     connect(m_ui->loadAOIButton, &QPushButton::clicked, this, &AoiControl::sltLoadAOI);
+    connect(m_ui->addAOI_grid, &QPushButton::clicked, this, &AoiControl::sltAddAOI_grid);
+    connect(m_ui->addAOI_heatmap, &QPushButton::clicked, this, &AoiControl::sltAddAOI_heatmap);
+    connect(m_ui->addAOI_clusters, &QPushButton::clicked, this, &AoiControl::sltConvertClustersToAois);
     connect(m_ui->listViewAOI, &List::itemDoubleClicked, this, qOverload<QListWidgetItem *>(&AoiControl::sltEditAOI));
     connect(m_ui->listViewAOI, &List::itemChanged, this, &AoiControl::sltAOIcheckstatechanged);
     const auto onKey = [this](const QKeySequence &keys, auto slot) {
@@ -135,6 +139,22 @@ void AoiControl::insertAll(const QList<AreaOfInterest> &aois)
     const RedrawHold hold(*m_window);
     for (const AreaOfInterest &aoi : aois)
         sltInsertAOI(aoi);
+}
+
+void AoiControl::sltConvertClustersToAois()
+{
+    if (!isReady()) {
+        tellMissingExamination();
+        return;
+    }
+    const QList<CumulativeCluster> &clusters = std::as_const(*m_model).pooled(Eye::Dominant).fixationClusters;
+    if (clusters.isEmpty()) {
+        messages::information(QStringLiteral("No clusters found. Did you compute them?"),
+                              QStringLiteral("While trying to convert cumulative clusters to AOIs no clusters were "
+                                             "found. No changes were made."));
+        return;
+    }
+    insertAll(aoisOf(clusterAois(clusters)));
 }
 
 void AoiControl::sltEditAOI()

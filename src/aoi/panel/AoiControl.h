@@ -43,9 +43,16 @@ public:
 Q_SIGNALS:
     /// The areas have changed: the picture is to be drawn anew.
     void sigGraphicsParametersChanged();
+    /// The window is asked for the dialog of regions, and for a grid of areas.
+    void sigAddAOIsHeatmap();
+    void sigAddAOIsGrid();
 
 public Q_SLOTS:
     void sltAddAOI();
+    void sltAddAOI_heatmap() { Q_EMIT sigAddAOIsHeatmap(); }
+    void sltAddAOI_grid() { Q_EMIT sigAddAOIsGrid(); }
+    /// Areas from the cumulative clusters of the dominant eyes.
+    void sltConvertClustersToAois();
     void sltInsertAOI(const AreaOfInterest &aoi, const QString &oldName = {});
     void sltEditAOI();
     void sltEditAOI(QListWidgetItem *item);

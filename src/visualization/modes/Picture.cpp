@@ -1,6 +1,7 @@
 #include "visualization/modes/Picture.h"
 
 #include "visualization/heatmap/Heatmap.h"
+#include "visualization/modes/AoiModes.h"
 #include "visualization/modes/DistinctShapes.h"
 #include "visualization/modes/DrawingModes.h"
 
@@ -61,5 +62,6 @@ Picture pictureOf(const DrawingContext &context)
         addPasses(picture, kind, context);
     for (const DataKind kind : allDataKinds)
         addPooled(picture, kind, context);
+    picture.drawing << aoiDrawing(context);
     return picture;
 }

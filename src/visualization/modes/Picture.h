@@ -11,5 +11,5 @@ struct Picture {
 };
 
 /// The checked examinations in the modes of the records: first examination by examination, then eye by eye, then what
-/// pools them all.
+/// pools them all, and the areas of interest on top.
 Picture pictureOf(const DrawingContext &context);

@@ -68,3 +68,12 @@ inline constexpr auto aoiVisualization =
              aoiTransMin, aoiNoText, aoiMixColor);
 
 } // namespace rows
+
+/// The values of the store.
+inline AoiVisualizationParameters storedAoiVisualization()
+{
+    AoiVisualizationParameters parameters;
+    setInitialValues(parameters, rows::aoiVisualization);
+    loadParameters(parameters, rows::aoiVisualization);
+    return parameters;
+}

@@ -45,6 +45,8 @@ DrawnScene runDrawingPass(QGraphicsScene &scene, DataModel &model, const Drawing
     orderClusters(model, context.frame);
     scene.clear();
     QGraphicsPixmapItem *background = addBackground(scene, layers.background);
+    if (!layers.overlay.isNull())
+        addItems(scene, {RasterShape{layers.overlay}});
     const QList<HeatmapFigures> figures = drawScene(scene, context);
     QGraphicsItemGroup *saccadeClusters = addArrowGroup(scene, layers.saccadeClusters);
     setDrawnAs(model.examinations(), context);

@@ -4,6 +4,7 @@
 #include "visualization/selection/DrawingContext.h"
 #include "visualization/shapes/Drawing.h"
 
+#include <QImage>
 #include <QPixmap>
 
 class QGraphicsItemGroup;
@@ -13,6 +14,7 @@ class QGraphicsScene;
 /// What lies below and above the data.
 struct SceneLayers {
     QPixmap background;
+    QImage overlay{};                    ///< over the background, below the data; null for none
     QList<ArrowShape> saccadeClusters{}; ///< on top of everything
 };
 

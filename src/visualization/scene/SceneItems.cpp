@@ -2,6 +2,7 @@
 
 #include "visualization/scene/ArbitraryEllipseItem.h"
 #include "visualization/scene/ArrowItem.h"
+#include "visualization/scene/interactive_polygon.h"
 
 #include <QGraphicsEllipseItem>
 #include <QGraphicsPixmapItem>
@@ -49,16 +50,48 @@ void addItem(QGraphicsScene &scene, const TextShape &shape)
 {
     QGraphicsTextItem *item = scene.addText(shape.text, shape.font);
     item->setDefaultTextColor(shape.color);
+    item->setAcceptHoverEvents(false); // the mouse on a name is on its area
     const double left = shape.anchor == TextAnchor::Middle ? item->boundingRect().width() * 0.5 : 0;
     item->setPos(shape.top - QPointF(left, 0));
+}
+
+/// Keeps a ribbon that is shown by its area, which may come before it or after it.
+void addItem(QGraphicsScene &scene, const PolygonShape &shape, RibbonLists &ribbons)
+{
+    QGraphicsItem *item = scene.addPolygon(shape.polygon, shape.pen, shape.brush);
+    item->setToolTip(shape.toolTip);
+    if (!shape.shownOnArea)
+        return;
+    item->setVisible(false);
+    ribbons[*shape.shownOnArea] << item;
+}
+
+void addItem(QGraphicsScene &scene, const AreaShape &shape, const std::shared_ptr<const RibbonLists> &ribbons)
+{
+    auto item = std::make_unique<interactive_polygon>(shape.polygon, shape.index, ribbons);
+    item->setPen(shape.pen);
+    item->setBrush(shape.brush);
+    item->setToolTip(shape.toolTip);
+    scene.addItem(item.release());
 }
 
 } // namespace
 
 void addItems(QGraphicsScene &scene, const Drawing &drawing)
 {
-    for (const Shape &shape : drawing)
-        std::visit([&](const auto &kind) { addItem(scene, kind); }, shape);
+    const auto ribbons = std::make_shared<RibbonLists>();
+    for (const Shape &shape : drawing) {
+        std::visit(
+            [&](const auto &kind) {
+                if constexpr (requires { addItem(scene, kind, *ribbons); })
+                    addItem(scene, kind, *ribbons);
+                else if constexpr (requires { addItem(scene, kind, ribbons); })
+                    addItem(scene, kind, ribbons);
+                else
+                    addItem(scene, kind);
+            },
+            shape);
+    }
 }
 
 void removeHeatmaps(QGraphicsScene &scene, DataKind kind)

@@ -2,6 +2,7 @@
 
 #include "model/DataModel.h"
 #include "model/TimeFrame.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
 /// What a drawing is made from. The references are to objects of the caller, who keeps them alive while drawing.
@@ -12,4 +13,5 @@ struct DrawingContext {
     EyeMode eyeMode;
     TimeFrame frame;
     DrawingRecords records;
+    const AoiVisualizationParameters &areas;
 };

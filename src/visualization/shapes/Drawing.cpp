@@ -94,6 +94,27 @@ QString lineOf(const TextShape &shape)
                        .arg(shape.text);
 }
 
+QString vertices(const QPolygonF &polygon)
+{
+    QStringList texts;
+    for (const QPointF &vertex : polygon)
+        texts << numbers({vertex.x(), vertex.y()});
+    return texts.join(u' ');
+}
+
+QString lineOf(const PolygonShape &shape)
+{
+    const QString text = QStringLiteral("polygon ") + vertices(shape.polygon) + styleText(shape.pen, shape.brush) +
+                         toolTipText(shape.toolTip);
+    return shape.shownOnArea ? text + QStringLiteral(" shown on area %1").arg(*shape.shownOnArea) : text;
+}
+
+QString lineOf(const AreaShape &shape)
+{
+    return QStringLiteral("area %1 ").arg(shape.index) + vertices(shape.polygon) + styleText(shape.pen, shape.brush) +
+           toolTipText(shape.toolTip);
+}
+
 } // namespace
 
 QRectF squareAround(QPoint center, int diameter)

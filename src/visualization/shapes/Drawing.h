@@ -8,6 +8,7 @@
 #include <QLineF>
 #include <QList>
 #include <QPen>
+#include <QPolygonF>
 #include <QRectF>
 #include <QVector2D>
 
@@ -77,7 +78,26 @@ struct TextShape {
     bool operator==(const TextShape &) const = default;
 };
 
-using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape>;
+/// A closed polygon.
+struct PolygonShape {
+    QPolygonF polygon;
+    QPen pen;
+    QBrush brush;
+    QString toolTip = {};
+    std::optional<qsizetype> shownOnArea = {}; ///< hidden until the mouse enters the area with this index
+};
+
+/// An area of interest that the mouse can enter.
+struct AreaShape {
+    QPolygon polygon;
+    QPen pen;
+    QBrush brush;
+    QString toolTip;
+    qsizetype index = 0; ///< place among the areas of the drawing
+};
+
+using Shape =
+    std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape, PolygonShape, AreaShape>;
 
 /// A picture as data: shapes from back to front, in canvas pixels.
 using Drawing = QList<Shape>;
@@ -97,4 +117,6 @@ void addToolTipLine(Drawing &drawing, const QString &line);
 ///     line 10 20 to 30 40 pen #7fff0000 1 dashed tip From Cluster 0 to Cluster 1 :2 | ...
 ///     text 10 20 #000000 font Arial 30 reads 14.4°
 ///     text middle 10 20 #000000 font Arial 30 reads C0
+///     polygon 10 20 30 40 50 60 pen #ff0000 1 brush #ffff0000 tip Transitions out ... shown on area 0
+///     area 0 10 20 30 40 50 60 pen #0000ff 7 brush #800000ff tip Transitions (4):50%
 QString toText(const Drawing &drawing);

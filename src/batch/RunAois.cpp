@@ -1,0 +1,148 @@
+#include "batch/RunAois.h"
+
+#include "aoi/AoiFiles.h"
+#include "aoi/generation/ClusterAois.h"
+#include "aoi/generation/GridAois.h"
+#include "aoi/generation/RegionClusters.h"
+#include "aoi/generation/RegionSearch.h"
+#include "base/Messages.h"
+#include "batch/RunState.h"
+#include "density/DensityTiff.h"
+#include "model/ImageCache.h"
+
+namespace {
+
+const QString areasTitle = QStringLiteral("Areas of interest");
+const QString saliencyTitle = QStringLiteral("Saliency");
+
+/// The background, or without one the picture of the first recording that has one; null without any.
+QImage pictureOf(const RunState &run)
+{
+    if (!run.options.background.isEmpty())
+        return QImage(run.options.background);
+    for (const Examination &examination : run.model.examinations()) {
+        if (examination.image)
+            return QImage(examination.image->path);
+    }
+    return {};
+}
+
+void insertAll(RunState &run, const QList<GeneratedAoi> &generated)
+{
+    for (const AreaOfInterest &aoi : aoisOf(generated))
+        run.model.insertAoi(aoi);
+}
+
+void makeClusters(RunState &run)
+{
+    const QList<CumulativeCluster> &clusters = std::as_const(run.model).pooled(Eye::Dominant).fixationClusters;
+    if (clusters.isEmpty())
+        run.journal.fail(areasTitle, QStringLiteral("There are no cumulative clusters; --calculate cumulative-clusters "
+                                                    "makes them."));
+    insertAll(run, clusterAois(clusters));
+}
+
+void takeRegions(RunState &run, const RegionSearch &search)
+{
+    const int minimum = run.options.regions.minimumRegion;
+    if (run.options.regionExport == RegionExport::Aois) {
+        insertAll(run, regionAois(search, minimum));
+        return;
+    }
+    auto pools = regionClusters(regionContours(search, minimum), run.model);
+    for (const Eye eye : allEyes) {
+        if (pools)
+            run.model.pooled(eye) = std::move((*pools)[static_cast<std::size_t>(eye)]);
+    }
+}
+
+void makeRegions(RunState &run)
+{
+    const RegionParameters &parameters = run.options.regions;
+    const bool isSaliency = parameters.source >= RegionSource::SaliencyItti;
+    const QImage picture = isSaliency ? pictureOf(run) : QImage();
+    if (isSaliency && picture.isNull()) {
+        run.journal.fail(areasTitle, QStringLiteral("Regions of a saliency need a picture; --background gives one."));
+        return;
+    }
+    const auto density = regionDensity(run.model, picture, parameters);
+    if (!density) {
+        run.journal.fail(areasTitle, QStringLiteral("There is nothing to search regions in within the time frame."));
+        return;
+    }
+    const auto search = searchRegions(*density, parameters);
+    if (!search)
+        return;
+    if (const QString remark = searchRemark(*search); !remark.isEmpty())
+        messages::warning(areasTitle, remark);
+    takeRegions(run, *search);
+}
+
+/// The map with the cells in the order of a density.
+Density densityOf(const cv::Mat &map)
+{
+    Density density;
+    for (int x = 0; x < canvas::width; ++x) {
+        double *column = density.column(x);
+        for (int y = 0; y < canvas::height; ++y)
+            column[y] = map.at<double>(y, x);
+    }
+    return density;
+}
+
+} // namespace
+
+void generateAois(RunState &run)
+{
+    run.model.saliencyParameters = run.options.saliencyNumbers.value_or(SaliencyNumbers{});
+    for (const GeneratedAois kind : run.options.generatedAois) {
+        switch (kind) {
+        case GeneratedAois::Grid:
+            insertAll(run, gridAois());
+            break;
+        case GeneratedAois::Clusters:
+            makeClusters(run);
+            break;
+        case GeneratedAois::Regions:
+            makeRegions(run);
+            break;
+        }
+    }
+}
+
+void exportAois(RunState &run)
+{
+    const QString &path = run.options.aoiOutput;
+    if (path.isEmpty())
+        return;
+    const QList<AreaOfInterest> aois = run.model.aoiList();
+    if (aois.isEmpty())
+        run.journal.fail(areasTitle, QStringLiteral("There is no area of interest: %1 is not written.").arg(path));
+    else if (writeAois(aois, path))
+        run.journal.keep(path);
+    else
+        run.journal.fail(areasTitle, QStringLiteral("%1 could not be written.").arg(path));
+}
+
+void exportSaliency(RunState &run)
+{
+    if (!run.options.saliency)
+        return;
+    const QImage picture = pictureOf(run);
+    if (picture.isNull()) {
+        run.journal.fail(saliencyTitle, QStringLiteral("There is no picture; --background gives one."));
+        return;
+    }
+    const cv::Mat map =
+        saliencyMap(*run.options.saliency, picture, run.options.saliencyNumbers.value_or(SaliencyNumbers{}));
+    run.journal.write(saliencyTitle, run.options.saliencyFile,
+                      densityTiff(densityOf(saliencyOnCanvas(map)), "saliency"));
+}
+
+QList<ReportedArea> reportedAreas(const RunState &run)
+{
+    QList<ReportedArea> areas;
+    for (const AreaOfInterest &aoi : run.model.aoiList())
+        areas << ReportedArea{aoi.name, aoi.enabled, aoi.polygon.size(), double(aoi.area())};
+    return areas;
+}
