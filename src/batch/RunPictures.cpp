@@ -1,5 +1,6 @@
 #include "batch/RunPictures.h"
 
+#include "batch/DrawValues.h"
 #include "batch/RunState.h"
 #include "density/DensityTiff.h"
 #include "settings/StoredKeys.h"
@@ -13,8 +14,14 @@
 
 namespace {
 
-/// The parameters of drawings as the store has them.
+/// The parameters of drawings as the store has them, and those that it does not keep.
 struct DrawingParameters {
+    explicit DrawingParameters(const QStringList &drawValues)
+    {
+        for (VisualizationParameters *each : {&gazePoints, &fixations, &clusters, &saccades})
+            drawvalues::apply(drawValues, *each);
+    }
+
     VisualizationParameters gazePoints = gazePointParameters();
     VisualizationParameters fixations = fixationParameters();
     VisualizationParameters clusters = clusterParameters();
@@ -40,8 +47,8 @@ void exportImages(RunState &run)
     if (run.options.images.isEmpty())
         return;
     QGraphicsScene scene;
-    addBackground(scene, backgroundPixmap(run.options.background, Border::Black));
-    const DrawingParameters parameters;
+    addBackground(scene, backgroundPixmap(run.options.background, run.options.noBorder ? Border::None : Border::Black));
+    const DrawingParameters parameters(run.options.drawValues);
     runDrawingPass(scene, run.model, contextOf(run.model, parameters));
     addArrowGroup(scene, saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
                                               run.options.saccadeClusters.style));
@@ -57,7 +64,7 @@ QMap<QString, QString> exportDensity(RunState &run)
 {
     if (run.options.densityFile.isEmpty())
         return {};
-    const DrawingParameters parameters;
+    const DrawingParameters parameters(run.options.drawValues);
     const std::optional<NamedDensity> density =
         heatmapDensity(contextOf(run.model, parameters), run.options.densityKind);
     if (!density) {
