@@ -1,4 +1,4 @@
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "statistics/AoiMeasures.h"
 #include "statistics/StatisticsCalculation.h"
 
@@ -82,7 +82,7 @@ void plainHitTests(benchmark::State &state)
         qint64 inside = 0;
         for (const Examination &examination : model.examinations()) {
             for (const GazePoint &sample : examination.leftEye.gazePoints) {
-                const QPoint pixel(text::truncated(sample.x), text::truncated(sample.y));
+                const QPoint pixel(truncated(sample.x), truncated(sample.y));
                 for (const AreaOfInterest &area : list)
                     inside += area.contains(pixel, Qt::WindingFill) + area.contains(pixel, Qt::OddEvenFill);
             }

@@ -25,6 +25,6 @@ void Vistrum::sltexport_aoi_trans_csv(const QString &stem)
 
 void Vistrum::sltexport_anglestar(const QString &stem)
 {
-    const auto [gazePoints, fixations, clusters, saccades] = drawingParameters();
-    exportAngleStar(m_model, stem, {saccades->numberOfHistogramBins, saccades->angleOffset});
+    const VisualizationParameters &saccades = *drawingRecords()[DataKind::Saccades];
+    exportAngleStar(m_model, stem, {saccades.numberOfHistogramBins, saccades.angleOffset});
 }

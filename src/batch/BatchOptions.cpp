@@ -24,7 +24,7 @@ public:
         while (m_next < m_arguments.size()) {
             if (const Complaint complaint = takeArgument(m_arguments[m_next++]))
                 return *complaint;
-            if (m_options.help || m_options.version)
+            if (m_options.help || m_options.version || m_options.keys)
                 return m_options;
         }
         if (m_options.recordings.isEmpty())

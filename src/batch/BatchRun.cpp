@@ -4,10 +4,11 @@
 #include "base/Progress.h"
 #include "batch/AoiInput.h"
 #include "batch/CalculationRows.h"
+#include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
 #include "batch/RunAois.h"
 #include "batch/RunPictures.h"
-#include "batch/Suggestion.h"
+#include "batch/SettingInput.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
@@ -35,6 +36,19 @@ bool isReadable(const QString &path)
     return info.isFile() && info.isReadable();
 }
 
+/// A picture that cannot be decoded would count as one without size.
+std::optional<UsageError> undecodable(const QString &path)
+{
+    QImageReader reader(path);
+    if (!reader.canRead())
+        return UsageError{QStringLiteral("--background %1: not a picture").arg(path)};
+    if (!reader.read().isNull())
+        return std::nullopt;
+    return UsageError{QStringLiteral("--background %1: the picture cannot be decoded: %2. Save it anew or, if it is "
+                                     "larger than %3 MB in memory, smaller.")
+                          .arg(path, reader.errorString(), QString::number(QImageReader::allocationLimit()))};
+}
+
 } // namespace
 
 BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output)
@@ -48,13 +62,15 @@ ExitCode BatchRun::run()
 {
     std::optional<UsageError> problem = checkInputs();
     if (!problem)
-        problem = applySettings();
+        problem = chooseSettings();
     if (!problem)
         problem = makeOutputFolder();
     if (problem) {
         messages::critical(QStringLiteral("vistrum-batch"), problem->text);
         return ExitCode::Usage;
     }
+    for (const QString &line : optionsWithoutEffect(m_options))
+        messages::warning(QStringLiteral("Options"), line);
     importRecordings();
     loadAois();
     setTimeFrame();
@@ -82,9 +98,7 @@ std::optional<UsageError> BatchRun::checkInputs() const
     if (!m_options.background.isEmpty() && !isReadable(m_options.background))
         return UsageError{
             QStringLiteral("--background %1: no such file, or it cannot be read").arg(m_options.background)};
-    if (!m_options.background.isEmpty() && !QImageReader(m_options.background).canRead())
-        return UsageError{QStringLiteral("--background %1: not a picture").arg(m_options.background)};
-    return std::nullopt;
+    return m_options.background.isEmpty() ? std::nullopt : undecodable(m_options.background);
 }
 
 /// After all other checks: a run that is refused leaves nothing behind.
@@ -95,22 +109,18 @@ std::optional<UsageError> BatchRun::makeOutputFolder() const
     return UsageError{QStringLiteral("--out %1: the folder cannot be made").arg(m_options.outputFolder)};
 }
 
-std::optional<UsageError> BatchRun::applySettings()
+std::optional<UsageError> BatchRun::chooseSettings()
 {
     for (const QString &path : m_options.settingsFiles) {
-        Registry(Log(QString())).loadSettings(path); // a run leaves no log behind
+        if (const auto problem = applySettingsFile(path))
+            return problem;
         m_journal.addInput(path, QStringLiteral("settings"));
     }
-    SettingsStore store;
-    for (const BatchOptions::Setting &setting : m_options.settings) {
-        if (!store.contains(setting.key)) {
-            return UsageError{QStringLiteral("--set %1: no such key").arg(setting.key) +
-                              didYouMean(setting.key, store.allKeys())};
-        }
-        store.setValue(setting.key, setting.value);
-    }
+    if (const auto problem = applySettings(m_options.settings))
+        return problem;
     if (m_options.detector)
-        store.setValue(rows::calculationType.key, calculationTypeNames[static_cast<int>(*m_options.detector)]);
+        SettingsStore().setValue(rows::calculationType.key,
+                                 calculationTypeNames[static_cast<int>(*m_options.detector)]);
     if (m_options.eyes)
         writeStored(keys::eyeMode, static_cast<int>(*m_options.eyes)); // one choice for tables and drawings alike
     if (!m_options.background.isEmpty())

@@ -17,7 +17,7 @@ public:
     ExitCode run();
 
 private:
-    std::optional<UsageError> applySettings();
+    std::optional<UsageError> chooseSettings();
     std::optional<UsageError> checkInputs() const;
     std::optional<UsageError> makeOutputFolder() const;
     void importRecordings();

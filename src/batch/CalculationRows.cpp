@@ -12,8 +12,6 @@
 
 namespace {
 
-using Text = QLatin1StringView;
-
 /// The window, too, runs the standard detector where it does not recognise the name, but not so quietly: there the
 /// panel shows no detector.
 void warnOfUnknownDetector(const QString &name)
@@ -39,13 +37,24 @@ FixationSettingsModel fixationSettings(const BatchOptions &options)
         setParameter(settings, rows::velocityUnit, static_cast<int>(*options.velocityUnit));
     if (options.detector == BatchOptions::Detector::Velocity)
         setParameter(settings, rows::velocityImageSizePixels,
-                     backgroundPixmap(options.background, Border::None).width());
+                     backgroundPixmap(options.background, Border::None).width()); // the report has it
     return settings;
+}
+
+/// Degrees rest on the width of the picture on the screen, in pixels.
+void warnOfAssumedWidth(const BatchOptions &options, const FixationSettingsModel &settings)
+{
+    if (options.velocityUnit == BatchOptions::VelocityUnit::DegreePerS && options.background.isEmpty())
+        messages::warning(QStringLiteral("Velocity"),
+                          QStringLiteral("Degrees are reckoned with a picture that is %1 px wide; --background names "
+                                         "the picture that was seen.")
+                              .arg(settings.velocityImageSizePixels));
 }
 
 void detectFixations(RunState &run)
 {
     const FixationSettingsModel settings = fixationSettings(run.options);
+    warnOfAssumedWidth(run.options, settings);
     const auto outcome = calculateFixations(run.model, calculationParameters(settings.calculationType, settings),
                                             nullptr, run.threads());
     if (!outcome)
@@ -84,9 +93,9 @@ void clusterSaccades(RunState &run)
 
 QList<CalculationRow> calculationRows()
 {
-    return QList<CalculationRow>{{Text("fixations"), detectFixations},
-                                 {Text("clusters"), clusterFixations},
-                                 {Text("cumulative-clusters"), clusterCumulatively},
+    return QList<CalculationRow>{{fixationWord, detectFixations},
+                                 {clusterWord, clusterFixations},
+                                 {cumulativeClusterWord, clusterCumulatively},
                                  {saccadeClusterWord, clusterSaccades}} +
            statisticsCalculations();
 }

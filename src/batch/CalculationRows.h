@@ -13,6 +13,9 @@ struct CalculationRow {
     void (*run)(RunState &) = nullptr; ///< called with at least one recording; null: this version cannot do it
 };
 
+inline constexpr QLatin1StringView fixationWord("fixations");
+inline constexpr QLatin1StringView clusterWord("clusters");
+inline constexpr QLatin1StringView cumulativeClusterWord("cumulative-clusters");
 inline constexpr QLatin1StringView saccadeClusterWord("saccade-clusters");
 
 /// All calculations in the order in which they run.

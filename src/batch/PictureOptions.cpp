@@ -1,5 +1,6 @@
 #include "batch/PictureOptions.h"
 
+#include "batch/DrawValues.h"
 #include "batch/OptionValues.h"
 
 #include <QFileInfo>
@@ -36,18 +37,30 @@ std::optional<WrongValue> readDensity(const QString &value, BatchOptions &option
     return std::nullopt;
 }
 
+std::optional<WrongValue> readDrawing(const QString &value, BatchOptions &options)
+{
+    if (const auto problem = drawvalues::problemOf(value))
+        return WrongValue{value, *problem};
+    options.drawValues << value;
+    return std::nullopt;
+}
+
+constexpr OptionValue drawing{
+    .read = readDrawing, .show = texts<&O::drawValues>.show, .words = drawvalues::names, .given = Given::Repeatedly};
 constexpr OptionValue imageFiles{.read = readImage, .show = texts<&O::images>.show, .given = Given::Repeatedly};
 constexpr OptionValue densityFile{.read = readDensity, .show = text<&O::densityFile>.show};
 
 constexpr OptionRow rows[] = {
-    {Text("image"), Text("FILE"), Text("the drawing as .png, .svg, .tiff or .jpg; repeatable"), &imageFiles,
-     Reported::Never},
+    {Text("image"), Text("FILE"),
+     Text("the drawing as .png, .svg, .tiff or .jpg, in the working folder, not in that of --out; repeatable"),
+     &imageFiles, Reported::Never},
     {Text("density"), Text("FILE.tiff"), Text("density of a heatmap as 32-bit floating point numbers"), &densityFile,
      Reported::Never},
     {Text("density-kind"), Text("KIND"), Text("of %1 (default: gaze)"), &oneOf<&O::densityKind, densityKinds>,
      Reported::Never},
+    {Text("draw"), Text("NAME=VALUE"), Text("a value of drawings without a key, of %1; repeatable"), &drawing},
+    {Text("no-border"), Text(), Text("pictures without the black frame"), &flag<&O::noBorder>},
     {Text("image-area"), Text("AREA")},
-    {Text("no-border"), Text()},
     {Text("image-scale"), Text("FACTOR")},
     {Text("legend"), Text()},
     {Text("label-fixations"), Text()},

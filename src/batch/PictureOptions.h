@@ -8,6 +8,8 @@ struct PictureOptions {
     bool operator==(const PictureOptions &) const = default;
 
     QStringList images;
+    QStringList drawValues; ///< assignments of `drawvalues`
+    bool noBorder = false;
     QString densityFile; ///< empty: none
     DataKind densityKind = DataKind::GazePoints;
 };

@@ -16,6 +16,8 @@ constexpr OptionRow rows[] = {
     {Text("quiet"), Text(), Text("no progress bar, and of the messages only warnings and errors"), &flag<&O::quiet>,
      Reported::Never},
     {Text("help"), Text(), Text("this text"), &flag<&O::help>, Reported::Never},
+    {Text("keys"), Text(), Text("the keys of --set with their factory values and what they take"), &flag<&O::keys>,
+     Reported::Never},
     {Text("version"), Text(), Text("the version"), &flag<&O::version>, Reported::Never},
 };
 

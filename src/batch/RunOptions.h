@@ -11,6 +11,7 @@ struct RunOptions {
     bool quiet = false;
     bool help = false;    ///< to be answered before anything else; what follows it was not read
     bool version = false; ///< the same
+    bool keys = false;    ///< the same
 };
 
 OptionGroup runOptions();

@@ -1,5 +1,6 @@
 #include "batch/RunPictures.h"
 
+#include "batch/DrawValues.h"
 #include "batch/RunState.h"
 #include "density/DensityTiff.h"
 #include "settings/StoredKeys.h"
@@ -12,8 +13,14 @@
 
 namespace {
 
-/// The parameters of drawings as the store has them.
+/// The parameters of drawings as the store has them, and those that it does not keep.
 struct StoredRecords {
+    explicit StoredRecords(const QStringList &drawValues)
+    {
+        for (VisualizationParameters &each : kinds.values)
+            drawvalues::apply(drawValues, each);
+    }
+
     ByDataKind<VisualizationParameters> kinds{
         {gazePointParameters(), fixationParameters(), clusterParameters(), saccadeParameters()}};
     AoiVisualizationParameters areas = storedAoiVisualization();
@@ -39,9 +46,10 @@ void exportImages(RunState &run)
     if (run.options.images.isEmpty())
         return;
     QGraphicsScene scene;
-    const StoredRecords parameters;
+    const StoredRecords parameters(run.options.drawValues);
+    const Border border = run.options.noBorder ? Border::None : Border::Black;
     runDrawingPass(scene, run.model, contextOf(run.model, parameters),
-                   {backgroundPixmap(run.options.background, Border::Black), QImage(),
+                   {backgroundPixmap(run.options.background, border), QImage(),
                     saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
                                          run.options.saccadeClusters.style)});
     for (const QString &path : run.options.images) {
@@ -56,7 +64,7 @@ QMap<QString, QString> exportDensity(RunState &run)
 {
     if (run.options.densityFile.isEmpty())
         return {};
-    const StoredRecords parameters;
+    const StoredRecords parameters(run.options.drawValues);
     const std::optional<HeatmapDensity> density =
         heatmapDensity(run.options.densityKind, contextOf(run.model, parameters));
     if (!density) {

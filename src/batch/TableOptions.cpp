@@ -22,7 +22,7 @@ constexpr OptionRow rows[] = {
     {Text("export"), Text("LIST"), Text("of %1"), &someOf<&O::tables, tableRows>, Reported::Always},
     {Text("eyes"), Text("E"), Text("of %1, in tables and pictures (default: as the settings say, else all)"),
      &oneOf<&O::eyes, eyeWords>, Reported::Always},
-    {Text("out"), Text("DIR"), Text("where files go; made if missing (default: .)"), &text<&O::outputFolder>,
+    {Text("out"), Text("DIR"), Text("where tables go; made if missing (default: .)"), &text<&O::outputFolder>,
      Reported::Never},
     {Text("prefix"), Text("TEXT"), Text("beginning of the names of tables (default: vistrum)"), &prefixText,
      Reported::Never},

@@ -1,5 +1,6 @@
 #include "batch/TableRows.h"
 
+#include "batch/CalculationRows.h"
 #include "batch/RunState.h"
 #include "batch/StatisticsRows.h"
 
@@ -17,9 +18,9 @@ ExportResult write(RunState &run, const ExportTarget &target)
 
 QList<TableRow> tableRows()
 {
-    return QList<TableRow>{{Text("fixations"), write<exportFixations>},
-                           {Text("clusters"), write<exportClusters>},
-                           {Text("events"), write<exportEvents>},
-                           {Text("cumulative-clusters"), write<exportCumulativeClusters>}} +
+    return QList<TableRow>{{Text("fixations"), write<exportFixations>, fixationWord},
+                           {Text("clusters"), write<exportClusters>, clusterWord},
+                           {Text("events"), write<exportEvents>, fixationWord},
+                           {Text("cumulative-clusters"), write<exportCumulativeClusters>, cumulativeClusterWord}} +
            statisticsTables();
 }

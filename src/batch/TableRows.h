@@ -14,6 +14,7 @@ struct TableRow {
     QLatin1StringView word;
     /// Called with at least one recording; null: this version cannot do it.
     ExportResult (*write)(RunState &, const ExportTarget &) = nullptr;
+    QLatin1StringView needs = {}; ///< the calculation without which it is empty
 };
 
 /// All tables in the order in which they are written.

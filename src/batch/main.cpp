@@ -12,11 +12,15 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QTemporaryDir>
 
 #include <cstdio>
 
 namespace {
+
+/// In memory. Pictures that people are shown can be large: this is one of 23,000 x 23,000 px.
+constexpr int largestPictureMb = 2048;
 
 /// The run has a store of its own with the factory values: the user's is neither read nor changed.
 class PrivateStore {
@@ -76,7 +80,9 @@ ExitCode run(const BatchOptions &options, Terminal &output, Terminal &errors)
     if (!options.quiet)
         Progress::install(std::make_unique<TerminalProgress>(errors));
     PrivateStore store;
-    const ExitCode result = store.open() ? BatchRun(options, record, output).run() : ExitCode::SomethingFailed;
+    ExitCode result = ExitCode::SomethingFailed;
+    if (store.open())
+        result = options.keys ? answer(output, keyList().chopped(1)) : BatchRun(options, record, output).run();
     messages::install(nullptr);
     Progress::install(nullptr);
     return result;
@@ -96,6 +102,7 @@ int main(int argc, char *argv[])
 {
     qInstallMessageHandler(dropDeveloperLines);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // drawings need Qt's widgets, but no display
+    QImageReader::setAllocationLimit(largestPictureMb);
     // Qt would take options of its own out of the others, without a word; so it gets the name of the program only.
     int programName = 1;
     QApplication application(programName, argv);

@@ -13,7 +13,7 @@ void Registry::saveSettings(const QString &path) const
     QList<SettingsLine> lines;
     for (const QString &key : store.allKeys()) {
         if (key != keys::eyetrackerModel.key)
-            lines.append({key, store.value(key).toString()});
+            lines.append({.key = key, .value = store.value(key).toString()});
     }
     if (const auto problem = writeSettingsFile(path, lines))
         messages::warning(QStringLiteral("Settings"), writeFailure(path, *problem));
@@ -36,5 +36,8 @@ bool Registry::loadSettings(const QString &path) const
         }
     }
     m_log.write(changes);
+    if (changes.isEmpty())
+        messages::warning(QStringLiteral("Settings"),
+                          QStringLiteral("%1 is no settings file of this program: nothing was changed.").arg(path));
     return true;
 }

@@ -19,10 +19,10 @@ QList<SettingsLine> parseSettingsFile(const QByteArray &bytes)
     QString text = decodeText(bytes);
     QTextStream stream(&text);
     QList<SettingsLine> lines;
-    while (!stream.atEnd()) {
+    for (int number = 1; !stream.atEnd(); ++number) {
         const QStringList parts = stream.readLine().split(u'=');
         if (parts.size() == 2 && !parts.first().isEmpty())
-            lines.append({parts.first(), parts.last()});
+            lines.append({parts.first(), parts.last(), number});
     }
     return lines;
 }

@@ -9,6 +9,7 @@
 struct SettingsLine {
     QString key;
     QString value;
+    int number = 0; ///< of the line, from 1; 0 where there is no file yet
 
     bool operator==(const SettingsLine &) const = default;
 };

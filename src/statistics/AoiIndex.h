@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "model/AreaOfInterest.h"
 #include "model/PolygonIndex.h"
 
@@ -26,7 +26,7 @@ public:
     qsizetype size() const { return static_cast<qsizetype>(m_areas.size()); }
 
     /// The whole pixel of a position: each coordinate is cut towards zero.
-    static QPoint pixelOf(double x, double y) { return {text::truncated(x), text::truncated(y)}; }
+    static QPoint pixelOf(double x, double y) { return {truncated(x), truncated(y)}; }
 
 private:
     std::vector<Area> m_areas;

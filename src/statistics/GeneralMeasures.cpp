@@ -1,6 +1,6 @@
 #include "statistics/GeneralMeasures.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "statistics/RequiredForms.h"
 
 #include <cmath>
@@ -37,8 +37,8 @@ public:
     void add(const GazePoint &from, const GazePoint &to)
     {
         constexpr double msPerSecond = 1000.0;
-        const double dx = double(text::truncated(to.x)) - text::truncated(from.x);
-        const double dy = double(text::truncated(to.y)) - text::truncated(from.y);
+        const double dx = double(truncated(to.x)) - truncated(from.x);
+        const double dy = double(truncated(to.y)) - truncated(from.y);
         const double seconds = static_cast<double>(elapsedMs(from.time, to.time)) / msPerSecond;
         const double speed = std::sqrt(dx * dx + dy * dy) / seconds;
         m_sum += speed;

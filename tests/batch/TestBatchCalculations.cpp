@@ -28,7 +28,7 @@ void TestBatchCalculations::aDetectorThatIsNotUsedDoesNotMatter()
     const QStringList velocity{QStringLiteral("--set"),
                                QStringLiteral("Calculation/Fixation/CalculationType=Velocity based")};
     QCOMPARE(m_batch->run(velocity + words("--export events study/S01.data")).status, 0);
-    QCOMPARE(m_batch->run(velocity + words("--quiet --export events study/S01.data")).errors, QStringList());
+    QCOMPARE(m_batch->run(velocity + words("--quiet --image a.png study/S01.data")).errors, QStringList());
     const Outcome standard =
         m_batch->run(velocity + words("--quiet --detector standard --calculate fixations study/S01.data"));
     QCOMPARE(standard.status, 0);

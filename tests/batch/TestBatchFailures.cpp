@@ -1,5 +1,6 @@
 #include "BatchProgram.h"
 
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -34,6 +35,12 @@ private Q_SLOTS:
 
     void refusedCalls_data();
     void refusedCalls();
+    void wrongValuesInASettingsFile();
+    void aPictureThatCannotBeDecoded();
+    void whatHasNoEffectIsTold_data();
+    void whatHasNoEffectIsTold();
+    void twoRecordingsOfOneName();
+    void degreesWithoutAPicture();
     void unusableRecordingIsLeftOut_data();
     void unusableRecordingIsLeftOut();
     void withoutUsableRecordingThereIsNothingToWrite();
@@ -73,6 +80,19 @@ void TestBatchFailures::refusedCalls_data()
         "--set Calculation/Fixation/Standard/MaximumRadios: no such key; did you mean "
         "Calculation/Fixation/Standard/MaximumRadius?");
     row("a key like no other", "--set xyz=1 study/S01.data", "--set xyz: no such key");
+    row("a number with a decimal comma", "--set Calculation/Fixation/Standard/MaximumRadius=30,5 study/S01.data",
+        "--set Calculation/Fixation/Standard/MaximumRadius=30,5: not a whole number from 10 to 1000");
+    row("a radius below that of the panel", "--set Calculation/Fixation/Standard/MaximumRadius=-1 study/S01.data",
+        "--set Calculation/Fixation/Standard/MaximumRadius=-1: not a whole number from 10 to 1000");
+    row("a colour that is none", "--set Visualization/Fixation/FillColor=notacolor study/S01.data",
+        "--set Visualization/Fixation/FillColor=notacolor: not a colour such as #ff8000");
+    row("a settings file of which nothing applies", "--settings study/S01.set study/S01.data",
+        "--settings study/S01.set: no line of it sets a key of this program");
+    row("an unknown value of drawings", "--draw percent=yes study/S01.data",
+        "--draw percent=yes: percent is not one of gaussian-saccades, length-dependent, fixation-duration-dependent, "
+        "cluster-percentage, percent-mode, transition-type; did you mean percent-mode?");
+    row("a share beyond all", "--draw cluster-percentage=101 study/S01.data",
+        "--draw cluster-percentage=101: not a number from 0 to 100");
     row("no such settings file", "--out tables --settings missing.ini study/S01.data",
         "--settings missing.ini: no such file, or it cannot be read");
     row("a folder for settings", "--settings study study/S01.data",
@@ -99,6 +119,99 @@ void TestBatchFailures::refusedCalls()
     QCOMPARE(outcome.written, QStringList());
     QVERIFY(m_batch->files().isEmpty());
     QVERIFY(!QFileInfo::exists(m_batch->path(QStringLiteral("tables"))));
+}
+
+void TestBatchFailures::wrongValuesInASettingsFile()
+{
+    m_batch->write(QStringLiteral("a.ini"), "Calculation/Fixation/Standard/MaximumRadius=30\n"
+                                            "No/Such/Key=1\n"
+                                            "Calculation/Fixation/Standard/Outlier=many\n");
+    const Outcome refused = m_batch->run(words("--settings a.ini study/S01.data"));
+    QCOMPARE(refused.status, 2);
+    QCOMPARE(refused.errors, QStringList{QStringLiteral(
+                                 "vistrum-batch: --settings a.ini, line 3: "
+                                 "Calculation/Fixation/Standard/Outlier=many: not a whole number from 0 to 20")});
+    m_batch->write(QStringLiteral("a.ini"), "No/Such/Key=1\nCalculation/Fixation/Standard/Outlier=2\n");
+    const Outcome told = m_batch->run(words("--quiet --settings a.ini study/S01.data"));
+    QCOMPARE(told.status, 0);
+    QCOMPARE(told.errors, QStringList{QStringLiteral(
+                              "Settings: a.ini: keys that this version does not have are passed over: No/Such/Key")});
+}
+
+/// The header of a picture is whole, the rest is missing.
+void TestBatchFailures::aPictureThatCannotBeDecoded()
+{
+    m_batch->write(QStringLiteral("cut.png"), m_batch->contents(QStringLiteral("study/bay.png")).first(2000));
+    const Outcome outcome =
+        m_batch->run(words("--background cut.png --calculate fixations --export fixations study/S01.data"));
+    QCOMPARE(outcome.status, 2);
+    const QString beginning = QStringLiteral("vistrum-batch: --background cut.png: the picture cannot be decoded: ");
+    const QString last = outcome.errors.value(outcome.errors.size() - 1); // before it the library's own line
+    QVERIFY2(last.startsWith(beginning), qPrintable(last));
+    QCOMPARE(m_batch->files().keys(), words("cut.png"));
+}
+
+void TestBatchFailures::whatHasNoEffectIsTold_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QStringList>("lines");
+    const auto row = [](const char *name, const char *options, std::initializer_list<const char *> lines) {
+        QStringList texts;
+        for (const char *line : lines)
+            texts << QStringLiteral("Options: ") + QString::fromUtf8(line);
+        QTest::newRow(name) << QString::fromUtf8(options) << texts;
+    };
+    row("all of it has an effect", "--calculate fixations --export fixations study/S01.data", {});
+    row("tables without their calculation", "--export fixations,clusters --calculate fixations study/S01.data",
+        {"--export clusters: without --calculate clusters there is nothing to write."});
+    row("numbers of another method", "--calculate fixations,clusters --overlap-fixations 2 study/S01.data",
+        {"--overlap-fixations, --overlap-outliers: only clusters of the overlap method, "
+         "Calculation/Cluster/CalculationType=2, have them."});
+    row("saccade clusters that are not calculated", "--saccade-cluster mode=lines study/S01.data",
+        {"--saccade-cluster: without --calculate saccade-clusters nothing uses it."});
+    row("saccade clusters that come out nowhere", "--calculate fixations,saccade-clusters study/S01.data",
+        {"--calculate saccade-clusters: only --image with --saccade-cluster mode=lines or mode=single-line shows "
+         "them."});
+    row("a recording twice", "study/S01.data study/../study/S01.data",
+        {"study/../study/S01.data: the same recording as study/S01.data, it counts twice."});
+}
+
+void TestBatchFailures::whatHasNoEffectIsTold()
+{
+    QFETCH(QString, options);
+    const Outcome outcome = m_batch->run(words("--quiet") + words(options));
+    QCOMPARE(outcome.status, 0);
+    QTEST(outcome.errors, "lines");
+}
+
+void TestBatchFailures::twoRecordingsOfOneName()
+{
+    QVERIFY(QDir(m_batch->path(QString())).mkpath(QStringLiteral("other")));
+    m_batch->write(QStringLiteral("other/S01.data"), m_batch->contents(QStringLiteral("study/S02.data")));
+    m_batch->write(QStringLiteral("other/S01.set"), m_batch->contents(QStringLiteral("study/S02.set")));
+    const Outcome outcome = m_batch->run(words("--quiet study/S01.data other/S01.data"));
+    QCOMPARE(outcome.errors.value(0), QStringLiteral("Options: other/S01.data: has the name of study/S01.data, files "
+                                                     "for each recording are shared."));
+}
+
+/// Degrees without a picture rest on an assumed width, which the report has.
+void TestBatchFailures::degreesWithoutAPicture()
+{
+    const QStringList call = words("--quiet --calculate fixations --detector velocity --velocity-unit degree-per-s "
+                                   "--report report.json study/S01.data");
+    const auto width = [&] {
+        const auto report = QJsonDocument::fromJson(m_batch->contents(QStringLiteral("report.json")));
+        return report[QStringLiteral("parameters")][QStringLiteral("Calculation/Fixation/Velocity/ImageSizePixel")]
+            .toString();
+    };
+    const Outcome without = m_batch->run(call);
+    QCOMPARE(without.errors.value(0), QStringLiteral("Velocity: Degrees are reckoned with a picture that is 2560 px "
+                                                     "wide; --background names the picture that was seen."));
+    QCOMPARE(width(), QStringLiteral("2560"));
+    QImage(640, 480, QImage::Format_RGB32).save(m_batch->path(QStringLiteral("small.png")));
+    const Outcome with = m_batch->run(words("--background small.png") + call);
+    QVERIFY(with.errors.filter(QStringLiteral("Degrees")).isEmpty());
+    QCOMPARE(width(), QStringLiteral("640"));
 }
 
 void TestBatchFailures::unusableRecordingIsLeftOut_data()
@@ -176,8 +289,7 @@ void TestBatchFailures::missingSetFileAndPictureAreTold()
     m_batch->write(QStringLiteral("study/alone.data"), m_batch->contents(QStringLiteral("study/S01.data")));
     m_batch->write(QStringLiteral("study/blind.data"), m_batch->contents(QStringLiteral("study/S02.data")));
     m_batch->write(QStringLiteral("study/blind.set"), "picturename=gone.png\npicturepath=gone.png\n[subject]\n");
-    const Outcome outcome =
-        m_batch->run(words("--quiet --export fixations --report report.json study/alone.data study/blind.data"));
+    const Outcome outcome = m_batch->run(words("--quiet --report report.json study/alone.data study/blind.data"));
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.errors,
              (QStringList{QStringLiteral("Error opening set file: No such file or directory study/alone.set"),

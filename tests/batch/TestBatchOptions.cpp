@@ -365,7 +365,7 @@ void TestBatchOptions::helpNamesWhatIsBuilt()
     }
     for (const char *words :
          {"of fixations, clusters, cumulative-clusters, saccade-clusters", "of standard, gaussian, velocity (default",
-          "of all, dominant, left, right, mean (default", "of gaze, fixations, clusters, saccades (default: gaze)"})
+          "of all, dominant, left, right, mean, in tables", "of gaze, fixations, clusters, saccades (default: gaze)"})
         QVERIFY2(help.contains(QLatin1StringView(words)), words);
     for (const QString &line : help.split(u'\n'))
         QVERIFY2(line.size() < 100, qPrintable(line));

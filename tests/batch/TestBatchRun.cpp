@@ -54,6 +54,9 @@ private Q_SLOTS:
     void timeFrame();
     void aParameterChangesTheResults();
     void savedSettingsAreHonoured();
+    void bordersFollowTheirColors();
+    void drawingsWithValuesOfTheirOwn();
+    void keysAreListed();
     void laterSettingsWin();
     void theUsersStoreIsNotTouched();
     void reportNamesWhatTheResultsRestOn();
@@ -258,6 +261,42 @@ void TestBatchRun::savedSettingsAreHonoured()
     QVERIFY(filesOf(tablesOfTheStudy()) != narrow);
 }
 
+/// As in the window: a border follows its fill colour and the border type, unless it is set itself.
+void TestBatchRun::bordersFollowTheirColors()
+{
+    const auto border = [&](const char *settings) {
+        filesOf(words(settings) + words("--quiet --report report.json study/S01.data"));
+        return report()[QStringLiteral("parameters")][QStringLiteral("Visualization/Fixation/BorderColor")].toString();
+    };
+    const QString green = border("--set Visualization/Fixation/FillColor=#00ff00");
+    // type 2 is the darker shade: half the light of the colour
+    QCOMPARE(green, QStringLiteral("#007f00"));
+    QVERIFY(border("--set Visualization/Fixation/FillColor=#00ff00 --set Visualization/Fixation/BorderType=0") !=
+            green);
+    QCOMPARE(border("--set Visualization/Fixation/FillColor=#00ff00 --set Visualization/Fixation/BorderColor=red"),
+             QStringLiteral("#ff0000"));
+}
+
+/// Values that the store does not keep reach the drawing; without a border the frame is not drawn.
+void TestBatchRun::drawingsWithValuesOfTheirOwn()
+{
+    const QStringList what = words("--quiet --calculate fixations,clusters --time 0:2000 --image a.png "
+                                   "--set Visualization/Fixationcluster/VisualizationMode=1") +
+                             BatchProgram::study();
+    const auto plain = filesOf(what);
+    QVERIFY(plain != filesOf(words("--no-border") + what));
+    QVERIFY(plain != filesOf(words("--draw cluster-percentage=20") + what));
+    QVERIFY(plain == filesOf(words("--draw cluster-percentage=90") + what)); // as at the start of the program
+}
+
+void TestBatchRun::keysAreListed()
+{
+    const Outcome outcome = m_batch->run(words("--keys"));
+    QCOMPARE(outcome.status, 0);
+    QVERIFY(outcome.written.contains(
+        QStringLiteral("Calculation/Fixation/Standard/MaximumRadius=40  (a whole number from 10 to 1000)")));
+}
+
 void TestBatchRun::laterSettingsWin()
 {
     m_batch->write(QStringLiteral("study/one.ini"), "Calculation/Fixation/Standard/MaximumRadius=11\n"
@@ -414,7 +453,8 @@ void TestBatchRun::sameRecordingTwice()
 
 void TestBatchRun::messagesWithoutQuiet()
 {
-    const Outcome outcome = m_batch->run(words("--export fixations,events --out tables study/S01.data"));
+    const Outcome outcome =
+        m_batch->run(words("--calculate fixations --export fixations,events --out tables study/S01.data"));
     QCOMPARE(outcome.status, 0);
     // One line each, without a bar: the channel is no screen.
     QCOMPARE(outcome.errors, (QStringList{QStringLiteral("Fixation Export: Fixations exported to: tables"),

@@ -32,7 +32,7 @@ void TestSuggestion::suggestions_data()
     QTest::newRow("too far") << "transitions"
                              << "";
     QTest::newRow("a letter changed of eight") << "saccadeo"
-                                                                       << "saccades";
+                                               << "saccades";
     QTest::newRow("a short word may differ in one letter") << "cock"
                                                            << "";
     QTest::newRow("letters within the word") << "cade"

@@ -1,6 +1,6 @@
 #include "detection/panel/FixationCommands.h"
 
-#include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "commands/CountText.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
@@ -51,7 +51,7 @@ void CommandCalculateFixations::redo()
     }
     if (const auto *velocity = std::get_if<VelocityParameters>(&m_parameters)) {
         FixationSettingsModel written;
-        setParameter(written, rows::velocityImageSizePixels, text::truncated(velocity->imageWidthPx));
+        setParameter(written, rows::velocityImageSizePixels, truncated(velocity->imageWidthPx));
     }
     tell(*outcome);
 }

@@ -1,6 +1,7 @@
 #include "visualization/shapes/AoiTransitionShapes.h"
 
 #include "base/TextFormat.h"
+#include "base/Truncation.h"
 #include "statistics/AoiTransitions.h"
 #include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/selection/DrawingContext.h"
@@ -98,7 +99,7 @@ int lineWidth(const Sources &sources, qsizetype from, qsizetype to)
     const int reference =
         sources.parameters.normTransGlobal ? sources.largestCount : std::max(1, largestOut(sources.transitions, from));
     const double width = double(sources.transitions.count(from, to)) / reference * sources.parameters.lineSize;
-    return std::min(std::max(1, text::truncated(width)), sources.parameters.lineSize);
+    return std::min(std::max(1, truncated(width)), sources.parameters.lineSize);
 }
 
 /// Nothing between areas with the same centre: the line has no direction.
@@ -116,7 +117,7 @@ QPolygonF band(QPointF from, QPointF to, int width)
 
 QColor mixed(const QColor &a, double shareOfA, const QColor &b, double shareOfB)
 {
-    const auto channel = [&](int ofA, int ofB) { return text::truncated(ofA * shareOfA + ofB * shareOfB); };
+    const auto channel = [&](int ofA, int ofB) { return truncated(ofA * shareOfA + ofB * shareOfB); };
     return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
 }
 

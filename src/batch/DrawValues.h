@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+struct VisualizationParameters;
+
+/// Values of drawings that the store does not keep: in the window they last as long as the program. Each is assigned
+/// as NAME=VALUE and holds for every kind of data whose modes read it.
+namespace drawvalues {
+
+/// What is wrong with the assignment; nothing if it can be applied.
+std::optional<QString> problemOf(const QString &assignment);
+
+/// Applies assignments without a problem, the later ones last.
+void apply(const QStringList &assignments, VisualizationParameters &parameters);
+
+QStringList names();
+
+} // namespace drawvalues

@@ -1,0 +1,82 @@
+#include "batch/EffectChecks.h"
+
+#include "batch/CalculationRows.h"
+#include "batch/TableRows.h"
+#include "clustering/ClusterSettingsModel.h"
+#include "settings/SettingsStore.h"
+
+#include <QFileInfo>
+#include <QMap>
+
+namespace {
+
+constexpr int overlapMethod = 2; // of ClusterSettingsModel
+
+QStringList tablesWithoutCalculation(const BatchOptions &options)
+{
+    QStringList lines;
+    for (const TableRow &row : tableRows()) {
+        if (options.tables.contains(row.word) && !row.needs.isEmpty() && !options.calculations.contains(row.needs))
+            lines << QStringLiteral("--export %1: without --calculate %2 there is nothing to write.")
+                         .arg(row.word, row.needs);
+    }
+    return lines;
+}
+
+bool overlapIsUsed(const BatchOptions &options)
+{
+    const bool clustered =
+        options.calculations.contains(clusterWord) || options.calculations.contains(cumulativeClusterWord);
+    const int method = fromStored<int>(SettingsStore().value(rows::clusterCalculationType.key));
+    return clustered && method == overlapMethod;
+}
+
+QStringList clusterOptionsWithoutClusters(const BatchOptions &options)
+{
+    const CalculationOptions defaults;
+    QStringList lines;
+    const bool overlap =
+        options.overlapFixations != defaults.overlapFixations || options.overlapOutliers != defaults.overlapOutliers;
+    if (overlap && !overlapIsUsed(options))
+        lines << QStringLiteral("--overlap-fixations, --overlap-outliers: only clusters of the overlap method, %1=%2, "
+                                "have them.")
+                     .arg(rows::clusterCalculationType.key)
+                     .arg(overlapMethod);
+    const bool saccades = options.calculations.contains(saccadeClusterWord);
+    if (!saccades && options.saccadeClusters != defaults.saccadeClusters)
+        lines << QStringLiteral("--saccade-cluster: without --calculate %1 nothing uses it.").arg(saccadeClusterWord);
+    const bool drawn = !options.images.isEmpty() && options.saccadeClusters.mode != SaccadeClusterMode::None;
+    if (saccades && !drawn)
+        lines << QStringLiteral("--calculate %1: only --image with --saccade-cluster mode=lines or mode=single-line "
+                                "shows them.")
+                     .arg(saccadeClusterWord);
+    return lines;
+}
+
+/// Files are told apart by what they are, whatever the way to them is called.
+QStringList repeatedRecordings(const BatchOptions &options)
+{
+    QMap<QString, QString> files;
+    QMap<QString, QString> names;
+    QStringList lines;
+    for (const QString &path : options.recordings) {
+        const QFileInfo info(path);
+        const QString file = info.canonicalFilePath();
+        const QString name = info.completeBaseName();
+        if (!file.isEmpty() && files.contains(file))
+            lines << QStringLiteral("%1: the same recording as %2, it counts twice.").arg(path, files[file]);
+        else if (names.contains(name))
+            lines << QStringLiteral("%1: has the name of %2, files for each recording are shared.")
+                         .arg(path, names[name]);
+        files.insert(file, path);
+        names.insert(name, path);
+    }
+    return lines;
+}
+
+} // namespace
+
+QStringList optionsWithoutEffect(const BatchOptions &options)
+{
+    return tablesWithoutCalculation(options) + clusterOptionsWithoutClusters(options) + repeatedRecordings(options);
+}

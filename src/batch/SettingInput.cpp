@@ -1,0 +1,92 @@
+#include "batch/SettingInput.h"
+
+#include "base/Messages.h"
+#include "batch/SettingRules.h"
+#include "batch/Suggestion.h"
+#include "settings/SettingsFile.h"
+#include "settings/SettingsStore.h"
+#include "visualization/modes/VisualizationKinds.h"
+
+#include <QSet>
+
+namespace {
+
+/// Sets the key; what is wrong with the value, if it is none.
+std::optional<QString> applyValue(const QHash<QString, SettingRule> &rules, const QString &key, const QString &text)
+{
+    const SettingRule rule = rules.value(key);
+    const std::optional<QVariant> value = rule.value(text);
+    if (!value)
+        return QStringLiteral("%1=%2: not %3").arg(key, text, rule.expected());
+    SettingsStore().setValue(key, *value);
+    return std::nullopt;
+}
+
+/// As in the window, a border follows from its fill colour and the border type; a border that was set itself stays.
+void followBorders(const QSet<QString> &set)
+{
+    const auto follow = [&](const VisualizationParameters &record, const auto &fill, const auto &border) {
+        const bool changed = set.contains(storedKey(record, fill)) || set.contains(storedKey(record, rows::borderType));
+        if (changed && !set.contains(storedKey(record, border)))
+            SettingsStore().setValue(storedKey(record, border),
+                                     toStored(borderColorFor(record.*fill.member, record.borderType)));
+    };
+    for (const VisualizationKind &kind : visualizationKinds()) {
+        const VisualizationParameters record = kind.stored();
+        follow(record, rows::fillColor, rows::borderColor);
+        follow(record, rows::fillColorLeft, rows::borderColorLeft);
+        follow(record, rows::fillColorRight, rows::borderColorRight);
+    }
+}
+
+void warnOfUnknownKeys(const QString &path, const QStringList &keys)
+{
+    if (!keys.isEmpty())
+        messages::warning(QStringLiteral("Settings"),
+                          QStringLiteral("%1: keys that this version does not have are passed over: %2")
+                              .arg(path, keys.join(QLatin1StringView(", "))));
+}
+
+} // namespace
+
+std::optional<UsageError> applySettingsFile(const QString &path)
+{
+    const std::optional<QList<SettingsLine>> lines = readSettingsFile(path);
+    if (!lines)
+        return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
+    const auto rules = settingRules();
+    QSet<QString> set;
+    QStringList unknown;
+    for (const SettingsLine &line : *lines) {
+        if (!SettingsStore().contains(line.key)) {
+            unknown << line.key;
+            continue;
+        }
+        if (const auto problem = applyValue(rules, line.key, line.value))
+            return UsageError{
+                QStringLiteral("--settings %1, line %2: %3").arg(path, QString::number(line.number), *problem)};
+        set << line.key;
+    }
+    if (set.isEmpty())
+        return UsageError{QStringLiteral("--settings %1: no line of it sets a key of this program").arg(path)};
+    warnOfUnknownKeys(path, unknown);
+    followBorders(set);
+    return std::nullopt;
+}
+
+std::optional<UsageError> applySettings(const QList<BatchOptions::Setting> &settings)
+{
+    const auto rules = settingRules();
+    const QStringList known = SettingsStore().allKeys();
+    QSet<QString> set;
+    for (const BatchOptions::Setting &setting : settings) {
+        if (!known.contains(setting.key))
+            return UsageError{QStringLiteral("--set %1: no such key").arg(setting.key) +
+                              didYouMean(setting.key, known)};
+        if (const auto problem = applyValue(rules, setting.key, setting.value))
+            return UsageError{QStringLiteral("--set ") + *problem};
+        set << setting.key;
+    }
+    followBorders(set);
+    return std::nullopt;
+}

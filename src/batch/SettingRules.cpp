@@ -1,0 +1,178 @@
+#include "batch/SettingRules.h"
+
+#include "clustering/ClusterSettingsModel.h"
+#include "detection/FixationSettingsModel.h"
+#include "settings/StoredKeys.h"
+#include "visualization/modes/VisualizationKinds.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
+
+#include <cmath>
+
+namespace {
+
+using Rules = QHash<QString, SettingRule>;
+using Type = SettingRule::Type;
+
+struct Range {
+    QLatin1StringView key; ///< of a row
+    double least;
+    double most;
+};
+
+/// As the forms have them; of options that mean something else in each mode, the widest.
+constexpr Range ranges[] = {
+    {keys::eyeMode.key, 0, 4},
+    {rows::standardMinimumDuration.key, 0, 5000},
+    {rows::standardMaximumRadius.key, 10, 1000},
+    {rows::standardOutliers.key, 0, 20},
+    {rows::gaussianMinimumDuration.key, 0, 5000},
+    {rows::velocityMinimumDuration.key, 0, 5000},
+    {rows::velocityThreshold.key, 0, 5000},
+    {rows::velocityScreenDistance.key, 0, 99.99},
+    {rows::velocityImageSize.key, 0, 99.99},
+    {rows::velocityImageSizePixels.key, 0, std::numeric_limits<int>::max()},
+    {rows::clusterCalculationType.key, 0, 2},
+    {rows::clusterStandardMinimumFixations.key, 1, 5'000'000},
+    {rows::clusterStandardOverlapAllowed.key, 0, 50},
+    {rows::clusterStandardMaximumRadius.key, 30, 2000},
+    {rows::clusterMeanShiftRadius.key, 1, 5000},
+    {rows::clusterMeanShiftGradient.key, 0.01, 1},
+    {rows::clusterMeanShiftIterations.key, 1, 200},
+    {rows::clusterMeanShiftMinimumFixations.key, 0, 5'000'000},
+    {rows::size.key, 1, 999},
+    {rows::stepSize.key, 1, 1000},
+    {rows::fillOpacity.key, 0, 100},
+    {rows::borderWidth.key, 0, 20},
+    {rows::borderType.key, 0, 2},
+    {rows::normalDistributionWidth.key, 10, 200},
+    {rows::normalDistributionSigma.key, 10, 100},
+    {rows::power.key, 0, 1'000'000'000},
+    {rows::shadowTransparency.key, 0, 255},
+    {rows::heatmapThreashold.key, 0, 10'000'000},
+    {rows::heatmapColormap.key, 0, 5},
+    {rows::numberOfHistogramBins.key, 1, 360},
+    {rows::angleOffset.key, -360, 360},
+    {rows::acmTransparency1.key, 0, 255},
+    {rows::acmTransparency2.key, 0, 255},
+    {rows::acmTransparency3.key, 0, 255},
+    {rows::acmTransparency4.key, 0, 255},
+    {rows::acmStart1.key, 0, 1},
+    {rows::acmStart2.key, 0, 1},
+    {rows::acmStart3.key, 0, 1},
+    {rows::acmStart4.key, 0, 1},
+    {rows::aoiFillOpacity.key, 0, 100},
+    {rows::aoiBorderType.key, 0, 2},
+};
+
+template <class T>
+constexpr Type typeOf()
+{
+    if constexpr (std::is_same_v<T, bool>)
+        return Type::Flag;
+    else if constexpr (std::is_same_v<T, int>)
+        return Type::WholeNumber;
+    else if constexpr (std::is_same_v<T, double>)
+        return Type::Number;
+    else if constexpr (std::is_same_v<T, QColor>)
+        return Type::Color;
+    else
+        return Type::Text;
+}
+
+template <class Row>
+SettingRule ruleOf(const Row &row)
+{
+    using Value = typename Row::Value;
+    SettingRule rule;
+    if constexpr (!requires { row.stored; }) // what is stored in a form of its own is text
+        rule.type = typeOf<Value>();
+    if constexpr (std::is_same_v<Value, QColor> && requires { row.initial; })
+        rule.mayBeEmpty = !row.initial.isValid();
+    if (rule.type == Type::WholeNumber) {
+        rule.least = std::numeric_limits<int>::lowest();
+        rule.most = std::numeric_limits<int>::max();
+    }
+    for (const Range &range : ranges) {
+        if (range.key == row.key) {
+            rule.least = range.least;
+            rule.most = range.most;
+        }
+    }
+    return rule;
+}
+
+template <class Table>
+void addRules(const QString &path, const Table &table, Rules &rules)
+{
+    const auto add = [&](const auto &...row) { (rules.insert(path + row.key, ruleOf(row)), ...); };
+    std::apply(add, table);
+}
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 10);
+}
+
+} // namespace
+
+std::optional<QVariant> SettingRule::value(const QString &text) const
+{
+    bool ok = false;
+    if (type == Type::Text)
+        return words.isEmpty() || words.contains(text) ? std::optional<QVariant>(text) : std::nullopt;
+    if (type == Type::Flag) {
+        const bool on = text == QLatin1StringView("true") || text == QLatin1StringView("1");
+        const bool off = text == QLatin1StringView("false") || text == QLatin1StringView("0");
+        return on || off ? std::optional<QVariant>(on) : std::nullopt;
+    }
+    if (type == Type::Color) {
+        const QColor color(text);
+        if (color.isValid())
+            return color.name();
+        return text.isEmpty() && mayBeEmpty ? std::optional<QVariant>(text) : std::nullopt;
+    }
+    const double read = type == Type::WholeNumber ? text.toInt(&ok) : text.toDouble(&ok);
+    if (!ok || !std::isfinite(read) || read < least || read > most)
+        return std::nullopt;
+    return type == Type::WholeNumber ? QVariant(static_cast<int>(read)) : QVariant(read);
+}
+
+QString SettingRule::expected() const
+{
+    switch (type) {
+    case Type::Text:
+        return QStringLiteral("one of ") + words.join(QLatin1StringView(", "));
+    case Type::Flag:
+        return QStringLiteral("true or false");
+    case Type::Color:
+        return QStringLiteral("a colour such as #ff8000");
+    case Type::WholeNumber:
+    case Type::Number:
+        break;
+    }
+    const QString kind =
+        type == Type::WholeNumber ? QStringLiteral("a whole number") : QStringLiteral("a number with a decimal point");
+    const bool bounded = most < (type == Type::WholeNumber ? std::numeric_limits<int>::max() : 1e300);
+    return bounded ? QStringLiteral("%1 from %2 to %3").arg(kind, number(least), number(most)) : kind;
+}
+
+QHash<QString, SettingRule> settingRules()
+{
+    Rules rules;
+    addRules(QString(), keys::all, rules);
+    addRules(QString(), rows::fixation, rules);
+    addRules(QString(), rows::cluster, rules);
+    addRules(QString(), rows::aoiVisualization, rules);
+    for (const VisualizationKind &kind : visualizationKinds()) {
+        const QString path = kind.stored().settingsPath;
+        addRules(path, rows::visualization, rules);
+        SettingRule &mode = rules[path + rows::visualizationMode.key];
+        mode.least = 0;
+        mode.most = static_cast<double>(kind.modeNames().size() - 1);
+    }
+    QStringList &detectors = rules[rows::calculationType.key].words;
+    for (const QLatin1StringView name : calculationTypeNames)
+        detectors << name;
+    detectors << QString(); // as an unknown one is stored
+    return rules;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <limits>
+#include <optional>
+
+/// What the value of a key must be. The type is that of its parameter row, the range that of the panels' forms.
+struct SettingRule {
+    enum class Type { Text, Flag, WholeNumber, Number, Color };
+
+    /// The value that the text stands for; nothing where it is none.
+    std::optional<QVariant> value(const QString &text) const;
+
+    /// Such as "a whole number from 10 to 1000".
+    QString expected() const;
+
+    Type type = Type::Text;
+    double least = std::numeric_limits<double>::lowest();
+    double most = std::numeric_limits<double>::max();
+    QStringList words = {};  ///< of a text that has only these values
+    bool mayBeEmpty = false; ///< of colours; other empty texts stand for no value
+};
+
+/// The rules of all keys that the program declares.
+QHash<QString, SettingRule> settingRules();
