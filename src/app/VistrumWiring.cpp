@@ -55,24 +55,6 @@ void Vistrum::makeMenus()
     connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
     connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
     connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltResetSettings);
-void Vistrum::makeMenus()
-{
-    CommandStack &stack = CommandStack::instance();
-    QAction *undo = stack.createUndoAction(this, QStringLiteral("&Undo"));
-    QAction *redo = stack.createRedoAction(this, QStringLiteral("&Redo"));
-    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
-    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
-    m_ui->menuEdit->insertActions(m_ui->action_UndoView, {undo, redo});
-    m_ui->menuEdit->insertSeparator(m_ui->action_UndoView);
-    connect(m_ui->action_UndoView, &QAction::triggered, m_ui->control, &controlWidget::sltShowCommandProcessor);
-    connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
-    connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
-    connect(m_ui->action_Help, &QAction::triggered, this, [this] {
-        showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));
-    });
-    connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
-    connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
-    connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltResetSettings);
 }
 
 void Vistrum::connectAreas()

@@ -4,7 +4,6 @@
 #include "aoi/saliency/Saliency.h"
 #include "base/Progress.h"
 #include "base/TextFormat.h"
-#include "base/TextFormat.h"
 #include "base/Truncation.h"
 #include "density/FixationDensity.h"
 #include "model/DataModel.h"

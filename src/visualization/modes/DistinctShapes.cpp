@@ -34,6 +34,17 @@ std::size_t hashOf(const TextShape &shape)
     return qHashMulti(0, shape.top.x(), shape.top.y(), shape.text);
 }
 
+std::size_t hashOf(const PolygonShape &shape)
+{
+    const QPointF center = shape.polygon.boundingRect().center();
+    return qHashMulti(0, center.x(), center.y());
+}
+
+std::size_t hashOf(const AreaShape &shape)
+{
+    return qHash(shape.index);
+}
+
 } // namespace
 
 Drawing DistinctShapes::take(const Drawing &drawing)

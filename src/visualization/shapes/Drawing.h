@@ -85,6 +85,8 @@ struct PolygonShape {
     QBrush brush;
     QString toolTip = {};
     std::optional<qsizetype> shownOnArea = {}; ///< hidden until the mouse enters the area with this index
+
+    bool operator==(const PolygonShape &) const = default;
 };
 
 /// An area of interest that the mouse can enter.
@@ -94,6 +96,8 @@ struct AreaShape {
     QBrush brush;
     QString toolTip;
     qsizetype index = 0; ///< place among the areas of the drawing
+
+    bool operator==(const AreaShape &) const = default;
 };
 
 using Shape =
