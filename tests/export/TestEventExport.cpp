@@ -121,7 +121,7 @@ void TestEventExport::walk_data()
 void TestEventExport::walk()
 {
     QFETCH(QString, pattern);
-    QFETCH(TimeSpan, span);
+    QFETCH(TimeFrame, span);
     QFETCH(QString, expected);
     QCOMPARE(shortRows(eventsOf(recording(pattern), span)).join(u'|'), expected);
 }

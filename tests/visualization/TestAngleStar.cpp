@@ -307,7 +307,7 @@ void TestAngleStar::barsStandOutWithFactoryValues()
         const QPen pen = std::get<LineShape>(drawing.last()).pen;
         QVERIFY(pen.widthF() >= 10); // the canvas is shown at a third of its size
         for (const int disc : {200, 100}) {
-            const auto seen = [&](int channel) { return (channel - disc) * pen.color().alphaF(); };
+            const auto seen = [&](int channel) { return (channel - disc) * static_cast<double>(pen.color().alphaF()); };
             const double difference =
                 std::hypot(seen(color.red()), seen(color.green()), seen(color.blue())); // from the disc below
             QVERIFY2(difference > 40, qPrintable(color.name()));

@@ -91,11 +91,11 @@ void TestDataSelection::passes()
     QStringList found;
     for (const QList<ExaminationEye> &pass : passesToDraw({&first, &second}, static_cast<EyeMode>(mode))) {
         QStringList names;
-        for (const auto &[examination, eye] : pass) {
-            const char *stream = eye.data == &examination->leftEye    ? " left"
-                                 : eye.data == &examination->rightEye ? " right"
-                                                                      : " mean";
-            names << (examination == &first ? QStringLiteral("0") : QStringLiteral("1")) + QString::fromLatin1(stream);
+        for (const ExaminationEye &each : pass) {
+            const char *stream = &each.stream() == &each.examination->leftEye    ? " left"
+                                 : &each.stream() == &each.examination->rightEye ? " right"
+                                                                                 : " mean";
+            names << (each.examination == &first ? QStringLiteral("0") : QStringLiteral("1")) + QString::fromLatin1(stream);
         }
         found << names.join(QStringLiteral(", "));
     }

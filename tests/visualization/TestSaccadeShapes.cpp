@@ -58,7 +58,7 @@ QString colorsOf(const Drawing &drawing)
 }
 
 /// Arrows from x = 1 to 2 for the left, 3 to 4 for the right and 5 to 6 for the mean of both eyes.
-Examination allEyes(const QString &dominantEye = QStringLiteral("right"))
+Examination threeEyes(const QString &dominantEye = QStringLiteral("right"))
 {
     Examination examination;
     examination.dominantEye = dominantEye;
@@ -191,7 +191,7 @@ void TestSaccadeShapes::opaqueColorsOfEyes_data()
 void TestSaccadeShapes::opaqueColorsOfEyes()
 {
     QFETCH(int, mode);
-    toy::Scenery scenery = sceneryOf({allEyes(), allEyes(QStringLiteral("left"))});
+    toy::Scenery scenery = sceneryOf({threeEyes(), threeEyes(QStringLiteral("left"))});
     scenery.eyeMode = static_cast<EyeMode>(mode);
     scenery.saccades.fillOpacity = 20;
     const Drawing drawing = pictureOf(scenery.context()).drawing;
@@ -201,9 +201,9 @@ void TestSaccadeShapes::opaqueColorsOfEyes()
 
 void TestSaccadeShapes::colorsOfTheGroup()
 {
-    Examination grouped = allEyes();
+    Examination grouped = threeEyes();
     grouped.groupName = QStringLiteral("Readers");
-    toy::Scenery scenery = sceneryOf({grouped, allEyes()});
+    toy::Scenery scenery = sceneryOf({grouped, threeEyes()});
     Group group;
     group.name = QStringLiteral("Readers");
     group.colorsLeft[QStringLiteral("SaccadeVisualization")] = QColor(1, 2, 3);
@@ -222,7 +222,7 @@ void TestSaccadeShapes::recordingsAreNotLinked()
     toy::Scenery scenery = sceneryOf({single, single});
     QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
     scenery.model.examinations()[0].checked = false;
-    scenery.model.examinations()[1] = allEyes();
+    scenery.model.examinations()[1] = threeEyes();
     QCOMPARE(linksOf(pictureOf(scenery.context()).drawing), QStringLiteral("1>2 3>4"));
     scenery.model.examinations()[1].checked = false;
     QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
@@ -239,7 +239,7 @@ void TestSaccadeShapes::modesWithoutShapes_data()
 void TestSaccadeShapes::modesWithoutShapes()
 {
     QFETCH(int, mode);
-    toy::Scenery scenery = sceneryOf({allEyes()});
+    toy::Scenery scenery = sceneryOf({threeEyes()});
     scenery.saccades.visualizationMode = mode;
     QVERIFY(pictureOf(scenery.context()).drawing.isEmpty());
 }

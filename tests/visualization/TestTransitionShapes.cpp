@@ -30,7 +30,7 @@ TransitionPicture pictureOf(const QList<std::pair<Pair, int>> &counts, double pe
     ClusterTransitions transitions(clusters.size());
     for (const auto &[pair, count] : counts) {
         for (int i = 0; i < count; ++i)
-            transitions.add(pair, 7);
+            transitions.add(pair, 7, 0);
     }
     const int largest = transitions.largest();
     return {clusters, transitions, largest, perMinute};
@@ -139,7 +139,7 @@ void TestTransitionShapes::statistics()
 {
     TransitionPicture picture = pictureOf({});
     for (const double length : {10.0, 20.0, 60.0})
-        picture.inFrame.add({0, 1}, length);
+        picture.inFrame.add({0, 1}, length, 0);
     // Mean 30; squares 400 + 100 + 900 over 3 make 466.667, its root 21.6025.
     const QString toolTip = std::get<OvalShape>(transitionShapes(picture, transitionDrawing())[1]).toolTip;
     QVERIFY2(toolTip.endsWith(QStringLiteral("\r\nMean length: 30\r\nStandard deviation length: 21.6025")),
