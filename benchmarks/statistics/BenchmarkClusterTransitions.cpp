@@ -1,4 +1,4 @@
-#include "visualization/shapes/ClusterShapes.h"
+#include "visualization/modes/Picture.h"
 
 #include <benchmark/benchmark.h>
 
@@ -87,11 +87,12 @@ void cumulative(benchmark::State &state)
     VisualizationParameters parameters;
     setInitialValues(parameters, rows::visualization);
     parameters.visualizationMode = 8;
-    const DrawingContext context{model, EyeMode::showLeft, allTime, parameters, parameters, parameters, parameters};
-    for (auto _ : state) {
-        for (const Examination *examination : context.model.checkedExaminations())
-            benchmark::DoNotOptimize(drawClusters(*examination, context).size());
-    }
+    const VisualizationParameters none;
+    const AoiVisualizationParameters areas;
+    const DrawingContext context{
+        model, EyeMode::showLeft, allTime, {{&none, &none, &parameters, &none}}, areas};
+    for (auto _ : state)
+        benchmark::DoNotOptimize(pictureOf(context).drawing.size());
 }
 
 BENCHMARK(byIndex)->Arg(1000)->Arg(4000)->Arg(16000)->Unit(benchmark::kMillisecond);

@@ -56,10 +56,11 @@ struct Study {
     }
     DrawingContext context() const
     {
-        return {model, EyeMode::showAll, {0, samplesPerRecording}, {{&parameters, &none, &none, &none}}};
+        return {model, EyeMode::showAll, {0, samplesPerRecording}, {{&parameters, &none, &none, &none}}, areas};
     }
 
     DataModel model;
+    AoiVisualizationParameters areas;
     VisualizationParameters parameters;
     VisualizationParameters none;
 };

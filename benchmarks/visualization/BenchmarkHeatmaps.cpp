@@ -1,8 +1,8 @@
 #include "density/SaccadeDensity.h"
 #include "visualization/heatmap/Heatmap.h"
-#include "visualization/PlainFixations.h"
-#include "visualization/PlainGazePoints.h"
-#include "visualization/PlainSaccades.h"
+#include "density/PlainFixations.h"
+#include "density/PlainGazePoints.h"
+#include "density/PlainSaccades.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <benchmark/benchmark.h>

@@ -59,10 +59,11 @@ void redraw(benchmark::State &state)
     const VisualizationParameters none;
     VisualizationParameters parameters = initialParameters();
     parameters.visualizationMode = 1;
+    const AoiVisualizationParameters areas;
     QGraphicsScene scene;
     for (auto _ : state) {
         scene.clear();
-        drawScene(scene, {model, EyeMode::showLeft, wholeOf(state.range(0)), {{&none, &none, &none, &parameters}}});
+        drawScene(scene, {model, EyeMode::showLeft, wholeOf(state.range(0)), {{&none, &none, &none, &parameters}}, areas});
         benchmark::DoNotOptimize(scene.items(QPointF())); // painting asks alike
     }
     state.SetComplexityN(state.range(0));
