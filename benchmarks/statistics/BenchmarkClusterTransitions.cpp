@@ -1,3 +1,4 @@
+#include "statistics/ClusterTransitions.h"
 #include "visualization/modes/Picture.h"
 
 #include <benchmark/benchmark.h>

@@ -9,9 +9,9 @@
 struct SettingsLine {
     QString key;
     QString value;
-    int number = 0; ///< of the line, from 1; 0 where there is no file yet
+    int number = 0; ///< of the line in its file, from 1; no part of what the line says
 
-    bool operator==(const SettingsLine &) const = default;
+    bool operator==(const SettingsLine &other) const { return key == other.key && value == other.value; }
 };
 
 /// The lines of a settings file: a key, "=" and its value, nothing else. There are no sections and no comments, and

@@ -371,7 +371,7 @@ void TestControlWidget::saliencyPageOfTheForm()
         QCOMPARE(find<QSpinBox>(name)->minimum(), 2);
         QCOMPARE(find<QSpinBox>(name)->maximum(), 1000);
     }
-    QCOMPARE(find<QPushButton>("stat_calc")->text(), QStringLiteral("Calculate changes"));
+    QCOMPARE(find<QWidget>("page_sal")->findChild<QPushButton *>(QStringLiteral("stat_calc"))->text(), QStringLiteral("Calculate changes"));
     QCOMPARE(m_model->saliencyParameters, SaliencyParameters());
 }
 
@@ -445,7 +445,7 @@ void TestControlWidget::theButtonAsksForThePicture()
 {
     showSaliencyPage();
     const QSignalSpy drawn(m_panel.get(), &controlWidget::sigGraphicsParametersChanged);
-    QTest::mouseClick(find<QPushButton>("stat_calc"), Qt::LeftButton);
+    QTest::mouseClick(find<QWidget>("page_sal")->findChild<QPushButton *>(QStringLiteral("stat_calc")), Qt::LeftButton);
     QCOMPARE(drawn.count(), 1);
 }
 

@@ -186,7 +186,7 @@ void refusedArguments()
     refusedRow("value missing at the end", "a.data --out", "--out: needs a value, DIR");
     refusedRow("value missing before an option", "--out --quiet a.data", "--out: needs a value, DIR");
     refusedRow("empty value", "--out= a.data", "--out: the value is empty");
-    refusedRow("areas of interest without a file", "a.data --aois", "--aois: needs a value, FILE.aoi");
+    refusedRow("areas of interest without a file", "a.data --aois", "--aois: needs a value, FILE");
     refusedRow("areas of interest with an empty name", "--aois= a.data", "--aois: the value is empty");
     refusedRow("empty report name", "--report= a.data", "--report: the value is empty");
     refusedRow("value for a flag", "--quiet=1 a.data", "--quiet: takes no value");

@@ -121,7 +121,7 @@ private Q_SLOTS:
     void undoAndRedoSetTheControlSilently();
     void reactsToEachShownValue();
     void twoQuickChangesAreTwoCommands();
-    void whatIsTypedIsACommandADigit();
+    void whatIsTypedIsOneCommand();
     void aDerivedCommandIsPushed();
     void theControlClampsWhatTheRecordKeeps_data();
     void theControlClampsWhatTheRecordKeeps();
@@ -230,13 +230,14 @@ void TestParameterPanel::twoQuickChangesAreTwoCommands()
     QCOMPARE(m_panel->whole().value(), 3);
 }
 
-void TestParameterPanel::whatIsTypedIsACommandADigit()
+void TestParameterPanel::whatIsTypedIsOneCommand()
 {
     m_panel->whole().selectAll();
     QTest::keyClicks(&m_panel->whole(), QStringLiteral("10"));
-    QCOMPARE(stack().count(), m_before + 2);
-    QCOMPARE(stack().text(m_before), QStringLiteral("Whole changed: 1"));
-    QCOMPARE(stack().text(m_before + 1), QStringLiteral("Whole changed: 10"));
+    QCOMPARE(stack().count(), m_before); // not yet complete
+    QTest::keyClick(&m_panel->whole(), Qt::Key_Return);
+    QCOMPARE(stack().count(), m_before + 1);
+    QCOMPARE(stack().text(m_before), QStringLiteral("Whole changed: 10"));
 }
 
 void TestParameterPanel::aDerivedCommandIsPushed()

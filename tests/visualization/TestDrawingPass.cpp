@@ -291,6 +291,7 @@ void TestDrawingPass::clustersFollowTheFixationsOfTheirExamination()
     const QGraphicsItem *line = transitions.items(Qt::AscendingOrder)[6];
     QVERIFY2(line->toolTip().startsWith(QStringLiteral("From Cluster 0 to Cluster 1 :1\r\n")),
              qPrintable(line->toolTip()));
+    runDrawingPass(transitions, scenery.model, scenery.context(), {});
     QCOMPARE(scenery.model.examinations()[1].calculationInfo.clusterVisualizationInfo, QStringLiteral("TRANSITION\n"));
 }
 

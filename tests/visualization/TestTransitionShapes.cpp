@@ -1,4 +1,5 @@
 #include "ToyData.h"
+#include "visualization/modes/Picture.h"
 #include "visualization/shapes/ClusterShapes.h"
 #include "visualization/shapes/TransitionShapes.h"
 
@@ -311,7 +312,7 @@ toy::Scenery movingScenery()
 
 Drawing drawn(const toy::Scenery &scenery)
 {
-    return transitionsOfEye<ClusterSource::Own>({&scenery.model.examinations().first(), Eye::Left}, scenery.context());
+    return pictureOf(scenery.context()).drawing;
 }
 
 } // namespace

@@ -513,10 +513,10 @@ void TestVisualizationOptions::shadowPowerStartsInItsRange()
     QCOMPARE(record().power, 1.0);
     QCOMPARE(find<QSpinBox>("shadow_power_slider2")->value(), 100);
     find<QSpinBox>("shadow_power_slider2")->setValue(30);
-    QTest::keyClick(modes, Qt::Key_Up); // a heatmap takes it as it is
-    QCOMPARE(record().power, 0.3);
+    QTest::keyClick(modes, Qt::Key_Up); // a heatmap starts at its own maximum
+    QCOMPARE(record().power, 0.0);
     QTest::keyClick(modes, Qt::Key_Down);
-    QCOMPARE(record().power, 0.3);
+    QCOMPARE(record().power, 1.0);
 }
 
 void TestVisualizationOptions::shadowPowerStartsAboveItsLowest()

@@ -73,7 +73,9 @@ constexpr DataMode clusterModes[] = {
     {"heatmap"_L1,
      AbsoluteScale,
      {heatmap, notDrawn},
-     [](const Record &record) { return shareHeatmap(" Clusters/min", record.percentMode); }},
+     [](const Record &record) {
+         return shareHeatmap(" Clusters/min", record.percentMode) + plain({Option::HeatmapScale});
+     }},
     {"shadowmap"_L1,
      ShadowMap,
      {shadow, notDrawn},
