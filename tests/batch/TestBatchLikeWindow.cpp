@@ -129,7 +129,7 @@ void TestBatchLikeWindow::compareTables(qsizetype tables) const
     QCOMPARE(fromWindow.size(), tables);
     QCOMPARE(fromBatch.keys(), fromWindow.keys());
     for (auto file = fromBatch.cbegin(); file != fromBatch.cend(); ++file) {
-        QVERIFY2(file.value().count('\n') > 3, qPrintable(file.key())); // more than a header
+        QVERIFY2(file.value().count('\n') > 6, qPrintable(file.key())); // more than a line for each subject
         QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
     }
 }
@@ -207,11 +207,10 @@ void TestBatchLikeWindow::sameStatistics_data()
     QTest::addColumn<int>("eyeMode");
     QTest::addColumn<QString>("inWindow");
     QTest::addColumn<QString>("inBatch");
-    QTest::addColumn<qsizetype>("tables"); // general, four of each flavour for each eye, four anglestars, measures
     QTest::newRow("all eyes") << 0 << "for all eyes"
-                              << "all" << qsizetype(2 + 24 + 4 + 1);
+                              << "all";
     QTest::newRow("mean eye") << 4 << "mean only"
-                              << "mean" << qsizetype(1 + 12 + 4 + 1);
+                              << "mean";
 }
 
 void TestBatchLikeWindow::sameStatistics()
@@ -219,7 +218,6 @@ void TestBatchLikeWindow::sameStatistics()
     QFETCH(int, eyeMode);
     QFETCH(QString, inWindow);
     QFETCH(QString, inBatch);
-    QFETCH(qsizetype, tables);
     exportFromWindow(inWindow, QStringLiteral("unused"), {});
     find<QComboBox>("comboBox_eyemode")->setCurrentIndex(eyeMode);
     auto *clusters = find<QWidget>("clusterCalc_widget");
@@ -235,11 +233,14 @@ void TestBatchLikeWindow::sameStatistics()
         find<QCheckBox>(box)->click();
     find<QPushButton>("statisticsExportButton")->click();
     const QString calls = QStringLiteral("--quiet --out=batch --prefix=same --export "
-                                         "general-statistics,transitions,anglestar,scanpath-measures --calculate "
+                                         "general-statistics,transitions,anglestar,scanpath-measures --transitions "
+                                         "own,pooled,own-and-pooled --calculate "
                                          "fixations,clusters,cumulative-clusters,general-statistics --eyes ") +
                           inBatch;
     QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
-    compareTables(tables);
+    const auto fromWindow = BatchProgram::filesIn(m_batch->path(QStringLiteral("window")));
+    QVERIFY(fromWindow.size() >= 1 + 4 + 4 + 1); // general, of one flavour, anglestar, scanpaths
+    QVERIFY(BatchProgram::filesIn(m_batch->path(QStringLiteral("batch"))) == fromWindow);
 }
 
 QTEST_MAIN(TestBatchLikeWindow)

@@ -4,8 +4,11 @@
 #include "TestMessages.h"
 #include "visualization/ToyData.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <cmath>
 
 using samples::bytesOf;
 using samples::lines;

@@ -3,10 +3,13 @@
 #include "TestMessages.h"
 #include "visualization/ToyData.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
+#include <functional>
 
 using samples::bytesOf;
 using samples::lines;

@@ -78,8 +78,8 @@ void TestAoiVisits::times()
 {
     // In the frame from 250 ms: "a" from 300 to 380 and 400 to 480, "b", "a" from 600 to 680 ms; all last 80 ms.
     const AoiVisits found = visitsOf(streamOf(QStringLiteral("aabaaba")), {250, 680});
-    QCOMPARE(found.firstFixationMs, 50);
-    QCOMPARE(found.firstFixationDurationMs, 80);
+    QCOMPARE(*found.firstFixationMs, 50);
+    QCOMPARE(*found.firstFixationDurationMs, 80);
     QCOMPARE(found.dwellMs, 240);
     QCOMPARE(measure(found, "dwell_time_share"), 0.75);
     QCOMPARE(measure(found, "mean_fixation_duration_ms"), 80.0);
