@@ -49,6 +49,9 @@ Vistrum::Vistrum(QWidget *parent)
     m_notice = new NoticeLine(this);
     m_ui->statusBar->addWidget(m_notice, 1);
     dividePanes(*m_ui->splitter, width());
+    constexpr QSize leastPanels(330,
+                                380); // pages scroll; without this the widest would keep the window from small screens
+    m_ui->control->setMinimumSize(leastPanels);
     m_ui->control->setModel(&m_model);
     m_ui->control->setMainWindow(this);
     m_ui->control->setLog(&m_log);
@@ -312,8 +315,8 @@ void Vistrum::redraw()
     chooseBackground(m_ui->image_comboBox->currentIndex());
     SettingsStore().sync();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
-    const DrawnScene drawn = runDrawingPass(m_scene, m_model, drawingContext(),
-                                            {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
+    const DrawnScene drawn =
+        runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
     m_background = drawn.background;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);
     const auto panels = m_ui->control->visualizationWidgets();

@@ -21,18 +21,6 @@ QVector2D scaledAxis(const EigenPair &pair)
     return {static_cast<float>(pair.x * length), static_cast<float>(pair.y * length)};
 }
 
-/// Which of its two directions the solver gives an axis is left to its rounding. This is what it answers nearly always:
-/// along x and y, and both backwards where the first axis is steep and not upright.
-PrincipalAxes directed(const PrincipalAxes &axes)
-{
-    const auto &[major, minor] = axes;
-    const bool isLevel = std::abs(major.x()) >= std::abs(major.y());
-    const float sense = isLevel || major.x() == 0 ? 1 : -1;
-    const float forwards = sense * (isLevel ? major.x() : major.y());
-    const float sideways = sense * (isLevel ? minor.y() : minor.x());
-    return {forwards < 0 ? -major : major, sideways < 0 ? -minor : minor};
-}
-
 bool isFinite(const PrincipalAxes &axes)
 {
     return std::isfinite(axes.major.x()) && std::isfinite(axes.major.y()) && std::isfinite(axes.minor.x()) &&
@@ -97,7 +85,7 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
         return none;
     const auto [major, minor] = eigenPairs(*covariance);
     const PrincipalAxes axes{scaledAxis(major), scaledAxis(minor)};
-    return isFinite(axes) ? directed(axes) : none;
+    return isFinite(axes) ? axes : none;
 }
 
 QPoint meanOf(const QList<GazePoint> &samples)

@@ -15,8 +15,7 @@ struct PrincipalAxes {
 };
 
 /// Principal axes of the positions of n samples, valid or not; with n < 4 they stay (1,0) and (0,0).
-/// Their directions follow from their places: a first axis nearer to x than to y points to the right and the second one
-/// down; else they point up and to the left, and where the first one is upright, down and to the right.
+/// Their directions are those of our own solver, the same on every machine; see `SymmetricMatrix.h`.
 /// Rounding or samples on one line can make an eigenvalue negative: it counts as 0. Where a coordinate is not a number
 /// below 1e140, so that its square could leave the range of doubles, both axes are (0,0).
 PrincipalAxes principalAxes(const QList<GazePoint> &samples);

@@ -486,11 +486,12 @@ void TestVisualizationOptions::timeWindowStartsAtASecond()
     QCOMPARE(stored("/Power"), QStringLiteral("10"));
     QCOMPARE(stack().count(), 1);
     QTest::keyClick(window, Qt::Key_Up);
-    stack().undo(); // steps back leave the number
     QCOMPARE(record().power, 10.01);
-    QCOMPARE(window->value(), 100); // as much as the field takes there
+    stack().undo(); // the mode goes back with the number that it set
+    QCOMPARE(record().power, 1.0);
+    QCOMPARE(window->value(), 100);
     stack().redo();
-    QCOMPARE(window->value(), 1001);
+    QCOMPARE(window->value(), 1001); // with what was chosen there
 }
 
 void TestVisualizationOptions::loadingKeepsTheTimeWindow()
