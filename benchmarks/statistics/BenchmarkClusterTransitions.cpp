@@ -90,8 +90,7 @@ void cumulative(benchmark::State &state)
     parameters.visualizationMode = 8;
     const VisualizationParameters none;
     const AoiVisualizationParameters areas;
-    const DrawingContext context{
-        model, EyeMode::showLeft, allTime, {{&none, &none, &parameters, &none}}, areas};
+    const DrawingContext context{model, EyeMode::showLeft, allTime, {{&none, &none, &parameters, &none}}, areas};
     for (auto _ : state)
         benchmark::DoNotOptimize(pictureOf(context).drawing.size());
 }

@@ -1,8 +1,8 @@
-#include "density/SaccadeDensity.h"
-#include "visualization/heatmap/Heatmap.h"
 #include "density/PlainFixations.h"
 #include "density/PlainGazePoints.h"
 #include "density/PlainSaccades.h"
+#include "density/SaccadeDensity.h"
+#include "visualization/heatmap/Heatmap.h"
 #include "visualization/scene/DrawingPass.h"
 
 #include <benchmark/benchmark.h>
@@ -183,7 +183,11 @@ struct Study {
     }
     DrawingContext context() const
     {
-        return {model, EyeMode::showDominant, {0, samplesPerRecording}, {{&gazePoints, &fixations, &none, &saccades}}, areas};
+        return {model,
+                EyeMode::showDominant,
+                {0, samplesPerRecording},
+                {{&gazePoints, &fixations, &none, &saccades}},
+                areas};
     }
 
     DataModel model;

@@ -63,7 +63,8 @@ void redraw(benchmark::State &state)
     QGraphicsScene scene;
     for (auto _ : state) {
         scene.clear();
-        drawScene(scene, {model, EyeMode::showLeft, wholeOf(state.range(0)), {{&none, &none, &none, &parameters}}, areas});
+        drawScene(scene,
+                  {model, EyeMode::showLeft, wholeOf(state.range(0)), {{&none, &none, &none, &parameters}}, areas});
         benchmark::DoNotOptimize(scene.items(QPointF())); // painting asks alike
     }
     state.SetComplexityN(state.range(0));

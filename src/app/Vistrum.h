@@ -131,7 +131,7 @@ private:
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
-    int m_commandIndex = 0;       ///< on the undo stack, when it was last followed
+    int m_commandIndex = 0; ///< on the undo stack, when it was last followed
     SaliencyOverlay m_saliency;
     bool m_toldMissingPicture = false; ///< that saliency needs one
     std::unique_ptr<add_heatmap_aoi> m_regionDialog;

@@ -12,9 +12,9 @@ using Text = QLatin1StringView;
 using namespace optionvalues;
 
 constexpr Word<DataKind> densityKinds[] = {{Text("gaze"), DataKind::GazePoints},
-                                              {Text("fixations"), DataKind::Fixations},
-                                              {Text("clusters"), DataKind::Clusters},
-                                              {Text("saccades"), DataKind::Saccades}};
+                                           {Text("fixations"), DataKind::Fixations},
+                                           {Text("clusters"), DataKind::Clusters},
+                                           {Text("saccades"), DataKind::Saccades}};
 
 bool endsInOneOf(const QString &path, const QStringList &formats)
 {

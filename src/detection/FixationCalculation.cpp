@@ -212,9 +212,8 @@ FixationCalculationParameters calculationParameters(int calculationType, const F
     return detectors[isKnown ? calculationType : 0](settings);
 }
 
-std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model,
-                                                              const FixationCalculationParameters &parameters,
-                                                              const Log *log, int threads)
+std::optional<FixationCalculationOutcome>
+calculateFixations(DataModel &model, const FixationCalculationParameters &parameters, const Log *log, int threads)
 {
     const QList<Examination *> checked = checkedOf(model);
     if (checked.isEmpty()) {

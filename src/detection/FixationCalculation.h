@@ -42,5 +42,5 @@ struct FixationCalculationOutcome {
 /// @param log  gets each warning as a line with recording and eye; may be null.
 /// @return nothing, after a message, where no examination is checked.
 std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model,
-                                                              const FixationCalculationParameters &parameters,
-                                                              const Log *log, int threads = coreCount());
+                                                             const FixationCalculationParameters &parameters,
+                                                             const Log *log, int threads = coreCount());

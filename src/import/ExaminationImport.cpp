@@ -1,8 +1,8 @@
 #include "import/ExaminationImport.h"
 
 #include "base/Progress.h"
-#include "model/OutlierCut.h"
 #include "base/SideBySide.h"
+#include "model/OutlierCut.h"
 
 #include <QFileInfo>
 

@@ -32,10 +32,10 @@ struct GroupDifference {
     };
 
     Design design = Design::Independent;
-    double difference = 0;      ///< of the means
+    double difference = 0;        ///< of the means
     std::optional<double> p{};    ///< two-sided, of the permutation test; nothing for `Mixed`
     std::optional<double> holm{}; ///< p corrected for the family of tests, filled by `correctByHolm`
-    double cliffsDelta = 0;     ///< -1 to 1: how often a value of the first is above one of the second, less below
+    double cliffsDelta = 0;       ///< -1 to 1: how often a value of the first is above one of the second, less below
 };
 
 struct GroupComparison {

@@ -151,7 +151,9 @@ void TestControlWidget::pagesAreInOrder_data()
     QTest::addColumn<QByteArray>("box");
     QTest::addColumn<QString>("pages"); // object name and title; others may stand between them
     QTest::newRow("data") << QByteArray("toolBox_2") << QStringLiteral("page_8 Import|page_15 close...");
-    QTest::newRow("calculation") << QByteArray("toolBox") << QStringLiteral("fixationsPage Fixations|aoisPage Areas of Interest|page_7 close...");
+    QTest::newRow("calculation") << QByteArray("toolBox")
+                                 << QStringLiteral(
+                                        "fixationsPage Fixations|aoisPage Areas of Interest|page_7 close...");
     QTest::newRow("visualization") << QByteArray("toolBox_4")
                                    << QStringLiteral("page_6 GazePoints|page_10 Fixations|page_11 Fixation Clusters|"
                                                      "page_14 Saccades|page_5 Areas of Interest|page_sal Saliency map|"
@@ -371,7 +373,8 @@ void TestControlWidget::saliencyPageOfTheForm()
         QCOMPARE(find<QSpinBox>(name)->minimum(), 2);
         QCOMPARE(find<QSpinBox>(name)->maximum(), 1000);
     }
-    QCOMPARE(find<QWidget>("page_sal")->findChild<QPushButton *>(QStringLiteral("stat_calc"))->text(), QStringLiteral("Calculate changes"));
+    QCOMPARE(find<QWidget>("page_sal")->findChild<QPushButton *>(QStringLiteral("stat_calc"))->text(),
+             QStringLiteral("Calculate changes"));
     QCOMPARE(m_model->saliencyParameters, SaliencyParameters());
 }
 

@@ -1,5 +1,5 @@
-#include "table/panel/ExaminationTable.h"
 #include "settings/StoredKeys.h"
+#include "table/panel/ExaminationTable.h"
 #include "visualization/parameters/VisualizationParameters.h"
 #include "WindowTest.h"
 

@@ -3,9 +3,9 @@
 #include "app/Vistrum.h"
 #include "commands/CommandStack.h"
 #include "import/panel/DataWidget.h"
-#include "table/panel/filterDialog.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsStore.h"
+#include "table/panel/filterDialog.h"
 #include "TestMessages.h"
 
 #include <QAbstractButton>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "PlainDensity.h"
 #include "density/FixationDensity.h"
+#include "PlainDensity.h"
 
 #include <numbers>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "PlainDensity.h"
 #include "density/GazePointDensity.h"
+#include "PlainDensity.h"
 
 #include <numbers>
 

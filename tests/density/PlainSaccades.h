@@ -1,7 +1,7 @@
 #pragma once
 
-#include "PlainDensity.h"
 #include "density/SaccadeMarks.h"
+#include "PlainDensity.h"
 
 #include <QPoint>
 

@@ -1,5 +1,5 @@
-#include "PlainFixations.h"
 #include "density/FixationDensity.h"
+#include "PlainFixations.h"
 
 #include <QTest>
 

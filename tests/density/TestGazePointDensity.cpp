@@ -1,5 +1,5 @@
-#include "PlainGazePoints.h"
 #include "density/GazePointDensity.h"
+#include "PlainGazePoints.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
-#include "PlainSaccades.h"
 #include "density/SaccadeDensity.h"
 #include "density/SaccadeTube.h"
+#include "PlainSaccades.h"
 
 #include <QTest>
 

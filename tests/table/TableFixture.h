@@ -1,9 +1,9 @@
 #pragma once
 
 #include "commands/CommandStack.h"
+#include "model/DataModel.h"
 #include "table/panel/ExaminationTable.h"
 #include "table/panel/ExaminationTableControl.h"
-#include "model/DataModel.h"
 
 #include "import/FakeWindow.h"
 

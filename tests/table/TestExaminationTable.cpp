@@ -1,7 +1,7 @@
 #include "commands/CommandStack.h"
+#include "model/DataModel.h"
 #include "table/panel/CommandTabelCheckbox.h"
 #include "table/panel/ExaminationTable.h"
-#include "model/DataModel.h"
 
 #include "import/FakeWindow.h"
 

@@ -95,7 +95,8 @@ void TestDataSelection::passes()
             const char *stream = &each.stream() == &each.examination->leftEye    ? " left"
                                  : &each.stream() == &each.examination->rightEye ? " right"
                                                                                  : " mean";
-            names << (each.examination == &first ? QStringLiteral("0") : QStringLiteral("1")) + QString::fromLatin1(stream);
+            names << (each.examination == &first ? QStringLiteral("0") : QStringLiteral("1")) +
+                         QString::fromLatin1(stream);
         }
         found << names.join(QStringLiteral(", "));
     }

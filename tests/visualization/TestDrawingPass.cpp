@@ -122,7 +122,8 @@ void TestDrawingPass::onlyWhatIsChecked()
 void TestDrawingPass::aPassBeginsAnew()
 {
     toy::Scenery scenery = sceneryOf({examinationAt({300, 300})});
-    const SceneLayers layers{backgroundPixmap({}, Border::None), QImage(), {ArrowShape{{10, 10}, {90, 10}, false, {}, {}, {}}}};
+    const SceneLayers layers{
+        backgroundPixmap({}, Border::None), QImage(), {ArrowShape{{10, 10}, {90, 10}, false, {}, {}, {}}}};
     QGraphicsScene scene;
     scene.addText(QStringLiteral("of an earlier drawing"));
     for (int pass = 0; pass < 2; ++pass) {

@@ -1,5 +1,5 @@
-#include "ToyData.h"
 #include "model/Canvas.h"
+#include "ToyData.h"
 #include "visualization/shapes/GazePointRaster.h"
 
 #include <QTest>

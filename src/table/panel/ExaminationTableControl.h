@@ -1,7 +1,7 @@
 #pragma once
 
-#include "table/ExaminationFilter.h"
 #include "model/Group.h"
+#include "table/ExaminationFilter.h"
 
 #include <QObject>
 

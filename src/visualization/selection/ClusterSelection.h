@@ -1,8 +1,8 @@
 #pragma once
 
+#include "model/DataModel.h"
 #include "statistics/ClusterTransitions.h"
 #include "visualization/selection/DataSelection.h"
-#include "model/DataModel.h"
 
 /// Which clusters a mode shows.
 enum class ClusterSource {

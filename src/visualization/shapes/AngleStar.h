@@ -1,7 +1,7 @@
 #pragma once
 
-#include "visualization/shapes/SaccadeShapes.h"
 #include "statistics/SaccadeVectors.h"
+#include "visualization/shapes/SaccadeShapes.h"
 
 /// A polar chart of saccades by direction around the centre of the canvas: discs, a spoke with its angle for each bin,
 /// and for each measure that the record shows (quantity, mean duration, mean length) a bar for each bin. A measure's

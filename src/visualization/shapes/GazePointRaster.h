@@ -1,7 +1,7 @@
 #pragma once
 
-#include "visualization/shapes/Drawing.h"
 #include "visualization/selection/DrawingContext.h"
+#include "visualization/shapes/Drawing.h"
 
 #include <vector>
 
