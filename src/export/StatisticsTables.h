@@ -7,7 +7,7 @@
 QString generalStatisticsHeader();
 
 /// The row of a stream; nothing if it has not been measured. Each value stands in quotes with a decimal comma, speeds
-/// with " px/ms": the unit that users know, although the speeds are px per second.
+/// with " px/ms", which is kept although the speeds are px per second: 1000 times what the unit says.
 ///
 /// @param eye  word of the third column.
 QString generalStatisticsRow(const Examination &examination, Eye eye);

@@ -57,7 +57,7 @@ Grid<int> countsWithMargin(std::span<const GazePointEvent> events, int reach)
     return counts;
 }
 
-class worker_heatmap_AOI : public HeatmapWorker { // NOLINT(readability-identifier-naming): a name users know
+class worker_heatmap_AOI : public HeatmapWorker { // NOLINT(readability-identifier-naming)
 public:
     worker_heatmap_AOI(ColumnStripe stripe, Density &density, const Grid<int> &counts, const Disc &disc)
         : HeatmapWorker(stripe, density)
