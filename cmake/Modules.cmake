@@ -93,7 +93,8 @@ function(add_module_test module name)
   add_test(NAME ${module}.${name} COMMAND ${target})
   set_tests_properties(${module}.${name} PROPERTIES TIMEOUT 600)
   if(TEST_WINDOW)
-    set_tests_properties(${module}.${name} PROPERTIES LABELS window)
+    # There is one pointer and one focus on a display: what hovers in one window is not beneath another's mouse.
+    set_tests_properties(${module}.${name} PROPERTIES LABELS window RESOURCE_LOCK display)
   endif()
 endfunction()
 
