@@ -1,7 +1,7 @@
 #include "export/MeasureExport.h"
 
 #include "base/Messages.h"
-#include "base/ParallelLoop.h"
+#include "base/SideBySide.h"
 #include "export/TextTable.h"
 #include "export/TidyTable.h"
 #include "statistics/AoiVisits.h"
@@ -37,13 +37,21 @@ std::vector<Stream> streamsOf(const DataModel &model, EyeMode eyes)
     return streams;
 }
 
+/// Does the work of each place of a list side by side with that of the others.
+template <class List, class Work>
+void forEachPlace(const List &list, const Work &work)
+{
+    sideBySide(
+        static_cast<qsizetype>(list.size()), coreCount(), [&](qsizetype i) { work(static_cast<size_t>(i)); },
+        [](qsizetype) {});
+}
+
 /// A result for each stream, in their order, made side by side.
 template <class Result, class Make>
 std::vector<Result> forEachStream(const std::vector<Stream> &streams, const Make &make)
 {
     std::vector<Result> results(streams.size());
-    forEachInParallel(
-        streams.size(), [&](size_t i) { results[i] = make(streams[i].data()); }, [] {});
+    forEachPlace(results, [&](size_t i) { results[i] = make(streams[i].data()); });
     return results;
 }
 
@@ -216,8 +224,7 @@ ExportResult exportScanpathMeasures(const DataModel &model, const ExportTarget &
 QList<QStringList> groupComparisonRows(const DataModel &model, EyeMode eyes, const MeasureForm &form)
 {
     std::vector<Question> questions = questionsOf(model, eyes, form);
-    forEachInParallel(
-        questions.size(), [&](size_t i) { questions[i].answer = compareGroups(questions[i].values); }, [] {});
+    forEachPlace(questions, [&](size_t i) { questions[i].answer = compareGroups(questions[i].values); });
     correct(questions);
     QList<QStringList> rows{QStringLiteral("eye,measure,aoi,group,subjects,mean,median,standard_deviation,"
                                            "mean_ci95_low,mean_ci95_high,compared_with,design,mean_difference,"

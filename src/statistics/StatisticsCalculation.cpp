@@ -1,8 +1,8 @@
 #include "statistics/StatisticsCalculation.h"
 
 #include "base/Log.h"
-#include "base/ParallelLoop.h"
 #include "base/Progress.h"
+#include "base/SideBySide.h"
 #include "statistics/AoiMeasures.h"
 #include "statistics/GeneralMeasures.h"
 
@@ -19,14 +19,14 @@ void measureStreams(DataModel &model, const QString &label, const Measure &measu
     const QList<const Examination *> checked = model.checkedExaminations();
     std::vector<std::array<Result, 3>> results(static_cast<size_t>(checked.size()));
     Progress progress(label, static_cast<int>(checked.size()));
-    forEachInParallel(
-        results.size(),
-        [&](size_t i) {
-            const auto streams = checked[static_cast<qsizetype>(i)]->streams();
+    sideBySide(
+        checked.size(), coreCount(),
+        [&](qsizetype i) {
+            const auto streams = checked[i]->streams();
             for (size_t eye = 0; eye < streams.size(); ++eye)
-                results[i][eye] = measure(*streams[eye]);
+                results[static_cast<size_t>(i)][eye] = measure(*streams[eye]);
         },
-        [&] { progress.advance(); });
+        [&](qsizetype) { progress.advance(); });
     size_t next = 0;
     for (Examination &examination : model.examinations()) {
         if (!examination.checked)
