@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs two builds of vistrum-batch over the example study and tells in which files they differ, and by how much.
 
-    scripts/compare-builds.py OLD/vistrum-batch NEW/vistrum-batch [WORDS...]
+    scripts/quirk-effects.py OLD/vistrum-batch NEW/vistrum-batch [WORDS...]
 
 WORDS choose calls by name; without them all are made. The exit code is 0 only if every file is the same byte for byte.
 A table is told by rows, by cells that differ and by the largest difference of numbers; a density by the share of its
