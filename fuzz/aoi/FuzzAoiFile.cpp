@@ -1,17 +1,11 @@
 // Bytes of any kind as a file of areas of interest. What was read from them comes back unchanged when it is saved.
 
 #include "aoi/AoiFile.h"
+#include "Check.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
-
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 void dropLine(QtMsgType, const QMessageLogContext &, const QString &) {}
 

@@ -1,18 +1,7 @@
 // Bytes of any kind as a recording. Run it in an empty folder: a log is written there.
 
+#include "Check.h"
 #include "import/DataImporter.h"
-
-#include <cstdlib>
-
-namespace {
-
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {

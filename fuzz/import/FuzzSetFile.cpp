@@ -1,18 +1,7 @@
 // Bytes of any kind as the set file of a recording.
 
+#include "Check.h"
 #include "import/SetFile.h"
-
-#include <cstdlib>
-
-namespace {
-
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {

@@ -3,22 +3,15 @@
 // inputs of the other fuzzers is much here.
 
 #include "base/Messages.h"
+#include "Check.h"
 #include "settings/Parameter.h"
 #include "settings/StoreRepair.h"
 
 #include <QFile>
 
-#include <cstdlib>
-
 namespace {
 
 const QString storeFile = QStringLiteral("fuzz-store.ini");
-
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 void write(const unsigned char *data, std::size_t size)
 {

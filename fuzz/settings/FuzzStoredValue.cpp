@@ -2,18 +2,12 @@
 // value that comes back when it is stored.
 
 #include "base/TextDecoding.h"
+#include "Check.h"
 #include "settings/Parameter.h"
 
 #include <cmath>
-#include <cstdlib>
 
 namespace {
-
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 void dropLine(QtMsgType, const QMessageLogContext &, const QString &) {}
 
