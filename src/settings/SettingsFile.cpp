@@ -37,5 +37,8 @@ QByteArray settingsFileText(const QList<SettingsLine> &lines)
     QString text;
     for (const SettingsLine &line : lines)
         text += line.key + u'=' + line.value + u'\n';
+    constexpr QChar byteOrderMark = u'\uFEFF';
+    if (text.startsWith(byteOrderMark)) // that of the first key: readers take one away
+        text.prepend(byteOrderMark);
     return text.toUtf8();
 }

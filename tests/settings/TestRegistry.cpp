@@ -227,6 +227,7 @@ void TestRegistry::keepsKeysAndTextsOfAllKinds_data()
     QTest::newRow("a key with a percent sign") << QStringLiteral("A/50%") << QStringLiteral("x");
     QTest::newRow("a key with a blank and an umlaut") << QStringLiteral("A/B c/\u00fc") << QStringLiteral("x");
     QTest::newRow("a key without a folder") << QStringLiteral("General") << QStringLiteral("x");
+    QTest::newRow("a key that begins like a byte order mark") << QStringLiteral("\ufeffK") << QStringLiteral("x");
     QTest::newRow("commas") << QStringLiteral("K") << QStringLiteral("a,b, c");
     QTest::newRow("semicolon, quote, backslash") << QStringLiteral("K") << QStringLiteral("C:\\a;\"b\"");
     QTest::newRow("blanks around") << QStringLiteral("K") << QStringLiteral("  x  ");
