@@ -475,6 +475,7 @@ void TestFixationCalculation::threadsChangeNothing()
         made.meanEye.gazePoints[0].time = 1000; // the clock runs backwards: the standard detector complains
         examinations << made;
     }
+    examinations[5].leftEye.gazePoints.resize(2); // too few for the mixture: it says so
     struct Result {
         QList<EyeData> eyes;
         QStringList texts;
@@ -498,7 +499,7 @@ void TestFixationCalculation::threadsChangeNothing()
         return result;
     };
     const Result one = resultOf(1);
-    QVERIFY(!one.texts.isEmpty());
+    QVERIFY(!one.log.isEmpty());
     const Result four = resultOf(4);
     QVERIFY(one.eyes == four.eyes);
     QCOMPARE(four.texts, one.texts);
