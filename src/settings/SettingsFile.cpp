@@ -20,7 +20,10 @@ QList<SettingsLine> parseSettingsFile(const QByteArray &bytes)
     QTextStream stream(&text);
     QList<SettingsLine> lines;
     for (int number = 1; !stream.atEnd(); ++number) {
-        const QStringList parts = stream.readLine().split(u'=');
+        QString line = stream.readLine();
+        while (line.endsWith(u'\r')) // the stream takes one away; a file that was converted twice has more
+            line.chop(1);
+        const QStringList parts = line.split(u'=');
         if (parts.size() == 2 && !parts.first().isEmpty())
             lines.append({parts.first(), parts.last(), number});
     }

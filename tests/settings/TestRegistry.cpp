@@ -176,6 +176,7 @@ void TestRegistry::loadsWhateverTheLineEnds_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("line feed") << QByteArray("Version=new\nVisualization/EyeMode=2\n");
     QTest::newRow("carriage return and line feed") << QByteArray("Version=new\r\nVisualization/EyeMode=2\r\n");
+    QTest::newRow("converted twice") << QByteArray("Version=new\r\r\nVisualization/EyeMode=2\r\r\n");
     QTest::newRow("nothing at the end") << QByteArray("Version=new\nVisualization/EyeMode=2");
     QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbfVersion=new\nVisualization/EyeMode=2");
 }
