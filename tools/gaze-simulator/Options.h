@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gaze-simulator/RecordingWriter.h"
-#include "gaze-simulator/SetFileEntries.h"
+#include "import/SetFileEntries.h"
 #include "gaze-simulator/SimulationParameters.h"
 
 #include <QSize>
