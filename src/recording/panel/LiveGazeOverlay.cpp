@@ -19,6 +19,7 @@ constexpr QRgb color = qRgb(220, 30, 30);
 
 LiveGazeOverlay::LiveGazeOverlay(QGraphicsView &view) : QWidget(view.viewport()), m_view(view)
 {
+    setObjectName(QStringLiteral("liveGazeOverlay"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
     setGeometry(parentWidget()->rect());
