@@ -28,6 +28,9 @@ private Q_SLOTS:
     void connectsToAServerThatRuns();
     void connectionLost();
     void showsWhatTheTrackerTells();
+    void calibrationThatDoesNotStart();
+    void calibrationStartsBehindAnotherError();
+    void lostConnectionEndsTheCalibration();
     void recordsBetweenTwoClicks();
     void savesAsText();
     void savesNothing();
@@ -70,6 +73,7 @@ namespace {
 
 const std::string stateReply = R"({"category":"tracker","request":"get","statuscode":200,"values":)"
                                R"({"heartbeatinterval":60000,"trackerstate":0}})";
+const std::string calibrationStart = R"({"category":"calibration","request":"start","values":{"pointcount":9}})";
 const std::string fullStateRequest = R"(["push","heartbeatinterval")";
 
 const QByteArray header =
@@ -274,6 +278,42 @@ void TestRecorder::showsWhatTheTrackerTells()
     QTRY_COMPARE(label("lblCalibration"), QStringLiteral("Calibration failed!"));
     m_recorder->onCalibrationProcessing();
     QTRY_COMPARE(label("lblCalibration"), QStringLiteral("Calculating..."));
+}
+
+void TestRecorder::calibrationThatDoesNotStart()
+{
+    connectToScript();
+    m_server->answer(calibrationStart, R"({"category":"calibration","request":"start","statuscode":403})");
+    click("btnCalibrate");
+    QTRY_COMPARE(m_messages->texts(),
+                 QStringList(QStringLiteral("Calibration|The tracker does not start a calibration: calibration start: "
+                                            "the server answered with status 403.")));
+    QCOMPARE(label("lblCalibration"), QStringLiteral("Calibration failed!"));
+    QTRY_VERIFY(!m_recorder->calibration());
+}
+
+/// The error was the answer to the request before.
+void TestRecorder::calibrationStartsBehindAnotherError()
+{
+    connectToScript();
+    m_server->answer(R"("request":"clear"})", R"({"category":"calibration","request":"clear","statuscode":403})");
+    click("btnCalibrate");
+    QVERIFY(m_recorder->calibration());
+    QCOMPARE(m_recorder->calibration()->index(), -2);
+    m_server->send(R"({"category":"calibration","request":"start","statuscode":200})");
+    QTRY_COMPARE(m_recorder->calibration()->index(), -1);
+    QCOMPARE(m_messages->texts(), QStringList());
+}
+
+void TestRecorder::lostConnectionEndsTheCalibration()
+{
+    connectToScript();
+    m_server->answer(calibrationStart, R"({"category":"calibration","request":"start","statuscode":200})");
+    click("btnCalibrate");
+    QCOMPARE(m_recorder->calibration()->index(), -1);
+    m_server->close();
+    QTRY_VERIFY(!m_recorder->calibration());
+    QCOMPARE(label("lblCalibration"), QStringLiteral("Calibration failed!"));
 }
 
 /// A second recording continues the list; what comes between them is not kept.

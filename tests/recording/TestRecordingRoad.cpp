@@ -70,7 +70,7 @@ void calibrate(TheEyeTribeRecorder &recorder)
     QVERIFY(calibration);
     QVERIFY(QTest::qWaitForWindowExposed(calibration));
     for (int index = -1; index < 9; ++index) {
-        QCOMPARE(calibration->index(), index);
+        QTRY_COMPARE(calibration->index(), index); // an error that nobody asked for holds it up at first
         QTest::keyClick(calibration.data(), Qt::Key_Space);
         QTRY_VERIFY_WITH_TIMEOUT(!calibration || calibration->index() > index, 30'000);
     }

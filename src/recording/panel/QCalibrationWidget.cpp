@@ -46,12 +46,18 @@ bool QCalibrationWidget::start()
 {
     m_client.calibrationClear();
     m_points = calibrationPoints(size(), m_random);
-    m_isStarted = m_client.calibrationStart(static_cast<int>(m_points.size()));
-    if (!m_isStarted)
+    if (!m_client.calibrationStart(static_cast<int>(m_points.size())))
         return false;
-    m_index = justStarted;
-    continueCalibration();
+    begin();
     return true;
+}
+
+void QCalibrationWidget::begin()
+{
+    if (m_index != justStarted)
+        return;
+    m_isStarted = true;
+    continueCalibration();
 }
 
 void QCalibrationWidget::continueCalibration()

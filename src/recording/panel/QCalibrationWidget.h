@@ -20,10 +20,14 @@ public:
     ~QCalibrationWidget() override;
 
     /// Begins on a widget that is shown. Waits for the server.
-    /// @return false where the server does not start a calibration; why stands in the client's last problem.
+    /// @return false where an error came instead, and why stands in the client's last problem. It may have been the
+    ///         answer to something else: if the server says later that it has started, `begin` goes on.
     bool start();
 
-    /// The point that is shown; -1 while eyes are, the number of points at the end.
+    /// The server has started: shows the eyes. Nothing happens where they are shown already.
+    void begin();
+
+    /// The point that is shown; -1 while eyes are, below until the server has started, the number of points at the end.
     int index() const { return m_index; }
     const QList<QPoint> &points() const { return m_points; }
 

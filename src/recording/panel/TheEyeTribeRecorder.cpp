@@ -20,6 +20,7 @@ namespace {
 
 constexpr int attemptMs = 200;   ///< between two tries to connect to a server that has just been started
 constexpr int mostAttempts = 50; ///< 10 s
+constexpr int graceMs = 2000;    ///< for an error that was meant for another request than that to start
 
 QIcon icon(const char *name)
 {
@@ -67,6 +68,9 @@ TheEyeTribeRecorder::TheEyeTribeRecorder(RecorderSetup setup, QWidget *parent)
     m_server.setStandardErrorFile(QProcess::nullDevice());
     m_connectSoon.setInterval(attemptMs);
     connect(&m_connectSoon, &QTimer::timeout, this, &TheEyeTribeRecorder::connectSoon);
+    m_startOfCalibration.setInterval(graceMs);
+    m_startOfCalibration.setSingleShot(true);
+    connect(&m_startOfCalibration, &QTimer::timeout, this, &TheEyeTribeRecorder::failUnlessStarted);
     connect(m_ui->btnRunServer, &QPushButton::clicked, this, &TheEyeTribeRecorder::sltStartEyeTribeServer);
     connect(m_ui->btnCalibrate, &QPushButton::clicked, this, &TheEyeTribeRecorder::sltCalibrate);
     connect(m_ui->btnRecord, &QPushButton::clicked, this, &TheEyeTribeRecorder::sltRecord);
@@ -214,7 +218,13 @@ void TheEyeTribeRecorder::sltCalibrate()
     m_calibration->setGeometry(screen()->geometry());
     m_calibration->showFullScreen();
     m_calibration->activateWindow();
-    if (m_calibration->start())
+    if (!m_calibration->start())
+        m_startOfCalibration.start();
+}
+
+void TheEyeTribeRecorder::failUnlessStarted()
+{
+    if (!m_calibration || m_calibration->index() >= -1)
         return;
     showCalibration(QStringLiteral("Calibration failed!"));
     endCalibration();
@@ -235,8 +245,12 @@ void TheEyeTribeRecorder::showCalibration(const QString &text)
 
 void TheEyeTribeRecorder::onCalibrationStarted()
 {
-    QMetaObject::invokeMethod(
-        this, [this] { showCalibration(QStringLiteral("Calibration started")); }, Qt::QueuedConnection);
+    const auto show = [this] {
+        showCalibration(QStringLiteral("Calibration started"));
+        if (m_calibration)
+            m_calibration->begin();
+    };
+    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
 }
 
 /// The share is shown as it is, from 0 to 1, although "%" stands behind it.

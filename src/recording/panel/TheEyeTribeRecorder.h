@@ -89,6 +89,7 @@ private:
     void showRecording();
     void tellJournalProblem();
     void endCalibration();
+    void failUnlessStarted();
     void offerSetFile(const QString &dataFile);
     bool mayClose();
 
@@ -100,6 +101,7 @@ private:
     QProcess m_server; ///< if this window started it
     QTimer m_connectSoon;
     int m_attempts = 0;
+    QTimer m_startOfCalibration; ///< runs while a server that answered with an error may still start one
     bool m_hasToldProblem = false;
     gtl::GazeApi m_client; ///< ends first: its thread uses everything above
 };
