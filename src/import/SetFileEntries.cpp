@@ -28,7 +28,9 @@ QString keyFault(const QString &key, QSet<QString> &seen)
     if (key.startsWith(u'[') || holdsReserved(key))
         return QStringLiteral("the property name \"%1\" cannot stand in a .set file; choose plain letters.").arg(key);
     if (key.startsWith(QStringLiteral("dominant")))
-        return QStringLiteral("the property name \"%1\" would be read as the dominant eye, which has a place of its own.").arg(key);
+        return QStringLiteral(
+                   "the property name \"%1\" would be read as the dominant eye, which has a place of its own.")
+            .arg(key);
     if (seen.contains(key))
         return QStringLiteral("the property \"%1\" is given twice, or has a place of its own.").arg(key);
     seen.insert(key);

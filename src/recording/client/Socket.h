@@ -39,8 +39,8 @@ public:
     /// Writes the text after those before it; dropped without a connection. From any thread.
     void send(std::string text);
 
-    /// Ends the connection; listeners hear of it on the thread of the socket. Returns when that has ended. From within a
-    /// listener's call the thread ends soon, and the next `open`, `close` or the end of the socket waits for it.
+    /// Ends the connection; listeners hear of it on the thread of the socket. Returns when that has ended. From within
+    /// a listener's call the thread ends soon, and the next `open`, `close` or the end of the socket waits for it.
     void close();
 
     /// Whether the caller is called by the socket.
