@@ -80,13 +80,11 @@ TheEyeTribeRecorder::TheEyeTribeRecorder(RecorderSetup setup, QWidget *parent)
 
 TheEyeTribeRecorder::~TheEyeTribeRecorder()
 {
+    endCalibration();
+    const std::unique_ptr<QCalibrationWidget> ended(m_calibration.data()); // its client ends now, and so must it
     removeListeners();
     m_client.disconnect();
     endServer();
-    if (m_calibration) {
-        m_calibration->close();
-        m_calibration->deleteLater();
-    }
 }
 
 QCalibrationWidget *TheEyeTribeRecorder::calibration() const
