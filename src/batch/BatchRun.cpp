@@ -7,6 +7,7 @@
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
 #include "batch/RunAois.h"
+#include "batch/RunCharts.h"
 #include "batch/RunPictures.h"
 #include "batch/SettingInput.h"
 #include "batch/TableRows.h"
@@ -80,6 +81,7 @@ ExitCode BatchRun::run()
         generateAois(m_state);
         exportTables();
         exportAois(m_state);
+        exportCharts(m_state);
         exportImages(m_state);
         density = exportDensity(m_state);
         exportSaliency(m_state);

@@ -2,6 +2,7 @@
 
 #include "batch/DrawValues.h"
 #include "batch/OptionValues.h"
+#include "visualization/charts/ChartKinds.h"
 
 #include <QFileInfo>
 
@@ -45,12 +46,41 @@ std::optional<WrongValue> readDrawing(const QString &value, BatchOptions &option
     return std::nullopt;
 }
 
+QStringList chartWords()
+{
+    QStringList words;
+    for (const ChartKind &kind : chartKinds())
+        words << kind.word;
+    return words;
+}
+
+std::optional<WrongValue> readChart(const QString &value, BatchOptions &options)
+{
+    const ChartFile chart{value.section(u'=', 0, 0), value.section(u'=', 1)};
+    if (!chartKind(chart.kind))
+        return unknownWord(chart.kind, chartWords());
+    if (!endsInOneOf(chart.path, QStringLiteral("png,jpg,svg,csv").split(u',')))
+        return WrongValue{value, QStringLiteral("the name does not end in .png, .jpg, .svg or .csv")};
+    options.charts << chart;
+    return std::nullopt;
+}
+
+QString shownCharts(const BatchOptions &options)
+{
+    QStringList charts;
+    for (const ChartFile &chart : options.charts)
+        charts << chart.kind + u'=' + chart.path;
+    return charts.join(u',');
+}
+
+constexpr OptionValue chartFiles{
+    .read = readChart, .show = shownCharts, .words = chartWords, .given = Given::Repeatedly};
 constexpr OptionValue drawing{
     .read = readDrawing, .show = texts<&O::drawValues>.show, .words = drawvalues::names, .given = Given::Repeatedly};
 constexpr OptionValue imageFiles{.read = readImage, .show = texts<&O::images>.show, .given = Given::Repeatedly};
 constexpr OptionValue densityFile{.read = readDensity, .show = text<&O::densityFile>.show};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow pictureRows[] = {
     {Text("image"), Text("FILE"),
      Text("the drawing as .png, .svg, .tiff or .jpg, in the working folder, not in that of --out; repeatable"),
      &imageFiles, Reported::Never},
@@ -66,7 +96,9 @@ constexpr OptionRow rows[] = {
     {Text("label-fixations"), Text()},
     {Text("image-per"), Text("WHAT")},
     {Text("append"), Text("LIST")},
-    {Text("chart"), Text("KIND=FILE")},
+    {Text("chart"), Text("KIND=FILE"),
+     Text("a chart over time, of %1, as .png, .jpg or .svg, or as .csv the numbers behind it; repeatable"), &chartFiles,
+     Reported::Never},
     {Text("diagram"), Text("FILE")},
     {Text("video"), Text("FILE")},
     {Text("video-step"), Text("MS")},
@@ -76,7 +108,7 @@ constexpr OptionRow rows[] = {
 
 OptionGroup pictureOptions()
 {
-    return {Text("Pictures"), rows};
+    return {Text("Pictures"), pictureRows};
 }
 
 QString densityKindWord(DataKind kind)

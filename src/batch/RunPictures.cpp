@@ -1,45 +1,14 @@
 #include "batch/RunPictures.h"
 
-#include "batch/DrawValues.h"
 #include "batch/RunState.h"
+#include "batch/StoredRecords.h"
 #include "density/DensityTiff.h"
-#include "settings/StoredKeys.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/scene/ImageExport.h"
 
 #include <QGraphicsScene>
-
-namespace {
-
-/// The parameters of drawings as the store has them, and those that it does not keep.
-struct StoredRecords {
-    explicit StoredRecords(const QStringList &drawValues)
-    {
-        for (VisualizationParameters &each : kinds.values)
-            drawvalues::apply(drawValues, each);
-    }
-
-    ByDataKind<VisualizationParameters> kinds{
-        {gazePointParameters(), fixationParameters(), clusterParameters(), saccadeParameters()}};
-    AoiVisualizationParameters areas = storedAoiVisualization();
-};
-
-/// What the model shows with them in its time frame.
-DrawingContext contextOf(const DataModel &model, const StoredRecords &parameters)
-{
-    DrawingRecords records;
-    for (const DataKind kind : allDataKinds)
-        records[kind] = &parameters.kinds[kind];
-    return {.model = model,
-            .eyeMode = eyeMode(),
-            .frame = model.timeFrame(),
-            .records = records,
-            .areas = parameters.areas};
-}
-
-} // namespace
 
 void exportImages(RunState &run)
 {
@@ -48,7 +17,7 @@ void exportImages(RunState &run)
     QGraphicsScene scene;
     const StoredRecords parameters(run.options.drawValues);
     const Border border = run.options.noBorder ? Border::None : Border::Black;
-    runDrawingPass(scene, run.model, contextOf(run.model, parameters),
+    runDrawingPass(scene, run.model, parameters.context(run.model),
                    {backgroundPixmap(run.options.background, border), QImage(),
                     saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
                                          run.options.saccadeClusters.style)});
@@ -66,7 +35,7 @@ QMap<QString, QString> exportDensity(RunState &run)
         return {};
     const StoredRecords parameters(run.options.drawValues);
     const std::optional<HeatmapDensity> density =
-        heatmapDensity(run.options.densityKind, contextOf(run.model, parameters));
+        heatmapDensity(run.options.densityKind, parameters.context(run.model));
     if (!density) {
         run.journal.fail(QStringLiteral("Density"), QStringLiteral("There is nothing of this kind in the time frame."));
         return {};

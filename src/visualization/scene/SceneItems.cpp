@@ -52,7 +52,8 @@ void addItem(QGraphicsScene &scene, const TextShape &shape)
     item->setDefaultTextColor(shape.color);
     item->setAcceptHoverEvents(false); // the mouse on a name is on its area
     const double left = shape.anchor == TextAnchor::Middle ? item->boundingRect().width() * 0.5 : 0;
-    item->setPos(shape.top - QPointF(left, 0));
+    const double above = shape.anchor == TextAnchor::Beside ? item->boundingRect().height() * 0.5 : 0;
+    item->setPos(shape.top - QPointF(left, above));
 }
 
 /// Keeps a ribbon that is shown by its area, which may come before it or after it.

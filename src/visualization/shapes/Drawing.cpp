@@ -87,11 +87,14 @@ QString lineOf(const LineShape &shape)
 
 QString lineOf(const TextShape &shape)
 {
-    const QString place = shape.anchor == TextAnchor::Middle ? QStringLiteral("text middle ") : QStringLiteral("text ");
-    return place + QStringLiteral("%1 %2 font %3 %4 reads %5")
-                       .arg(numbers({shape.top.x(), shape.top.y()}), shape.color.name(), shape.font.family())
-                       .arg(shape.font.pointSize())
-                       .arg(shape.text);
+    const QString place = shape.anchor == TextAnchor::Middle   ? QStringLiteral("middle ")
+                          : shape.anchor == TextAnchor::Beside ? QStringLiteral("beside ")
+                                                               : QString();
+    return QStringLiteral("text ") + place +
+           QStringLiteral("%1 %2 font %3 %4 reads %5")
+               .arg(numbers({shape.top.x(), shape.top.y()}), shape.color.name(), shape.font.family())
+               .arg(shape.font.pointSize())
+               .arg(shape.text);
 }
 
 QString vertices(const QPolygonF &polygon)
