@@ -83,6 +83,7 @@ ExitCode BatchRun::run()
         exportAois(m_state);
         exportCharts(m_state);
         exportImages(m_state);
+        exportAoiImages(m_state);
         density = exportDensity(m_state);
         exportSaliency(m_state);
     }

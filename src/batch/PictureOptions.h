@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/OptionRow.h"
+#include "export/scene/PictureSettings.h"
 #include "model/DataKind.h"
 
 /// A chart that is to be written.
@@ -11,6 +12,9 @@ struct ChartFile {
     QString path;
 };
 
+/// Of what each picture is: all recordings, or one for each subject, image or recording.
+enum class ImagePer { Run, Subject, Image, Recording };
+
 /// What a run draws.
 struct PictureOptions {
     bool operator==(const PictureOptions &) const = default;
@@ -18,10 +22,20 @@ struct PictureOptions {
     QStringList images;
     QStringList drawValues; ///< assignments of `drawvalues`
     QList<ChartFile> charts;
+    PictureArea imageArea = PictureArea::Everything;
+    int imageScale = 1;
+    bool whiteGround = false;
+    bool legend = false;
+    bool labelFixations = false;
+    ImagePer imagePer = ImagePer::Run;
+    AppendedParts appended;
     bool noBorder = false;
     QString densityFile; ///< empty: none
     DataKind densityKind = DataKind::GazePoints;
 };
+
+/// The settings of its pictures.
+PictureSettings pictureSettings(const PictureOptions &options);
 
 OptionGroup pictureOptions();
 

@@ -56,8 +56,6 @@ private Q_SLOTS:
     void savedSettingsAreHonoured();
     void bordersFollowTheirColors();
     void drawingsWithValuesOfTheirOwn();
-    void charts();
-    void chartsOfAreasNeedAreas();
     void keysAreListed();
     void laterSettingsWin();
     void theUsersStoreIsNotTouched();
@@ -289,37 +287,6 @@ void TestBatchRun::drawingsWithValuesOfTheirOwn()
     QVERIFY(plain != filesOf(words("--no-border") + what));
     QVERIFY(plain != filesOf(words("--draw cluster-percentage=20") + what));
     QVERIFY(plain == filesOf(words("--draw cluster-percentage=90") + what)); // as at the start of the program
-}
-
-void TestBatchRun::charts()
-{
-    const QStringList arguments =
-        words("--calculate fixations --eyes left --generate-aois grid --chart fixations=f.csv --chart fixations=f.png "
-              "--chart aoi-fixations=a.svg --chart aoi-fixations=a.csv --chart saccades=s.jpg "
-              "study/S01.data study/S02.data");
-    const QMap<QString, QByteArray> files = filesOf(arguments);
-    QCOMPARE(files.keys(), words("a.csv a.svg f.csv f.png s.jpg"));
-    const QList<QByteArray> lines = files[QStringLiteral("f.csv")].split('\n');
-    QCOMPARE(lines.size(), 2002);
-    QCOMPARE(lines.first(), QByteArray("bin_start_ms,Fixations"));
-    QCOMPARE(files[QStringLiteral("a.csv")].count('\n'), 2001);
-    QVERIFY(files[QStringLiteral("a.svg")].contains("<svg"));
-    const QImage picture(m_batch->path(QStringLiteral("f.png")));
-    QVERIFY(picture.width() >= 2401 && picture.height() >= 1000);
-    QCOMPARE(picture.pixelColor(0, 0), QColor(Qt::white));
-    QVERIFY(files == filesOf(arguments));
-    QVERIFY(files != filesOf(words("--set Visualization/Fixation/Power=3") + arguments));
-    QVERIFY(files[QStringLiteral("a.csv")] !=
-            filesOf(words("--draw aoi-time-window=3000") + arguments)[QStringLiteral("a.csv")]);
-}
-
-void TestBatchRun::chartsOfAreasNeedAreas()
-{
-    const Outcome outcome = m_batch->run(
-        words("--quiet --calculate fixations --chart aoi-fixations=a.png --chart saccades=s.csv study/S01.data"));
-    QCOMPARE(outcome.status, 1);
-    QCOMPARE(outcome.errors, QStringList(QStringLiteral("Chart: a.png could not be written: No AOIs available")));
-    QCOMPARE(outcome.written, words("s.csv"));
 }
 
 void TestBatchRun::keysAreListed()

@@ -37,10 +37,11 @@ struct OvalShape {
     bool operator==(const OvalShape &) const = default;
 };
 
-/// A picture of the canvas's size; what is transparent in it lets through what lies below.
+/// A picture, mostly of the canvas's size; what is transparent in it lets through what lies below.
 struct RasterShape {
     QImage image;
     std::optional<DataKind> heatmapOf = std::nullopt; ///< the kind whose density it shows
+    QPointF top = {};                                 ///< its upper left corner
 
     bool operator==(const RasterShape &) const = default;
 };
@@ -70,6 +71,7 @@ enum class TextAnchor {
     Left,   ///< upper left corner
     Middle, ///< middle of the upper edge
     Beside, ///< middle of the left edge
+    Center,
 };
 
 struct TextShape {
