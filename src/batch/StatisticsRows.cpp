@@ -17,7 +17,7 @@ using Text = QLatin1StringView;
 template <auto Calculate>
 void calculate(RunState &run)
 {
-    Calculate(run.model, nullptr);
+    Calculate(run.model, nullptr, run.threads());
 }
 
 /// Tables have what was calculated: a run that calculates nothing writes headers alone, and says so.
