@@ -96,6 +96,7 @@ public Q_SLOTS:
 
     /// The scene as it is shown.
     void sltExportImage(const QString &path);
+    void sltexport_video(const QString &path);
     // Charts of what the panels choose.
     void sltExportSaccadenHistogram(const QString &path);
     void sltExportSaccadenHistogramsep(const QString &path);

@@ -4,6 +4,7 @@
 #include "ui_Vistrum.h"
 
 #include "aoi/panel/add_heatmap_aoi.h"
+#include "aoi/panel/CancellableProgress.h"
 #include "base/Messages.h"
 #include "clustering/panel/ClusterControl.h"
 #include "clustering/panel/SaccadeClusterControl.h"
@@ -11,6 +12,7 @@
 #include "export/panel/ExportWidget.h"
 #include "export/scene/ChartExport.h"
 #include "export/scene/PictureExport.h"
+#include "export/scene/VideoExport.h"
 #include "visualization/charts/AoiCharts.h"
 #include "visualization/charts/ChartKinds.h"
 #include "visualization/modes/AoiModes.h"
@@ -51,6 +53,21 @@ void Vistrum::sltExportImage(const QString &path)
         m_scene, m_scene.itemsBoundingRect(), m_background->sceneBoundingRect(), m_figures, context, records};
     if (const auto problem = exportPicture(picture, m_ui->control->exportWidget().pictureSettings(), path))
         messages::warning(QStringLiteral("Save Visualization"), *problem);
+}
+
+/// The view stands as it is meanwhile: frames have a scene of their own.
+void Vistrum::sltexport_video(const QString &path)
+{
+    const VideoContent content{drawingContext(),
+                               {m_backgroundPixmap, saliencyOverlay(), m_ui->control->saccadeClustersWidget().arrows()},
+                               m_scene.itemsBoundingRect()};
+    VideoOutcome outcome = VideoOutcome::Stopped;
+    {
+        const CancellableProgress progress(this);
+        const std::stop_token stop = progress.token();
+        outcome = exportVideo(content, m_ui->control->exportWidget().videoStepMs(), path, stop);
+    }
+    messages::information(QString(), videoText(outcome));
 }
 
 void Vistrum::exportChart(const QString &kind, const QString &path)
@@ -109,6 +126,7 @@ void Vistrum::sltExportAOIFixationShareHistogram(const QString &path)
 void Vistrum::connectExports()
 {
     const ExportWidget *tables = &m_ui->control->exportWidget();
+    connect(tables, &ExportWidget::sigExport_video, this, &Vistrum::sltexport_video);
     connect(tables, &ExportWidget::sigExportVisualization, this, &Vistrum::sltExportImage);
     connect(tables, &ExportWidget::sigExportSaccadenHistogram, this, &Vistrum::sltExportSaccadenHistogram);
     connect(tables, &ExportWidget::sigExportSaccadenHistogramsep, this, &Vistrum::sltExportSaccadenHistogramsep);

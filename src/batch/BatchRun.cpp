@@ -84,6 +84,7 @@ ExitCode BatchRun::run()
         exportCharts(m_state);
         exportImages(m_state);
         exportAoiImages(m_state);
+        exportVideo(m_state);
         density = exportDensity(m_state);
         exportSaliency(m_state);
     }

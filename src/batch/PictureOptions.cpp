@@ -110,6 +110,15 @@ constexpr OptionValue chartFiles{
 constexpr OptionValue appendedParts{.read = readParts, .show = shownParts, .words = [] { return namesOf(parts); }};
 constexpr OptionValue drawing{
     .read = readDrawing, .show = texts<&O::drawValues>.show, .words = drawvalues::names, .given = Given::Repeatedly};
+std::optional<WrongValue> readVideo(const QString &value, BatchOptions &options)
+{
+    if (!endsInOneOf(value, QStringLiteral("avi,mp4,mkv").split(u',')))
+        return WrongValue{value, QStringLiteral("the name does not end in .avi, .mp4 or .mkv")};
+    options.videoFile = value;
+    return std::nullopt;
+}
+
+constexpr OptionValue videoFile{.read = readVideo, .show = text<&O::videoFile>.show};
 constexpr OptionValue imageFiles{.read = readImage, .show = texts<&O::images>.show, .given = Given::Repeatedly};
 constexpr OptionValue densityFile{.read = readDensity, .show = text<&O::densityFile>.show};
 
@@ -142,8 +151,10 @@ constexpr OptionRow pictureRows[] = {
      Text("a chart over time, of %1, as .png, .jpg or .svg, or as .csv the numbers behind it; repeatable"), &chartFiles,
      Reported::Never},
     {Text("diagram"), Text("FILE")},
-    {Text("video"), Text("FILE")},
-    {Text("video-step"), Text("MS")},
+    {Text("video"), Text("FILE"), Text("the drawing as it goes on, as .avi, .mp4 or .mkv"), &videoFile,
+     Reported::Never},
+    {Text("video-step"), Text("MS"), Text("time that each image of the video shows (default: 100)"),
+     &number<&O::videoStepMs, 1>},
 };
 
 } // namespace

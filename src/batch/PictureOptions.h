@@ -29,6 +29,8 @@ struct PictureOptions {
     bool labelFixations = false;
     ImagePer imagePer = ImagePer::Run;
     AppendedParts appended;
+    QString videoFile; ///< empty: none
+    int videoStepMs = 100;
     bool noBorder = false;
     QString densityFile; ///< empty: none
     DataKind densityKind = DataKind::GazePoints;

@@ -8,6 +8,7 @@
 #include "density/DensityTiff.h"
 #include "export/AoiImages.h"
 #include "export/scene/PictureExport.h"
+#include "export/scene/VideoExport.h"
 #include "model/ImageCache.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/scene/Background.h"
@@ -99,6 +100,14 @@ void writePicture(RunState &run, const DrawnPicture &picture, const QString &pat
         run.journal.keep(*place);
 }
 
+SceneLayers layersOf(const RunState &run, const QString &background)
+{
+    const Border border = run.options.noBorder ? Border::None : Border::Black;
+    const SaccadeClusterOptions &clusters = run.options.saccadeClusters;
+    return {backgroundPixmap(background, border), QImage(),
+            saccadeClusterArrows(run.saccadeClusters.distanceClusters(), clusters.mode, clusters.style)};
+}
+
 void drawPicture(RunState &run, const PictureOf &wanted, const StoredRecords &parameters, const ReportRecords &records)
 {
     DataModel model = run.model;
@@ -106,12 +115,7 @@ void drawPicture(RunState &run, const PictureOf &wanted, const StoredRecords &pa
         model.examinations()[place].checked = wanted.places.contains(place);
     QGraphicsScene scene;
     const DrawingContext context = parameters.context(model);
-    const Border border = run.options.noBorder ? Border::None : Border::Black;
-    const SaccadeClusterOptions &clusters = run.options.saccadeClusters;
-    const DrawnScene drawn =
-        runDrawingPass(scene, model, context,
-                       {backgroundPixmap(wanted.background, border), QImage(),
-                        saccadeClusterArrows(run.saccadeClusters.distanceClusters(), clusters.mode, clusters.style)});
+    const DrawnScene drawn = runDrawingPass(scene, model, context, layersOf(run, wanted.background));
     const DrawnPicture picture{scene,         scene.sceneRect(), drawn.background->sceneBoundingRect(),
                                drawn.figures, context,           records};
     for (const QString &path : run.options.images)
@@ -128,6 +132,22 @@ void exportImages(RunState &run)
     const ReportRecords records = run.options.appended.parameters ? reportRecords(run.options) : ReportRecords{};
     for (const PictureOf &picture : picturesOf(run))
         drawPicture(run, picture, parameters, records);
+}
+
+void exportVideo(RunState &run)
+{
+    if (run.options.videoFile.isEmpty())
+        return;
+    const StoredRecords parameters(run.options.drawValues);
+    VideoContent content{parameters.context(run.model), layersOf(run, run.options.background), {}};
+    QGraphicsScene scene;
+    runDrawingPass(scene, run.model, content.context, content.layers);
+    content.area = scene.sceneRect();
+    const VideoOutcome outcome = exportVideo(content, run.options.videoStepMs, run.options.videoFile);
+    if (outcome == VideoOutcome::Written)
+        run.journal.keep(run.options.videoFile);
+    else
+        run.journal.fail(QStringLiteral("Video"), run.options.videoFile + QStringLiteral(": ") + videoText(outcome));
 }
 
 void exportAoiImages(RunState &run)

@@ -75,6 +75,7 @@ ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_uniq
     connect(ui->statisticsBox, &StatisticsExportBox::transitionsWanted, this, &ExportWidget::sigExport_aoi_trans_csv);
     connect(ui->statisticsBox, &StatisticsExportBox::angleStarWanted, this, &ExportWidget::sigExport_anglestar);
     connect(ui->visualizationBox, &VisualizationExportBox::pictureWanted, this, &ExportWidget::sigExportVisualization);
+    connect(ui->visualizationBox, &VisualizationExportBox::videoWanted, this, &ExportWidget::sigExport_video);
     connect(ui->visualizationBox, &VisualizationExportBox::chartWanted, this, &ExportWidget::askForChart);
 }
 
@@ -90,6 +91,11 @@ void ExportWidget::setModel(DataModel *model)
 PictureSettings ExportWidget::pictureSettings() const
 {
     return ui->visualizationBox->pictureSettings();
+}
+
+int ExportWidget::videoStepMs() const
+{
+    return ui->visualizationBox->videoStepMs();
 }
 
 VisualizationExportBox &ExportWidget::visualizationBox()
@@ -217,6 +223,11 @@ void ExportWidget::askForChart(const QString &kind, const QString &path)
 void ExportWidget::sltExportVisualization()
 {
     ui->visualizationBox->exportPicture();
+}
+
+void ExportWidget::sltExportVideo()
+{
+    ui->visualizationBox->exportVideo();
 }
 
 void ExportWidget::sltExportAOIImages()

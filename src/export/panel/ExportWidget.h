@@ -29,6 +29,8 @@ public:
 
     /// How pictures are to look.
     PictureSettings pictureSettings() const;
+    /// Time that each image of a video shows.
+    int videoStepMs() const;
     VisualizationExportBox &visualizationBox();
 
 Q_SIGNALS:
@@ -38,6 +40,7 @@ Q_SIGNALS:
 
     /// A picture of the scene, and charts, with the name of the file.
     void sigExportVisualization(const QString &path);
+    void sigExport_video(const QString &path);
     void sigExportSaccadenHistogram(const QString &path);
     void sigExportSaccadenHistogramsep(const QString &path);
     void sigExportSaccadenFixationenHistogramsep(const QString &path);
@@ -63,6 +66,7 @@ public Q_SLOTS:
     /// Each asks for a file or a folder.
     void sltExportVisualization();
     void sltExportAOIImages();
+    void sltExportVideo();
     void sltExportSaccadenHistogram();
     void sltExportSaccadenHistogramsep();
     void sltExportSaccadenFixationHistogram();

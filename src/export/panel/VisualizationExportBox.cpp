@@ -33,6 +33,7 @@ void VisualizationExportBox::makeControls()
         ui->chartComboBox->addItem(kind.title, QString(kind.word));
     connect(ui->visualizationExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportPicture);
     connect(ui->aoiImageExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportAoiImages);
+    connect(ui->videoExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportVideo);
     connect(ui->chartExportButton, &QAbstractButton::clicked, this,
             [this] { exportChart(ui->chartComboBox->currentData().toString()); });
 }
@@ -56,6 +57,21 @@ void VisualizationExportBox::exportPicture()
         return;
     writeStored(keys::visualizationExportFolder, QFileInfo(path).path());
     Q_EMIT pictureWanted(path);
+}
+
+int VisualizationExportBox::videoStepMs() const
+{
+    return ui->videoTimespanSpinBox->value();
+}
+
+void VisualizationExportBox::exportVideo()
+{
+    const QString path = m_chooseFile(QStringLiteral("Save Video"), readStored(keys::videoExportFolder),
+                                      QStringLiteral("AVI (*.avi);;MP4 (*.mp4);;Matroska (*.mkv)"));
+    if (path.isEmpty())
+        return;
+    writeStored(keys::videoExportFolder, QFileInfo(path).path());
+    Q_EMIT videoWanted(path);
 }
 
 void VisualizationExportBox::exportChart(const QString &kind)

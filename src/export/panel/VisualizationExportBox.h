@@ -32,15 +32,19 @@ public:
 
     /// As the controls choose it.
     PictureSettings pictureSettings() const;
+    /// Time that each image of a video shows.
+    int videoStepMs() const;
 
 Q_SIGNALS:
     void pictureWanted(const QString &path);
+    void videoWanted(const QString &path);
     /// @param kind  word of the kind of chart.
     void chartWanted(const QString &kind, const QString &path);
 
 public Q_SLOTS:
     void exportPicture();
     void exportAoiImages();
+    void exportVideo();
     void exportChart(const QString &kind);
 
 private:
