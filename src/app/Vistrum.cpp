@@ -12,6 +12,7 @@
 #include "commands/ChangesPicture.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
+#include "diagram/panel/add_diagram.h"
 #include "export/panel/ExportWidget.h"
 #include "export/TransitionTables.h"
 #include "import/panel/DataCommands.h"
@@ -29,6 +30,7 @@
 #include "visualization/timeline/ActivityCurves.h"
 
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
@@ -41,6 +43,8 @@
 Vistrum::Vistrum(QWidget *parent)
     : QMainWindow(parent)
     , m_regionDialog(std::make_unique<add_heatmap_aoi>())
+    , m_diagram(std::make_unique<add_diagram>())
+    , m_openPage([](const QUrl &page) { QDesktopServices::openUrl(page); })
     , m_ui(std::make_unique<Ui::Vistrum>())
 {
     m_log.clear();
@@ -311,6 +315,7 @@ void Vistrum::redraw()
     }
     if (hasAreasAndFixations(m_model))
         Q_EMIT sigEnable_trans_matrix_export();
+    m_diagram->hide();
     const QImage saliency = saliencyOverlay();
     update_timeline_widget();
     chooseBackground(m_ui->image_comboBox->currentIndex());

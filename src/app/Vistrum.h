@@ -12,6 +12,7 @@
 #include <QMainWindow>
 #include <QPixmap>
 
+#include <functional>
 #include <memory>
 
 class ExaminationTableControl;
@@ -19,6 +20,8 @@ class NoticeLine;
 class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
+class add_diagram;
+struct ChordData;
 struct ReportRecords;
 
 namespace Ui {
@@ -34,6 +37,8 @@ public:
     ~Vistrum() override;
 
     const DataModel &model() const { return m_model; }
+    /// In place of the browser.
+    void setPageOpener(const std::function<void(const QUrl &)> &open) { m_openPage = open; }
 
     /// Adds recordings to the list of files and imports them: files, and what lies in folders.
     void importFiles(const QStringList &paths);
@@ -97,6 +102,8 @@ public Q_SLOTS:
     /// The scene as it is shown.
     void sltExportImage(const QString &path);
     void sltexport_video(const QString &path);
+    /// The chord diagram of the transitions between areas.
+    void sltExport_aoi_trans_vis_Image(const QString &path);
     // Charts of what the panels choose.
     void sltExportSaccadenHistogram(const QString &path);
     void sltExportSaccadenHistogramsep(const QString &path);
@@ -131,6 +138,9 @@ private:
     void connectExports();
     void exportChart(const QString &kind, const QString &path);
     ReportRecords reportRecords() const;
+    ChordData diagram() const;
+    void followAreas();
+    void showDiagram();
     void cutOrRestoreOutliers();
     void followCommands(int index);
     void followPicture(const QString &path);
@@ -155,6 +165,8 @@ private:
     SaliencyOverlay m_saliency;
     bool m_toldMissingPicture = false; ///< that saliency needs one
     std::unique_ptr<add_heatmap_aoi> m_regionDialog;
+    std::unique_ptr<add_diagram> m_diagram;
+    std::function<void(const QUrl &)> m_openPage; ///< in the browser
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any
     bool m_redrawMissed = false;  ///< meanwhile

@@ -9,6 +9,9 @@
 #include "clustering/panel/ClusterControl.h"
 #include "clustering/panel/SaccadeClusterControl.h"
 #include "detection/panel/FixationControl.h"
+#include "diagram/ChordFiles.h"
+#include "diagram/panel/add_diagram.h"
+#include "diagram/scene/DiagramExport.h"
 #include "export/panel/ExportWidget.h"
 #include "export/scene/ChartExport.h"
 #include "export/scene/PictureExport.h"
@@ -20,6 +23,7 @@
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 
 #include <QGraphicsPixmapItem>
+#include <QUrl>
 
 namespace {
 
@@ -139,11 +143,53 @@ void Vistrum::connectExports()
     connect(tables, &ExportWidget::sigExportAOITransitionHistogram, this, &Vistrum::sltExportAOITransitionHistogram);
     connect(tables, &ExportWidget::sigExportAOIFixationShareHistogram, this,
             &Vistrum::sltExportAOIFixationShareHistogram);
-    const VisualizationAOIWidget *areas = &m_ui->control->areasWidget();
-    connect(areas, &VisualizationAOIWidget::sigGraphicsParametersChanged, this, [this, areas] {
-        const AoiMode *mode = aoiMode(areas->parameters().drawMode);
-        const bool isChart = mode && mode->options.testFlag(AoiOption::TimeWindow);
-        if (const auto reason = isChart ? emptyAoiChart(m_model) : std::nullopt)
-            messages::information(QString(), *reason);
-    });
+    connect(tables, &ExportWidget::sigExport_aoi_trans_Visualization, this, &Vistrum::sltExport_aoi_trans_vis_Image);
+    m_diagram->setAttribute(Qt::WA_QuitOnClose, false); // the program ends with its main window
+    connect(&m_ui->control->areasWidget(), &VisualizationAOIWidget::sigGraphicsParametersChanged, this,
+            &Vistrum::followAreas);
+}
+
+/// After the areas were drawn on demand: the diagram is shown, and what is missing is told. A move of the timeline must
+/// do neither.
+void Vistrum::followAreas()
+{
+    constexpr int diagramMode = 2;
+    const int number = m_ui->control->areasWidget().parameters().drawMode;
+    const AoiMode *mode = aoiMode(number);
+    if (number == diagramMode)
+        showDiagram();
+    else if (const auto reason =
+                 mode && mode->options.testFlag(AoiOption::TimeWindow) ? emptyAoiChart(m_model) : std::nullopt)
+        messages::information(QString(), *reason);
+}
+
+ChordData Vistrum::diagram() const
+{
+    const auto type = static_cast<TransitionType>(m_ui->control->areasWidget().parameters().transitionType);
+    const DrawingContext context = drawingContext();
+    return chordData(m_model, context.eyeMode, type, context.frame);
+}
+
+void Vistrum::showDiagram()
+{
+    std::optional<QString> problem = emptyDiagram(m_model);
+    const ChordData chords = problem ? ChordData() : diagram();
+    const QString folder = chordFolder();
+    if (!problem)
+        problem = writeChordFiles(chords, folder);
+    if (problem) {
+        messages::information(QString(), *problem);
+        return;
+    }
+    m_diagram->showDiagram(chords);
+    m_openPage(QUrl::fromLocalFile(folder + QStringLiteral("/index.htm")));
+}
+
+void Vistrum::sltExport_aoi_trans_vis_Image(const QString &path)
+{
+    std::optional<QString> problem = emptyDiagram(m_model);
+    if (!problem)
+        problem = exportDiagram(diagram(), path);
+    tellOutcome(QStringLiteral("Transition diagramm export"), // sic
+                QStringLiteral("Displayed transition diagramm exported to: ") + path, problem);
 }

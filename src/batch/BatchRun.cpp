@@ -82,6 +82,7 @@ ExitCode BatchRun::run()
         exportTables();
         exportAois(m_state);
         exportCharts(m_state);
+        exportDiagram(m_state);
         exportImages(m_state);
         exportAoiImages(m_state);
         exportVideo(m_state);

@@ -118,6 +118,15 @@ std::optional<WrongValue> readVideo(const QString &value, BatchOptions &options)
     return std::nullopt;
 }
 
+std::optional<WrongValue> readDiagram(const QString &value, BatchOptions &options)
+{
+    if (!endsInOneOf(value, QStringLiteral("png,svg,html").split(u',')))
+        return WrongValue{value, QStringLiteral("the name does not end in .png, .svg or .html")};
+    options.diagramFile = value;
+    return std::nullopt;
+}
+
+constexpr OptionValue diagramFile{.read = readDiagram, .show = text<&O::diagramFile>.show};
 constexpr OptionValue videoFile{.read = readVideo, .show = text<&O::videoFile>.show};
 constexpr OptionValue imageFiles{.read = readImage, .show = texts<&O::images>.show, .given = Given::Repeatedly};
 constexpr OptionValue densityFile{.read = readDensity, .show = text<&O::densityFile>.show};
@@ -150,7 +159,9 @@ constexpr OptionRow pictureRows[] = {
     {Text("chart"), Text("KIND=FILE"),
      Text("a chart over time, of %1, as .png, .jpg or .svg, or as .csv the numbers behind it; repeatable"), &chartFiles,
      Reported::Never},
-    {Text("diagram"), Text("FILE")},
+    {Text("diagram"), Text("FILE"),
+     Text("transitions between areas as .png, .svg or .html, a page that needs no other file"), &diagramFile,
+     Reported::Never},
     {Text("video"), Text("FILE"), Text("the drawing as it goes on, as .avi, .mp4 or .mkv"), &videoFile,
      Reported::Never},
     {Text("video-step"), Text("MS"), Text("time that each image of the video shows (default: 100)"),

@@ -29,7 +29,8 @@ struct PictureOptions {
     bool labelFixations = false;
     ImagePer imagePer = ImagePer::Run;
     AppendedParts appended;
-    QString videoFile; ///< empty: none
+    QString diagramFile; ///< empty: none
+    QString videoFile;   ///< empty: none
     int videoStepMs = 100;
     bool noBorder = false;
     QString densityFile; ///< empty: none

@@ -4,3 +4,6 @@ struct RunState;
 
 /// Writes the charts that were asked for.
 void exportCharts(RunState &run);
+
+/// Writes the chord diagram that was asked for.
+void exportDiagram(RunState &run);

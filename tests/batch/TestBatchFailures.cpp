@@ -75,7 +75,8 @@ void TestBatchFailures::refusedCalls_data()
     row("no recording", "--quiet", "no recording given");
     row("an option of nobody", "--setting a.ini study/S01.data", "unknown option --setting; did you mean --settings?");
     row("an option of the window toolkit", "-style fusion study/S01.data", "unknown option -style");
-    row("an option of a later version", "--diagram a.png study/S01.data", "--diagram: not available in this version");
+    row("a diagram as what it cannot be", "--diagram a.jpg study/S01.data",
+        "--diagram a.jpg: the name does not end in .png, .svg or .html");
     row("a misspelt key", "--out tables --set Calculation/Fixation/Standard/MaximumRadios=40 study/S01.data",
         "--set Calculation/Fixation/Standard/MaximumRadios: no such key; did you mean "
         "Calculation/Fixation/Standard/MaximumRadius?");

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void namesOfPicturesStayInTheFolder();
     void cutsOfAreas();
     void video();
+    void diagram();
 };
 
 void TestBatchPictures::charts()
@@ -148,6 +149,19 @@ void TestBatchPictures::video()
     const Outcome tooShort = m_batch->run(words("--video-step 2001") + arguments);
     QCOMPARE(tooShort.status, 1);
     QCOMPARE(tooShort.errors, QStringList(QStringLiteral("Video: a.avi: Timespan is too short!!!")));
+}
+
+void TestBatchPictures::diagram()
+{
+    const QStringList arguments =
+        words("--quiet --calculate fixations --generate-aois grid --diagram d.html study/S01.data study/S02.data");
+    QCOMPARE(m_batch->run(arguments).written, words("d.html"));
+    const QByteArray page = m_batch->contents(QStringLiteral("d.html"));
+    QVERIFY(page.contains("id=\"data\"") && page.contains("GridAOI(2)") && !page.contains("src="));
+    m_batch->run(words("--draw aoi-transition-type=saccades") + arguments);
+    QVERIFY(m_batch->contents(QStringLiteral("d.html")) != page);
+    const Outcome empty = m_batch->run(words("--quiet --diagram d.png study/S01.data"));
+    QCOMPARE(empty.errors, QStringList(QStringLiteral("Diagram: d.png: No AOIs available")));
 }
 
 QTEST_GUILESS_MAIN(TestBatchPictures)

@@ -216,6 +216,7 @@ void TestVisualizationAOIWidget::optionsOfTheMode_data()
     const QStringList chart{QStringLiteral("spinBox_timewindow"), QStringLiteral("checkBox_display_names"),
                             QStringLiteral("outlines")};
     const QStringList ofTransitions{QStringLiteral("comboBox_transtype")};
+    QTest::newRow("diagram") << 2 << outline + ofTransitions;
     QTest::newRow("transitions of areas over time") << 4 << chart + ofTransitions;
     QTest::newRow("fixations over time") << 5 << chart;
     QTest::newRow("transitions of pairs over time")

@@ -76,6 +76,8 @@ ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_uniq
     connect(ui->statisticsBox, &StatisticsExportBox::angleStarWanted, this, &ExportWidget::sigExport_anglestar);
     connect(ui->visualizationBox, &VisualizationExportBox::pictureWanted, this, &ExportWidget::sigExportVisualization);
     connect(ui->visualizationBox, &VisualizationExportBox::videoWanted, this, &ExportWidget::sigExport_video);
+    connect(ui->visualizationBox, &VisualizationExportBox::diagramWanted, this,
+            &ExportWidget::sigExport_aoi_trans_Visualization);
     connect(ui->visualizationBox, &VisualizationExportBox::chartWanted, this, &ExportWidget::askForChart);
 }
 
@@ -228,6 +230,11 @@ void ExportWidget::sltExportVisualization()
 void ExportWidget::sltExportVideo()
 {
     ui->visualizationBox->exportVideo();
+}
+
+void ExportWidget::sltExportAOITransitionGraph()
+{
+    ui->visualizationBox->exportDiagram();
 }
 
 void ExportWidget::sltExportAOIImages()

@@ -41,6 +41,7 @@ Q_SIGNALS:
     /// A picture of the scene, and charts, with the name of the file.
     void sigExportVisualization(const QString &path);
     void sigExport_video(const QString &path);
+    void sigExport_aoi_trans_Visualization(const QString &path);
     void sigExportSaccadenHistogram(const QString &path);
     void sigExportSaccadenHistogramsep(const QString &path);
     void sigExportSaccadenFixationenHistogramsep(const QString &path);
@@ -67,6 +68,7 @@ public Q_SLOTS:
     void sltExportVisualization();
     void sltExportAOIImages();
     void sltExportVideo();
+    void sltExportAOITransitionGraph();
     void sltExportSaccadenHistogram();
     void sltExportSaccadenHistogramsep();
     void sltExportSaccadenFixationHistogram();

@@ -2,7 +2,6 @@
 
 #include "export/AoiImages.h"
 #include "model/DataModel.h"
-#include "settings/StoredKeys.h"
 #include "ui_VisualizationExportBox.h"
 #include "visualization/charts/ChartKinds.h"
 
@@ -34,6 +33,7 @@ void VisualizationExportBox::makeControls()
     connect(ui->visualizationExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportPicture);
     connect(ui->aoiImageExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportAoiImages);
     connect(ui->videoExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportVideo);
+    connect(ui->diagramExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportDiagram);
     connect(ui->chartExportButton, &QAbstractButton::clicked, this,
             [this] { exportChart(ui->chartComboBox->currentData().toString()); });
 }
@@ -48,15 +48,21 @@ PictureSettings VisualizationExportBox::pictureSettings() const
             .labelFixations = ui->numbersCheckBox->isChecked()};
 }
 
+/// The folder of the answer is where the next question begins.
+QString VisualizationExportBox::askForFile(const QString &title, const StoredKey<QString> &folder, const char *filter)
+{
+    const QString path = m_chooseFile(title, readStored(folder), QString::fromLatin1(filter));
+    if (!path.isEmpty())
+        writeStored(folder, QFileInfo(path).path());
+    return path;
+}
+
 void VisualizationExportBox::exportPicture()
 {
-    const QString path =
-        m_chooseFile(QStringLiteral("Save Visualization"), readStored(keys::visualizationExportFolder),
-                     QStringLiteral("PNG (*.png);;Vector Graphics (*.svg);; TIFF(*.tiff);; JPEG(*.jpg)"));
-    if (path.isEmpty())
-        return;
-    writeStored(keys::visualizationExportFolder, QFileInfo(path).path());
-    Q_EMIT pictureWanted(path);
+    const QString path = askForFile(QStringLiteral("Save Visualization"), keys::visualizationExportFolder,
+                                    "PNG (*.png);;Vector Graphics (*.svg);; TIFF(*.tiff);; JPEG(*.jpg)");
+    if (!path.isEmpty())
+        Q_EMIT pictureWanted(path);
 }
 
 int VisualizationExportBox::videoStepMs() const
@@ -66,23 +72,26 @@ int VisualizationExportBox::videoStepMs() const
 
 void VisualizationExportBox::exportVideo()
 {
-    const QString path = m_chooseFile(QStringLiteral("Save Video"), readStored(keys::videoExportFolder),
-                                      QStringLiteral("AVI (*.avi);;MP4 (*.mp4);;Matroska (*.mkv)"));
-    if (path.isEmpty())
-        return;
-    writeStored(keys::videoExportFolder, QFileInfo(path).path());
-    Q_EMIT videoWanted(path);
+    const QString path =
+        askForFile(QStringLiteral("Save Video"), keys::videoExportFolder, "AVI (*.avi);;MP4 (*.mp4);;Matroska (*.mkv)");
+    if (!path.isEmpty())
+        Q_EMIT videoWanted(path);
+}
+
+void VisualizationExportBox::exportDiagram()
+{
+    const QString path = askForFile(QStringLiteral("Save Visualization"), keys::aoiTransitionExportFolder,
+                                    "PNG (*.png);;Vector Graphics (*.svg);; TIFF(*.tiff);; JPEG(*.jpg);;Page (*.html)");
+    if (!path.isEmpty())
+        Q_EMIT diagramWanted(path);
 }
 
 void VisualizationExportBox::exportChart(const QString &kind)
 {
-    const QString path =
-        m_chooseFile(QStringLiteral("Save Visualization"), readStored(keys::visualizationExportFolder),
-                     QStringLiteral("PNG (*.png);; JPEG(*.jpg);;Vector Graphics (*.svg);;Numbers (*.csv)"));
-    if (path.isEmpty())
-        return;
-    writeStored(keys::visualizationExportFolder, QFileInfo(path).path());
-    Q_EMIT chartWanted(kind, path);
+    const QString path = askForFile(QStringLiteral("Save Visualization"), keys::visualizationExportFolder,
+                                    "PNG (*.png);; JPEG(*.jpg);;Vector Graphics (*.svg);;Numbers (*.csv)");
+    if (!path.isEmpty())
+        Q_EMIT chartWanted(kind, path);
 }
 
 void VisualizationExportBox::exportAoiImages()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/scene/PictureSettings.h"
+#include "settings/StoredKeys.h"
 
 #include <QGroupBox>
 
@@ -38,6 +39,7 @@ public:
 Q_SIGNALS:
     void pictureWanted(const QString &path);
     void videoWanted(const QString &path);
+    void diagramWanted(const QString &path);
     /// @param kind  word of the kind of chart.
     void chartWanted(const QString &kind, const QString &path);
 
@@ -45,10 +47,12 @@ public Q_SLOTS:
     void exportPicture();
     void exportAoiImages();
     void exportVideo();
+    void exportDiagram();
     void exportChart(const QString &kind);
 
 private:
     void makeControls();
+    QString askForFile(const QString &title, const StoredKey<QString> &folder, const char *filter);
 
     std::unique_ptr<Ui::VisualizationExportBox> ui;
     const DataModel *m_model = nullptr;

@@ -21,5 +21,5 @@ std::optional<QString> exportPicture(const DrawnPicture &picture, const PictureS
     const TemporaryItems band(picture.scene);
     addReportBand(picture.scene, area, settings.appended, picture.figures, picture.context, picture.records);
     area |= band.bounds();
-    return exportScene(picture.scene, path, {area, settings.scale, settings.ground});
+    return exportScene(picture.scene, path, {.area = area, .scale = settings.scale, .ground = settings.ground});
 }

@@ -29,7 +29,7 @@ Drawing outlinesAndShares(const DrawingContext &context)
 constexpr AoiMode modes[] = {
     {"none"_L1},
     {"Outlined"_L1, aoiOutlineDrawing, outlineOptions},
-    {"Transition Diagramm"_L1, aoiOutlineDrawing, outlineOptions}, // sic
+    {"Transition Diagramm"_L1, aoiOutlineDrawing, outlineOptions | AoiOption::TransitionType}, // sic
     {"Transitions"_L1, aoiTransitionDrawing, transitionOptions},
     {"Time dependent transitions"_L1, aoiChart<aoiTransitionChart>, chartOptions | AoiOption::TransitionType},
     {"Fixations over time"_L1, aoiChart<aoiFixationChart>, chartOptions},

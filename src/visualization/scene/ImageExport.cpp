@@ -26,7 +26,7 @@ struct Encoded {
     std::optional<QString> problem;
 };
 
-Encoded encodedSvg(QGraphicsScene &scene, const QRectF &area)
+Encoded encodedSvg(QGraphicsScene &scene, const QRectF &area, const ImageSettings &settings)
 {
     constexpr int side = 1000;
     QBuffer buffer;
@@ -35,8 +35,8 @@ Encoded encodedSvg(QGraphicsScene &scene, const QRectF &area)
     generator.setOutputDevice(&buffer);
     generator.setSize({side, side});
     generator.setViewBox(QRect(0, 0, side, side));
-    generator.setTitle(QStringLiteral("Vistrum 2013 Visualization"));
-    generator.setDescription(QStringLiteral("An Eye-Tracking recording visualized by Vistrum 2013"));
+    generator.setTitle(settings.title);
+    generator.setDescription(settings.description);
     render(scene, &generator, area);
     return {buffer.data(), std::nullopt};
 }
@@ -73,7 +73,7 @@ std::optional<QString> exportScene(QGraphicsScene &scene, const QString &path, c
 {
     const bool isSvg = path.endsWith(QLatin1StringView(".svg"), Qt::CaseInsensitive);
     const QRectF area = settings.area.isNull() ? scene.sceneRect() : settings.area;
-    Encoded picture = isSvg ? encodedSvg(scene, area) : encodedImage(scene, path, area, settings);
+    Encoded picture = isSvg ? encodedSvg(scene, area, settings) : encodedImage(scene, path, area, settings);
     if (!picture.problem)
         picture.problem = replaceFile(path, picture.bytes);
     return picture.problem ? std::optional(writeFailure(path, *picture.problem)) : std::nullopt;

@@ -13,6 +13,8 @@ struct ImageSettings {
     QRectF area = {};                ///< px of the scene; null for the scene's whole rectangle
     double scale = 1;                ///< pixels of the image for one of the scene; drawn finer, not enlarged
     QColor ground = Qt::transparent; ///< where nothing is drawn
+    QString title = QStringLiteral("Vistrum 2013 Visualization"); ///< of vector graphics
+    QString description = QStringLiteral("An Eye-Tracking recording visualized by Vistrum 2013");
 };
 
 /// Writes a scene to a file: ".svg" as vector graphics of 1000 by 1000 units with the aspect ratio kept, any other name
