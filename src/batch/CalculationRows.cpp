@@ -91,11 +91,15 @@ void clusterSaccades(RunState &run)
 
 } // namespace
 
+QList<CalculationRow> findingCalculations()
+{
+    return {{fixationWord, detectFixations},
+            {clusterWord, clusterFixations},
+            {cumulativeClusterWord, clusterCumulatively},
+            {saccadeClusterWord, clusterSaccades}};
+}
+
 QList<CalculationRow> calculationRows()
 {
-    return QList<CalculationRow>{{fixationWord, detectFixations},
-                                 {clusterWord, clusterFixations},
-                                 {cumulativeClusterWord, clusterCumulatively},
-                                 {saccadeClusterWord, clusterSaccades}} +
-           statisticsCalculations();
+    return findingCalculations() + statisticsCalculations();
 }
