@@ -61,6 +61,7 @@ Vistrum::Vistrum(QWidget *parent)
     connectForm();
     connectPanels();
     connectAreas();
+    connectExports();
 }
 
 Vistrum::~Vistrum()
@@ -318,6 +319,7 @@ void Vistrum::redraw()
     const DrawnScene drawn =
         runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
     m_background = drawn.background;
+    m_figures = drawn.figures;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);
     const auto panels = m_ui->control->visualizationWidgets();
     for (const HeatmapFigures &figures : drawn.figures)

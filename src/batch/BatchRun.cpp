@@ -6,6 +6,7 @@
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
 #include "batch/RunAois.h"
+#include "batch/RunCharts.h"
 #include "batch/RunPictures.h"
 #include "batch/SettingInput.h"
 #include "batch/StatisticsRows.h"
@@ -82,7 +83,10 @@ ExitCode BatchRun::run()
         calculate(statisticsCalculations());
         exportTables();
         exportAois(m_state);
+        exportCharts(m_state);
         exportImages(m_state);
+        exportAoiImages(m_state);
+        exportVideo(m_state);
         density = exportDensity(m_state);
         exportSaliency(m_state);
     }

@@ -3,6 +3,8 @@
 #include <QLatin1StringView>
 #include <QList>
 
+struct BatchOptions;
+struct ReportRecords;
 struct RunState;
 
 /// A word of `--calculate` and what it does. A new calculation is a row in the list of its subject.
@@ -24,3 +26,6 @@ QList<CalculationRow> findingCalculations();
 
 /// All calculations in the order in which they run.
 QList<CalculationRow> calculationRows();
+
+/// The parameters of the calculations of a run, for what stands below its pictures.
+ReportRecords reportRecords(const BatchOptions &options);

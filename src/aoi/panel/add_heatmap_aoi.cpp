@@ -229,8 +229,10 @@ void add_heatmap_aoi::exportAois()
 {
     if (!isReady())
         return;
-    if (m_search && m_insert)
+    if (m_search && m_insert) {
         m_insert(aoisOf(regionAois(*m_search, m_ui->th_size->value())));
+        m_exported = parameters();
+    }
     finishExport();
 }
 
