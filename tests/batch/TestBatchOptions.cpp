@@ -157,6 +157,11 @@ void acceptedFilesAndNumbers()
         o.densityFile = QStringLiteral("d.TIFF");
         o.densityKind = DataKind::Fixations;
     });
+    acceptedRow("picture of recordings in millimetres",
+                "--millimetre-image p.png --millimetre-size 1920,1080,531,299 a.data", [](O &o) {
+                    o.millimetres.imagePath = QStringLiteral("p.png");
+                    o.millimetres.size = {1920, 1080, 531, 299};
+                });
     acceptedRow("report", "--report r.json a.data", [](O &o) { o.reportFile = QStringLiteral("r.json"); });
     acceptedRow("one job", "--jobs 1 a.data", [](O &o) { o.jobs = 1; });
     acceptedRow("many jobs", "--jobs=64 a.data", [](O &o) { o.jobs = 64; });
@@ -197,6 +202,15 @@ void refusedArguments()
 
 void refusedChoices()
 {
+    refusedRow("three sizes", "--millimetre-image p.png --millimetre-size 1,2,3 a.txt",
+               "--millimetre-size 1,2,3: not of the form WPX,HPX,WMM,HMM: width and height in pixels, then in "
+               "millimetres");
+    refusedRow("a size of nothing", "--millimetre-image p.png --millimetre-size 1,2,0,4 a.txt",
+               "--millimetre-size 0: not a whole number from 1 to 5000000");
+    refusedRow("a picture without its size", "--millimetre-image p.png a.txt",
+               "--millimetre-image: needs --millimetre-size, too");
+    refusedRow("a size without its picture", "--millimetre-size 1,2,3,4 a.txt",
+               "--millimetre-size: needs --millimetre-image, too");
     refusedRow("setting without equals sign", "--set KEY a.data", "--set KEY: not of the form KEY=VALUE");
     refusedRow("setting without key", "--set =1 a.data", "--set =1: not of the form KEY=VALUE");
     refusedRow("unknown eye", "--eyes both a.data", "--eyes both: not one of all, dominant, left, right, mean");
