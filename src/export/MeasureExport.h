@@ -12,6 +12,10 @@ struct MeasureForm {
     QString groupBy = QStringLiteral("group"); ///< property of the examinations that names their groups
 };
 
+/// The group of an examination by the property of this name; empty for none. Membership chosen in the window stands
+/// above the set file's entry.
+QString groupOf(const Examination &examination, const QString &column);
+
 /// Writes a row for each checked examination, eye and area of interest, and tells the user where.
 ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target);
 

@@ -162,6 +162,12 @@ void acceptedFilesAndNumbers()
                     o.millimetres.imagePath = QStringLiteral("p.png");
                     o.millimetres.size = {1920, 1080, 531, 299};
                 });
+    acceptedRow("parameters of similarity",
+                "--similarity recurrence-radius=80.5 --similarity grid-columns=8 --similarity grid-columns=9 a.data",
+                [](O &o) {
+                    o.similarity.recurrenceRadiusPx = 80.5;
+                    o.similarity.gridColumns = 9;
+                });
     acceptedRow("report", "--report r.json a.data", [](O &o) { o.reportFile = QStringLiteral("r.json"); });
     acceptedRow("one job", "--jobs 1 a.data", [](O &o) { o.jobs = 1; });
     acceptedRow("many jobs", "--jobs=64 a.data", [](O &o) { o.jobs = 64; });
@@ -202,6 +208,17 @@ void refusedArguments()
 
 void refusedChoices()
 {
+    refusedRow("a parameter of similarity without a value", "--similarity grid-rows a.data",
+               "--similarity grid-rows: not of the form NAME=VALUE");
+    refusedRow("an unknown parameter of similarity", "--similarity grid-row=3 a.data",
+               "--similarity grid-row=3: grid-row is not one of grid-columns, grid-rows, scanmatch-columns, "
+               "scanmatch-rows, scanmatch-bin, scanmatch-threshold, scanmatch-gap, multimatch-direction, "
+               "multimatch-duration, multimatch-amplitude, recurrence-radius, recurrence-line; did you mean "
+               "grid-rows?");
+    refusedRow("a broken number of rows", "--similarity grid-rows=2.5 a.data",
+               "--similarity grid-rows=2.5: not a whole number from 1 to 50");
+    refusedRow("a threshold of nothing", "--similarity scanmatch-threshold=0 a.data",
+               "--similarity scanmatch-threshold=0: not a number from 0.1 to 70");
     refusedRow("three sizes", "--millimetre-image p.png --millimetre-size 1,2,3 a.txt",
                "--millimetre-size 1,2,3: not of the form WPX,HPX,WMM,HMM: width and height in pixels, then in "
                "millimetres");
