@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -117,6 +118,10 @@ void SimilarityHeatmap::paintEvent(QPaintEvent *)
         }
     }
     painter.drawRect(cells);
+    const auto isDefined = [this](const ScanpathPair &pair) { return !std::isnan(pair.values[m_measure]); };
+    if (std::none_of(m_set.pairs.begin(), m_set.pairs.end(), isDefined))
+        painter.drawText(cells, Qt::AlignCenter | Qt::TextWordWrap,
+                         QStringLiteral("not defined: too few fixations, or none in areas of interest"));
     paintScale(painter, cells);
 }
 
