@@ -18,7 +18,7 @@ using Text = QLatin1StringView;
 template <auto Calculate>
 void calculate(RunState &run)
 {
-    Calculate(run.model, nullptr);
+    Calculate(run.model, nullptr, run.threads());
 }
 
 /// Tables have what was calculated: a run that calculates nothing writes headers alone, and says so.
@@ -87,7 +87,7 @@ ExportResult writeSimilarity(RunState &run, const ExportTarget &target)
                                         .groupBy = run.options.groupBy,
                                         .threads = run.threads()},
                                        {});
-    const ExportResult result = exportScanpathSimilarity(sets.value(), target);
+    const ExportResult result = exportScanpathSimilarity(sets.value(), target, run.threads());
     if (result.written.isEmpty())
         run.journal.fail();
     return result;

@@ -34,7 +34,7 @@ struct Question {
     GroupSimilarity answer{};
 };
 
-std::vector<Question> answered(const std::vector<SimilaritySet> &sets)
+std::vector<Question> answered(const std::vector<SimilaritySet> &sets, int threads)
 {
     std::vector<Question> questions;
     for (const SimilaritySet &set : sets) {
@@ -42,7 +42,7 @@ std::vector<Question> answered(const std::vector<SimilaritySet> &sets)
             questions.push_back({&set, measure});
     }
     sideBySide(
-        static_cast<qsizetype>(questions.size()), coreCount(),
+        static_cast<qsizetype>(questions.size()), threads,
         [&](qsizetype i) {
             Question &each = questions[static_cast<std::size_t>(i)];
             each.answer = compareGroups(*each.set, each.measure);
@@ -53,11 +53,11 @@ std::vector<Question> answered(const std::vector<SimilaritySet> &sets)
 
 } // namespace
 
-QList<QStringList> groupSimilarityRows(const std::vector<SimilaritySet> &sets)
+QList<QStringList> groupSimilarityRows(const std::vector<SimilaritySet> &sets, int threads)
 {
     QList<QStringList> rows{
         QStringLiteral("picture,eye,measure,comparison,group_a,group_b,subject_pairs,mean,p_permutation").split(u',')};
-    for (const auto &[set, measure, answer] : answered(sets)) {
+    for (const auto &[set, measure, answer] : answered(sets, threads)) {
         const QStringList lead{set->picture, eyeWord(set->eye), similarityMeasures()[measure].name};
         const auto add = [&, &each = lead](Text comparison, const QString &a, const QString &b, int pairs, double mean,
                                            double p) {
@@ -77,7 +77,7 @@ QList<QStringList> groupSimilarityRows(const std::vector<SimilaritySet> &sets)
     return rows;
 }
 
-ExportResult exportScanpathSimilarity(const std::vector<SimilaritySet> &sets, const ExportTarget &target)
+ExportResult exportScanpathSimilarity(const std::vector<SimilaritySet> &sets, const ExportTarget &target, int threads)
 {
     const QString title = QStringLiteral("Scanpath similarity Export");
     if (sets.empty()) {
@@ -88,7 +88,7 @@ ExportResult exportScanpathSimilarity(const std::vector<SimilaritySet> &sets, co
     ExportResult result;
     const QString path = pathStem(target) + Text("_scanpath_similarity.csv");
     writeTable(path, pairTable(sets), result);
-    const QList<QStringList> groups = groupSimilarityRows(sets);
+    const QList<QStringList> groups = groupSimilarityRows(sets, threads);
     if (groups.size() > 1) {
         TidyTable table(groups.first());
         for (const QStringList &row : groups.mid(1))

@@ -1,7 +1,6 @@
 #include "export/MeasureExport.h"
 
 #include "base/Messages.h"
-#include "base/SideBySide.h"
 #include "export/TextTable.h"
 #include "export/TidyTable.h"
 #include "statistics/AoiVisits.h"
@@ -39,34 +38,34 @@ std::vector<Stream> streamsOf(const DataModel &model, EyeMode eyes)
 
 /// Does the work of each place of a list side by side with that of the others.
 template <class List, class Work>
-void forEachPlace(const List &list, const Work &work)
+void forEachPlace(const List &list, int threads, const Work &work)
 {
     sideBySide(
-        static_cast<qsizetype>(list.size()), coreCount(), [&](qsizetype i) { work(static_cast<size_t>(i)); },
+        static_cast<qsizetype>(list.size()), threads, [&](qsizetype i) { work(static_cast<size_t>(i)); },
         [](qsizetype) {});
 }
 
 /// A result for each stream, in their order, made side by side.
 template <class Result, class Make>
-std::vector<Result> forEachStream(const std::vector<Stream> &streams, const Make &make)
+std::vector<Result> forEachStream(const std::vector<Stream> &streams, int threads, const Make &make)
 {
     std::vector<Result> results(streams.size());
-    forEachPlace(results, [&](size_t i) { results[i] = make(streams[i].data()); });
+    forEachPlace(results, threads, [&](size_t i) { results[i] = make(streams[i].data()); });
     return results;
 }
 
-std::vector<QList<AoiVisits>> visitsOf(const std::vector<Stream> &streams, const DataModel &model)
+std::vector<QList<AoiVisits>> visitsOf(const std::vector<Stream> &streams, const DataModel &model, int threads)
 {
     const AoiIndex index(model.aoiList());
     return forEachStream<QList<AoiVisits>>(
-        streams, [&](const EyeData &stream) { return aoiVisits(stream, index, model.timeFrame()); });
+        streams, threads, [&](const EyeData &stream) { return aoiVisits(stream, index, model.timeFrame()); });
 }
 
 std::vector<ScanpathMeasures> scanpathsOf(const std::vector<Stream> &streams, const DataModel &model,
                                           const MeasureForm &form)
 {
     const AoiIndex index(model.aoiList());
-    return forEachStream<ScanpathMeasures>(streams, [&](const EyeData &stream) {
+    return forEachStream<ScanpathMeasures>(streams, form.threads, [&](const EyeData &stream) {
         return scanpathMeasures(stream, index, model.timeFrame(), form.pixelPerDistance);
     });
 }
@@ -131,7 +130,7 @@ Question question(const std::vector<Stream> &streams, Eye eye, const QString &co
 std::vector<Question> questionsOf(const DataModel &model, EyeMode eyes, const MeasureForm &form)
 {
     const std::vector<Stream> streams = streamsOf(model, eyes);
-    const std::vector<QList<AoiVisits>> visits = visitsOf(streams, model);
+    const std::vector<QList<AoiVisits>> visits = visitsOf(streams, model, form.threads);
     const std::vector<ScanpathMeasures> scanpaths = scanpathsOf(streams, model, form);
     const QList<AreaOfInterest> areas = model.aoiList();
     std::vector<Question> all;
@@ -196,10 +195,10 @@ QString groupOf(const Examination &examination, const QString &column)
     return value == none ? QString() : value;
 }
 
-ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target)
+ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target, const MeasureForm &form)
 {
     const std::vector<Stream> streams = streamsOf(model, target.eyes);
-    const std::vector<QList<AoiVisits>> visits = visitsOf(streams, model);
+    const std::vector<QList<AoiVisits>> visits = visitsOf(streams, model, form.threads);
     const QList<AreaOfInterest> areas = model.aoiList();
     TidyTable table(leadNames() + QStringList(QStringLiteral("aoi")) + names(aoiVisitMeasures()));
     for (size_t i = 0; i < streams.size(); ++i) {
@@ -223,7 +222,7 @@ ExportResult exportScanpathMeasures(const DataModel &model, const ExportTarget &
 QList<QStringList> groupComparisonRows(const DataModel &model, EyeMode eyes, const MeasureForm &form)
 {
     std::vector<Question> questions = questionsOf(model, eyes, form);
-    forEachPlace(questions, [&](size_t i) { questions[i].answer = compareGroups(questions[i].values); });
+    forEachPlace(questions, form.threads, [&](size_t i) { questions[i].answer = compareGroups(questions[i].values); });
     correct(questions);
     QList<QStringList> rows{QStringLiteral("eye,measure,aoi,group,subjects,mean,median,standard_deviation,"
                                            "mean_ci95_low,mean_ci95_high,compared_with,design,mean_difference,"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/SideBySide.h"
 #include "export/ExportResult.h"
 #include "export/ExportTarget.h"
 
@@ -10,6 +11,7 @@ struct MeasureForm {
     /// Size of a pixel as part of the distance from eye to picture; nothing: not known, angles stay empty.
     std::optional<double> pixelPerDistance;
     QString groupBy = QStringLiteral("group"); ///< property of the examinations that names their groups
+    int threads = coreCount();                 ///< the tables do not depend on it
 };
 
 /// The group of an examination by the property of this name; empty for none. Membership chosen in the window stands
@@ -17,7 +19,7 @@ struct MeasureForm {
 QString groupOf(const Examination &examination, const QString &column);
 
 /// Writes a row for each checked examination, eye and area of interest, and tells the user where.
-ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target);
+ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target, const MeasureForm &form = {});
 
 /// Writes a row for each checked examination and eye.
 ExportResult exportScanpathMeasures(const DataModel &model, const ExportTarget &target, const MeasureForm &form);

@@ -2,7 +2,6 @@
 
 #include "base/Log.h"
 #include "base/Progress.h"
-#include "base/SideBySide.h"
 #include "statistics/AoiMeasures.h"
 #include "statistics/GeneralMeasures.h"
 
@@ -13,14 +12,14 @@ namespace {
 /// @param measure  a stream's result, called from several threads.
 /// @param keep  puts a result into its stream.
 template <class Measure, class Keep>
-void measureStreams(DataModel &model, const QString &label, const Measure &measure, const Keep &keep)
+void measureStreams(DataModel &model, const QString &label, int threads, const Measure &measure, const Keep &keep)
 {
     using Result = std::invoke_result_t<Measure, const EyeData &>;
     const QList<const Examination *> checked = model.checkedExaminations();
     std::vector<std::array<Result, 3>> results(static_cast<size_t>(checked.size()));
     Progress progress(label, static_cast<int>(checked.size()));
     sideBySide(
-        checked.size(), coreCount(),
+        checked.size(), threads,
         [&](qsizetype i) {
             const auto streams = checked[i]->streams();
             for (size_t eye = 0; eye < streams.size(); ++eye)
@@ -46,23 +45,23 @@ void write(const Log *log, const QString &line)
 
 } // namespace
 
-void calculateGeneralStatistics(DataModel &model, const Log *log)
+void calculateGeneralStatistics(DataModel &model, const Log *log, int threads)
 {
     const TimeFrame frame = model.timeFrame();
     measureStreams(
-        model, QStringLiteral("Calculate General Statistics, please wait."),
+        model, QStringLiteral("Calculate General Statistics, please wait."), threads,
         [frame](const EyeData &stream) { return generalStatistics(stream.gazePoints, frame); },
         [](EyeData &stream, const GeneralStatistics &result) { stream.generalStatistics = result; });
     write(log, QStringLiteral("Information: General statistics calculation was succesfull")); // sic
 }
 
-void calculateAoiStatistics(DataModel &model, const Log *log)
+void calculateAoiStatistics(DataModel &model, const Log *log, int threads)
 {
     const TimeFrame frame = model.timeFrame();
     const QList<AreaOfInterest> areas = model.aoiList();
     const AoiIndex index(areas);
     measureStreams(
-        model, QStringLiteral("Calculate AOI Statistics, please wait."),
+        model, QStringLiteral("Calculate AOI Statistics, please wait."), threads,
         [&, frame](const EyeData &stream) { return aoiStatistics(stream, areas, index, frame); },
         [](EyeData &stream, const QList<AreaOfInterest> &result) { stream.aoiStatistics = result; });
     write(log, QStringLiteral("Information: AOI statistics calculation was succesfull")); // sic

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/SideBySide.h"
 #include "model/DataModel.h"
 
 class Log;
@@ -8,7 +9,7 @@ class Log;
 /// the streams. Recordings are measured side by side; the results do not depend on how many at a time.
 ///
 /// @param log  may be null.
-void calculateGeneralStatistics(DataModel &model, const Log *log);
+void calculateGeneralStatistics(DataModel &model, const Log *log, int threads = coreCount());
 
 /// The same for all areas of interest of the model.
-void calculateAoiStatistics(DataModel &model, const Log *log);
+void calculateAoiStatistics(DataModel &model, const Log *log, int threads = coreCount());

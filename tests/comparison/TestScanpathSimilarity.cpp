@@ -213,7 +213,7 @@ void TestScanpathSimilarity::exportedTable()
     const QTemporaryDir folder;
     const RecordedMessages told;
     const ExportResult result =
-        exportScanpathSimilarity(compared(model), {folder.path(), QStringLiteral("x"), EyeMode::showLeft});
+        exportScanpathSimilarity(compared(model), {folder.path(), QStringLiteral("x"), EyeMode::showLeft}, 2);
     const QString path = folder.filePath(QStringLiteral("x_scanpath_similarity.csv"));
     QCOMPARE(result.written, QStringList{path});
     const QStringList lines = linesOf(path);
@@ -235,7 +235,7 @@ void TestScanpathSimilarity::exportedGroups()
     const QTemporaryDir folder;
     const RecordedMessages told;
     exportScanpathSimilarity(compared(model, {.eyes = EyeMode::showLeft, .groupBy = QStringLiteral("task")}),
-                             {folder.path(), QStringLiteral("x"), EyeMode::showLeft});
+                             {folder.path(), QStringLiteral("x"), EyeMode::showLeft}, 2);
     const QStringList lines = linesOf(folder.filePath(QStringLiteral("x_scanpath_similarity_groups.csv")));
     QCOMPARE(lines[0],
              QStringLiteral("picture,eye,measure,comparison,group_a,group_b,subject_pairs,mean,p_permutation"));
@@ -256,7 +256,7 @@ void TestScanpathSimilarity::nothingToExport()
     const QTemporaryDir folder;
     const RecordedMessages told;
     const ExportResult result =
-        exportScanpathSimilarity(compared(model), {folder.path(), QStringLiteral("x"), EyeMode::showLeft});
+        exportScanpathSimilarity(compared(model), {folder.path(), QStringLiteral("x"), EyeMode::showLeft}, 2);
     QVERIFY(result.written.isEmpty());
     QCOMPARE(told.texts(),
              QStringList{QStringLiteral("Scanpath similarity Export|No two checked examinations show the same picture: "

@@ -187,7 +187,7 @@ void SimilarityPanel::compare()
     if (!sets)
         return; // what was shown before stays
     m_sets = std::move(*sets);
-    m_groupRows = groupSimilarityRows(m_sets);
+    m_groupRows = groupSimilarityRows(m_sets, coreCount());
     showSets();
     if (m_sets.empty())
         messages::information(u"Nothing to compare"_s,
@@ -270,5 +270,5 @@ void SimilarityPanel::exportTables()
     if (folder.isEmpty())
         return;
     writeStored(keys::statisticExportFolder, folder);
-    exportScanpathSimilarity(m_sets, {folder, u"vistrum"_s, eyeMode()});
+    exportScanpathSimilarity(m_sets, {folder, u"vistrum"_s, eyeMode()}, coreCount());
 }

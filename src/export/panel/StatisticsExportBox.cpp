@@ -37,6 +37,11 @@ MeasureForm currentForm()
     return {.pixelPerDistance = pixelPerDistance(settings)};
 }
 
+ExportResult writeAoiMeasures(const DataModel &model, const ExportTarget &target)
+{
+    return exportAoiMeasures(model, target);
+}
+
 ExportResult writeScanpathMeasures(const DataModel &model, const ExportTarget &target)
 {
     return exportScanpathMeasures(model, target, currentForm());
@@ -66,7 +71,7 @@ constexpr CommandKind requiredTables[] = {
 };
 
 constexpr CommandKind tidyTables[] = {
-    {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newCommand<exportAoiMeasures>},
+    {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newCommand<writeAoiMeasures>},
     {&Form::scanpathMeasuresCheckBox, QLatin1StringView("scanpath measures"), newCommand<writeScanpathMeasures>},
     {&Form::groupComparisonCheckBox, QLatin1StringView("group comparison"), newCommand<writeGroupComparison>},
 };
