@@ -90,6 +90,7 @@ void controlWidget::setModel(DataModel *model)
     m_ui->aoi_widget->setModel(model);
     m_ui->export_widget->setModel(model);
     m_ui->group_comparison_widget->setModel(model);
+    m_ui->scanpathComparisonWidget->setModel(model);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setModel(model);
 }

@@ -3,6 +3,7 @@
 #include "base/Messages.h"
 #include "batch/RunState.h"
 #include "batch/TransitionWords.h"
+#include "comparison/SimilarityExport.h"
 #include "detection/PixelSize.h"
 #include "export/AngleStarExport.h"
 #include "export/MeasureExport.h"
@@ -85,6 +86,20 @@ ExportResult writeGroupComparison(RunState &run, const ExportTarget &target)
     return result;
 }
 
+ExportResult writeSimilarity(RunState &run, const ExportTarget &target)
+{
+    const auto sets = compareScanpaths(run.model,
+                                       {.eyes = target.eyes,
+                                        .parameters = run.options.similarity,
+                                        .groupBy = run.options.groupBy,
+                                        .threads = run.threads()},
+                                       {});
+    const ExportResult result = exportScanpathSimilarity(sets.value(), target, run.threads());
+    if (result.written.isEmpty())
+        run.journal.fail();
+    return result;
+}
+
 } // namespace
 
 QList<CalculationRow> statisticsCalculations()
@@ -103,7 +118,7 @@ QList<TableRow> statisticsTables()
             {Text("aoi-measures"), writeAoiMeasures},
             {Text("scanpath-measures"), writeScanpathMeasures},
             {Text("group-comparison"), writeGroupComparison},
-            {Text("scanpath-similarity")},
+            {Text("scanpath-similarity"), writeSimilarity, fixationWord},
             {Text("quality")},
             {Text("bids")}};
 }

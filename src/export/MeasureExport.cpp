@@ -103,16 +103,6 @@ ExportResult write(const QString &path, const QString &text, const QString &titl
 
 // ---- comparison of groups
 
-/// Membership chosen in the window stands above the set file's entry.
-QString groupOf(const Examination &examination, const QString &column)
-{
-    const QString none = QStringLiteral("None");
-    if (column == QLatin1StringView("group") && examination.groupName != none)
-        return examination.groupName;
-    const QString value = examination.properties.value(column);
-    return value == none ? QString() : value;
-}
-
 /// One measure of one area through one eye, to be compared.
 struct Question {
     Eye eye;
@@ -195,6 +185,15 @@ QStringList differenceFields(const GroupComparison &answer, bool isFirst)
 }
 
 } // namespace
+
+QString groupOf(const Examination &examination, const QString &column)
+{
+    const QString none = QStringLiteral("None");
+    if (column == QLatin1StringView("group") && examination.groupName != none)
+        return examination.groupName;
+    const QString value = examination.properties.value(column);
+    return value == none ? QString() : value;
+}
 
 ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target, const MeasureForm &form)
 {

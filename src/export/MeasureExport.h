@@ -13,6 +13,10 @@ struct MeasureForm {
     int threads = coreCount(); ///< the tables do not depend on it
 };
 
+/// The group of an examination by the property of this name; empty for none. Membership chosen in the window stands
+/// above the set file's entry.
+QString groupOf(const Examination &examination, const QString &column);
+
 /// Writes a row for each checked examination, eye and area of interest, and tells the user where.
 ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target, const MeasureForm &form = {});
 
