@@ -103,6 +103,11 @@ void TestBatchFailures::refusedCalls_data()
         "--chart saccades=a.tiff: the name does not end in .png, .jpg, .svg or .csv");
     row("a chart without a name", "--chart saccades study/S01.data",
         "--chart saccades: the name does not end in .png, .jpg, .svg or .csv");
+    row("a video as what it cannot be", "--video a.png study/S01.data",
+        "--video a.png: the name does not end in .avi, .mp4 or .mkv");
+    row("a scale beyond memory", "--image-scale 9 study/S01.data", "--image-scale 9: not a whole number from 1 to 8");
+    row("no such part below a picture", "--append legend study/S01.data",
+        "--append legend: not one of legends, parameters; did you mean legends?");
     row("no such settings file", "--out tables --settings missing.ini study/S01.data",
         "--settings missing.ini: no such file, or it cannot be read");
     row("a folder for settings", "--settings study study/S01.data",

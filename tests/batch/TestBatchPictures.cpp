@@ -16,6 +16,7 @@ private Q_SLOTS:
     void aPictureForEach();
     void namesOfPicturesStayInTheFolder();
     void cutsOfAreas();
+    void video();
 };
 
 void TestBatchPictures::charts()
@@ -131,6 +132,22 @@ void TestBatchPictures::cutsOfAreas()
     const QImage bay = QImage(m_batch->path(QStringLiteral("study/bay.png"))).convertToFormat(QImage::Format_RGB32);
     const QImage cut = QImage(m_batch->path(QStringLiteral("cuts/Door.png"))).convertToFormat(QImage::Format_RGB32);
     QVERIFY(cut == bay.copy(100, 100, 101, 201));
+}
+
+void TestBatchPictures::video()
+{
+    const QStringList arguments =
+        words("--quiet --calculate fixations --background study/bay.png --video a.avi --time 0:2000 study/S01.data");
+    const Outcome outcome = m_batch->run(words("--video-step 500") + arguments);
+    QCOMPARE(outcome.errors, QStringList());
+    QCOMPARE(outcome.written, words("a.avi"));
+    const QByteArray slow = m_batch->contents(QStringLiteral("a.avi"));
+    QVERIFY(slow.startsWith("RIFF") && slow.mid(8, 4) == "AVI ");
+    m_batch->run(words("--video-step 250") + arguments);
+    QVERIFY(m_batch->contents(QStringLiteral("a.avi")).size() > slow.size() * 3 / 2); // twice as many images
+    const Outcome tooShort = m_batch->run(words("--video-step 2001") + arguments);
+    QCOMPARE(tooShort.status, 1);
+    QCOMPARE(tooShort.errors, QStringList(QStringLiteral("Video: a.avi: Timespan is too short!!!")));
 }
 
 QTEST_GUILESS_MAIN(TestBatchPictures)

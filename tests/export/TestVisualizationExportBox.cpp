@@ -23,6 +23,7 @@ private Q_SLOTS:
     void eachChartHasItsSignal_data();
     void eachChartHasItsSignal();
     void areasAreWrittenInPlace();
+    void videoIsAskedForWithItsStep();
 
 private:
     template <class Widget>
@@ -169,6 +170,22 @@ void TestVisualizationExportBox::areasAreWrittenInPlace()
     QCOMPARE(readStored(keys::aoiImageExportFolder), folder.path());
     QCOMPARE(m_messages->texts(),
              QStringList(QStringLiteral("AOI Images exported|AOI Images exported to: ") + folder.path()));
+}
+
+void TestVisualizationExportBox::videoIsAskedForWithItsStep()
+{
+    QSignalSpy wanted(m_widget.get(), &ExportWidget::sigExport_video);
+    m_answer = QStringLiteral("/videos/a.avi");
+    child<QSpinBox>("videoTimespanSpinBox")->setValue(40);
+    click("videoExportButton");
+    m_widget->sltExportVideo();
+    QCOMPARE(wanted.size(), 2);
+    QCOMPARE(wanted[0][0].toString(), m_answer);
+    QCOMPARE(m_widget->videoStepMs(), 40);
+    QCOMPARE(readStored(keys::videoExportFolder), QStringLiteral("/videos"));
+    m_answer.clear();
+    click("videoExportButton");
+    QCOMPARE(wanted.size(), 2);
 }
 
 QTEST_MAIN(TestVisualizationExportBox)

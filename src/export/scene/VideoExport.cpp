@@ -3,7 +3,7 @@
 #include "base/StoppableProgress.h"
 #include "base/Truncation.h"
 #include "export/scene/FrameQueue.h"
-#include "export/scene/VideoFile.h"
+#include "export/video/VideoFile.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

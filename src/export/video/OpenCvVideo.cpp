@@ -1,6 +1,6 @@
 // The library of video encoders; see VideoFile.h.
 
-#include "export/scene/VideoFile.h"
+#include "export/video/VideoFile.h"
 
 #include <opencv2/imgproc.hpp>
 #include <opencv2/videoio.hpp>
