@@ -6,6 +6,7 @@
 #include "aoi/panel/AoiControl.h"
 #include "aoi/panel/CancellableProgress.h"
 #include "app/NoticeLine.h"
+#include "app/Recorders.h"
 #include "app/SettingsDialogs.h"
 #include "app/WindowPlace.h"
 #include "base/Messages.h"
@@ -57,6 +58,9 @@ Vistrum::Vistrum(QWidget *parent)
     m_ui->control->setLog(&m_log);
     m_ui->visualization->setScene(&m_scene);
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    m_recorders = std::make_unique<Recorders>(*m_ui->visualization, m_log, [this] {
+        return m_model.images().paths().value(m_ui->image_comboBox->currentIndex() - 1);
+    });
     makeTable();
     connectForm();
     connectPanels();
@@ -137,6 +141,11 @@ void Vistrum::sltAddAOIsHeatmap()
 void Vistrum::sltAddAOIsGrid()
 {
     m_ui->control->aoiControl().insertAll(aoisOf(gridAois()));
+}
+
+void Vistrum::sltEyeTribeRecorder()
+{
+    m_recorders->open();
 }
 
 void Vistrum::sltShowTable(bool shown)

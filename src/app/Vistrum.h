@@ -16,6 +16,7 @@
 
 class ExaminationTableControl;
 class NoticeLine;
+class Recorders;
 class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
@@ -108,6 +109,9 @@ public Q_SLOTS:
     void sltExportAOITransitionHistogram(const QString &path);
     void sltExportAOIFixationShareHistogram(const QString &path);
 
+    /// Opens a recorder in a window of its own.
+    void sltEyeTribeRecorder();
+
     void sltSaveRegistry();
     void sltImportRegistry();
     void sltLoadDefaultSettings();
@@ -155,6 +159,7 @@ private:
     SaliencyOverlay m_saliency;
     bool m_toldMissingPicture = false; ///< that saliency needs one
     std::unique_ptr<add_heatmap_aoi> m_regionDialog;
+    std::unique_ptr<Recorders> m_recorders;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any
     bool m_redrawMissed = false;  ///< meanwhile
