@@ -61,6 +61,7 @@ Vistrum::Vistrum(QWidget *parent)
     connectForm();
     connectPanels();
     connectAreas();
+    connectCorrection();
 }
 
 Vistrum::~Vistrum()
@@ -316,7 +317,8 @@ void Vistrum::redraw()
     SettingsStore().sync();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
     const DrawnScene drawn =
-        runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
+        runDrawingPass(m_scene, m_model, drawingContext(),
+                       {m_backgroundPixmap, saliency, saccadeClusters.arrows(), correctionOverlay()});
     m_background = drawn.background;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);
     const auto panels = m_ui->control->visualizationWidgets();
