@@ -66,6 +66,7 @@ Vistrum::Vistrum(QWidget *parent)
     connectPanels();
     connectAreas();
     connectExports();
+    connectCorrection();
 }
 
 Vistrum::~Vistrum()
@@ -326,7 +327,8 @@ void Vistrum::redraw()
     SettingsStore().sync();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
     const DrawnScene drawn =
-        runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
+        runDrawingPass(m_scene, m_model, drawingContext(),
+                       {m_backgroundPixmap, saliency, saccadeClusters.arrows(), correctionOverlay()});
     m_background = drawn.background;
     m_figures = drawn.figures;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);

@@ -3,15 +3,16 @@
 #include "aoi/saliency/SaliencyOverlay.h"
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
+#include "import/scene/QGraphicSceneOverlay.h"
 #include "model/DataModel.h"
 #include "visualization/heatmap/HeatmapFigures.h"
 #include "visualization/scene/Background.h"
 #include "visualization/selection/DrawingContext.h"
 
-#include <QGraphicsScene>
 #include <QMainWindow>
 #include <QPixmap>
 
+#include <functional>
 #include <memory>
 
 class ExaminationTableControl;
@@ -135,6 +136,8 @@ private:
     void connectExports();
     void exportChart(const QString &kind, const QString &path);
     ReportRecords reportRecords() const;
+    void connectCorrection();
+    std::function<void(QGraphicsScene &)> correctionOverlay() const;
     void cutOrRestoreOutliers();
     void followCommands(int index);
     void followPicture(const QString &path);
@@ -147,7 +150,7 @@ private:
 
     Log m_log;
     DataModel m_model;
-    QGraphicsScene m_scene;
+    QGraphicSceneOverlay m_scene;
     ExaminationTableControl *m_table = nullptr;  ///< a child
     NoticeLine *m_notice = nullptr;              ///< a child
     QString m_missedPicture;                     ///< told to be unreadable
