@@ -6,6 +6,7 @@
 #include "aoi/panel/AoiControl.h"
 #include "aoi/panel/CancellableProgress.h"
 #include "app/NoticeLine.h"
+#include "app/Recorders.h"
 #include "app/SettingsDialogs.h"
 #include "app/WindowPlace.h"
 #include "base/Messages.h"
@@ -61,11 +62,15 @@ Vistrum::Vistrum(QWidget *parent)
     m_ui->control->setLog(&m_log);
     m_ui->visualization->setScene(&m_scene);
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    m_recorders = std::make_unique<Recorders>(*m_ui->visualization, m_log, [this] {
+        return m_model.images().paths().value(m_ui->image_comboBox->currentIndex() - 1);
+    });
     makeTable();
     connectForm();
     connectPanels();
     connectAreas();
     connectExports();
+    connectCorrection();
 }
 
 Vistrum::~Vistrum()
@@ -141,6 +146,11 @@ void Vistrum::sltAddAOIsHeatmap()
 void Vistrum::sltAddAOIsGrid()
 {
     m_ui->control->aoiControl().insertAll(aoisOf(gridAois()));
+}
+
+void Vistrum::sltEyeTribeRecorder()
+{
+    m_recorders->open();
 }
 
 void Vistrum::sltShowTable(bool shown)
@@ -322,7 +332,8 @@ void Vistrum::redraw()
     SettingsStore().sync();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
     const DrawnScene drawn =
-        runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
+        runDrawingPass(m_scene, m_model, drawingContext(),
+                       {m_backgroundPixmap, saliency, saccadeClusters.arrows(), correctionOverlay()});
     m_background = drawn.background;
     m_figures = drawn.figures;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);

@@ -3,12 +3,12 @@
 #include "aoi/saliency/SaliencyOverlay.h"
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
+#include "import/scene/QGraphicSceneOverlay.h"
 #include "model/DataModel.h"
 #include "visualization/heatmap/HeatmapFigures.h"
 #include "visualization/scene/Background.h"
 #include "visualization/selection/DrawingContext.h"
 
-#include <QGraphicsScene>
 #include <QMainWindow>
 #include <QPixmap>
 
@@ -17,6 +17,7 @@
 
 class ExaminationTableControl;
 class NoticeLine;
+class Recorders;
 class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
@@ -115,6 +116,9 @@ public Q_SLOTS:
     void sltExportAOITransitionHistogram(const QString &path);
     void sltExportAOIFixationShareHistogram(const QString &path);
 
+    /// Opens a recorder in a window of its own.
+    void sltEyeTribeRecorder();
+
     void sltSaveRegistry();
     void sltImportRegistry();
     void sltLoadDefaultSettings();
@@ -141,6 +145,8 @@ private:
     ChordData diagram() const;
     void followAreas();
     void showDiagram();
+    void connectCorrection();
+    std::function<void(QGraphicsScene &)> correctionOverlay() const;
     void cutOrRestoreOutliers();
     void followCommands(int index);
     void followPicture(const QString &path);
@@ -153,7 +159,7 @@ private:
 
     Log m_log;
     DataModel m_model;
-    QGraphicsScene m_scene;
+    QGraphicSceneOverlay m_scene;
     ExaminationTableControl *m_table = nullptr;  ///< a child
     NoticeLine *m_notice = nullptr;              ///< a child
     QString m_missedPicture;                     ///< told to be unreadable
@@ -167,6 +173,7 @@ private:
     std::unique_ptr<add_heatmap_aoi> m_regionDialog;
     std::unique_ptr<add_diagram> m_diagram;
     std::function<void(const QUrl &)> m_openPage; ///< in the browser
+    std::unique_ptr<Recorders> m_recorders;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any
     bool m_redrawMissed = false;  ///< meanwhile

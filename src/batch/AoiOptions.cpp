@@ -177,7 +177,8 @@ constexpr OptionValue saliencyNumbers{.read = readNumbers, .show = shownNumbers}
 constexpr OptionRow rows[] = {
     {Text("aois"), Text("FILE"), Text("areas of interest: .aoi, .csv, .json or a label image .png; repeatable"),
      &texts<&O::aoiFiles>, Reported::Never},
-    {Text("generate-aois"), Text("KIND"), Text("of %1; repeatable, after the calculations"), &generated},
+    {Text("generate-aois"), Text("KIND"), Text("of %1; repeatable, after fixations and clusters, before statistics"),
+     &generated},
     {Text("regions"), Text("NAME=VALUE"), Text("how regions are found, such as source=fixations; repeatable"),
      &regions},
     {Text("aois-out"), Text("FILE"), Text("all areas as .aoi, .csv or .json"), &output, Reported::Never},

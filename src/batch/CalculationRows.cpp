@@ -92,6 +92,14 @@ void clusterSaccades(RunState &run)
 
 } // namespace
 
+QList<CalculationRow> findingCalculations()
+{
+    return {{fixationWord, detectFixations},
+            {clusterWord, clusterFixations},
+            {cumulativeClusterWord, clusterCumulatively},
+            {saccadeClusterWord, clusterSaccades}};
+}
+
 ReportRecords reportRecords(const BatchOptions &options)
 {
     const bool fromRegions =
@@ -106,9 +114,5 @@ ReportRecords reportRecords(const BatchOptions &options)
 
 QList<CalculationRow> calculationRows()
 {
-    return QList<CalculationRow>{{fixationWord, detectFixations},
-                                 {clusterWord, clusterFixations},
-                                 {cumulativeClusterWord, clusterCumulatively},
-                                 {saccadeClusterWord, clusterSaccades}} +
-           statisticsCalculations();
+    return findingCalculations() + statisticsCalculations();
 }

@@ -20,6 +20,10 @@ inline constexpr QLatin1StringView clusterWord("clusters");
 inline constexpr QLatin1StringView cumulativeClusterWord("cumulative-clusters");
 inline constexpr QLatin1StringView saccadeClusterWord("saccade-clusters");
 
+/// The calculations that find fixations and clusters, in the order in which they run. Areas of interest are generated
+/// after them, and all statistics come last.
+QList<CalculationRow> findingCalculations();
+
 /// All calculations in the order in which they run.
 QList<CalculationRow> calculationRows();
 

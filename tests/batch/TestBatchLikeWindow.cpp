@@ -12,6 +12,7 @@
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QToolButton>
 
@@ -225,24 +226,37 @@ void TestBatchLikeWindow::sameStatistics()
     auto *clusters = find<QWidget>("clusterCalc_widget");
     clusters->findChild<QToolButton *>(QStringLiteral("calculateClusters_button"))->click();
     clusters->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    find<QPushButton>("addAOI_grid")->click();
     find<QPushButton>("generalButton")->click();
+    find<QPushButton>("aoiButton")->click();
+    m_window->show(); // the page lists the entries when it is seen
+    find<QTabWidget>("tabWidget")->setCurrentWidget(find<QWidget>("tab_2"));
+    const auto columns = find<QComboBox>("groupColumnComboBox");
+    columns->setCurrentText(QStringLiteral("expertise"));
+    Q_EMIT columns->textActivated(columns->currentText());
     QVERIFY(QDir().mkpath(QStringLiteral("window")));
     find<QLineEdit>("statisticsFolderLineEdit")->setText(QStringLiteral("window"));
     find<QLineEdit>("statisticsPrefixLineEdit")->setText(QStringLiteral("same"));
     find<QComboBox>("statisticsEyeComboBox")->setCurrentText(inWindow);
     for (const char *box : {"generalCheckBox", "clusterStatisticsCheckBox", "cumulativeStatisticsCheckBox",
-                            "bothStatisticsCheckBox", "angleStarCheckBox", "scanpathMeasuresCheckBox"})
+                            "bothStatisticsCheckBox", "angleStarCheckBox", "scanpathMeasuresCheckBox", "aoiCheckBox",
+                            "aoiTransitionCheckBox", "aoiMeasuresCheckBox", "groupComparisonCheckBox"})
         find<QCheckBox>(box)->click();
     find<QPushButton>("statisticsExportButton")->click();
-    const QString calls = QStringLiteral("--quiet --out=batch --prefix=same --export "
-                                         "general-statistics,transitions,anglestar,scanpath-measures --transitions "
-                                         "own,pooled,own-and-pooled --calculate "
-                                         "fixations,clusters,cumulative-clusters,general-statistics --eyes ") +
-                          inBatch;
+    const QString calls =
+        QStringLiteral("--quiet --out=batch --prefix=same --generate-aois grid --group-by expertise --export "
+                       "general-statistics,aoi-statistics,transitions,anglestar,aoi-measures,scanpath-measures,"
+                       "group-comparison --calculate "
+                       "fixations,clusters,cumulative-clusters,general-statistics,aoi-statistics --eyes ") +
+        inBatch;
     QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
     const auto fromWindow = BatchProgram::filesIn(m_batch->path(QStringLiteral("window")));
-    QVERIFY(fromWindow.size() >= 1 + 4 + 4 + 1); // general, of one flavour, anglestar, scanpaths
-    QVERIFY(BatchProgram::filesIn(m_batch->path(QStringLiteral("batch"))) == fromWindow);
+    // general, areas with their sizes, of one flavour, of areas, anglestar, tidy
+    QVERIFY(fromWindow.size() >= 1 + 2 + 4 + 1 + 4 + 3);
+    const auto fromBatch = BatchProgram::filesIn(m_batch->path(QStringLiteral("batch")));
+    QCOMPARE(fromBatch.keys(), fromWindow.keys());
+    for (auto file = fromBatch.cbegin(); file != fromBatch.cend(); ++file)
+        QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
 }
 
 /// The pictures that the window saves of what it shows, and its charts, are those of a run.
