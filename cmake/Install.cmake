@@ -1,11 +1,14 @@
 # cmake --install: programs, what they read at run time, and what a desktop shows of them.
 include(GNUInstallDirs)
 
-foreach(program vistrum vistrum-batch gaze-simulator)
+foreach(program vistrum vistrum-batch gaze-simulator tracker-simulator)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   endif()
 endforeach()
+if(TARGET vistrum_video)
+  install(TARGETS vistrum_video LIBRARY DESTINATION lib/vistrum)
+endif()
 install(FILES data/factory_settings.ini DESTINATION ${CMAKE_INSTALL_DATADIR}/vistrum)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/vistrum)
 install(FILES data/vistrum.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

@@ -11,3 +11,6 @@ for size in 16 32 48 256; do
     rsvg-convert --width $size --height $size --output "$work/$(printf %03d $size).png" "$data/icons/vistrum.svg"
 done
 convert "$work"/*.png "$data/icons/vistrum.ico"
+for drawing in "$data"/icons/buttons/*.svg; do
+    rsvg-convert --width 64 --height 64 --output "${drawing%.svg}.png" "$drawing"
+done

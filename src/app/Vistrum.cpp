@@ -6,6 +6,7 @@
 #include "aoi/panel/AoiControl.h"
 #include "aoi/panel/CancellableProgress.h"
 #include "app/NoticeLine.h"
+#include "app/Recorders.h"
 #include "app/SettingsDialogs.h"
 #include "app/WindowPlace.h"
 #include "base/Messages.h"
@@ -57,10 +58,14 @@ Vistrum::Vistrum(QWidget *parent)
     m_ui->control->setLog(&m_log);
     m_ui->visualization->setScene(&m_scene);
     sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    m_recorders = std::make_unique<Recorders>(*m_ui->visualization, m_log, [this] {
+        return m_model.images().paths().value(m_ui->image_comboBox->currentIndex() - 1);
+    });
     makeTable();
     connectForm();
     connectPanels();
     connectAreas();
+    connectExports();
     connectCorrection();
 }
 
@@ -137,6 +142,11 @@ void Vistrum::sltAddAOIsHeatmap()
 void Vistrum::sltAddAOIsGrid()
 {
     m_ui->control->aoiControl().insertAll(aoisOf(gridAois()));
+}
+
+void Vistrum::sltEyeTribeRecorder()
+{
+    m_recorders->open();
 }
 
 void Vistrum::sltShowTable(bool shown)
@@ -320,6 +330,7 @@ void Vistrum::redraw()
         runDrawingPass(m_scene, m_model, drawingContext(),
                        {m_backgroundPixmap, saliency, saccadeClusters.arrows(), correctionOverlay()});
     m_background = drawn.background;
+    m_figures = drawn.figures;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);
     const auto panels = m_ui->control->visualizationWidgets();
     for (const HeatmapFigures &figures : drawn.figures)

@@ -5,6 +5,7 @@
 #include "commands/IMainWindow.h"
 #include "import/scene/QGraphicSceneOverlay.h"
 #include "model/DataModel.h"
+#include "visualization/heatmap/HeatmapFigures.h"
 #include "visualization/scene/Background.h"
 #include "visualization/selection/DrawingContext.h"
 
@@ -16,9 +17,11 @@
 
 class ExaminationTableControl;
 class NoticeLine;
+class Recorders;
 class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
+struct ReportRecords;
 
 namespace Ui {
 class Vistrum;
@@ -93,6 +96,23 @@ public Q_SLOTS:
     void sltexport_aoi_trans_csv(const QString &stem);
     void sltexport_anglestar(const QString &stem);
 
+    /// The scene as it is shown.
+    void sltExportImage(const QString &path);
+    void sltexport_video(const QString &path);
+    // Charts of what the panels choose.
+    void sltExportSaccadenHistogram(const QString &path);
+    void sltExportSaccadenHistogramsep(const QString &path);
+    void sltExportSaccadenFixationHistogramsep(const QString &path);
+    void sltExportFixationHistogram(const QString &path);
+    void sltExportFixationHistogramsep(const QString &path);
+    void sltExportAOITimeTransHistogram(const QString &path);
+    void sltExportAOIFixationHistogram(const QString &path);
+    void sltExportAOITransitionHistogram(const QString &path);
+    void sltExportAOIFixationShareHistogram(const QString &path);
+
+    /// Opens a recorder in a window of its own.
+    void sltEyeTribeRecorder();
+
     void sltSaveRegistry();
     void sltImportRegistry();
     void sltLoadDefaultSettings();
@@ -113,6 +133,9 @@ private:
     void chooseBackground(int index);
     void connectStatistics();
     void connectAreas();
+    void connectExports();
+    void exportChart(const QString &kind, const QString &path);
+    ReportRecords reportRecords() const;
     void connectCorrection();
     std::function<void(QGraphicsScene &)> correctionOverlay() const;
     void cutOrRestoreOutliers();
@@ -134,10 +157,12 @@ private:
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
-    int m_commandIndex = 0; ///< on the undo stack, when it was last followed
+    QList<HeatmapFigures> m_figures; ///< of the last drawing
+    int m_commandIndex = 0;          ///< on the undo stack, when it was last followed
     SaliencyOverlay m_saliency;
     bool m_toldMissingPicture = false; ///< that saliency needs one
     std::unique_ptr<add_heatmap_aoi> m_regionDialog;
+    std::unique_ptr<Recorders> m_recorders;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any
     bool m_redrawMissed = false;  ///< meanwhile

@@ -53,6 +53,7 @@ void Vistrum::makeMenus()
     connect(m_ui->action_Help, &QAction::triggered, this, [this] {
         showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));
     });
+    connect(m_ui->action_Recorder, &QAction::triggered, this, &Vistrum::sltEyeTribeRecorder);
     connect(m_ui->action_SaveSettings, &QAction::triggered, this, &Vistrum::sltSaveRegistry);
     connect(m_ui->action_ImportSettings, &QAction::triggered, this, &Vistrum::sltImportRegistry);
     connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, this, &Vistrum::sltResetSettings);

@@ -1,5 +1,6 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
+#include "recording/RecordingJournal.h"
 #include "settings/FirstStart.h"
 #include "settings/StoreRepair.h"
 
@@ -50,5 +51,7 @@ int main(int argc, char *argv[])
     window.sltFitToScreen();
     splash.finish(&window);
     window.importFiles(QApplication::arguments().mid(1));
+    if (!RecordingJournal::interrupted(RecordingJournal::defaultFolder()).isEmpty())
+        window.sltEyeTribeRecorder(); // which offers them
     return QApplication::exec();
 }

@@ -3,13 +3,14 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "batch/AoiInput.h"
-#include "batch/CalculationRows.h"
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
 #include "batch/RecordingInput.h"
 #include "batch/RunAois.h"
+#include "batch/RunCharts.h"
 #include "batch/RunPictures.h"
 #include "batch/SettingInput.h"
+#include "batch/StatisticsRows.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
@@ -84,11 +85,16 @@ ExitCode BatchRun::run()
     setTimeFrame();
     QMap<QString, QString> density;
     if (!m_state.model.examinations().isEmpty()) {
-        calculate();
+        calculate(findingCalculations());
+        orderClusters(m_state.model, m_state.model.timeFrame()); // as each redraw of the window does
         generateAois(m_state);
+        calculate(statisticsCalculations());
         exportTables();
         exportAois(m_state);
+        exportCharts(m_state);
         exportImages(m_state);
+        exportAoiImages(m_state);
+        exportVideo(m_state);
         density = exportDensity(m_state);
         exportSaliency(m_state);
     }
@@ -187,13 +193,12 @@ void BatchRun::setTimeFrame()
     m_state.model.setTimeFrame(m_options.time.value_or(TimeFrame{0, m_state.model.longestCheckedDuration()}));
 }
 
-void BatchRun::calculate()
+void BatchRun::calculate(const QList<CalculationRow> &rows)
 {
-    for (const CalculationRow &row : calculationRows()) {
+    for (const CalculationRow &row : rows) {
         if (m_options.calculations.contains(row.word))
             row.run(m_state);
     }
-    orderClusters(m_state.model, m_state.model.timeFrame()); // as each redraw of the window does
 }
 
 void BatchRun::exportTables()

@@ -1,5 +1,5 @@
 #include "gaze-simulator/RecordingWriter.h"
-#include "gaze-simulator/SetFileEntries.h"
+#include "import/SetFileEntries.h"
 #include "TestMessages.h"
 
 #include <QFile>
@@ -89,7 +89,7 @@ void TestRecordingText::setFileFaults_data()
     QTest::newRow("a property that has an option") << none << none << "group=a"
                                                    << "group";
     QTest::newRow("a property that is read as the dominant eye") << none << none << "dominantHand=left"
-                                                                 << "--dominant";
+                                                                 << "dominant eye";
     QTest::newRow("a property that looks like a section") << none << none << "[subject]=1"
                                                           << "[subject]";
 }

@@ -20,9 +20,12 @@ class TestInstallation(unittest.TestCase):
                        check=True, stdout=subprocess.DEVNULL)
 
     def test_programs(self):
-        for name in ("vistrum", "vistrum-batch", "gaze-simulator"):
+        for name in ("vistrum", "vistrum-batch", "gaze-simulator", "tracker-simulator"):
             with self.subTest(name):
                 self.assertTrue(os.access(self.prefix / "bin" / name, os.X_OK))
+
+    def test_video_encoders_are_where_programs_look(self):
+        self.assertTrue((self.prefix / "lib/vistrum/libvistrum_video.so").is_file())
 
     def test_batch_program_starts(self):
         command = [self.prefix / "bin/vistrum-batch", "--help"]

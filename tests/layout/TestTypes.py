@@ -25,7 +25,8 @@ class TestTypes(LayoutTest):
     def test_what_is_no_second_type(self):
         for second in ("struct TimeSpan;", "namespace other {\nstruct TimeSpan {};\n}", "// struct TimeSpan {};",
                        "struct Outer {\n    struct TimeSpan {};\n};", "void f(struct TimeSpan span);",
-                       "inline void f()\n{\n    struct TimeSpan {};\n}", "struct TimeSpanRow {};"):
+                       "inline void f()\n{\n    struct TimeSpan {};\n}", "struct TimeSpanRow {};",
+                       "class TimeSpan::Part : public Base {\n};"):
             with self.subTest(second):
                 self.assert_clean(rules.types_of_two_headers(self.headers("struct TimeSpan {};", second)))
 

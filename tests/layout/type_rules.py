@@ -4,7 +4,7 @@ import re
 
 SCOPES = re.compile(
     r"(?P<namespace>\bnamespace\s*(?P<inner>[\w:]*)\s*\{)"
-    r"|\b(?:class|struct|union|enum(?:\s+(?:class|struct))?)\s+(?P<type>\w+)(?:\s+final)?\s*(?::[^;{}]*)?\{"
+    r"|\b(?:class|struct|union|enum(?:\s+(?:class|struct))?)\s+(?P<type>\w+(?:::\w+)*)(?:\s+final)?\s*(?::[^;{}]*)?\{"
     r"|(?P<open>\{)|(?P<close>\})")
 
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "gaze-simulator/RecordingWriter.h"
-#include "gaze-simulator/SetFileEntries.h"
 #include "gaze-simulator/SimulationParameters.h"
+#include "import/SetFileEntries.h"
 
 #include <QSize>
 #include <QStringList>

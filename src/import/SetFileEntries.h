@@ -13,7 +13,7 @@ struct SetFileEntries {
 
     QString picturePath; ///< relative to the recording's folder, '/' between folders; empty: no picture
     QString subjectId;
-    QString dominantEye = QStringLiteral("right"); ///< "left" or "right"
+    QString dominantEye = QStringLiteral("right"); ///< "left" or "right"; empty: not known
     QString group = QStringLiteral("None");
     QList<Property> properties;
 };

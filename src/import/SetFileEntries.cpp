@@ -1,4 +1,4 @@
-#include "gaze-simulator/SetFileEntries.h"
+#include "import/SetFileEntries.h"
 
 #include <QSet>
 
@@ -28,9 +28,11 @@ QString keyFault(const QString &key, QSet<QString> &seen)
     if (key.startsWith(u'[') || holdsReserved(key))
         return QStringLiteral("the property name \"%1\" cannot stand in a .set file; choose plain letters.").arg(key);
     if (key.startsWith(QStringLiteral("dominant")))
-        return QStringLiteral("the property name \"%1\" would be read as the dominant eye; use --dominant.").arg(key);
+        return QStringLiteral(
+                   "the property name \"%1\" would be read as the dominant eye, which has a place of its own.")
+            .arg(key);
     if (seen.contains(key))
-        return QStringLiteral("the property \"%1\" is given twice, or has an option of its own.").arg(key);
+        return QStringLiteral("the property \"%1\" is given twice, or has a place of its own.").arg(key);
     seen.insert(key);
     return {};
 }
@@ -68,7 +70,9 @@ QByteArray setFileText(const SetFileEntries &entries)
         text += QStringLiteral("picturepath=%1\n").arg(entries.picturePath);
     }
     text += QStringLiteral("[subject]\nsubjectID=%1\n").arg(entries.subjectId);
-    text += QStringLiteral("dominant=%1\ngroup=%2\n").arg(entries.dominantEye, entries.group);
+    if (!entries.dominantEye.isEmpty())
+        text += QStringLiteral("dominant=%1\n").arg(entries.dominantEye);
+    text += QStringLiteral("group=%1\n").arg(entries.group);
     for (const SetFileEntries::Property &property : entries.properties)
         text += property.key + u'=' + property.value + u'\n';
     return text.toUtf8();
