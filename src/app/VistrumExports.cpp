@@ -58,9 +58,10 @@ void Vistrum::sltExportImage(const QString &path)
 /// The view stands as it is meanwhile: frames have a scene of their own.
 void Vistrum::sltexport_video(const QString &path)
 {
-    const VideoContent content{drawingContext(),
-                               {m_backgroundPixmap, saliencyOverlay(), m_ui->control->saccadeClustersWidget().arrows()},
-                               m_scene.itemsBoundingRect()};
+    const VideoContent content{
+        drawingContext(),
+        {m_backgroundPixmap, saliencyOverlay(), m_ui->control->saccadeClustersWidget().arrows(), correctionOverlay()},
+        m_scene.itemsBoundingRect()};
     VideoOutcome outcome = VideoOutcome::Stopped;
     {
         const CancellableProgress progress(this);
