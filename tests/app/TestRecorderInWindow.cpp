@@ -1,9 +1,11 @@
 #include "recording/panel/LiveGazeOverlay.h"
 #include "recording/panel/TheEyeTribeRecorder.h"
+#include "recording/SimulatorProcess.h"
 #include "WindowTest.h"
 
 #include <QAction>
 #include <QCheckBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QStandardPaths>
 
@@ -17,6 +19,8 @@ private Q_SLOTS:
     void opensFromTheMenu();
     void endsWithTheWindow();
     void trailIsDrawnAndGoes();
+    void latency_data();
+    void latency();
 
 private:
     static QList<TheEyeTribeRecorder *> recorders()
@@ -73,6 +77,49 @@ void TestRecorderInWindow::trailIsDrawnAndGoes()
     QTRY_VERIFY(!isRed(overlay->grab().toImage().pixelColor(view->mapFromScene(QPointF(600, 300)))));
     recorder.close();
     QVERIFY(!m_window->findChild<LiveGazeOverlay *>());
+}
+
+void TestRecorderInWindow::latency_data()
+{
+    QTest::addColumn<int>("rateHz");
+    QTest::newRow("60 Hz") << 60;
+    QTest::newRow("1000 Hz") << 1000;
+}
+
+/// From the arrival of a frame's bytes to the end of the paint that shows it, over a drawn study. All frames are shown;
+/// how quickly is told, since it depends on what else the machine does.
+void TestRecorderInWindow::latency()
+{
+    QFETCH(int, rateHz);
+    importExamples();
+    const SimulatorProcess simulator({QStringLiteral("--rate"), QString::number(rateHz)});
+    TheEyeTribeRecorder recorder(RecorderSetup{.port = simulator.port()});
+    recorder.show();
+    LiveGazeOverlay overlay(*find<QGraphicsView>("visualization"));
+    overlay.QWidget::show();
+    connect(&recorder, &TheEyeTribeRecorder::sigGaze, &overlay,
+            qOverload<const QList<ArrivedGaze> &>(&LiveGazeOverlay::show));
+    QList<double> latenciesMs;
+    connect(&overlay, &LiveGazeOverlay::sigPainted, this, [&latenciesMs](qint64 ns) {
+        constexpr double nsPerMs = 1e6;
+        latenciesMs << static_cast<double>(ns) / nsPerMs;
+    });
+    qsizetype tracked = 0;
+    connect(&recorder, &TheEyeTribeRecorder::sigGaze, this, [&tracked](const QList<ArrivedGaze> &gaze) {
+        tracked += std::ranges::count_if(gaze, &ArrivedGaze::isTracked);
+    });
+    recorder.findChild<QLineEdit *>(QStringLiteral("lineServerPath"))->setText(QStringLiteral("/x/tracker-simulator"));
+    QTest::mouseClick(recorder.findChild<QPushButton *>(QStringLiteral("btnRunServer")), Qt::LeftButton);
+    QTest::mouseClick(recorder.findChild<QCheckBox *>(QStringLiteral("chkLiveView")), Qt::LeftButton, {}, QPoint(5, 8));
+    QTRY_VERIFY_WITH_TIMEOUT(tracked > 4 * rateHz, 60'000);
+    QTest::mouseClick(recorder.findChild<QPushButton *>(QStringLiteral("btnRunServer")), Qt::LeftButton);
+    QTRY_COMPARE(latenciesMs.size(), tracked);
+    std::ranges::sort(latenciesMs);
+    const auto percentile = [&latenciesMs](double share) {
+        return latenciesMs[static_cast<qsizetype>(share * static_cast<double>(latenciesMs.size() - 1))];
+    };
+    qInfo("%d Hz: median %.1f ms, p99 %.1f ms, longest %.1f ms of %lld frames", rateHz, percentile(0.5),
+          percentile(0.99), latenciesMs.constLast(), static_cast<long long>(latenciesMs.size()));
 }
 
 QTEST_MAIN(TestRecorderInWindow)

@@ -13,6 +13,7 @@ constexpr auto trailLength = std::chrono::seconds(1);
 constexpr int repaintMs = 10;
 constexpr int radius = 12; ///< pixels of the screen
 constexpr int penWidth = 3;
+constexpr int shortestLine = 3; ///< a fixation is a thousand samples at nearly one place
 constexpr QRgb color = qRgb(220, 30, 30);
 
 } // namespace
@@ -37,10 +38,12 @@ void LiveGazeOverlay::show(const QList<ArrivedGaze> &gaze)
     }
     const auto added = std::ranges::count_if(gaze, &ArrivedGaze::isTracked);
     m_unpainted += added;
-    if (added > 0 && !m_repaint.isActive()) {
+    if (added == 0)
+        return;
+    if (!m_sinceRepaint.isValid() || m_sinceRepaint.elapsed() >= repaintMs)
+        repaintTrail(); // at once: a queued repaint waits for the platform's next turn
+    if (!m_repaint.isActive())
         m_repaint.start();
-        repaintTrail();
-    }
 }
 
 /// Runs as long as there is a trail: it grows shorter when nothing comes, too.
@@ -53,8 +56,10 @@ void LiveGazeOverlay::repaintTrail()
         return;
     }
     const QRect now = trailRect();
-    update(m_painted.united(now));
+    const QRect changed = m_painted.united(now);
     m_painted = now;
+    repaint(changed);
+    m_sinceRepaint.start();
 }
 
 void LiveGazeOverlay::forgetOld()
@@ -94,8 +99,7 @@ void LiveGazeOverlay::paintEvent(QPaintEvent *)
         QColor faded = QColor::fromRgb(color);
         faded.setAlphaF(static_cast<float>(std::clamp(1 - age, 0.0, 1.0)));
         painter.setPen(QPen(faded, penWidth, Qt::SolidLine, Qt::RoundCap));
-        if (place != before)
-            painter.drawLine(before, place);
+        painter.drawLine(before, place);
         before = place;
     }
     painter.setPen(QPen(QColor::fromRgb(color), penWidth));

@@ -39,4 +39,5 @@ private:
     qsizetype m_unpainted = 0;  ///< at the end of the trail
     QRect m_painted;            ///< where the last trail was
     QTimer m_repaint;
+    QElapsedTimer m_sinceRepaint;
 };

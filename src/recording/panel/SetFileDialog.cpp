@@ -54,6 +54,8 @@ SetFileDialog::SetFileDialog(const QString &dataFile, const QString &picture, QW
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     check();
+    constexpr QSize roomForPaths(560, 460);
+    resize(roomForPaths);
 }
 
 void SetFileDialog::makeForm(const QString &picture)

@@ -145,6 +145,7 @@ void TheEyeTribeRecorder::endServer()
 
 bool TheEyeTribeRecorder::connectClient()
 {
+    removeListeners(); // the answer to the question for the state repeats a frame
     if (!m_client.connect())
         return false;
     m_client.addListener(static_cast<gtl::IGazeListener &>(*this));
