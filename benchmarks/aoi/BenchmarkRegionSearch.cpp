@@ -47,8 +47,10 @@ RegionDensity fullDensity()
             events.push_back({x(random), y(random)});
     }
     const Density density = gazePointDensity(events, {.width = 100, .sigma = 50}, 2);
-    RegionDensity made{
-        .cells = Grid<double>(canvas::width, canvas::height), .highest = density.peak().value, .unit = {}};
+    RegionDensity made{.cells = Grid<double>(canvas::width, canvas::height),
+                       .highest = density.peak().value,
+                       .unit = {},
+                       .remark = {}};
     std::copy_n(density.column(0), canvas::pixels, made.cells.data());
     return made;
 }

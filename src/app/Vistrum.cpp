@@ -13,6 +13,7 @@
 #include "commands/ChangesPicture.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
+#include "diagram/panel/add_diagram.h"
 #include "export/panel/ExportWidget.h"
 #include "export/TransitionTables.h"
 #include "import/panel/DataCommands.h"
@@ -30,6 +31,7 @@
 #include "visualization/timeline/ActivityCurves.h"
 
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
@@ -42,6 +44,8 @@
 Vistrum::Vistrum(QWidget *parent)
     : QMainWindow(parent)
     , m_regionDialog(std::make_unique<add_heatmap_aoi>())
+    , m_diagram(std::make_unique<add_diagram>())
+    , m_openPage([](const QUrl &page) { QDesktopServices::openUrl(page); })
     , m_ui(std::make_unique<Ui::Vistrum>())
 {
     m_log.clear();
@@ -65,6 +69,8 @@ Vistrum::Vistrum(QWidget *parent)
     connectForm();
     connectPanels();
     connectAreas();
+    connectExports();
+    connectCorrection();
 }
 
 Vistrum::~Vistrum()
@@ -319,14 +325,17 @@ void Vistrum::redraw()
     }
     if (hasAreasAndFixations(m_model))
         Q_EMIT sigEnable_trans_matrix_export();
+    m_diagram->hide();
     const QImage saliency = saliencyOverlay();
     update_timeline_widget();
     chooseBackground(m_ui->image_comboBox->currentIndex());
     SettingsStore().sync();
     VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
     const DrawnScene drawn =
-        runDrawingPass(m_scene, m_model, drawingContext(), {m_backgroundPixmap, saliency, saccadeClusters.arrows()});
+        runDrawingPass(m_scene, m_model, drawingContext(),
+                       {m_backgroundPixmap, saliency, saccadeClusters.arrows(), correctionOverlay()});
     m_background = drawn.background;
+    m_figures = drawn.figures;
     saccadeClusters.adoptGroup(drawn.saccadeClusters);
     const auto panels = m_ui->control->visualizationWidgets();
     for (const HeatmapFigures &figures : drawn.figures)

@@ -3,14 +3,16 @@
 #include "aoi/saliency/SaliencyOverlay.h"
 #include "base/Log.h"
 #include "commands/IMainWindow.h"
+#include "import/scene/QGraphicSceneOverlay.h"
 #include "model/DataModel.h"
+#include "visualization/heatmap/HeatmapFigures.h"
 #include "visualization/scene/Background.h"
 #include "visualization/selection/DrawingContext.h"
 
-#include <QGraphicsScene>
 #include <QMainWindow>
 #include <QPixmap>
 
+#include <functional>
 #include <memory>
 
 class ExaminationTableControl;
@@ -19,6 +21,9 @@ class Recorders;
 class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
+class add_diagram;
+struct ChordData;
+struct ReportRecords;
 
 namespace Ui {
 class Vistrum;
@@ -33,6 +38,8 @@ public:
     ~Vistrum() override;
 
     const DataModel &model() const { return m_model; }
+    /// In place of the browser.
+    void setPageOpener(const std::function<void(const QUrl &)> &open) { m_openPage = open; }
 
     /// Adds recordings to the list of files and imports them: files, and what lies in folders.
     void importFiles(const QStringList &paths);
@@ -93,6 +100,22 @@ public Q_SLOTS:
     void sltexport_aoi_trans_csv(const QString &stem);
     void sltexport_anglestar(const QString &stem);
 
+    /// The scene as it is shown.
+    void sltExportImage(const QString &path);
+    void sltexport_video(const QString &path);
+    /// The chord diagram of the transitions between areas.
+    void sltExport_aoi_trans_vis_Image(const QString &path);
+    // Charts of what the panels choose.
+    void sltExportSaccadenHistogram(const QString &path);
+    void sltExportSaccadenHistogramsep(const QString &path);
+    void sltExportSaccadenFixationHistogramsep(const QString &path);
+    void sltExportFixationHistogram(const QString &path);
+    void sltExportFixationHistogramsep(const QString &path);
+    void sltExportAOITimeTransHistogram(const QString &path);
+    void sltExportAOIFixationHistogram(const QString &path);
+    void sltExportAOITransitionHistogram(const QString &path);
+    void sltExportAOIFixationShareHistogram(const QString &path);
+
     /// Opens a recorder in a window of its own.
     void sltEyeTribeRecorder();
 
@@ -116,6 +139,14 @@ private:
     void chooseBackground(int index);
     void connectStatistics();
     void connectAreas();
+    void connectExports();
+    void exportChart(const QString &kind, const QString &path);
+    ReportRecords reportRecords() const;
+    ChordData diagram() const;
+    void followAreas();
+    void showDiagram();
+    void connectCorrection();
+    std::function<void(QGraphicsScene &)> correctionOverlay() const;
     void cutOrRestoreOutliers();
     void followCommands(int index);
     void followPicture(const QString &path);
@@ -128,17 +159,20 @@ private:
 
     Log m_log;
     DataModel m_model;
-    QGraphicsScene m_scene;
+    QGraphicSceneOverlay m_scene;
     ExaminationTableControl *m_table = nullptr;  ///< a child
     NoticeLine *m_notice = nullptr;              ///< a child
     QString m_missedPicture;                     ///< told to be unreadable
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     PictureReader m_pictures;
     QPixmap m_backgroundPixmap;
-    int m_commandIndex = 0; ///< on the undo stack, when it was last followed
+    QList<HeatmapFigures> m_figures; ///< of the last drawing
+    int m_commandIndex = 0;          ///< on the undo stack, when it was last followed
     SaliencyOverlay m_saliency;
     bool m_toldMissingPicture = false; ///< that saliency needs one
     std::unique_ptr<add_heatmap_aoi> m_regionDialog;
+    std::unique_ptr<add_diagram> m_diagram;
+    std::function<void(const QUrl &)> m_openPage; ///< in the browser
     std::unique_ptr<Recorders> m_recorders;
     bool m_skipOutlierCut = true; ///< false while the next background update has to cut or restore the outliers
     int m_redrawHolds = 0;        ///< not drawn while there are any

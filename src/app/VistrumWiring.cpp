@@ -12,6 +12,7 @@
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
+#include "import/panel/CorrectionControl.h"
 #include "import/panel/DataWidget.h"
 #include "settings/FirstStart.h"
 #include "statistics/panel/StatisticsWidget.h"
@@ -72,6 +73,27 @@ void Vistrum::connectAreas()
     connect(&control.areasWidget(), &VisualizationAOIWidget::sigGraphicsParametersChanged, this,
             &Vistrum::sltUpdateAndRedraw);
     connect(this, &Vistrum::sigUpdateSettings, &control.areasWidget(), &VisualizationAOIWidget::sltUpdateSettings);
+}
+
+/// The page and the second import bring each other ellipses and recordings.
+void Vistrum::connectCorrection()
+{
+    CorrectionControl &correction = m_ui->control->correctionControl();
+    const DataWidget &files = m_ui->control->dataWidget();
+    correction.setScene(&m_scene);
+    connect(&m_scene, &QGraphicSceneOverlay::sigEllipsesdone, &correction, &CorrectionControl::sltAddEllipsis);
+    connect(&files, &DataWidget::sigAddEllipses, &correction, &CorrectionControl::sltAddEllipsesINI);
+    connect(&correction, &CorrectionControl::sigImport, &files, &DataWidget::sltImportIlmenau_internal);
+    connect(&correction, &CorrectionControl::sigGraphicsParametersChanged, m_ui->control,
+            &controlWidget::sltEmitGraphicChanged);
+}
+
+std::function<void(QGraphicsScene &)> Vistrum::correctionOverlay() const
+{
+    CorrectionControl &correction = m_ui->control->correctionControl();
+    if (!correction.isUsed())
+        return {};
+    return [&correction](QGraphicsScene &scene) { addCorrectionItems(scene, correction.overlay()); };
 }
 
 void Vistrum::connectForm()

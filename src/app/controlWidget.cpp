@@ -90,6 +90,8 @@ void controlWidget::setModel(DataModel *model)
     m_ui->aoi_widget->setModel(model);
     m_ui->export_widget->setModel(model);
     m_ui->group_comparison_widget->setModel(model);
+    m_ui->scanpathComparisonWidget->setModel(model);
+    m_ui->correction_widget->setModel(model);
     for (VisualizationWidget *panel : visualizationWidgets())
         panel->setModel(model);
 }
@@ -100,6 +102,7 @@ void controlWidget::setMainWindow(IMainWindow *window)
     m_ui->FixCalc_widget->setMainWindow(window);
     m_ui->aoi_widget->setMainWindow(window);
     m_ui->clusterCalc_widget->setMainWindow(window);
+    m_ui->correction_widget->setMainWindow(window);
 }
 
 void controlWidget::setLog(const Log *log)
@@ -146,6 +149,11 @@ VisualizationAOIWidget &controlWidget::areasWidget()
 AoiControl &controlWidget::aoiControl()
 {
     return *m_ui->aoi_widget;
+}
+
+CorrectionControl &controlWidget::correctionControl()
+{
+    return *m_ui->correction_widget;
 }
 
 StatisticsWidget &controlWidget::statisticsWidget()

@@ -9,6 +9,7 @@
 
 class AoiControl;
 class ClusterControl;
+class CorrectionControl;
 class DataModel;
 class DataWidget;
 class ExportWidget;
@@ -41,6 +42,7 @@ public:
     ClusterControl &clusterControl();
     SaccadeClusterControl &saccadeClusterControl();
     AoiControl &aoiControl();
+    CorrectionControl &correctionControl();
     StatisticsWidget &statisticsWidget();
     ExportWidget &exportWidget();
     VisualizationSaccadeClustersWidget &saccadeClustersWidget();

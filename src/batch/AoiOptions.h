@@ -17,6 +17,7 @@ struct AoiOptions {
     RegionExport regionExport = RegionExport::Aois;
     QStringList givenRegions; ///< names of the assignments
     QString aoiOutput;
+    QString aoiImageFolder; ///< empty: none
     std::optional<SaliencyMethod> saliency;
     QString saliencyFile;
     std::optional<SaliencyNumbers> saliencyNumbers; ///< without them those of the method

@@ -31,6 +31,8 @@ public:
             return UsageError{QStringLiteral("no recording given")};
         if (m_options.velocityUnit && m_options.detector != BatchOptions::Detector::Velocity)
             return UsageError{QStringLiteral("--velocity-unit: only with --detector velocity")};
+        if (const auto complaint = inputComplaint(m_options))
+            return UsageError{*complaint};
         if (const auto complaint = aoiComplaint(m_options))
             return UsageError{*complaint};
         return m_options;

@@ -3,12 +3,14 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "batch/AoiInput.h"
-#include "batch/CalculationRows.h"
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
+#include "batch/RecordingInput.h"
 #include "batch/RunAois.h"
+#include "batch/RunCharts.h"
 #include "batch/RunPictures.h"
 #include "batch/SettingInput.h"
+#include "batch/StatisticsRows.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
@@ -37,16 +39,23 @@ bool isReadable(const QString &path)
 }
 
 /// A picture that cannot be decoded would count as one without size.
-std::optional<UsageError> undecodable(const QString &path)
+std::optional<UsageError> pictureComplaint(QLatin1StringView option, const QString &path)
 {
+    const auto complaint = [&](const QString &reason) {
+        return UsageError{QStringLiteral("--%1 %2: %3").arg(option, path, reason)};
+    };
+    if (path.isEmpty())
+        return std::nullopt;
+    if (!isReadable(path))
+        return complaint(QStringLiteral("no such file, or it cannot be read"));
     QImageReader reader(path);
     if (!reader.canRead())
-        return UsageError{QStringLiteral("--background %1: not a picture").arg(path)};
+        return complaint(QStringLiteral("not a picture"));
     if (!reader.read().isNull())
         return std::nullopt;
-    return UsageError{QStringLiteral("--background %1: the picture cannot be decoded: %2. Save it anew or, if it is "
-                                     "larger than %3 MB in memory, smaller.")
-                          .arg(path, reader.errorString(), QString::number(QImageReader::allocationLimit()))};
+    return complaint(QStringLiteral("the picture cannot be decoded: %1. Save it anew or, if it is larger than %2 MB in "
+                                    "memory, smaller.")
+                         .arg(reader.errorString(), QString::number(QImageReader::allocationLimit())));
 }
 
 } // namespace
@@ -76,11 +85,17 @@ ExitCode BatchRun::run()
     setTimeFrame();
     QMap<QString, QString> density;
     if (!m_state.model.examinations().isEmpty()) {
-        calculate();
+        calculate(findingCalculations());
+        orderClusters(m_state.model, m_state.model.timeFrame()); // as each redraw of the window does
         generateAois(m_state);
+        calculate(statisticsCalculations());
         exportTables();
         exportAois(m_state);
+        exportCharts(m_state);
+        exportDiagram(m_state);
         exportImages(m_state);
+        exportAoiImages(m_state);
+        exportVideo(m_state);
         density = exportDensity(m_state);
         exportSaliency(m_state);
     }
@@ -95,10 +110,9 @@ std::optional<UsageError> BatchRun::checkInputs() const
         if (!isReadable(path))
             return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
     }
-    if (!m_options.background.isEmpty() && !isReadable(m_options.background))
-        return UsageError{
-            QStringLiteral("--background %1: no such file, or it cannot be read").arg(m_options.background)};
-    return m_options.background.isEmpty() ? std::nullopt : undecodable(m_options.background);
+    if (const auto complaint = pictureComplaint(QLatin1StringView("background"), m_options.background))
+        return complaint;
+    return pictureComplaint(QLatin1StringView("millimetre-image"), m_options.millimetres.imagePath);
 }
 
 /// After all other checks: a run that is refused leaves nothing behind.
@@ -125,19 +139,25 @@ std::optional<UsageError> BatchRun::chooseSettings()
         writeStored(keys::eyeMode, static_cast<int>(*m_options.eyes)); // one choice for tables and drawings alike
     if (!m_options.background.isEmpty())
         m_journal.addInput(m_options.background, QStringLiteral("background"));
+    if (!m_options.millimetres.imagePath.isEmpty())
+        m_journal.addInput(m_options.millimetres.imagePath, QStringLiteral("picture in millimetres"));
     return std::nullopt;
 }
 
 void BatchRun::importRecordings()
 {
-    Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(m_options.recordings.size()));
+    const QList<RecordingInput> inputs = recordingInputs(m_options, m_journal);
+    Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(inputs.size()));
     QStringList missingImages;
-    readRecordings(m_options.recordings, m_state.threads(), nullptr, [&](const ImportedFile &file) {
-        takeRecording(file);
-        if (!file.examination.missingImagePath.isEmpty())
-            missingImages << file.examination.missingImagePath;
-        progress.advance();
-    });
+    readFiles(
+        inputs.size(), m_state.threads(), nullptr,
+        [&](qsizetype i, const Log *log) { return readInput(inputs[i], log); },
+        [&](const ImportedFile &file) {
+            takeRecording(file);
+            if (!file.examination.missingImagePath.isEmpty())
+                missingImages << file.examination.missingImagePath;
+            progress.advance();
+        });
     reportMissingImages(missingImages);
     m_state.model.allExaminations() = m_state.model.examinations();
 }
@@ -147,11 +167,12 @@ void BatchRun::takeRecording(const ImportedFile &file)
     const QString &path = file.path;
     m_journal.beginInput();
     const bool used = addToModel(file, m_state.model).has_value();
-    if (!used)
+    if (!used || file.counts.samples == 0)
         m_journal.fail();
-    for (const QString &doubt : importDoubts(file.counts))
+    for (const QString &doubt : file.doubts)
         messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
-    m_journal.addInputWithMessages(path, QStringLiteral("recording"), used, reportedCounts(file.counts));
+    m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
+                                   file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
     const QString setFile = RecordingPath(path).setFile();
     if (QFileInfo::exists(setFile))
         m_journal.addInput(setFile, QStringLiteral("set file"));
@@ -173,13 +194,12 @@ void BatchRun::setTimeFrame()
     m_state.model.setTimeFrame(m_options.time.value_or(TimeFrame{0, m_state.model.longestCheckedDuration()}));
 }
 
-void BatchRun::calculate()
+void BatchRun::calculate(const QList<CalculationRow> &rows)
 {
-    for (const CalculationRow &row : calculationRows()) {
+    for (const CalculationRow &row : rows) {
         if (m_options.calculations.contains(row.word))
             row.run(m_state);
     }
-    orderClusters(m_state.model, m_state.model.timeFrame()); // as each redraw of the window does
 }
 
 void BatchRun::exportTables()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/CalculationRows.h"
 #include "batch/RunState.h"
 
 struct ImportedFile;
@@ -24,7 +25,7 @@ private:
     void takeRecording(const ImportedFile &file);
     void loadAois();
     void setTimeFrame();
-    void calculate();
+    void calculate(const QList<CalculationRow> &rows);
     void exportTables();
     void writeReport(const QMap<QString, QString> &density);
 

@@ -8,6 +8,7 @@
 #include "clustering/CumulativeClusters.h"
 #include "detection/FixationCalculation.h"
 #include "detection/FixationSettingsModel.h"
+#include "report/ReportRecords.h"
 #include "visualization/scene/Background.h"
 
 namespace {
@@ -31,8 +32,6 @@ FixationSettingsModel fixationSettings(const BatchOptions &options)
     loadFixationSettings(settings);
     if (options.detector)
         settings.calculationType = static_cast<int>(*options.detector);
-    else if (settings.calculationType == unknownCalculationType)
-        warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
     if (options.velocityUnit)
         setParameter(settings, rows::velocityUnit, static_cast<int>(*options.velocityUnit));
     if (options.detector == BatchOptions::Detector::Velocity)
@@ -54,6 +53,8 @@ void warnOfAssumedWidth(const BatchOptions &options, const FixationSettingsModel
 void detectFixations(RunState &run)
 {
     const FixationSettingsModel settings = fixationSettings(run.options);
+    if (settings.calculationType == unknownCalculationType)
+        warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
     warnOfAssumedWidth(run.options, settings);
     const auto outcome = calculateFixations(run.model, calculationParameters(settings.calculationType, settings),
                                             nullptr, run.threads());
@@ -91,11 +92,27 @@ void clusterSaccades(RunState &run)
 
 } // namespace
 
+QList<CalculationRow> findingCalculations()
+{
+    return {{fixationWord, detectFixations},
+            {clusterWord, clusterFixations},
+            {cumulativeClusterWord, clusterCumulatively},
+            {saccadeClusterWord, clusterSaccades}};
+}
+
+ReportRecords reportRecords(const BatchOptions &options)
+{
+    const bool fromRegions =
+        options.generatedAois.contains(GeneratedAois::Regions) && options.regionExport == RegionExport::Aois;
+    return {.fixations = fixationSettings(options),
+            .clusters = clusterParametersOf(options, options.overlapOutliers),
+            .saccadeClusters = options.saccadeClusters.parameters,
+            .saccadeClusterMode = options.saccadeClusters.mode,
+            .saccadeClusterStyle = options.saccadeClusters.style,
+            .regions = fromRegions ? std::optional(options.regions) : std::nullopt};
+}
+
 QList<CalculationRow> calculationRows()
 {
-    return QList<CalculationRow>{{fixationWord, detectFixations},
-                                 {clusterWord, clusterFixations},
-                                 {cumulativeClusterWord, clusterCumulatively},
-                                 {saccadeClusterWord, clusterSaccades}} +
-           statisticsCalculations();
+    return findingCalculations() + statisticsCalculations();
 }

@@ -3,6 +3,8 @@
 #include <QLatin1StringView>
 #include <QList>
 
+struct BatchOptions;
+struct ReportRecords;
 struct RunState;
 
 /// A word of `--calculate` and what it does. A new calculation is a row in the list of its subject.
@@ -18,5 +20,12 @@ inline constexpr QLatin1StringView clusterWord("clusters");
 inline constexpr QLatin1StringView cumulativeClusterWord("cumulative-clusters");
 inline constexpr QLatin1StringView saccadeClusterWord("saccade-clusters");
 
+/// The calculations that find fixations and clusters, in the order in which they run. Areas of interest are generated
+/// after them, and all statistics come last.
+QList<CalculationRow> findingCalculations();
+
 /// All calculations in the order in which they run.
 QList<CalculationRow> calculationRows();
+
+/// The parameters of the calculations of a run, for what stands below its pictures.
+ReportRecords reportRecords(const BatchOptions &options);

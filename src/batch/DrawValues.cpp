@@ -1,6 +1,7 @@
 #include "batch/DrawValues.h"
 
 #include "batch/Suggestion.h"
+#include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
 #include <algorithm>
@@ -8,23 +9,33 @@
 namespace {
 
 using V = VisualizationParameters;
+using A = AoiVisualizationParameters;
 using Text = QLatin1StringView;
 
+struct Range {
+    double least = 0;
+    double most = 100; // percent
+};
+
+/// One of the two setters is there.
 struct Row {
     Text name;
-    Text words; ///< with commas in between, each standing for its place; empty for a percentage
-    void (*set)(V &, double);
+    Text words; ///< with commas in between, each standing for its place; empty for a number
+    void (*set)(V &, double) = nullptr;
+    void (*setOfAreas)(A &, double) = nullptr;
+    Range range = {}; ///< of a number
 };
 
 template <auto Member>
-void set(V &parameters, double value)
+void set(auto &parameters, double value)
 {
     auto &member = parameters.*Member;
     member = static_cast<std::remove_reference_t<decltype(member)>>(value);
 }
 
 constexpr Text flags("no,yes");
-constexpr double most = 100; // percent
+constexpr Text transitionTypes("scanpath,saccades");
+constexpr Range windowMs{10, 1e9};
 
 constexpr Row drawingRows[] = {
     {Text("gaussian-saccades"), flags, set<&V::gaussianSaccades>},
@@ -32,7 +43,10 @@ constexpr Row drawingRows[] = {
     {Text("fixation-duration-dependent"), flags, set<&V::fixationDurationDependent>},
     {Text("cluster-percentage"), Text(), set<&V::clusterPercentage>},
     {Text("percent-mode"), flags, set<&V::percentMode>},
-    {Text("transition-type"), Text("scanpath,saccades"), set<&V::transitionType>},
+    {Text("transition-type"), transitionTypes, set<&V::transitionType>},
+    {Text("aoi-transition-type"), transitionTypes, nullptr, set<&A::transitionType>},
+    {Text("aoi-time-window"), Text(), nullptr, set<&A::timeWindowMs>, windowMs},
+    {Text("aoi-global-widths"), flags, nullptr, set<&A::normTransGlobal>},
 };
 
 const Row *rowOf(const QString &assignment)
@@ -51,7 +65,17 @@ std::optional<double> valueOf(const Row &row, const QString &text)
     }
     bool ok = false;
     const double number = text.toDouble(&ok);
-    return ok && number >= 0 && number <= most ? std::optional(number) : std::nullopt;
+    return ok && number >= row.range.least && number <= row.range.most ? std::optional(number) : std::nullopt;
+}
+
+void applyTo(auto &parameters, const QStringList &assignments, auto setter)
+{
+    for (const QString &assignment : assignments) {
+        const Row *row = rowOf(assignment);
+        const auto value = row && row->*setter ? valueOf(*row, assignment.section(u'=', 1)) : std::nullopt;
+        if (value)
+            (row->*setter)(parameters, *value);
+    }
 }
 
 } // namespace
@@ -76,17 +100,18 @@ std::optional<QString> drawvalues::problemOf(const QString &assignment)
     const QString value = assignment.section(u'=', 1);
     if (valueOf(*row, value))
         return std::nullopt;
-    return row->words.isEmpty() ? QStringLiteral("not a number from 0 to 100")
-                                : QStringLiteral("%1 is not one of %2")
-                                      .arg(value, QString(row->words).replace(u',', QLatin1StringView(", ")));
+    return row->words.isEmpty()
+               ? QStringLiteral("not a number from %1 to %2").arg(row->range.least).arg(row->range.most, 0, 'g', 10)
+               : QStringLiteral("%1 is not one of %2")
+                     .arg(value, QString(row->words).replace(u',', QLatin1StringView(", ")));
 }
 
 void drawvalues::apply(const QStringList &assignments, VisualizationParameters &parameters)
 {
-    for (const QString &assignment : assignments) {
-        const Row *row = rowOf(assignment);
-        const auto value = row ? valueOf(*row, assignment.section(u'=', 1)) : std::nullopt;
-        if (value)
-            row->set(parameters, *value);
-    }
+    applyTo(parameters, assignments, &Row::set);
+}
+
+void drawvalues::apply(const QStringList &assignments, AoiVisualizationParameters &parameters)
+{
+    applyTo(parameters, assignments, &Row::setOfAreas);
 }

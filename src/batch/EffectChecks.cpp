@@ -1,12 +1,15 @@
 #include "batch/EffectChecks.h"
 
 #include "batch/CalculationRows.h"
+#include "batch/RecordingInput.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterSettingsModel.h"
 #include "settings/SettingsStore.h"
 
 #include <QFileInfo>
 #include <QMap>
+
+#include <algorithm>
 
 namespace {
 
@@ -53,6 +56,14 @@ QStringList clusterOptionsWithoutClusters(const BatchOptions &options)
     return lines;
 }
 
+QStringList millimetresWithoutRecording(const BatchOptions &options)
+{
+    if (!options.millimetres.size.isComplete() ||
+        std::any_of(options.recordings.begin(), options.recordings.end(), isMillimetreText))
+        return {};
+    return {QStringLiteral("--millimetre-image, --millimetre-size: no recording ends in .txt.")};
+}
+
 /// Files are told apart by what they are, whatever the way to them is called.
 QStringList repeatedRecordings(const BatchOptions &options)
 {
@@ -78,5 +89,6 @@ QStringList repeatedRecordings(const BatchOptions &options)
 
 QStringList optionsWithoutEffect(const BatchOptions &options)
 {
-    return tablesWithoutCalculation(options) + clusterOptionsWithoutClusters(options) + repeatedRecordings(options);
+    return tablesWithoutCalculation(options) + clusterOptionsWithoutClusters(options) +
+           millimetresWithoutRecording(options) + repeatedRecordings(options);
 }

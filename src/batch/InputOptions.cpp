@@ -28,11 +28,49 @@ QString shownTime(const BatchOptions &options)
     return options.time ? QStringLiteral("%1:%2").arg(options.time->startMs).arg(options.time->endMs) : QString();
 }
 
+std::optional<WrongValue> readSize(const QString &value, BatchOptions &options)
+{
+    const QStringList parts = value.split(u',');
+    StimulusSize size;
+    int *const sizes[] = {&size.widthPx, &size.heightPx, &size.widthMm, &size.heightMm};
+    if (parts.size() != std::ssize(sizes))
+        return WrongValue{value, QStringLiteral("not of the form WPX,HPX,WMM,HMM: width and height in pixels, then in "
+                                                "millimetres")};
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        constexpr int most = 5'000'000;
+        const WholeNumber number = wholeNumber(parts[i], 1, most);
+        if (number.problem)
+            return number.problem;
+        *sizes[i] = number.number;
+    }
+    options.millimetres.size = size;
+    return std::nullopt;
+}
+
+QString shownSize(const BatchOptions &options)
+{
+    const StimulusSize &size = options.millimetres.size;
+    return QStringLiteral("%1,%2,%3,%4").arg(size.widthPx).arg(size.heightPx).arg(size.widthMm).arg(size.heightMm);
+}
+
+std::optional<WrongValue> readImage(const QString &value, BatchOptions &options)
+{
+    options.millimetres.imagePath = value;
+    return std::nullopt;
+}
+
+constexpr OptionValue millimetreSize{.read = readSize, .show = shownSize};
+constexpr OptionValue millimetreImage{
+    .read = readImage, .show = [](const BatchOptions &options) { return options.millimetres.imagePath; }};
 constexpr OptionValue timeFrame{.read = readTime, .show = shownTime};
 
 constexpr OptionRow rows[] = {
     {Text("background"), Text("FILE"), Text("picture behind the drawing"), &text<&O::background>, Reported::Never},
     {Text("time"), Text("START:END"), Text("time frame in ms (default: 0 to the longest duration)"), &timeFrame},
+    {Text("millimetre-image"), Text("FILE"),
+     Text("picture of the recordings in millimetres, which are those that end in .txt"), &millimetreImage},
+    {Text("millimetre-size"), Text("WPX,HPX,WMM,HMM"), Text("its width and height in pixels, then in millimetres"),
+     &millimetreSize},
 };
 
 } // namespace
@@ -40,4 +78,14 @@ constexpr OptionRow rows[] = {
 OptionGroup inputOptions()
 {
     return {Text("Input"), rows};
+}
+
+std::optional<QString> inputComplaint(const InputOptions &options)
+{
+    const bool hasImage = !options.millimetres.imagePath.isEmpty();
+    const bool hasSize = options.millimetres.size.isComplete();
+    if (hasImage == hasSize)
+        return std::nullopt;
+    return hasImage ? QStringLiteral("--millimetre-image: needs --millimetre-size, too")
+                    : QStringLiteral("--millimetre-size: needs --millimetre-image, too");
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/OptionRow.h"
+#include "import/ilmenau/MillimetreImport.h"
 #include "model/TimeFrame.h"
 
 /// What a run works on.
@@ -9,7 +10,11 @@ struct InputOptions {
 
     QStringList recordings; ///< never empty unless help or version is asked for
     QString background;
-    std::optional<TimeFrame> time; ///< else from 0 to the longest duration
+    std::optional<TimeFrame> time;  ///< else from 0 to the longest duration
+    MillimetreStimulus millimetres; ///< of the recordings in millimetres
 };
+
+/// What is wrong with the options as a whole, for the user.
+std::optional<QString> inputComplaint(const InputOptions &options);
 
 OptionGroup inputOptions();

@@ -73,8 +73,10 @@ void makeRegions(RunState &run)
     const auto search = searchRegions(*density, parameters);
     if (!search)
         return;
-    if (const QString remark = searchRemark(*search); !remark.isEmpty())
-        messages::warning(areasTitle, remark);
+    for (const QString &remark : {density->remark, searchRemark(*search)}) {
+        if (!remark.isEmpty())
+            messages::warning(areasTitle, remark);
+    }
     takeRegions(run, *search);
 }
 

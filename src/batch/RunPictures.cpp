@@ -1,42 +1,125 @@
 #include "batch/RunPictures.h"
 
-#include "batch/DrawValues.h"
+#include "aoi/AoiThumbnail.h"
+#include "base/NamedPlace.h"
+#include "batch/CalculationRows.h"
 #include "batch/RunState.h"
+#include "batch/StoredRecords.h"
 #include "density/DensityTiff.h"
-#include "settings/StoredKeys.h"
+#include "export/AoiImages.h"
+#include "export/scene/PictureExport.h"
+#include "export/scene/VideoExport.h"
+#include "model/ImageCache.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
-#include "visualization/scene/ImageExport.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
 
 namespace {
 
-/// The parameters of drawings as the store has them, and those that it does not keep.
-struct StoredRecords {
-    explicit StoredRecords(const QStringList &drawValues)
-    {
-        for (VisualizationParameters &each : kinds.values)
-            drawvalues::apply(drawValues, each);
-    }
-
-    ByDataKind<VisualizationParameters> kinds{
-        {gazePointParameters(), fixationParameters(), clusterParameters(), saccadeParameters()}};
-    AoiVisualizationParameters areas = storedAoiVisualization();
+/// The recordings of one picture.
+struct PictureOf {
+    QString name;       ///< appended to that of the file; empty where there is one picture for all
+    QString background; ///< path; empty for the white canvas
+    QList<int> places;  ///< in the list of examinations; all of them without a name
 };
 
-/// What the model shows with them in its time frame.
-DrawingContext contextOf(const DataModel &model, const StoredRecords &parameters)
+QString keyOf(const Examination &examination, ImagePer per)
 {
-    DrawingRecords records;
-    for (const DataKind kind : allDataKinds)
-        records[kind] = &parameters.kinds[kind];
-    return {.model = model,
-            .eyeMode = eyeMode(),
-            .frame = model.timeFrame(),
-            .records = records,
-            .areas = parameters.areas};
+    switch (per) {
+    case ImagePer::Subject:
+        return examination.subjectId.isEmpty() ? examination.baseName : examination.subjectId;
+    case ImagePer::Image:
+        return examination.image ? QFileInfo(examination.image->path).completeBaseName() : QStringLiteral("no-image");
+    case ImagePer::Run:
+    case ImagePer::Recording:
+        break;
+    }
+    return examination.baseName;
+}
+
+/// Two recordings of one name are two pictures.
+QString unusedName(const QString &name, const QList<PictureOf> &pictures)
+{
+    QString free = name;
+    const auto isTaken = [&](const PictureOf &picture) { return picture.name == free; };
+    for (int number = 2; std::any_of(pictures.cbegin(), pictures.cend(), isTaken); ++number)
+        free = QStringLiteral("%1_%2").arg(name).arg(number);
+    return free;
+}
+
+QList<PictureOf> picturesOf(const RunState &run)
+{
+    const ImagePer per = run.options.imagePer;
+    if (per == ImagePer::Run)
+        return {{{}, run.options.background, {}}};
+    QList<PictureOf> pictures;
+    const QList<Examination> &examinations = run.model.examinations();
+    for (int place = 0; place < examinations.size(); ++place) {
+        const Examination &examination = examinations[place];
+        const QString key = keyOf(examination, per);
+        const auto same = std::find_if(pictures.begin(), pictures.end(),
+                                       [&](const PictureOf &picture) { return picture.name == key; });
+        if (same != pictures.end() && per != ImagePer::Recording)
+            same->places << place;
+        else
+            pictures << PictureOf{unusedName(key, pictures),
+                                  examination.image ? examination.image->path : run.options.background,
+                                  {place}};
+    }
+    return pictures;
+}
+
+/// "drawn.png" becomes "drawn_S01.png"; nothing where that would leave the folder.
+std::optional<QString> pathFor(const QString &path, const QString &name)
+{
+    if (name.isEmpty())
+        return path;
+    const QFileInfo info(path);
+    const QString file = QStringLiteral("%1_%2.%3").arg(info.completeBaseName(), name, info.suffix());
+    if (name.contains(u'/') || !placeInside(info.path(), file))
+        return std::nullopt;
+    return path.left(path.size() - info.fileName().size()) + file;
+}
+
+void writePicture(RunState &run, const DrawnPicture &picture, const QString &path, const QString &name)
+{
+    const std::optional<QString> place = pathFor(path, name);
+    const QString title = QStringLiteral("Image");
+    if (!place)
+        run.journal.fail(
+            title,
+            QStringLiteral("%1: \"%2\" is no name of a file; rename what the set file calls so.").arg(path, name));
+    else if (const auto problem = exportPicture(picture, pictureSettings(run.options), *place))
+        run.journal.fail(title, *problem);
+    else
+        run.journal.keep(*place);
+}
+
+SceneLayers layersOf(const RunState &run, const QString &background)
+{
+    const Border border = run.options.noBorder ? Border::None : Border::Black;
+    const SaccadeClusterOptions &clusters = run.options.saccadeClusters;
+    return {backgroundPixmap(background, border), QImage(),
+            saccadeClusterArrows(run.saccadeClusters.distanceClusters(), clusters.mode, clusters.style)};
+}
+
+void drawPicture(RunState &run, const PictureOf &wanted, const StoredRecords &parameters, const ReportRecords &records)
+{
+    DataModel model = run.model;
+    for (int place = 0; place < model.examinations().size() && !wanted.name.isEmpty(); ++place)
+        model.examinations()[place].checked = wanted.places.contains(place);
+    QGraphicsScene scene;
+    const DrawingContext context = parameters.context(model);
+    const DrawnScene drawn = runDrawingPass(scene, model, context, layersOf(run, wanted.background));
+    const DrawnPicture picture{scene,         scene.sceneRect(), drawn.background->sceneBoundingRect(),
+                               drawn.figures, context,           records};
+    for (const QString &path : run.options.images)
+        writePicture(run, picture, path, wanted.name);
 }
 
 } // namespace
@@ -45,19 +128,49 @@ void exportImages(RunState &run)
 {
     if (run.options.images.isEmpty())
         return;
-    QGraphicsScene scene;
     const StoredRecords parameters(run.options.drawValues);
-    const Border border = run.options.noBorder ? Border::None : Border::Black;
-    runDrawingPass(scene, run.model, contextOf(run.model, parameters),
-                   {backgroundPixmap(run.options.background, border), QImage(),
-                    saccadeClusterArrows(run.saccadeClusters.distanceClusters(), run.options.saccadeClusters.mode,
-                                         run.options.saccadeClusters.style)});
-    for (const QString &path : run.options.images) {
-        if (const auto problem = exportScene(scene, path))
-            run.journal.fail(QStringLiteral("Image"), *problem);
-        else
-            run.journal.keep(path);
+    const ReportRecords records = run.options.appended.parameters ? reportRecords(run.options) : ReportRecords{};
+    for (const PictureOf &picture : picturesOf(run))
+        drawPicture(run, picture, parameters, records);
+}
+
+void exportVideo(RunState &run)
+{
+    if (run.options.videoFile.isEmpty())
+        return;
+    const StoredRecords parameters(run.options.drawValues);
+    VideoContent content{parameters.context(run.model), layersOf(run, run.options.background), {}};
+    QGraphicsScene scene;
+    runDrawingPass(scene, run.model, content.context, content.layers);
+    content.area = scene.sceneRect();
+    const VideoOutcome outcome = exportVideo(content, run.options.videoStepMs, run.options.videoFile);
+    if (outcome == VideoOutcome::Written)
+        run.journal.keep(run.options.videoFile);
+    else
+        run.journal.fail(QStringLiteral("Video"), run.options.videoFile + QStringLiteral(": ") + videoText(outcome));
+}
+
+void exportAoiImages(RunState &run)
+{
+    const QString &folder = run.options.aoiImageFolder;
+    if (folder.isEmpty())
+        return;
+    const QString title = QStringLiteral("AOI images");
+    QList<AreaOfInterest> areas = run.model.aoiList();
+    if (areas.isEmpty() || !QDir().mkpath(folder)) {
+        run.journal.fail(title, areas.isEmpty() ? QStringLiteral("There is no area of interest.")
+                                                : QStringLiteral("%1: the folder cannot be made.").arg(folder));
+        return;
     }
+    const Border border = run.options.noBorder ? Border::None : Border::Black;
+    const QImage picture = backgroundPixmap(run.options.background, border).toImage();
+    for (AreaOfInterest &area : areas)
+        area.thumbnail = aoiThumbnail(area.polygon, picture);
+    const ExportResult result = exportAoiImages(areas, folder);
+    for (const QString &path : result.written)
+        run.journal.keep(path);
+    for (const QString &problem : result.problems)
+        run.journal.fail(title, problem);
 }
 
 QMap<QString, QString> exportDensity(RunState &run)
@@ -66,7 +179,7 @@ QMap<QString, QString> exportDensity(RunState &run)
         return {};
     const StoredRecords parameters(run.options.drawValues);
     const std::optional<HeatmapDensity> density =
-        heatmapDensity(run.options.densityKind, contextOf(run.model, parameters));
+        heatmapDensity(run.options.densityKind, parameters.context(run.model));
     if (!density) {
         run.journal.fail(QStringLiteral("Density"), QStringLiteral("There is nothing of this kind in the time frame."));
         return {};

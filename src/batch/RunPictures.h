@@ -5,8 +5,14 @@
 
 struct RunState;
 
-/// Draws the scene once and writes it into each picture that was asked for.
+/// Draws the scene and writes it into each picture that was asked for: once, or for each subject, image or recording.
 void exportImages(RunState &run);
+
+/// Writes the video that was asked for.
+void exportVideo(RunState &run);
+
+/// Writes the cuts of the background that were asked for.
+void exportAoiImages(RunState &run);
 
 /// Writes the density that was asked for.
 ///

@@ -1,6 +1,7 @@
 #include "batch/StatisticsOptions.h"
 
 #include "batch/OptionValues.h"
+#include "batch/SimilarityValues.h"
 #include "batch/TransitionWords.h"
 
 namespace {
@@ -9,6 +10,19 @@ using O = StatisticsOptions;
 using Text = QLatin1StringView;
 using namespace optionvalues;
 
+std::optional<WrongValue> readSimilarity(const QString &value, BatchOptions &options)
+{
+    if (const auto problem = similarityvalues::apply(value, options.similarity))
+        return WrongValue{value, *problem};
+    return std::nullopt;
+}
+
+constexpr OptionValue similarity{
+    .read = readSimilarity,
+    .show = [](const BatchOptions &options) { return similarityvalues::shown(options.similarity); },
+    .words = similarityvalues::names,
+    .given = Given::Repeatedly};
+
 constexpr OptionRow rows[] = {
     {Text("transitions"), Text("LIST"), Text("of %1 (default: all that have data)"),
      &someOf<&O::transitions, transitionRows>},
@@ -16,6 +30,9 @@ constexpr OptionRow rows[] = {
      &someOf<&O::transitionValues, transitionValueRows>},
     {Text("group-by"), Text("COLUMN"), Text("entry of the set files that names the groups to compare (default: group)"),
      &text<&O::groupBy>},
+    {Text("similarity"), Text("NAME=VALUE"),
+     Text("a parameter of scanpath-similarity, of %1; repeatable (docs/measures.md tells what each means)"),
+     &similarity},
 };
 
 } // namespace

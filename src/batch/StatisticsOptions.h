@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/OptionRow.h"
+#include "comparison/SimilarityMeasures.h"
 
 /// Which tables of statistics a run writes.
 struct StatisticsOptions {
@@ -9,6 +10,7 @@ struct StatisticsOptions {
     QStringList transitions;                   ///< words of `transitionRows`; empty: all that have data
     QStringList transitionValues;              ///< words of `transitionValueRows`; empty: all
     QString groupBy = QStringLiteral("group"); ///< column of the table of examinations that names their groups
+    SimilarityParameters similarity = {};
 };
 
 OptionGroup statisticsOptions();

@@ -3,6 +3,7 @@
 #include "base/Messages.h"
 #include "batch/RunState.h"
 #include "batch/TransitionWords.h"
+#include "comparison/SimilarityExport.h"
 #include "detection/PixelSize.h"
 #include "export/AngleStarExport.h"
 #include "export/MeasureExport.h"
@@ -34,9 +35,20 @@ ExportResult writeGeneral(RunState &run, const ExportTarget &target)
     return exportGeneralStatistics(run.model, target);
 }
 
+/// Tables of areas without any area have headers alone, too.
+void warnIfWithoutAreas(const RunState &run, Text word)
+{
+    if (run.model.aoiList().isEmpty())
+        messages::warning(QStringLiteral("Export"),
+                          QStringLiteral("%1 has headers only: there are no areas of interest; --aois and "
+                                         "--generate-aois give some.")
+                              .arg(word));
+}
+
 ExportResult writeAreas(RunState &run, const ExportTarget &target)
 {
     warnIfNotCalculated(run, Text("aoi-statistics"));
+    warnIfWithoutAreas(run, Text("aoi-statistics"));
     return exportAoiStatistics(run.model, target);
 }
 
@@ -52,29 +64,39 @@ ExportResult writeAngleStar(RunState &run, const ExportTarget &target)
     return exportAngleStar(run.model, pathStem(target), {saccades.numberOfHistogramBins, saccades.angleOffset});
 }
 
-/// The geometry is that of the last velocity calculation, where it measured angles.
-MeasureForm formOf(const RunState &run)
-{
-    FixationSettingsModel settings;
-    loadFixationSettings(settings);
-    return {.pixelPerDistance = pixelPerDistance(settings), .groupBy = run.options.groupBy};
-}
-
 ExportResult writeAoiMeasures(RunState &run, const ExportTarget &target)
 {
-    return exportAoiMeasures(run.model, target);
+    warnIfWithoutAreas(run, Text("aoi-measures"));
+    return exportAoiMeasures(run.model, target, {.pixelPerDistance = {}, .threads = run.threads()});
 }
 
 ExportResult writeScanpathMeasures(RunState &run, const ExportTarget &target)
 {
-    return exportScanpathMeasures(run.model, target, formOf(run));
+    return exportScanpathMeasures(run.model, target,
+                                  {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
 }
 
 ExportResult writeGroupComparison(RunState &run, const ExportTarget &target)
 {
-    const ExportResult result = exportGroupComparison(run.model, target, formOf(run));
+    run.model.comparedBy = run.options.groupBy;
+    const ExportResult result = exportGroupComparison(
+        run.model, target, {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
     if (result.written.isEmpty())
         run.journal.fail(); // there was nothing to compare
+    return result;
+}
+
+ExportResult writeSimilarity(RunState &run, const ExportTarget &target)
+{
+    const auto sets = compareScanpaths(run.model,
+                                       {.eyes = target.eyes,
+                                        .parameters = run.options.similarity,
+                                        .groupBy = run.options.groupBy,
+                                        .threads = run.threads()},
+                                       {});
+    const ExportResult result = exportScanpathSimilarity(sets.value(), target, run.threads());
+    if (result.written.isEmpty())
+        run.journal.fail();
     return result;
 }
 
@@ -96,7 +118,7 @@ QList<TableRow> statisticsTables()
             {Text("aoi-measures"), writeAoiMeasures},
             {Text("scanpath-measures"), writeScanpathMeasures},
             {Text("group-comparison"), writeGroupComparison},
-            {Text("scanpath-similarity")},
+            {Text("scanpath-similarity"), writeSimilarity, fixationWord},
             {Text("quality")},
             {Text("bids")}};
 }

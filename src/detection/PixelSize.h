@@ -15,3 +15,11 @@ inline std::optional<double> pixelPerDistance(const FixationSettingsModel &setti
         return std::nullopt;
     return settings.velocityImageSize / settings.velocityImageSizePixels / settings.velocityScreenDistance;
 }
+
+/// The same by the stored settings: the geometry of the last velocity calculation, where it measured angles.
+inline std::optional<double> storedPixelPerDistance()
+{
+    FixationSettingsModel settings;
+    loadFixationSettings(settings);
+    return pixelPerDistance(settings);
+}

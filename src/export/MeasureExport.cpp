@@ -103,16 +103,6 @@ ExportResult write(const QString &path, const QString &text, const QString &titl
 
 // ---- comparison of groups
 
-/// Membership chosen in the window stands above the set file's entry.
-QString groupOf(const Examination &examination, const QString &column)
-{
-    const QString none = QStringLiteral("None");
-    if (column == QLatin1StringView("group") && examination.groupName != none)
-        return examination.groupName;
-    const QString value = examination.properties.value(column);
-    return value == none ? QString() : value;
-}
-
 /// One measure of one area through one eye, to be compared.
 struct Question {
     Eye eye;
@@ -145,7 +135,7 @@ std::vector<Question> questionsOf(const DataModel &model, EyeMode eyes, const Me
     const QList<AreaOfInterest> areas = model.aoiList();
     std::vector<Question> all;
     const auto ask = [&](Eye eye, Text measure, const QString &area, const auto &measured) {
-        all.push_back(question(streams, eye, form.groupBy, measured));
+        all.push_back(question(streams, eye, model.comparedBy, measured));
         all.back().measure = measure;
         all.back().area = area;
     };
@@ -195,6 +185,15 @@ QStringList differenceFields(const GroupComparison &answer, bool isFirst)
 }
 
 } // namespace
+
+QString groupOf(const Examination &examination, const QString &column)
+{
+    const QString none = QStringLiteral("None");
+    if (column == QLatin1StringView("group") && examination.groupName != none)
+        return examination.groupName;
+    const QString value = examination.properties.value(column);
+    return value == none ? QString() : value;
+}
 
 ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &target, const MeasureForm &form)
 {
@@ -248,13 +247,17 @@ QList<QStringList> groupComparisonRows(const DataModel &model, EyeMode eyes, con
     return rows;
 }
 
+QString noGroupsText(const DataModel &model)
+{
+    return QStringLiteral("No checked examination has an entry \"%1\": there are no groups to compare.")
+        .arg(model.comparedBy);
+}
+
 ExportResult exportGroupComparison(const DataModel &model, const ExportTarget &target, const MeasureForm &form)
 {
     const QList<QStringList> rows = groupComparisonRows(model, target.eyes, form);
     if (rows.size() < 2) {
-        messages::warning(QStringLiteral("Group comparison Export"),
-                          QStringLiteral("No checked examination has an entry \"%1\": there are no groups to compare.")
-                              .arg(form.groupBy));
+        messages::warning(QStringLiteral("Group comparison Export"), noGroupsText(model));
         return {};
     }
     TidyTable table(rows.first());

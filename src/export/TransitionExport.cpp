@@ -127,7 +127,7 @@ TransitionChoice TransitionChoice::everything(const DataModel &model, EyeMode ey
         choice.flavours << TransitionFlavour::Own;
     if (pooled)
         choice.flavours << TransitionFlavour::Pooled;
-    if (own && pooled)
+    if (own || pooled)
         choice.flavours << TransitionFlavour::OwnAndPooled;
     choice.areas = !model.aoiList().isEmpty();
     return choice;

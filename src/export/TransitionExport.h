@@ -9,7 +9,7 @@ class Log;
 struct TransitionChoice {
     bool operator==(const TransitionChoice &) const = default;
 
-    /// All that have data, with all contents.
+    /// All that have data, with all contents; one kind of clusters is enough for both together.
     static TransitionChoice everything(const DataModel &model, EyeMode eyes);
 
     QList<TransitionFlavour> flavours; ///< of clusters, in the order in which they are written

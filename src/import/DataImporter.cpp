@@ -1,10 +1,7 @@
 #include "import/DataImporter.h"
 
-#include "import/LargePages.h"
+#include "import/SampleList.h"
 
-#include <QFile>
-
-#include <cstring>
 #include <limits>
 #include <new>
 
@@ -18,21 +15,6 @@ constexpr qsizetype longestPendingLog = qsizetype(1) << 20; ///< characters
 
 /// A sample line has at least one digit and ten tabs.
 constexpr qsizetype shortestSampleLine = 11;
-
-/// A list may keep an eighth of its length in reserve: 54 bytes a sample instead of 48.
-constexpr qsizetype spareFraction = 8;
-
-const char *lineEnd(const char *at, const char *end)
-{
-    const auto *newline = static_cast<const char *>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
-    return newline ? newline : end;
-}
-
-/// The line without the "\r" of a line end.
-QByteArrayView withoutReturn(const char *begin, const char *end)
-{
-    return {begin, end != begin && end[-1] == '\r' ? end - 1 : end};
-}
 
 qint64 saturatedDifference(qint64 minuend, qint64 subtrahend)
 {
@@ -61,31 +43,6 @@ char separatorInsteadOfTab(QByteArrayView line)
     return line.contains(';') ? ';' : line.contains(',') ? ',' : char(0);
 }
 
-/// Not mapped: a file that another program shortens meanwhile must not end the program.
-/// @param problem  gets the reason where there is no result.
-std::optional<QByteArray> readWhole(const QString &path, QString &problem)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        problem = QStringLiteral("it cannot be opened: ") + file.errorString();
-        return std::nullopt;
-    }
-    QByteArray bytes(file.size(), Qt::Uninitialized);
-    adviseLargePages(bytes.constData(), bytes.size());
-    bytes.truncate(std::max(qint64(0), file.read(bytes.data(), bytes.size())));
-    bytes += file.readAll(); // of files that grow or do not know their size
-    if (file.error() == QFile::NoError)
-        return bytes;
-    problem = QStringLiteral("it cannot be read: ") + file.errorString();
-    return std::nullopt;
-}
-
-void shrink(QList<GazePoint> &samples)
-{
-    if (samples.capacity() - samples.size() > samples.size() / spareFraction)
-        samples.squeeze();
-}
-
 } // namespace
 
 DataImporter::DataImporter(QString path, Examination *examination, const Log *log)
@@ -98,7 +55,7 @@ DataImporter::DataImporter(QString path, Examination *examination, const Log *lo
 bool DataImporter::readFile()
 {
     try {
-        if (const std::optional<QByteArray> bytes = readWhole(m_path, m_problem))
+        if (const std::optional<QByteArray> bytes = readWholeRecording(m_path, m_problem))
             return readBytes(*bytes);
     } catch (const std::bad_alloc &) {
         m_problem = QStringLiteral("it does not fit into the memory");
@@ -143,33 +100,27 @@ QString DataImporter::contentProblem(QByteArrayView bytes) const
 void DataImporter::reserve(QByteArrayView bytes)
 {
     qsizetype lines = 0;
-    for (const char *at = bytes.begin(); at < bytes.end();) {
-        const char *const end = lineEnd(at, bytes.end());
-        if (end - at >= shortestSampleLine && lineClass(QByteArrayView(at, end)) == LineClass::Sample)
+    LineWalk walk(bytes);
+    while (const auto line = walk.next()) {
+        if (line->size() >= shortestSampleLine && lineClass(*line) == LineClass::Sample)
             ++lines;
-        at = end + 1;
     }
-    for (QList<GazePoint> *samples : {&m_left, &m_right, &m_mean}) {
-        samples->reserve(lines);
-        adviseLargePages(samples->constData(), samples->capacity() * static_cast<qsizetype>(sizeof(GazePoint)));
-    }
+    for (QList<GazePoint> *samples : {&m_left, &m_right, &m_mean})
+        reserveSamples(*samples, lines);
 }
 
 void DataImporter::readLines(RecordingText &text)
 {
-    const QByteArrayView bytes = text.bytes();
-    for (const char *at = bytes.begin(); at < bytes.end();) {
-        const char *const end = lineEnd(at, bytes.end());
-        const QByteArrayView line = withoutReturn(at, end);
-        at = end + 1;
+    LineWalk walk(text.bytes());
+    while (const auto line = walk.next()) {
         ++m_lineNumber;
-        switch (lineClass(line)) {
+        switch (lineClass(*line)) {
         case LineClass::Sample:
-            readSampleLine(line, text);
+            readSampleLine(*line, text);
             break;
         case LineClass::Header:
             if (m_log)
-                log(QStringLiteral("Dataimporter found header: ") + loggedLine(line, text));
+                log(QStringLiteral("Dataimporter found header: ") + loggedLine(*line, text));
             break;
         case LineClass::ColumnNames:
         case LineClass::Filler:
@@ -203,7 +154,7 @@ void DataImporter::addSample(const SampleFields &fields, FieldReader &read)
         m_timeZero = rawTime;
         m_firstLine = false;
     } else {
-        countTime(rawTime);
+        m_counts.countStep(saturatedDifference(rawTime, m_lastRawTime), m_lineNumber);
     }
     m_lastRawTime = rawTime;
     const qint64 time = saturatedDifference(rawTime, m_timeZero);
@@ -227,17 +178,6 @@ void DataImporter::addSample(const SampleFields &fields, FieldReader &read)
     ++m_counts.samples;
 }
 
-void DataImporter::countTime(qint64 rawTime)
-{
-    const qint64 stepMs = saturatedDifference(rawTime, m_lastRawTime);
-    if (stepMs > 0 && stepMs <= ImportCounts::longestPlausibleStepMs) // nearly every sample
-        return;
-    if (stepMs > 0)
-        ++m_counts.longSteps;
-    else
-        (stepMs < 0 ? m_counts.backwardTimes : m_counts.repeatedTimes).add(1, m_lineNumber);
-}
-
 void DataImporter::addMean(qint64 time)
 {
     const GazePoint &left = m_left.constLast();
@@ -249,7 +189,7 @@ void DataImporter::addMean(qint64 time)
 void DataImporter::store()
 {
     for (QList<GazePoint> *samples : {&m_left, &m_right, &m_mean})
-        shrink(*samples);
+        shrinkSamples(*samples);
     m_examination->leftEye.gazePoints = std::exchange(m_left, {});
     m_examination->rightEye.gazePoints = std::exchange(m_right, {});
     m_examination->meanEye.gazePoints = std::exchange(m_mean, {});

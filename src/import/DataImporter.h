@@ -37,7 +37,6 @@ private:
     void readLines(RecordingText &text);
     void readSampleLine(QByteArrayView line, RecordingText &text);
     void addSample(const SampleFields &fields, FieldReader &fieldReader);
-    void countTime(qint64 rawTime);
     QString contentProblem(QByteArrayView bytes) const;
     void addMean(qint64 time);
     void store();

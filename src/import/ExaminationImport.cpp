@@ -17,13 +17,6 @@ QString importError()
     return QStringLiteral("IMPORT ERROR!");
 }
 
-ImportMessage corruptMessage(const QString &path, const QString &reason)
-{
-    return {messages::Severity::Critical, importError(),
-            QStringLiteral("The file: \n") + path + QStringLiteral("\n is corrupt and has not been loaded!"),
-            QStringLiteral("Reason: %1.").arg(reason)};
-}
-
 /// Reads the samples.
 /// @return why there are none; empty if they were read.
 QString loadData(const QString &path, ImportedFile &file, const Log *log)
@@ -35,6 +28,7 @@ QString loadData(const QString &path, ImportedFile &file, const Log *log)
     DataImporter importer(path, &file.examination, log);
     file.examination.importOk = importer.readFile();
     file.counts = importer.counts();
+    file.doubts = importDoubts(file.counts);
     if (QFileInfo(path).isDir())
         return QStringLiteral("it is a folder");
     return importer.problem();
@@ -52,11 +46,12 @@ ImportedFile readRecordingAndSetFile(const QString &path, const Log *log)
                                        described.error, RecordingPath(path).setFile()};
     const QString problem = loadData(path, file, log);
     if (!file.examination.importOk)
-        file.messages << corruptMessage(path, problem);
+        file.messages << corruptRecording(path, problem);
     return file;
 }
 
-/// What was doubtful in the files of one import, in one message.
+} // namespace
+
 void reportDoubts(const QStringList &doubts)
 {
     if (!doubts.isEmpty())
@@ -65,7 +60,21 @@ void reportDoubts(const QStringList &doubts)
                         doubts.join(u'\n')});
 }
 
-} // namespace
+QStringList doubtsWithName(const ImportedFile &file)
+{
+    const QString name = QFileInfo(file.path).fileName();
+    QStringList lines;
+    for (const QString &doubt : file.doubts)
+        lines << QStringLiteral("%1: %2").arg(name, doubt);
+    return lines;
+}
+
+ImportMessage corruptRecording(const QString &path, const QString &reason)
+{
+    return {messages::Severity::Critical, importError(),
+            QStringLiteral("The file: \n") + path + QStringLiteral("\n is corrupt and has not been loaded!"),
+            QStringLiteral("Reason: %1.").arg(reason)};
+}
 
 ImportedFile readRecording(const QString &path, const Log *log)
 {
@@ -74,32 +83,41 @@ ImportedFile readRecording(const QString &path, const Log *log)
     } catch (const std::bad_alloc &) {
         ImportedFile file;
         file.path = path;
-        file.messages << corruptMessage(path, QStringLiteral("it does not fit into the memory"));
+        file.messages << corruptRecording(path, QStringLiteral("it does not fit into the memory"));
         return file;
     }
 }
 
-void readRecordings(const QStringList &paths, int threads, const Log *log,
-                    const std::function<void(const ImportedFile &)> &taken)
+void readFiles(qsizetype count, int threads, const Log *log,
+               const std::function<ImportedFile(qsizetype, const Log *)> &read,
+               const std::function<void(const ImportedFile &)> &taken)
 {
     struct Read {
         ImportedFile file;
         QStringList logLines;
     };
-    std::vector<Read> files(static_cast<std::size_t>(paths.size()));
+    std::vector<Read> files(static_cast<std::size_t>(count));
     sideBySide(
-        paths.size(), threads,
+        count, threads,
         [&](qsizetype i) {
-            Read &read = files[static_cast<std::size_t>(i)];
-            const Log lines(read.logLines);
-            read.file = readRecording(paths[i], log ? &lines : nullptr);
+            Read &each = files[static_cast<std::size_t>(i)];
+            const Log lines(each.logLines);
+            each.file = read(i, log ? &lines : nullptr);
         },
         [&](qsizetype i) {
-            const Read read = std::exchange(files[static_cast<std::size_t>(i)], {});
+            const Read each = std::exchange(files[static_cast<std::size_t>(i)], {});
             if (log)
-                log->write(read.logLines);
-            taken(read.file);
+                log->write(each.logLines);
+            taken(each.file);
         });
+}
+
+void readRecordings(const QStringList &paths, int threads, const Log *log,
+                    const std::function<void(const ImportedFile &)> &taken)
+{
+    readFiles(
+        paths.size(), threads, log, [&](qsizetype i, const Log *lines) { return readRecording(paths[i], lines); },
+        taken);
 }
 
 std::optional<int> addToModel(const ImportedFile &file, DataModel &model)
@@ -152,8 +170,7 @@ QList<int> importRecordings(const QStringList &paths, DataModel &model, const Lo
                 numbers << *number;
                 added(model.examinations().constLast());
             }
-            for (const QString &doubt : importDoubts(file.counts))
-                doubts << QStringLiteral("%1: %2").arg(QFileInfo(file.path).fileName(), doubt);
+            doubts += doubtsWithName(file);
             progress.advance();
         });
     }

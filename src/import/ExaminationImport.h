@@ -17,7 +17,18 @@ struct ImportedFile {
     QList<ImageReference> images;  ///< found images, the last one is the stimulus
     QList<ImportMessage> messages; ///< in the order in which they are to be shown
     ImportCounts counts;
+    QStringList doubts;                  ///< about the content, a sentence each
+    QMap<QString, qint64> furtherCounts; ///< of a kind of recording that counts more, by their names in reports
 };
+
+/// What was doubtful in the files of one import, in one message; none where there is nothing.
+void reportDoubts(const QStringList &doubts);
+
+/// "p01.data: left out 3 of the sample lines, ..." for each of the doubts.
+QStringList doubtsWithName(const ImportedFile &file);
+
+/// That a recording does not fit into the memory, or otherwise was not read.
+ImportMessage corruptRecording(const QString &path, const QString &reason);
 
 /// Reads a recording and its set file. Safe to be called from several threads.
 ///
@@ -27,11 +38,17 @@ struct ImportedFile {
 /// details name the set file, or the reason. Nothing is thrown.
 ImportedFile readRecording(const QString &path, const Log *log);
 
-/// Reads recordings and their set files side by side.
+/// Reads files side by side.
 ///
 /// @param threads  at least 1.
-/// @param log      may be null. The lines of each file stand together, in the order of the paths.
-/// @param taken    called in the calling thread for each file in the order of the paths.
+/// @param log      may be null. The lines of each file stand together, in the order of the files.
+/// @param read     called for each index below `count`, in any thread; the log is null where `log` is.
+/// @param taken    called in the calling thread for each file, in their order.
+void readFiles(qsizetype count, int threads, const Log *log,
+               const std::function<ImportedFile(qsizetype, const Log *)> &read,
+               const std::function<void(const ImportedFile &)> &taken);
+
+/// The same for recordings and their set files.
 void readRecordings(const QStringList &paths, int threads, const Log *log,
                     const std::function<void(const ImportedFile &)> &taken);
 

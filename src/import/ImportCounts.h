@@ -26,6 +26,17 @@ struct ImportCounts {
     /// Samples come too slowly or too fast for an eye tracker: most likely the times are in another unit than ms.
     bool isRateImplausible() const;
 
+    /// Notes what is doubtful in the time from the sample before, where there is one.
+    void countStep(qint64 stepMs, qsizetype lineNumber)
+    {
+        if (stepMs > 0 && stepMs <= longestPlausibleStepMs) // nearly every sample
+            return;
+        if (stepMs > 0)
+            ++longSteps;
+        else
+            (stepMs < 0 ? backwardTimes : repeatedTimes).add(1, lineNumber);
+    }
+
     qsizetype samples = 0;
     LineCount wrongLength = {};   ///< sample lines without exactly 11 fields; they are left out
     LineCount noNumbers = {};     ///< fields that are no numbers and count as 0

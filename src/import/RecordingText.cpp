@@ -1,5 +1,8 @@
 #include "import/RecordingText.h"
 
+#include "import/LargePages.h"
+
+#include <QFile>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -23,6 +26,23 @@ std::optional<QByteArray> utf8OfWideText(QByteArrayView bytes)
     QStringDecoder decoder(*encoding);
     const QString text = decoder(bytes);
     return text.toUtf8();
+}
+
+std::optional<QByteArray> readWholeRecording(const QString &path, QString &problem)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        problem = QStringLiteral("it cannot be opened: ") + file.errorString();
+        return std::nullopt;
+    }
+    QByteArray bytes(file.size(), Qt::Uninitialized);
+    adviseLargePages(bytes.constData(), bytes.size());
+    bytes.truncate(std::max(qint64(0), file.read(bytes.data(), bytes.size())));
+    bytes += file.readAll(); // of files that grow or do not know their size
+    if (file.error() == QFile::NoError)
+        return bytes;
+    problem = QStringLiteral("it cannot be read: ") + file.errorString();
+    return std::nullopt;
 }
 
 RecordingText::RecordingText(QByteArrayView bytes)

@@ -14,6 +14,9 @@ public:
     /// The four numbers of the saliency page; what they mean depends on the method.
     std::array<int, 4> saliencyParameters{};
 
+    /// Property of the examinations that names the groups whose measures are compared.
+    QString comparedBy = QStringLiteral("group");
+
     /// The examinations lack samples that they were imported with; kept by the cut of outliers.
     bool samplesAreCut = false;
 

@@ -44,6 +44,13 @@ struct Examination {
     QString imageName;
     int number = -1; ///< 1-based, -1 before import
     bool checked = true;
+    // Of a recording in millimetres; 0 and empty in any other.
+    float imageWidthPx = 0;
+    float imageHeightPx = 0;
+    float imageWidthMm = 0;
+    float imageHeightMm = 0;
+    QString iniPath;   ///< calibration of the tracker
+    QString imagePath; ///< the stimulus, as it was chosen
     EyeData rightEye;
     EyeData leftEye;
     EyeData meanEye;

@@ -9,16 +9,6 @@ double quotient(int count, int total)
     return total == 0 ? 0.0 : static_cast<double>(count) / total;
 }
 
-Places areasAt(QPoint place, const QList<AreaOfInterest> &areas)
-{
-    Places found;
-    for (qsizetype i = 0; i < areas.size(); ++i) {
-        if (areas[i].contains(place, Qt::WindingFill))
-            found << i;
-    }
-    return found;
-}
-
 } // namespace
 
 AoiTransitions::AoiTransitions(qsizetype areas, double perMinute)
@@ -54,15 +44,22 @@ double AoiTransitions::shareOfAll(qsizetype from, qsizetype to) const
     return quotient(count(from, to), total());
 }
 
+Places areasOf(const Fixation &fixation, const QList<AreaOfInterest> &areas, TransitionType type)
+{
+    Places places;
+    for (qsizetype i = 0; i < areas.size(); ++i) {
+        if (areas[i].contains(fixation.mean, Qt::WindingFill))
+            places << i;
+    }
+    if (type == TransitionType::Saccades && places.size() > 1)
+        places.resize(1);
+    return places;
+}
+
 AoiTransitions countAoiTransitions(const QList<AreaOfInterest> &areas, const QList<GazeWalk> &walks,
                                    TransitionType type, TimeFrame frame)
 {
-    const auto placesOf = [&](const Fixation &fixation) {
-        Places places = areasAt(fixation.mean, areas);
-        if (type == TransitionType::Saccades && places.size() > 1)
-            places.resize(1);
-        return places;
-    };
+    const auto placesOf = [&](const Fixation &fixation) { return areasOf(fixation, areas, type); };
     AoiTransitions transitions(areas.size(), frame.perMinute());
     const auto count = [&](const GazeStay &stay, const Fixation &, const Places &places) {
         for (const qsizetype from : stay.places) {

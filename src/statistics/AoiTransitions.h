@@ -30,6 +30,9 @@ private:
     QList<int> m_counts; ///< row by row, the area that is left first
 };
 
+/// The areas in which the mean of a fixation lies, by the winding rule; by the saccades, only the first of them.
+Places areasOf(const Fixation &fixation, const QList<AreaOfInterest> &areas, TransitionType type);
+
 /// Counts the transitions between these areas; enabled or not, all of them count. None leads from one walk to another.
 /// The place of a fixation is its mean, by the winding rule; only fixations that lie wholly in the frame take part.
 ///

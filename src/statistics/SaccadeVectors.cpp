@@ -21,6 +21,23 @@ double direction(double dx, double dy, double length)
     return dy / length < 0 ? std::acos(dx / length) : std::acos(-dx / length) + std::numbers::pi;
 }
 
+/// Calls `take` with the fixation that each saccade leaves, its way on both axes and along it, and its duration.
+template <class Take>
+void forEachSaccade(const EyeData &eye, TimeFrame frame, const Take &take)
+{
+    const QList<Fixation> &scanpath = eye.scanpath;
+    for (qsizetype i = 1; i < scanpath.size(); ++i) {
+        const Fixation &from = scanpath[i - 1];
+        const Fixation &to = scanpath[i];
+        if (!liesInside(from, frame) || !liesInside(to, frame) || from.mean == to.mean)
+            continue;
+        const double dx = double(to.mean.x()) - from.mean.x();
+        const double dy = double(to.mean.y()) - from.mean.y();
+        const double length = std::sqrt(dx * dx + dy * dy); // never rounded below |dx|, as std::acos needs it
+        take(from, dx, dy, length, static_cast<double>(elapsedMs(from.lastTime(), to.firstTime())));
+    }
+}
+
 } // namespace
 
 qsizetype tripleCount(const QList<double> &triples)
@@ -36,20 +53,20 @@ SaccadeTriple tripleAt(const QList<double> &triples, qsizetype index)
 
 QList<double> saccadeVectors(const EyeData &eye, TimeFrame frame)
 {
-    const QList<Fixation> &scanpath = eye.scanpath;
     QList<double> triples;
-    for (qsizetype i = 1; i < scanpath.size(); ++i) {
-        const Fixation &from = scanpath[i - 1];
-        const Fixation &to = scanpath[i];
-        if (!liesInside(from, frame) || !liesInside(to, frame) || from.mean == to.mean)
-            continue;
-        const double dx = double(to.mean.x()) - from.mean.x();
-        const double dy = double(to.mean.y()) - from.mean.y();
-        const double length = std::sqrt(dx * dx + dy * dy); // never rounded below |dx|, as std::acos needs it
-        const auto duration = static_cast<double>(elapsedMs(from.lastTime(), to.firstTime()));
-        triples << direction(dx, dy, length) << length << duration;
-    }
+    forEachSaccade(eye, frame, [&](const Fixation &, double dx, double dy, double length, double durationMs) {
+        triples << direction(dx, dy, length) << length << durationMs;
+    });
     return triples;
+}
+
+QList<TimedSaccade> timedSaccades(const EyeData &eye, TimeFrame frame)
+{
+    QList<TimedSaccade> saccades;
+    forEachSaccade(eye, frame, [&](const Fixation &from, double, double, double length, double durationMs) {
+        saccades << TimedSaccade{from.lastTime(), length, durationMs};
+    });
+    return saccades;
 }
 
 AngleStarBins angleStarBins(const QList<double> &triples, int bins)

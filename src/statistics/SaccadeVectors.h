@@ -24,6 +24,18 @@ SaccadeTriple tripleAt(const QList<double> &triples, qsizetype index);
 /// recording at a time: the last fixation of one and the first of another are never linked.
 QList<double> saccadeVectors(const EyeData &eye, TimeFrame frame);
 
+/// A saccade and when it was.
+struct TimedSaccade {
+    bool operator==(const TimedSaccade &) const = default;
+
+    qint64 startMs = 0;  ///< last sample of the fixation before it
+    double length = 0;   ///< px
+    double duration = 0; ///< ms
+};
+
+/// The same saccades in the order of time.
+QList<TimedSaccade> timedSaccades(const EyeData &eye, TimeFrame frame);
+
 /// Saccades by direction. Each list has a value for each bin, counter-clockwise from the right.
 struct AngleStarBins {
     bool operator==(const AngleStarBins &) const = default;

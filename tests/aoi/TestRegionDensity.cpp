@@ -27,6 +27,7 @@ private Q_SLOTS:
     void scaleTextsTellEventsPerMinute();
     void saliencyIsThatOfThePicture_data();
     void saliencyIsThatOfThePicture();
+    void aPictureAsLargeAsTheCanvasNeedsNoRemark();
 };
 
 namespace {
@@ -291,6 +292,16 @@ void TestRegionDensity::saliencyIsThatOfThePicture()
              qPrintable(QStringLiteral("%1,%2").arg(place.x()).arg(place.y())));
     QCOMPARE(scaleTexts(*density), (QStringList{QStringLiteral("0 "), QStringLiteral("0.5 "), QStringLiteral("1.0 ")}));
     QCOMPARE(preThresholdInUnit(*density, 25), 0.25);
+    QVERIFY(density->remark.contains(QLatin1StringView("2560 x 1600 cells, the picture has 320 x 200 pixels")));
+}
+
+void TestRegionDensity::aPictureAsLargeAsTheCanvasNeedsNoRemark()
+{
+    QImage picture(canvas::width, canvas::height, QImage::Format_RGB32);
+    picture.fill(Qt::gray);
+    picture.setPixelColor(9, 9, Qt::red);
+    const auto density = regionDensity({}, picture, {.source = RegionSource::SaliencyFrequencyTuned});
+    QVERIFY(density && density->remark.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestRegionDensity)

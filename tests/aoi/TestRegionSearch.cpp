@@ -29,7 +29,7 @@ RegionDensity densityOf(Grid<double> cells)
     double highest = 0;
     for (std::ptrdiff_t i = 0; i < cells.size(); ++i)
         highest = std::max(highest, cells.data()[i]);
-    return {.cells = std::move(cells), .highest = highest, .unit = {}};
+    return {.cells = std::move(cells), .highest = highest, .unit = {}, .remark = {}};
 }
 
 RegionDensity twoHills()

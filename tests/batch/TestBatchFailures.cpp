@@ -75,7 +75,8 @@ void TestBatchFailures::refusedCalls_data()
     row("no recording", "--quiet", "no recording given");
     row("an option of nobody", "--setting a.ini study/S01.data", "unknown option --setting; did you mean --settings?");
     row("an option of the window toolkit", "-style fusion study/S01.data", "unknown option -style");
-    row("an option of a later version", "--video a.avi study/S01.data", "--video: not available in this version");
+    row("a diagram as what it cannot be", "--diagram a.jpg study/S01.data",
+        "--diagram a.jpg: the name does not end in .png, .svg or .html");
     row("a misspelt key", "--out tables --set Calculation/Fixation/Standard/MaximumRadios=40 study/S01.data",
         "--set Calculation/Fixation/Standard/MaximumRadios: no such key; did you mean "
         "Calculation/Fixation/Standard/MaximumRadius?");
@@ -90,9 +91,24 @@ void TestBatchFailures::refusedCalls_data()
         "--settings study/S01.set: no line of it sets a key of this program");
     row("an unknown value of drawings", "--draw percent=yes study/S01.data",
         "--draw percent=yes: percent is not one of gaussian-saccades, length-dependent, fixation-duration-dependent, "
-        "cluster-percentage, percent-mode, transition-type; did you mean percent-mode?");
+        "cluster-percentage, percent-mode, transition-type, aoi-transition-type, aoi-time-window, aoi-global-widths; "
+        "did you mean percent-mode?");
     row("a share beyond all", "--draw cluster-percentage=101 study/S01.data",
         "--draw cluster-percentage=101: not a number from 0 to 100");
+    row("a time window below that of the panel", "--draw aoi-time-window=9 study/S01.data",
+        "--draw aoi-time-window=9: not a number from 10 to 1000000000");
+    row("a chart of nobody", "--chart saccade=a.png study/S01.data",
+        "--chart saccade: not one of saccades, saccades-by-eye, saccades-and-fixations, fixations, fixations-by-eye, "
+        "aoi-transitions, aoi-fixations, aoi-transitions-by-pair, aoi-fixation-shares; did you mean saccades?");
+    row("a chart as what it cannot be", "--chart saccades=a.tiff study/S01.data",
+        "--chart saccades=a.tiff: the name does not end in .png, .jpg, .svg or .csv");
+    row("a chart without a name", "--chart saccades study/S01.data",
+        "--chart saccades: the name does not end in .png, .jpg, .svg or .csv");
+    row("a video as what it cannot be", "--video a.png study/S01.data",
+        "--video a.png: the name does not end in .avi, .mp4 or .mkv");
+    row("a scale beyond memory", "--image-scale 9 study/S01.data", "--image-scale 9: not a whole number from 1 to 8");
+    row("no such part below a picture", "--append legend study/S01.data",
+        "--append legend: not one of legends, parameters; did you mean legends?");
     row("no such settings file", "--out tables --settings missing.ini study/S01.data",
         "--settings missing.ini: no such file, or it cannot be read");
     row("a folder for settings", "--settings study study/S01.data",

@@ -1,6 +1,7 @@
 #include "app/Vistrum.h"
 #include "BatchProgram.h"
 #include "commands/CommandStack.h"
+#include "export/panel/VisualizationExportBox.h"
 #include "import/panel/DataWidget.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsStore.h"
@@ -11,6 +12,7 @@
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QToolButton>
 
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void sameTablesOfClusters();
     void sameStatistics_data();
     void sameStatistics();
+    void samePictures();
 
 private:
     template <class Widget>
@@ -223,24 +226,81 @@ void TestBatchLikeWindow::sameStatistics()
     auto *clusters = find<QWidget>("clusterCalc_widget");
     clusters->findChild<QToolButton *>(QStringLiteral("calculateClusters_button"))->click();
     clusters->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    find<QPushButton>("addAOI_grid")->click();
     find<QPushButton>("generalButton")->click();
+    find<QPushButton>("aoiButton")->click();
+    m_window->show(); // the page lists the entries when it is seen
+    find<QTabWidget>("tabWidget")->setCurrentWidget(find<QWidget>("tab_2"));
+    const auto columns = find<QComboBox>("groupColumnComboBox");
+    columns->setCurrentText(QStringLiteral("expertise"));
+    Q_EMIT columns->textActivated(columns->currentText());
     QVERIFY(QDir().mkpath(QStringLiteral("window")));
     find<QLineEdit>("statisticsFolderLineEdit")->setText(QStringLiteral("window"));
     find<QLineEdit>("statisticsPrefixLineEdit")->setText(QStringLiteral("same"));
     find<QComboBox>("statisticsEyeComboBox")->setCurrentText(inWindow);
     for (const char *box : {"generalCheckBox", "clusterStatisticsCheckBox", "cumulativeStatisticsCheckBox",
-                            "bothStatisticsCheckBox", "angleStarCheckBox", "scanpathMeasuresCheckBox"})
+                            "bothStatisticsCheckBox", "angleStarCheckBox", "scanpathMeasuresCheckBox", "aoiCheckBox",
+                            "aoiTransitionCheckBox", "aoiMeasuresCheckBox", "groupComparisonCheckBox"})
         find<QCheckBox>(box)->click();
     find<QPushButton>("statisticsExportButton")->click();
-    const QString calls = QStringLiteral("--quiet --out=batch --prefix=same --export "
-                                         "general-statistics,transitions,anglestar,scanpath-measures --transitions "
-                                         "own,pooled,own-and-pooled --calculate "
-                                         "fixations,clusters,cumulative-clusters,general-statistics --eyes ") +
-                          inBatch;
+    const QString calls =
+        QStringLiteral("--quiet --out=batch --prefix=same --generate-aois grid --group-by expertise --export "
+                       "general-statistics,aoi-statistics,transitions,anglestar,aoi-measures,scanpath-measures,"
+                       "group-comparison --calculate "
+                       "fixations,clusters,cumulative-clusters,general-statistics,aoi-statistics --eyes ") +
+        inBatch;
     QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
     const auto fromWindow = BatchProgram::filesIn(m_batch->path(QStringLiteral("window")));
-    QVERIFY(fromWindow.size() >= 1 + 4 + 4 + 1); // general, of one flavour, anglestar, scanpaths
-    QVERIFY(BatchProgram::filesIn(m_batch->path(QStringLiteral("batch"))) == fromWindow);
+    // general, areas with their sizes, of one flavour, of areas, anglestar, tidy
+    QVERIFY(fromWindow.size() >= 1 + 2 + 4 + 1 + 4 + 3);
+    const auto fromBatch = BatchProgram::filesIn(m_batch->path(QStringLiteral("batch")));
+    QCOMPARE(fromBatch.keys(), fromWindow.keys());
+    for (auto file = fromBatch.cbegin(); file != fromBatch.cend(); ++file)
+        QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
+}
+
+/// The pictures that the window saves of what it shows, and its charts, are those of a run.
+void TestBatchLikeWindow::samePictures()
+{
+    find<QAbstractButton>("SM_addButton")->click();
+    find<QAbstractButton>("SM_importButton")->click();
+    find<QComboBox>("image_comboBox")->setCurrentIndex(1);
+    find<QWidget>("fixationsPage")->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
+    QVERIFY(QDir().mkpath(QStringLiteral("window")) && QDir().mkpath(QStringLiteral("batch")));
+    QString name;
+    find<VisualizationExportBox>("visualizationBox")
+        ->setFileChooser([&](const QString &, const QString &, const QString &) { return name; });
+    for (const char *each : {"window/a.png", "window/a.svg", "window/a.jpg"}) {
+        name = QLatin1StringView(each);
+        find<QPushButton>("visualizationExportButton")->click();
+    }
+    for (const char *box :
+         {"appendColormapCheckBox", "appendParametersCheckBox", "legendCheckBox", "numbersCheckBox", "cropCheckBox"})
+        find<QCheckBox>(box)->click();
+    name = QStringLiteral("window/b.png");
+    find<QPushButton>("visualizationExportButton")->click();
+    name = QStringLiteral("window/c.csv");
+    find<QComboBox>("chartComboBox")->setCurrentIndex(3);
+    find<QPushButton>("chartExportButton")->click();
+    QCOMPARE(m_messages->texts().filter(QStringLiteral("exported")),
+             QStringList(QStringLiteral("Fixation histogram export|Fixation histogram exported to: window/c.csv")));
+
+    const QStringList common{QStringLiteral("--quiet"), QStringLiteral("--calculate"), QStringLiteral("fixations"),
+                             QStringLiteral("--background"), QStringLiteral("study/bay.png")};
+    const QStringList plain = QStringLiteral("--image batch/a.png --image batch/a.svg --image batch/a.jpg "
+                                             "--chart fixations=batch/c.csv")
+                                  .split(u' ');
+    const QStringList appended = QStringLiteral("--append legends,parameters --legend --label-fixations "
+                                                "--image-area picture --image batch/b.png")
+                                     .split(u' ');
+    QCOMPARE(m_batch->run(common + plain + BatchProgram::study()).status, 0);
+    QCOMPARE(m_batch->run(common + appended + BatchProgram::study()).status, 0);
+    const auto fromWindow = BatchProgram::filesIn(m_batch->path(QStringLiteral("window")));
+    const auto fromBatch = BatchProgram::filesIn(m_batch->path(QStringLiteral("batch")));
+    QCOMPARE(fromBatch.keys().join(u' '), QStringLiteral("a.jpg a.png a.svg b.png c.csv"));
+    QCOMPARE(fromBatch.keys(), fromWindow.keys());
+    for (auto file = fromBatch.cbegin(); file != fromBatch.cend(); ++file)
+        QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
 }
 
 QTEST_MAIN(TestBatchLikeWindow)

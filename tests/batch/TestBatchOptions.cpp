@@ -157,6 +157,17 @@ void acceptedFilesAndNumbers()
         o.densityFile = QStringLiteral("d.TIFF");
         o.densityKind = DataKind::Fixations;
     });
+    acceptedRow("picture of recordings in millimetres",
+                "--millimetre-image p.png --millimetre-size 1920,1080,531,299 a.data", [](O &o) {
+                    o.millimetres.imagePath = QStringLiteral("p.png");
+                    o.millimetres.size = {1920, 1080, 531, 299};
+                });
+    acceptedRow("parameters of similarity",
+                "--similarity recurrence-radius=80.5 --similarity grid-columns=8 --similarity grid-columns=9 a.data",
+                [](O &o) {
+                    o.similarity.recurrenceRadiusPx = 80.5;
+                    o.similarity.gridColumns = 9;
+                });
     acceptedRow("report", "--report r.json a.data", [](O &o) { o.reportFile = QStringLiteral("r.json"); });
     acceptedRow("one job", "--jobs 1 a.data", [](O &o) { o.jobs = 1; });
     acceptedRow("many jobs", "--jobs=64 a.data", [](O &o) { o.jobs = 64; });
@@ -197,6 +208,26 @@ void refusedArguments()
 
 void refusedChoices()
 {
+    refusedRow("a parameter of similarity without a value", "--similarity grid-rows a.data",
+               "--similarity grid-rows: not of the form NAME=VALUE");
+    refusedRow("an unknown parameter of similarity", "--similarity grid-row=3 a.data",
+               "--similarity grid-row=3: grid-row is not one of grid-columns, grid-rows, scanmatch-columns, "
+               "scanmatch-rows, scanmatch-bin, scanmatch-threshold, scanmatch-gap, multimatch-direction, "
+               "multimatch-duration, multimatch-amplitude, recurrence-radius, recurrence-line; did you mean "
+               "grid-rows?");
+    refusedRow("a broken number of rows", "--similarity grid-rows=2.5 a.data",
+               "--similarity grid-rows=2.5: not a whole number from 1 to 50");
+    refusedRow("a threshold of nothing", "--similarity scanmatch-threshold=0 a.data",
+               "--similarity scanmatch-threshold=0: not a number from 0.1 to 70");
+    refusedRow("three sizes", "--millimetre-image p.png --millimetre-size 1,2,3 a.txt",
+               "--millimetre-size 1,2,3: not of the form WPX,HPX,WMM,HMM: width and height in pixels, then in "
+               "millimetres");
+    refusedRow("a size of nothing", "--millimetre-image p.png --millimetre-size 1,2,0,4 a.txt",
+               "--millimetre-size 0: not a whole number from 1 to 5000000");
+    refusedRow("a picture without its size", "--millimetre-image p.png a.txt",
+               "--millimetre-image: needs --millimetre-size, too");
+    refusedRow("a size without its picture", "--millimetre-size 1,2,3,4 a.txt",
+               "--millimetre-size: needs --millimetre-image, too");
     refusedRow("setting without equals sign", "--set KEY a.data", "--set KEY: not of the form KEY=VALUE");
     refusedRow("setting without key", "--set =1 a.data", "--set =1: not of the form KEY=VALUE");
     refusedRow("unknown eye", "--eyes both a.data", "--eyes both: not one of all, dominant, left, right, mean");

@@ -1,6 +1,7 @@
 #include "export/panel/GroupComparisonWidget.h"
 #include "ExportSamples.h"
 #include "model/DataModel.h"
+#include "TestMessages.h"
 #include "TestSettings.h"
 
 #include <QComboBox>
@@ -13,6 +14,7 @@ class TestGroupComparisonWidget : public QObject {
 private Q_SLOTS:
     void showsARowForEachGroup();
     void offersTheEntriesOfTheRecordings();
+    void withoutGroupsTheUserIsTold();
     void withoutModelNothingHappens();
 
 private:
@@ -33,7 +35,10 @@ void TestGroupComparisonWidget::showsARowForEachGroup()
     GroupComparisonWidget widget;
     widget.setModel(&model);
     widget.show();
-    widget.findChild<QComboBox *>()->setCurrentText(QStringLiteral("sex"));
+    auto *columns = widget.findChild<QComboBox *>();
+    QTest::keyClick(columns, Qt::Key_S); // as typed: the choice goes to the model, which the exported table follows
+    QCOMPARE(columns->currentText(), QStringLiteral("sex"));
+    QCOMPARE(model.comparedBy, QStringLiteral("sex"));
     widget.findChild<QPushButton *>()->click();
     const auto *table = widget.findChild<QTableWidget *>();
     QCOMPARE(table->horizontalHeaderItem(3)->text(), QStringLiteral("group"));
@@ -57,6 +62,18 @@ void TestGroupComparisonWidget::offersTheEntriesOfTheRecordings()
     QCOMPARE(columns->count(), 2);
     QCOMPARE(columns->itemText(0), QStringLiteral("age"));
     QCOMPARE(columns->currentText(), QStringLiteral("group")); // the choice stays
+}
+
+void TestGroupComparisonWidget::withoutGroupsTheUserIsTold()
+{
+    const RecordedMessages messages;
+    DataModel model;
+    model.examinations() << samples::examination(QStringLiteral("1"), QString());
+    GroupComparisonWidget widget;
+    widget.setModel(&model);
+    widget.findChild<QPushButton *>()->click();
+    QCOMPARE(messages.texts(), QStringList(QStringLiteral("Comparison of groups|No checked examination has an entry "
+                                                          "\"group\": there are no groups to compare.")));
 }
 
 void TestGroupComparisonWidget::withoutModelNothingHappens()

@@ -126,8 +126,9 @@ void TestMeasureExport::comparison()
 
 void TestMeasureExport::comparisonByAnotherEntry()
 {
-    const MeasureForm form{.pixelPerDistance = {}, .groupBy = QStringLiteral("sex")};
-    const QList<QStringList> rows = groupComparisonRows(modelOfFour(), EyeMode::showLeft, form);
+    DataModel model = modelOfFour();
+    model.comparedBy = QStringLiteral("sex");
+    const QList<QStringList> rows = groupComparisonRows(model, EyeMode::showLeft, {});
     QCOMPARE(rowOf(rows, "fixations", "in, 1", "f")[5], QStringLiteral("2")); // 1 and 3
     QCOMPARE(rowOf(rows, "fixations", "in, 1", "m")[5], QStringLiteral("3"));
 }
@@ -145,9 +146,10 @@ void TestMeasureExport::withoutGroups()
 {
     const RecordedMessages messages;
     const QTemporaryDir folder;
-    const MeasureForm form{.pixelPerDistance = {}, .groupBy = QStringLiteral("age")};
+    DataModel model = modelOfFour();
+    model.comparedBy = QStringLiteral("age");
     const ExportResult result =
-        exportGroupComparison(modelOfFour(), {folder.path(), QStringLiteral("p"), EyeMode::showAll}, form);
+        exportGroupComparison(model, {folder.path(), QStringLiteral("p"), EyeMode::showAll}, {});
     QVERIFY(result.written.isEmpty() && QDir(folder.path()).isEmpty());
     QCOMPARE(messages.texts(), QStringList(QStringLiteral("Group comparison Export|No checked examination has an entry "
                                                           "\"age\": there are no groups to compare.")));

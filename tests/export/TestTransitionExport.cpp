@@ -345,7 +345,8 @@ void TestTransitionExport::choiceOfEverything()
     QVERIFY(TransitionChoice::everything(model, EyeMode::showMean).flavours.isEmpty());
     model.pooled(Eye::Left) = {};
     model.insertAoi(AreaOfInterest(QStringLiteral("x"), QPolygon()));
-    QCOMPARE(TransitionChoice::everything(model, EyeMode::showAll).flavours, Flavours{TransitionFlavour::Own});
+    QCOMPARE(TransitionChoice::everything(model, EyeMode::showAll).flavours,
+             (Flavours{TransitionFlavour::Own, TransitionFlavour::OwnAndPooled}));
     QVERIFY(TransitionChoice::everything(model, EyeMode::showAll).areas);
 }
 

@@ -135,7 +135,9 @@ void TestDataWidget::form()
     QCOMPARE(child<QPushButton>("SM_removeButton")->text(), u"Remove"_s);
     QCOMPARE(child<QPushButton>("SM_importButton")->text(), u"Import"_s);
     QVERIFY(child<QPushButton>("SM_addButton"));
-    QCOMPARE(m_widget->findChildren<QPushButton *>().size(), 3);
+    QCOMPARE(child<QPushButton>("ilmenau_import")->text(), u"Import Ilmenau Data"_s);
+    QCOMPARE(child<QPushButton>("ilmenau_ini_import")->text(), u"Import INI"_s);
+    QCOMPARE(m_widget->findChildren<QPushButton *>().size(), 5);
     QCOMPARE(m_widget->findChild<QLabel *>()->text(), u"Data files:"_s);
 }
 

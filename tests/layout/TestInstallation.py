@@ -24,6 +24,9 @@ class TestInstallation(unittest.TestCase):
             with self.subTest(name):
                 self.assertTrue(os.access(self.prefix / "bin" / name, os.X_OK))
 
+    def test_video_encoders_are_where_programs_look(self):
+        self.assertTrue((self.prefix / "lib/vistrum/libvistrum_video.so").is_file())
+
     def test_batch_program_starts(self):
         command = [self.prefix / "bin/vistrum-batch", "--help"]
         answer = subprocess.run(command, check=True, capture_output=True, text=True)

@@ -213,6 +213,15 @@ void TestVisualizationAOIWidget::optionsOfTheMode_data()
                                                 QStringLiteral("color_aoi"),
                                                 QStringLiteral("fillOpacitySpinBox_aoi"),
                                                 QStringLiteral("checkBox_display_names")};
+    const QStringList chart{QStringLiteral("spinBox_timewindow"), QStringLiteral("checkBox_display_names"),
+                            QStringLiteral("outlines")};
+    const QStringList ofTransitions{QStringLiteral("comboBox_transtype")};
+    QTest::newRow("diagram") << 2 << outline + ofTransitions;
+    QTest::newRow("transitions of areas over time") << 4 << chart + ofTransitions;
+    QTest::newRow("fixations over time") << 5 << chart;
+    QTest::newRow("transitions of pairs over time")
+        << 6 << chart + ofTransitions + QStringList{QStringLiteral("mix_color")};
+    QTest::newRow("shares over time") << 7 << outline + chart;
     QTest::newRow("not there") << 99 << QStringList();
 }
 
@@ -243,6 +252,8 @@ void TestVisualizationAOIWidget::optionsOfTheMode()
                              "color_right",
                              "color_aoi"})
         QVERIFY2(find<QWidget>(name)->isVisible() == shown.contains(QLatin1StringView(name)), name);
+    const bool isChart = shown.contains(QStringLiteral("spinBox_timewindow"));
+    QCOMPARE(find<QCheckBox>("outlines")->text(), isChart ? QStringLiteral("Lines only") : QStringLiteral("outlines"));
     QVERIFY(find<QWidget>("comboBox_vismode")->isVisible() && find<QWidget>("stat_calc")->isVisible());
 }
 

@@ -144,7 +144,22 @@ std::optional<RegionDensity> densityOfEvents(const DataModel &model, const Regio
     return RegionDensity{.cells = gridOf(density->column(0)),
                          .highest = highest,
                          .unit = unitOf(parameters.source),
-                         .atHighest = perMinute(highest, parameters, model.longestCheckedDuration())};
+                         .atHighest = perMinute(highest, parameters, model.longestCheckedDuration()),
+                         .remark = {}};
+}
+
+QString stretchRemark(QSize picture)
+{
+    const QSize whole(canvas::width, canvas::height);
+    if (picture == whole)
+        return {};
+    return QStringLiteral(
+               "The saliency fills %1 x %2 cells, the picture has %3 x %4 pixels: regions do not lie on what "
+               "they mark. Scale the picture to %1 x %2.")
+        .arg(whole.width())
+        .arg(whole.height())
+        .arg(picture.width())
+        .arg(picture.height());
 }
 
 std::optional<RegionDensity> densityOfPicture(const DataModel &model, const QImage &picture, RegionSource source,
@@ -157,7 +172,8 @@ std::optional<RegionDensity> densityOfPicture(const DataModel &model, const QIma
     if (map.empty())
         return std::nullopt;
     const cv::Mat columns = saliencyOnCanvas(map).t();
-    return RegionDensity{.cells = gridOf(columns.ptr<double>()), .unit = unitOf(source)};
+    return RegionDensity{
+        .cells = gridOf(columns.ptr<double>()), .unit = unitOf(source), .remark = stretchRemark(picture.size())};
 }
 
 } // namespace

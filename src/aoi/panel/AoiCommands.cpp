@@ -1,5 +1,7 @@
 #include "aoi/panel/AoiCommands.h"
 
+#include "aoi/AoiThumbnail.h"
+
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
 
@@ -12,32 +14,6 @@
 #include <memory>
 
 namespace {
-
-/// The size of a polygon in pixels, its last column and row included; empty if it is beyond what a picture may take.
-QRect thumbnailFrame(const QPolygon &polygon)
-{
-    constexpr int farthest = 1 << 15; // vertices of a damaged file may lie anywhere
-    const QRect limits(QPoint(-farthest, -farthest), QPoint(farthest, farthest));
-    constexpr qint64 largest = 1 << 24; // px, four times the canvas
-    const bool isNear =
-        std::all_of(polygon.cbegin(), polygon.cend(), [&](QPoint vertex) { return limits.contains(vertex); });
-    const QRect frame = isNear ? polygon.boundingRect() : QRect();
-    return qint64(frame.width()) * frame.height() <= largest ? frame : QRect();
-}
-
-/// The part of the picture under the polygon, white beyond its edge.
-QImage thumbnail(const QPolygon &polygon, const QPixmap &picture)
-{
-    if (polygon.isEmpty())
-        return {};
-    const QRect frame = thumbnailFrame(polygon);
-    QImage image(frame.size(), QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return image;
-    image.fill(Qt::white);
-    QPainter(&image).drawPixmap(-frame.topLeft(), picture);
-    return image;
-}
 
 /// The entry that stands for the name, whatever its case; null if there is none.
 QListWidgetItem *sharedItem(const QListWidget &list, const QString &name)
@@ -82,7 +58,7 @@ CommandAOIInsert::CommandAOIInsert(const AoiPlace &place, const AreaOfInterest &
 
 void CommandAOIInsert::redo()
 {
-    m_aoi.thumbnail = thumbnail(m_aoi.polygon, m_place.window.stimulus());
+    m_aoi.thumbnail = aoiThumbnail(m_aoi.polygon, m_place.window.stimulus().toImage());
     m_place.model.insertAoi(m_aoi);
     const QSignalBlocker blocker(&m_place.list);
     QListWidgetItem *item = sharedItem(m_place.list, m_aoi.name);

@@ -127,7 +127,7 @@ void add_heatmap_aoi::sltGenHeatmap()
     m_search.reset();
     showReadOuts();
     drawPreview();
-    tell({});
+    tell(m_density->remark);
 }
 
 void add_heatmap_aoi::showReadOuts()
@@ -179,7 +179,8 @@ void add_heatmap_aoi::searchWith(RegionMethod method)
     if (const QString remark = searchRemark(*m_search); m_log && !remark.isEmpty())
         m_log->write(remark);
     drawPreview();
-    tell(tr("Regions: %1.").arg(regionContours(*m_search, wanted.minimumRegion).size()));
+    const QString count = tr("Regions: %1.").arg(regionContours(*m_search, wanted.minimumRegion).size());
+    tell(m_density->remark.isEmpty() ? count : count + u' ' + m_density->remark);
 }
 
 // ---- preview
@@ -228,8 +229,10 @@ void add_heatmap_aoi::exportAois()
 {
     if (!isReady())
         return;
-    if (m_search && m_insert)
+    if (m_search && m_insert) {
         m_insert(aoisOf(regionAois(*m_search, m_ui->th_size->value())));
+        m_exported = parameters();
+    }
     finishExport();
 }
 
@@ -257,7 +260,7 @@ void add_heatmap_aoi::finishExport()
 {
     m_search.reset();
     drawPreview();
-    tell({});
+    tell(m_density->remark);
     Q_EMIT sigGenAOIs();
     close();
 }

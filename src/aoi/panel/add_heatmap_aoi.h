@@ -40,6 +40,8 @@ public:
     RegionParameters parameters() const;
     const std::optional<RegionDensity> &density() const { return m_density; }
     const std::optional<RegionSearch> &search() const { return m_search; }
+    /// Of the last search that became areas of interest.
+    const std::optional<RegionParameters> &exported() const { return m_exported; }
 
 Q_SIGNALS:
     /// Areas or clusters were made.
@@ -77,4 +79,5 @@ private:
     Insert m_insert;
     std::optional<RegionDensity> m_density;
     std::optional<RegionSearch> m_search; ///< of this density, not yet exported
+    std::optional<RegionParameters> m_exported;
 };

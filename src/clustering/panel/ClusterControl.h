@@ -29,6 +29,9 @@ public:
     /// May be null: nothing is logged.
     void setLog(const Log *log) { m_parameters.setLog(log); }
 
+    /// Of the method that is chosen.
+    ClusterParameters parameters() const;
+
 public Q_SLOTS:
     /// Reads the store and shows its values, as the construction does.
     void checkSettings();
@@ -48,7 +51,6 @@ Q_SIGNALS:
 private:
     void showMethod(int calculationType);
     int calculationType() const;
-    ClusterParameters parameters() const;
     void calculateCumulativeClusters(const ClusterParameters &parameters);
 
     std::unique_ptr<Ui::ClusterControl> m_ui;

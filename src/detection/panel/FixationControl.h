@@ -31,6 +31,8 @@ public:
     /// May be null: nothing is logged.
     void setLog(const Log *log);
 
+    const FixationSettingsModel &settings() const { return m_settings; }
+
 public Q_SLOTS:
     /// Reads the store and shows its values.
     void sltUpdateSettings();

@@ -42,6 +42,24 @@ constexpr TableKind tableKinds[] = {
      newCommand<CommandExportCumulativeClusters>},
 };
 
+/// A kind of chart and the signal that asks for it.
+struct ChartSignal {
+    Text kind;
+    void (ExportWidget::*wanted)(const QString &);
+};
+
+constexpr ChartSignal chartSignals[] = {
+    {Text("saccades"), &ExportWidget::sigExportSaccadenHistogram},
+    {Text("saccades-by-eye"), &ExportWidget::sigExportSaccadenHistogramsep},
+    {Text("saccades-and-fixations"), &ExportWidget::sigExportSaccadenFixationenHistogramsep},
+    {Text("fixations"), &ExportWidget::sigExportFixationHistogram},
+    {Text("fixations-by-eye"), &ExportWidget::sigExportFixationHistogramsep},
+    {Text("aoi-transitions"), &ExportWidget::sigExportTimeTransHistogram},
+    {Text("aoi-fixations"), &ExportWidget::sigExportAOIFixationHistogram},
+    {Text("aoi-transitions-by-pair"), &ExportWidget::sigExportAOITransitionHistogram},
+    {Text("aoi-fixation-shares"), &ExportWidget::sigExportAOIFixationShareHistogram},
+};
+
 } // namespace
 
 ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ExportWidget>())
@@ -56,6 +74,11 @@ ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_uniq
         connect(ui.get()->*kind.box, &QCheckBox::toggled, this, [this, kind] { enable(ui.get()->*kind.box); });
     connect(ui->statisticsBox, &StatisticsExportBox::transitionsWanted, this, &ExportWidget::sigExport_aoi_trans_csv);
     connect(ui->statisticsBox, &StatisticsExportBox::angleStarWanted, this, &ExportWidget::sigExport_anglestar);
+    connect(ui->visualizationBox, &VisualizationExportBox::pictureWanted, this, &ExportWidget::sigExportVisualization);
+    connect(ui->visualizationBox, &VisualizationExportBox::videoWanted, this, &ExportWidget::sigExport_video);
+    connect(ui->visualizationBox, &VisualizationExportBox::diagramWanted, this,
+            &ExportWidget::sigExport_aoi_trans_Visualization);
+    connect(ui->visualizationBox, &VisualizationExportBox::chartWanted, this, &ExportWidget::askForChart);
 }
 
 ExportWidget::~ExportWidget() = default;
@@ -64,6 +87,22 @@ void ExportWidget::setModel(DataModel *model)
 {
     m_model = model;
     ui->statisticsBox->setModel(model);
+    ui->visualizationBox->setModel(model);
+}
+
+PictureSettings ExportWidget::pictureSettings() const
+{
+    return ui->visualizationBox->pictureSettings();
+}
+
+int ExportWidget::videoStepMs() const
+{
+    return ui->visualizationBox->videoStepMs();
+}
+
+VisualizationExportBox &ExportWidget::visualizationBox()
+{
+    return *ui->visualizationBox;
 }
 
 void ExportWidget::sltExportData()
@@ -171,4 +210,74 @@ void ExportWidget::enable(QCheckBox *kind)
     ui->dataExportButton->setEnabled(
         std::any_of(std::begin(tableKinds), std::end(tableKinds),
                     [this](const TableKind &each) { return (ui.get()->*each.box)->isChecked(); }));
+}
+
+// ---- what is drawn
+
+void ExportWidget::askForChart(const QString &kind, const QString &path)
+{
+    for (const ChartSignal &each : chartSignals) {
+        if (kind == each.kind)
+            Q_EMIT(this->*each.wanted)(path);
+    }
+}
+
+void ExportWidget::sltExportVisualization()
+{
+    ui->visualizationBox->exportPicture();
+}
+
+void ExportWidget::sltExportVideo()
+{
+    ui->visualizationBox->exportVideo();
+}
+
+void ExportWidget::sltExportAOITransitionGraph()
+{
+    ui->visualizationBox->exportDiagram();
+}
+
+void ExportWidget::sltExportAOIImages()
+{
+    ui->visualizationBox->exportAoiImages();
+}
+
+void ExportWidget::sltExportSaccadenHistogram()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("saccades"));
+}
+
+void ExportWidget::sltExportSaccadenHistogramsep()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("saccades-by-eye"));
+}
+
+void ExportWidget::sltExportSaccadenFixationHistogram()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("saccades-and-fixations"));
+}
+
+void ExportWidget::sltExportFixationHistogram()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("fixations"));
+}
+
+void ExportWidget::sltExportFixationHistogramsep()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("fixations-by-eye"));
+}
+
+void ExportWidget::sltExportTimeTransHistogram()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("aoi-transitions"));
+}
+
+void ExportWidget::sltExportAOIFixationHistogram()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("aoi-fixations"));
+}
+
+void ExportWidget::sltExportAOITransitionHistogram()
+{
+    ui->visualizationBox->exportChart(QStringLiteral("aoi-transitions-by-pair"));
 }

@@ -1,5 +1,6 @@
 #include "export/panel/GroupComparisonWidget.h"
 
+#include "base/Messages.h"
 #include "detection/PixelSize.h"
 #include "export/MeasureExport.h"
 #include "settings/StoredKeys.h"
@@ -44,6 +45,8 @@ GroupComparisonWidget::GroupComparisonWidget(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     for (QWidget *each : std::initializer_list<QWidget *>{label, m_columns, button, m_table})
         layout->addWidget(each);
+    m_columns->setToolTip(QStringLiteral("The exported comparison goes by this entry, too"));
+    connect(m_columns, &QComboBox::textActivated, this, &GroupComparisonWidget::chooseColumn);
     connect(button, &QPushButton::clicked, this, &GroupComparisonWidget::compare);
     listColumns();
 }
@@ -62,21 +65,28 @@ void GroupComparisonWidget::listColumns()
         for (const Examination &examination : m_model->examinations())
             names.insert(examination.properties.keyBegin(), examination.properties.keyEnd());
     }
-    const QString chosen = m_columns->count() > 0 ? m_columns->currentText() : QString(defaultColumn);
+    const QString chosen = m_model ? m_model->comparedBy : QString(defaultColumn);
     m_columns->clear();
     for (const QString &name : names)
         m_columns->addItem(name);
     m_columns->setCurrentText(chosen);
 }
 
+/// The exported table follows the choice.
+void GroupComparisonWidget::chooseColumn(const QString &name)
+{
+    if (m_model)
+        m_model->comparedBy = name;
+}
+
 void GroupComparisonWidget::compare()
 {
     if (!m_model)
         return;
-    FixationSettingsModel settings;
-    loadFixationSettings(settings);
-    const QList<QStringList> rows = groupComparisonRows(
-        *m_model, eyeMode(), {.pixelPerDistance = pixelPerDistance(settings), .groupBy = m_columns->currentText()});
+    const QList<QStringList> rows =
+        groupComparisonRows(*m_model, eyeMode(), {.pixelPerDistance = storedPixelPerDistance()});
+    if (rows.size() < 2)
+        messages::information(title(), noGroupsText(*m_model));
     const QStringList &header = rows.first();
     m_table->clear();
     m_table->setColumnCount(static_cast<int>(header.size()));

@@ -13,7 +13,7 @@ public:
     explicit GroupComparisonWidget(QWidget *parent = nullptr);
 
     /// @param model  must outlive the widget; until one is set nothing is compared.
-    void setModel(const DataModel *model) { m_model = model; }
+    void setModel(DataModel *model) { m_model = model; }
 
 public Q_SLOTS:
     /// Measures the checked examinations in the time frame, for the eyes that are shown.
@@ -24,8 +24,9 @@ protected:
 
 private:
     void listColumns();
+    void chooseColumn(const QString &name);
 
-    const DataModel *m_model = nullptr;
+    DataModel *m_model = nullptr;
     QComboBox *m_columns;  ///< a child
     QTableWidget *m_table; ///< a child
 };

@@ -29,14 +29,6 @@ constexpr QCheckBox *Form::*choices[] = {&Form::generalCheckBox,
                                          &Form::scanpathMeasuresCheckBox,
                                          &Form::groupComparisonCheckBox};
 
-/// The geometry is that of the last velocity calculation, where it measured angles.
-MeasureForm currentForm()
-{
-    FixationSettingsModel settings;
-    loadFixationSettings(settings);
-    return {.pixelPerDistance = pixelPerDistance(settings)};
-}
-
 ExportResult writeAoiMeasures(const DataModel &model, const ExportTarget &target)
 {
     return exportAoiMeasures(model, target);
@@ -44,12 +36,12 @@ ExportResult writeAoiMeasures(const DataModel &model, const ExportTarget &target
 
 ExportResult writeScanpathMeasures(const DataModel &model, const ExportTarget &target)
 {
-    return exportScanpathMeasures(model, target, currentForm());
+    return exportScanpathMeasures(model, target, {.pixelPerDistance = storedPixelPerDistance()});
 }
 
 ExportResult writeGroupComparison(const DataModel &model, const ExportTarget &target)
 {
-    return exportGroupComparison(model, target, currentForm());
+    return exportGroupComparison(model, target, {.pixelPerDistance = storedPixelPerDistance()});
 }
 
 template <auto Write>

@@ -1,6 +1,7 @@
 #include "import/panel/DataWidget.h"
 
 #include "commands/CommandStack.h"
+#include "settings/StoredKeys.h"
 #include "ui_DataWidget.h"
 
 #include <QDir>
@@ -40,11 +41,14 @@ DataWidget::DataWidget(QWidget *parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::DataWidget>())
     , m_choose([this](const QString &folder) { return askForRecordings(this, folder); })
+    , m_questions(std::make_unique<MillimetreDialogs>(this))
 {
     m_ui->setupUi(this);
     connect(m_ui->SM_addButton, &QPushButton::clicked, this, &DataWidget::sltAdd);
     connect(m_ui->SM_removeButton, &QPushButton::clicked, this, &DataWidget::sltRemove);
     connect(m_ui->SM_importButton, &QPushButton::clicked, this, &DataWidget::sltImport);
+    connect(m_ui->ilmenau_import, &QPushButton::clicked, this, &DataWidget::sltImportIlmenau);
+    connect(m_ui->ilmenau_ini_import, &QPushButton::clicked, this, &DataWidget::sltImportIlmenauINI);
     auto *deleteKey = new QShortcut(QKeySequence::Delete, m_ui->listView);
     deleteKey->setContext(Qt::WidgetShortcut);
     connect(deleteKey, &QShortcut::activated, this, [this] {

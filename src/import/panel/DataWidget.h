@@ -1,6 +1,8 @@
 #pragma once
 
+#include "import/ilmenau/MillimetreImport.h"
 #include "import/panel/DataCommands.h"
+#include "import/panel/MillimetreQuestions.h"
 
 #include <QWidget>
 
@@ -25,6 +27,9 @@ public:
     /// Replaces the file dialog.
     void setRecordingChooser(RecordingChooser choose) { m_choose = std::move(choose); }
 
+    /// Replaces the dialogs of the import in millimetres.
+    void setMillimetreQuestions(std::unique_ptr<IMillimetreQuestions> questions) { m_questions = std::move(questions); }
+
     /// Adds files, and the recordings in folders, to the list and imports the list, as the two buttons do.
     /// @return false where there is no recording; nothing is changed then.
     bool importFiles(const QStringList &paths);
@@ -40,7 +45,18 @@ public Q_SLOTS:
     void sltRemove();
     void sltImport();
 
+    /// Recordings in millimetres; it cannot be undone.
+    void sltImportIlmenau();
+    /// A measured recording and its corrected form, and the ellipses of the correction.
+    void sltImportIlmenauINI();
+    void sltImportIlmenau_internal(QString filepath, int width, int hight, int width_mm, int hight_mm, QString img_path,
+                                   QString ini_path); // sic
+
 private:
+    bool askForStimulus();
+    bool askForImage();
+    bool askForCalibration();
+    void importMillimetres(const QList<MillimetreRecording> &recordings);
     QStringList selectedFiles() const;
 
     std::unique_ptr<Ui::DataWidget> m_ui;
@@ -48,4 +64,5 @@ private:
     IMainWindow *m_window = nullptr;
     const Log *m_log = nullptr;
     RecordingChooser m_choose;
+    std::unique_ptr<IMillimetreQuestions> m_questions;
 };

@@ -17,6 +17,9 @@ enum class AoiOption : unsigned {
     TransitionType = 16,
     Transitions = 32, ///< looks and threshold of ribbons and lines
     TimeWindow = 64,
+    Outlines = 128,
+    LinesOnly = 256, ///< the same control under another name
+    MixedColors = 512,
 };
 Q_DECLARE_FLAGS(AoiOptions, AoiOption)
 Q_DECLARE_OPERATORS_FOR_FLAGS(AoiOptions)

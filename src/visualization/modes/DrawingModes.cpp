@@ -1,5 +1,7 @@
 #include "visualization/modes/DrawingModes.h"
 
+#include "visualization/charts/ChartKinds.h"
+#include "visualization/charts/EventCharts.h"
 #include "visualization/modes/ModeOptions.h"
 #include "visualization/shapes/AngleStar.h"
 #include "visualization/shapes/ClusterShapes.h"
@@ -56,8 +58,11 @@ constexpr DataMode fixationModes[] = {
          return shareHeatmap(" Fixations/min", record.percentMode) + plain({Option::FixationClasses});
      }},
     {"shadowmap"_L1, ShadowMap, {shadow}, [](const Record &) { return shadowMap() + Options{thresholdFrom0(" %")}; }},
-    {"histogram"_L1, {}, {}, [](const Record &) { return chart() + colorsNamed("Color"); }},
-    {"histogram seperated"_L1, {}, {}, [](const Record &) { return chart() + Options{chartGroups()}; }}, // sic
+    {"histogram"_L1, drawnChart<fixationChart>, {}, [](const Record &) { return chart() + colorsNamed("Color"); }},
+    {"histogram seperated"_L1,
+     drawnChart<fixationsByEyeChart>,
+     {},
+     [](const Record &) { return chart() + Options{chartGroups()}; }}, // sic
 };
 
 constexpr DataMode clusterModes[] = {
@@ -136,15 +141,15 @@ constexpr DataMode saccadeModes[] = {
          return shadowMap() + Options{length};
      }},
     {"histogram"_L1,
-     {},
+     drawnChart<saccadeChart>,
      {},
      [](const Record &) { return chart() + plain({Option::LengthDependent}) + colorsNamed("Color"); }},
     {"histogram seperated"_L1, // sic
-     {},
+     drawnChart<saccadesByEyeChart>,
      {},
      [](const Record &) { return chart() + plain({Option::LengthDependent}) + Options{chartGroups()}; }},
     {"histogram sac vs fix"_L1,
-     {},
+     drawnChart<saccadesAndFixationsChart>,
      {},
      [](const Record &) { return chart() + plain({Option::LengthDependent}) + colorsNamed("Saccade", "Fixation"); }},
 };

@@ -48,6 +48,8 @@ DrawnScene runDrawingPass(QGraphicsScene &scene, DataModel &model, const Drawing
     if (!layers.overlay.isNull())
         addItems(scene, {RasterShape{layers.overlay}});
     const QList<HeatmapFigures> figures = drawScene(scene, context);
+    if (layers.addOverData)
+        layers.addOverData(scene);
     QGraphicsItemGroup *saccadeClusters = addArrowGroup(scene, layers.saccadeClusters);
     setDrawnAs(model.examinations(), context);
     return {background, saccadeClusters, figures};

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QPixmap>
 
+#include <functional>
+
 class QGraphicsItemGroup;
 class QGraphicsPixmapItem;
 class QGraphicsScene;
@@ -14,8 +16,9 @@ class QGraphicsScene;
 /// What lies below and above the data.
 struct SceneLayers {
     QPixmap background;
-    QImage overlay{};                    ///< over the background, below the data; null for none
-    QList<ArrowShape> saccadeClusters{}; ///< on top of everything
+    QImage overlay{};                                    ///< over the background, below the data; null for none
+    QList<ArrowShape> saccadeClusters{};                 ///< on top of everything
+    std::function<void(QGraphicsScene &)> addOverData{}; ///< adds items above the data; empty for none
 };
 
 /// What a pass put into the scene, which owns the items.

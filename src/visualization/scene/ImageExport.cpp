@@ -13,11 +13,11 @@
 namespace {
 
 /// Curves as smooth as on the screen.
-void render(QGraphicsScene &scene, QPaintDevice *device)
+void render(QGraphicsScene &scene, QPaintDevice *device, const QRectF &area)
 {
     QPainter painter(device);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    scene.render(&painter);
+    scene.render(&painter, {}, area);
 }
 
 /// A picture that is whole, or what went wrong.
@@ -26,7 +26,7 @@ struct Encoded {
     std::optional<QString> problem;
 };
 
-Encoded encodedSvg(QGraphicsScene &scene)
+Encoded encodedSvg(QGraphicsScene &scene, const QRectF &area, const ImageSettings &settings)
 {
     constexpr int side = 1000;
     QBuffer buffer;
@@ -35,9 +35,9 @@ Encoded encodedSvg(QGraphicsScene &scene)
     generator.setOutputDevice(&buffer);
     generator.setSize({side, side});
     generator.setViewBox(QRect(0, 0, side, side));
-    generator.setTitle(QStringLiteral("Vistrum 2013 Visualization"));
-    generator.setDescription(QStringLiteral("An Eye-Tracking recording visualized by Vistrum 2013"));
-    render(scene, &generator);
+    generator.setTitle(settings.title);
+    generator.setDescription(settings.description);
+    render(scene, &generator, area);
     return {buffer.data(), std::nullopt};
 }
 
@@ -48,15 +48,15 @@ bool isLossy(const QString &path)
            path.endsWith(QLatin1StringView(".jpeg"), Qt::CaseInsensitive);
 }
 
-Encoded encodedImage(QGraphicsScene &scene, const QString &path)
+Encoded encodedImage(QGraphicsScene &scene, const QString &path, const QRectF &area, const ImageSettings &settings)
 {
     constexpr int bestQuality = 100;
-    const QRectF whole = scene.sceneRect();
-    QImage image(truncated(whole.width()), truncated(whole.height()), QImage::Format_ARGB32);
+    QImage image(truncated(area.width() * settings.scale), truncated(area.height() * settings.scale),
+                 QImage::Format_ARGB32);
     if (image.isNull())
         return {{}, QStringLiteral("the drawing is empty or too large for an image")};
-    image.fill(Qt::transparent);
-    render(scene, &image);
+    image.fill(settings.ground);
+    render(scene, &image, area);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, QFileInfo(path).suffix().toLower().toLatin1());
@@ -69,10 +69,11 @@ Encoded encodedImage(QGraphicsScene &scene, const QString &path)
 
 } // namespace
 
-std::optional<QString> exportScene(QGraphicsScene &scene, const QString &path)
+std::optional<QString> exportScene(QGraphicsScene &scene, const QString &path, const ImageSettings &settings)
 {
     const bool isSvg = path.endsWith(QLatin1StringView(".svg"), Qt::CaseInsensitive);
-    Encoded picture = isSvg ? encodedSvg(scene) : encodedImage(scene, path);
+    const QRectF area = settings.area.isNull() ? scene.sceneRect() : settings.area;
+    Encoded picture = isSvg ? encodedSvg(scene, area, settings) : encodedImage(scene, path, area, settings);
     if (!picture.problem)
         picture.problem = replaceFile(path, picture.bytes);
     return picture.problem ? std::optional(writeFailure(path, *picture.problem)) : std::nullopt;

@@ -30,6 +30,7 @@ void addItem(QGraphicsScene &scene, const OvalShape &shape)
 void addItem(QGraphicsScene &scene, const RasterShape &shape)
 {
     QGraphicsPixmapItem *item = scene.addPixmap(QPixmap::fromImage(shape.image));
+    item->setPos(shape.top);
     if (shape.heatmapOf)
         item->setData(heatmapKey, static_cast<int>(*shape.heatmapOf));
 }
@@ -51,8 +52,12 @@ void addItem(QGraphicsScene &scene, const TextShape &shape)
     QGraphicsTextItem *item = scene.addText(shape.text, shape.font);
     item->setDefaultTextColor(shape.color);
     item->setAcceptHoverEvents(false); // the mouse on a name is on its area
-    const double left = shape.anchor == TextAnchor::Middle ? item->boundingRect().width() * 0.5 : 0;
-    item->setPos(shape.top - QPointF(left, 0));
+    const QSizeF size = item->boundingRect().size();
+    const bool isCentered = shape.anchor == TextAnchor::Middle || shape.anchor == TextAnchor::Center;
+    const bool isBeside = shape.anchor == TextAnchor::Beside || shape.anchor == TextAnchor::Center;
+    const double left = isCentered ? size.width() * 0.5 : 0;
+    const double above = isBeside ? size.height() * 0.5 : 0;
+    item->setPos(shape.top - QPointF(left, above));
 }
 
 /// Keeps a ribbon that is shown by its area, which may come before it or after it.

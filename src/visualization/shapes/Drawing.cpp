@@ -47,10 +47,13 @@ QString lineOf(const RasterShape &shape)
 {
     const QByteArrayView bytes(shape.image.constBits(), shape.image.sizeInBytes());
     const QByteArray sum = QCryptographicHash::hash(bytes.toByteArray(), QCryptographicHash::Sha1).toHex();
+    const QString place =
+        shape.top.isNull() ? QString() : QStringLiteral(" at ") + numbers({shape.top.x(), shape.top.y()});
     return QStringLiteral("raster %1 %2 sha1 %3")
-        .arg(shape.image.width())
-        .arg(shape.image.height())
-        .arg(QLatin1StringView(sum));
+               .arg(shape.image.width())
+               .arg(shape.image.height())
+               .arg(QLatin1StringView(sum)) +
+           place;
 }
 
 QString lineOf(const ArrowShape &shape)
@@ -87,11 +90,13 @@ QString lineOf(const LineShape &shape)
 
 QString lineOf(const TextShape &shape)
 {
-    const QString place = shape.anchor == TextAnchor::Middle ? QStringLiteral("text middle ") : QStringLiteral("text ");
-    return place + QStringLiteral("%1 %2 font %3 %4 reads %5")
-                       .arg(numbers({shape.top.x(), shape.top.y()}), shape.color.name(), shape.font.family())
-                       .arg(shape.font.pointSize())
-                       .arg(shape.text);
+    constexpr const char *anchors[] = {"", "middle ", "beside ", "center "};
+    const QLatin1StringView place(anchors[static_cast<std::size_t>(shape.anchor)]);
+    return QStringLiteral("text ") + place +
+           QStringLiteral("%1 %2 font %3 %4 reads %5")
+               .arg(numbers({shape.top.x(), shape.top.y()}), shape.color.name(), shape.font.family())
+               .arg(shape.font.pointSize())
+               .arg(shape.text);
 }
 
 QString vertices(const QPolygonF &polygon)

@@ -37,10 +37,11 @@ struct OvalShape {
     bool operator==(const OvalShape &) const = default;
 };
 
-/// A picture of the canvas's size; what is transparent in it lets through what lies below.
+/// A picture, mostly of the canvas's size; what is transparent in it lets through what lies below.
 struct RasterShape {
     QImage image;
     std::optional<DataKind> heatmapOf = std::nullopt; ///< the kind whose density it shows
+    QPointF top = {};                                 ///< its upper left corner
 
     bool operator==(const RasterShape &) const = default;
 };
@@ -65,8 +66,13 @@ struct LineShape {
     bool operator==(const LineShape &) const = default;
 };
 
-/// Which place on its upper edge a text is placed by. Its width is known only where it is shown.
-enum class TextAnchor { Left, Middle };
+/// Which place of its box a text is placed by; its size is known only where it is shown.
+enum class TextAnchor {
+    Left,   ///< upper left corner
+    Middle, ///< middle of the upper edge
+    Beside, ///< middle of the left edge
+    Center,
+};
 
 struct TextShape {
     QPointF top; ///< position of the anchor
@@ -121,6 +127,7 @@ void addToolTipLine(Drawing &drawing, const QString &line);
 ///     line 10 20 to 30 40 pen #7fff0000 1 dashed tip From Cluster 0 to Cluster 1 :2 | ...
 ///     text 10 20 #000000 font Arial 30 reads 14.4°
 ///     text middle 10 20 #000000 font Arial 30 reads C0
+///     text beside 10 20 #000000 font Arial 30 reads 12 %
 ///     polygon 10 20 30 40 50 60 pen #ff0000 1 brush #ffff0000 tip Transitions out ... shown on area 0
 ///     area 0 10 20 30 40 50 60 pen #0000ff 7 brush #800000ff tip Transitions (4):50%
 QString toText(const Drawing &drawing);

@@ -1,0 +1,9 @@
+#pragma once
+
+struct RunState;
+
+/// Writes the charts that were asked for.
+void exportCharts(RunState &run);
+
+/// Writes the chord diagram that was asked for.
+void exportDiagram(RunState &run);

@@ -1,0 +1,105 @@
+#include "export/panel/VisualizationExportBox.h"
+
+#include "export/AoiImages.h"
+#include "model/DataModel.h"
+#include "ui_VisualizationExportBox.h"
+#include "visualization/charts/ChartKinds.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+VisualizationExportBox::VisualizationExportBox(QWidget *parent)
+    : QGroupBox(parent)
+    , ui(std::make_unique<Ui::VisualizationExportBox>())
+    , m_chooseFile([this](const QString &title, const QString &folder, const QString &filter) {
+        return QFileDialog::getSaveFileName(this, title, folder, filter);
+    })
+    , m_chooseFolder([this](const QString &title, const QString &folder) {
+        return QFileDialog::getExistingDirectory(this, title, folder,
+                                                 QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
+    })
+{
+    ui->setupUi(this);
+    makeControls();
+}
+
+VisualizationExportBox::~VisualizationExportBox() = default;
+
+void VisualizationExportBox::makeControls()
+{
+    for (const ChartKind &kind : chartKinds())
+        ui->chartComboBox->addItem(kind.title, QString(kind.word));
+    connect(ui->visualizationExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportPicture);
+    connect(ui->aoiImageExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportAoiImages);
+    connect(ui->videoExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportVideo);
+    connect(ui->diagramExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportDiagram);
+    connect(ui->chartExportButton, &QAbstractButton::clicked, this,
+            [this] { exportChart(ui->chartComboBox->currentData().toString()); });
+}
+
+PictureSettings VisualizationExportBox::pictureSettings() const
+{
+    return {.appended = {ui->appendColormapCheckBox->isChecked(), ui->appendParametersCheckBox->isChecked()},
+            .area = ui->cropCheckBox->isChecked() ? PictureArea::Stimulus : PictureArea::Everything,
+            .scale = static_cast<double>(ui->scaleSpinBox->value()),
+            .ground = ui->whiteGroundCheckBox->isChecked() ? Qt::white : Qt::transparent,
+            .legend = ui->legendCheckBox->isChecked(),
+            .labelFixations = ui->numbersCheckBox->isChecked()};
+}
+
+/// The folder of the answer is where the next question begins.
+QString VisualizationExportBox::askForFile(const QString &title, const StoredKey<QString> &folder, const char *filter)
+{
+    const QString path = m_chooseFile(title, readStored(folder), QString::fromLatin1(filter));
+    if (!path.isEmpty())
+        writeStored(folder, QFileInfo(path).path());
+    return path;
+}
+
+void VisualizationExportBox::exportPicture()
+{
+    const QString path = askForFile(QStringLiteral("Save Visualization"), keys::visualizationExportFolder,
+                                    "PNG (*.png);;Vector Graphics (*.svg);; TIFF(*.tiff);; JPEG(*.jpg)");
+    if (!path.isEmpty())
+        Q_EMIT pictureWanted(path);
+}
+
+int VisualizationExportBox::videoStepMs() const
+{
+    return ui->videoTimespanSpinBox->value();
+}
+
+void VisualizationExportBox::exportVideo()
+{
+    const QString path =
+        askForFile(QStringLiteral("Save Video"), keys::videoExportFolder, "AVI (*.avi);;MP4 (*.mp4);;Matroska (*.mkv)");
+    if (!path.isEmpty())
+        Q_EMIT videoWanted(path);
+}
+
+void VisualizationExportBox::exportDiagram()
+{
+    const QString path = askForFile(QStringLiteral("Save Visualization"), keys::aoiTransitionExportFolder,
+                                    "PNG (*.png);;Vector Graphics (*.svg);; TIFF(*.tiff);; JPEG(*.jpg);;Page (*.html)");
+    if (!path.isEmpty())
+        Q_EMIT diagramWanted(path);
+}
+
+void VisualizationExportBox::exportChart(const QString &kind)
+{
+    const QString path = askForFile(QStringLiteral("Save Visualization"), keys::visualizationExportFolder,
+                                    "PNG (*.png);; JPEG(*.jpg);;Vector Graphics (*.svg);;Numbers (*.csv)");
+    if (!path.isEmpty())
+        Q_EMIT chartWanted(kind, path);
+}
+
+void VisualizationExportBox::exportAoiImages()
+{
+    const QString folder = m_chooseFolder(QStringLiteral("Save AOI Images"), readStored(keys::aoiImageExportFolder));
+    if (folder.isEmpty() || !m_model)
+        return;
+    writeStored(keys::aoiImageExportFolder, folder);
+    tellExported(QStringLiteral("AOI Images exported"), QStringLiteral("AOI Images exported to: ") + folder,
+                 ::exportAoiImages(m_model->aoiList(), folder));
+}

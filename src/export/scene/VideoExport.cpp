@@ -1,0 +1,137 @@
+#include "export/scene/VideoExport.h"
+
+#include "base/StoppableProgress.h"
+#include "base/Truncation.h"
+#include "export/scene/FrameQueue.h"
+#include "export/video/VideoFile.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QGraphicsScene>
+#include <QLibrary>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <filesystem>
+
+namespace {
+
+QSize sizeOf(const VideoContent &content)
+{
+    return {truncated(content.area.width()), truncated(content.area.height())};
+}
+
+/// The library stands beside the program where it is built, and below lib where it is installed.
+QFunctionPointer inVideoLibrary(const char *name)
+{
+    const QString programs = QCoreApplication::applicationDirPath();
+    for (const char *folder : {"../lib/vistrum", "../export", "../../src/export"}) {
+        QLibrary library(programs + u'/' + QLatin1StringView(folder) + QLatin1StringView("/libvistrum_video.so"));
+        if (QFileInfo::exists(library.fileName()))
+            return library.resolve(name);
+    }
+    return nullptr;
+}
+
+std::unique_ptr<IVideoFile> openVideo(const QString &path, QSize size)
+{
+    std::unique_ptr<IVideoFile> video;
+    const auto open = reinterpret_cast<OpenVideo>(inVideoLibrary(openVideoName));
+    if (open && !size.isEmpty())
+        open(path, size, video);
+    return video;
+}
+
+/// Encoders do not tell that a disk is full.
+bool isComplete(const QString &path, qsizetype frames)
+{
+    const auto count = reinterpret_cast<CountFrames>(inVideoLibrary(countFramesName));
+    return count && count(path) == frames;
+}
+
+/// Returns whether nobody stopped it.
+bool drawAll(const VideoContent &content, const QList<TimeFrame> &frames, IVideoFile &video,
+             const std::stop_token &stop)
+{
+    StoppableProgress progress(QStringLiteral("Exporting Video. Please wait."), static_cast<int>(frames.size()) + 1,
+                               stop);
+    QGraphicsScene scene;
+    FrameQueue encoder([&](const QImage &image) { video.write(image); });
+    for (const TimeFrame frame : frames) {
+        encoder.add(videoImage(scene, content, frame));
+        if (!progress.next())
+            return false;
+    }
+    return true;
+}
+
+bool replace(const QString &path, const QString &byFile)
+{
+    std::error_code problem;
+    std::filesystem::rename(byFile.toStdString(), path.toStdString(), problem);
+    return !problem;
+}
+
+} // namespace
+
+QString videoText(VideoOutcome outcome)
+{
+    switch (outcome) {
+    case VideoOutcome::Written:
+        break;
+    case VideoOutcome::TooShort:
+        return QStringLiteral("Timespan is too short!!!");
+    case VideoOutcome::CannotCreate:
+        return QStringLiteral("Can't create video!!!");
+    case VideoOutcome::Stopped:
+        return QStringLiteral("The video was stopped, no file was written.");
+    case VideoOutcome::Failed:
+        return QStringLiteral("The video is not complete and was removed; the disk may be full.");
+    }
+    return QStringLiteral("Writing video is done!!!");
+}
+
+QList<TimeFrame> videoFrames(TimeFrame whole, qint64 stepMs)
+{
+    QList<TimeFrame> frames;
+    if (stepMs < 1)
+        return frames;
+    for (qint64 start = whole.startMs; stepMs <= whole.endMs - start; start += stepMs)
+        frames << TimeFrame{start, start + stepMs};
+    return frames;
+}
+
+QImage videoImage(QGraphicsScene &scene, const VideoContent &content, TimeFrame frame)
+{
+    DataModel model = content.context.model; // the pass sorts its clusters
+    const DrawingContext context{.model = model,
+                                 .eyeMode = content.context.eyeMode,
+                                 .frame = frame,
+                                 .records = content.context.records,
+                                 .areas = content.context.areas};
+    runDrawingPass(scene, model, context, content.layers);
+    QImage image(sizeOf(content), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    scene.render(&painter, {}, content.area);
+    return image;
+}
+
+VideoOutcome exportVideo(const VideoContent &content, qint64 stepMs, const QString &path, const std::stop_token &stop)
+{
+    const QFileInfo info(path);
+    const QTemporaryDir folder(info.path() + QStringLiteral("/.video-XXXXXX")); // on the disk of the file
+    const QString unfinished = folder.filePath(QStringLiteral("video.") + info.suffix());
+    std::unique_ptr<IVideoFile> video = folder.isValid() ? openVideo(unfinished, sizeOf(content)) : nullptr;
+    if (!video)
+        return VideoOutcome::CannotCreate;
+    const QList<TimeFrame> frames = videoFrames(content.context.frame, stepMs);
+    if (frames.isEmpty())
+        return VideoOutcome::TooShort;
+    if (!drawAll(content, frames, *video, stop))
+        return VideoOutcome::Stopped;
+    video.reset();
+    return isComplete(unfinished, frames.size()) && replace(path, unfinished) ? VideoOutcome::Written
+                                                                              : VideoOutcome::Failed;
+}

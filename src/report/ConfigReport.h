@@ -1,0 +1,7 @@
+#pragma once
+
+#include "report/ReportRecords.h"
+#include "visualization/selection/DrawingContext.h"
+
+/// The part of a report that tells how the data are drawn.
+QString reportConfig(const DrawingContext &context, const ReportRecords &records);

@@ -1,0 +1,192 @@
+#include "export/panel/ExportWidget.h"
+#include "model/DataModel.h"
+#include "settings/StoredKeys.h"
+#include "TestMessages.h"
+#include "TestSettings.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestVisualizationExportBox : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void pictureIsAskedForWhereTheLastOneWent();
+    void cancelledChoiceWritesNothing();
+    void controlsMakeTheSettings();
+    void eachChartHasItsSignal_data();
+    void eachChartHasItsSignal();
+    void areasAreWrittenInPlace();
+    void videoIsAskedForWithItsStep();
+
+private:
+    template <class Widget>
+    Widget *child(const char *name)
+    {
+        auto *found = m_widget->findChild<Widget *>(QLatin1StringView(name));
+        if (!found)
+            qFatal("The form has no %s", name);
+        return found;
+    }
+    void click(const char *name) { child<QAbstractButton>(name)->click(); }
+
+    std::unique_ptr<TemporarySettings> m_settings;
+    std::unique_ptr<RecordedMessages> m_messages;
+    std::unique_ptr<ExportWidget> m_widget;
+    DataModel m_model;
+    QString m_answer;
+    QStringList m_asked; ///< title, folder and filter
+};
+
+void TestVisualizationExportBox::init()
+{
+    m_settings = std::make_unique<TemporarySettings>();
+    m_messages = std::make_unique<RecordedMessages>();
+    m_widget = std::make_unique<ExportWidget>();
+    m_model = {};
+    m_widget->setModel(&m_model);
+    m_asked.clear();
+    m_widget->visualizationBox().setFileChooser(
+        [this](const QString &title, const QString &folder, const QString &filter) {
+            m_asked = {title, folder, filter};
+            return m_answer;
+        });
+    m_widget->visualizationBox().setFolderChooser([this](const QString &title, const QString &folder) {
+        m_asked = {title, folder};
+        return m_answer;
+    });
+    m_widget->show();
+}
+
+void TestVisualizationExportBox::cleanup()
+{
+    m_widget.reset();
+    m_messages.reset();
+    m_settings.reset();
+}
+
+void TestVisualizationExportBox::pictureIsAskedForWhereTheLastOneWent()
+{
+    QSignalSpy wanted(m_widget.get(), &ExportWidget::sigExportVisualization);
+    writeStored(keys::visualizationExportFolder, QStringLiteral("/before"));
+    m_answer = QStringLiteral("/some/where/picture.svg");
+    click("visualizationExportButton");
+    QCOMPARE(m_asked,
+             QStringList({QStringLiteral("Save Visualization"), QStringLiteral("/before"),
+                          QStringLiteral("PNG (*.png);;Vector Graphics (*.svg);; TIFF(*.tiff);; JPEG(*.jpg)")}));
+    QCOMPARE(wanted.size(), 1);
+    QCOMPARE(wanted[0][0].toString(), m_answer);
+    QCOMPARE(readStored(keys::visualizationExportFolder), QStringLiteral("/some/where"));
+}
+
+void TestVisualizationExportBox::cancelledChoiceWritesNothing()
+{
+    QSignalSpy picture(m_widget.get(), &ExportWidget::sigExportVisualization);
+    QSignalSpy chart(m_widget.get(), &ExportWidget::sigExportSaccadenHistogram);
+    writeStored(keys::visualizationExportFolder, QStringLiteral("/before"));
+    m_answer.clear();
+    click("visualizationExportButton");
+    click("chartExportButton");
+    click("aoiImageExportButton");
+    QCOMPARE(picture.size() + chart.size(), 0);
+    QCOMPARE(readStored(keys::visualizationExportFolder), QStringLiteral("/before"));
+    QCOMPARE(m_messages->texts(), QStringList());
+}
+
+void TestVisualizationExportBox::controlsMakeTheSettings()
+{
+    QVERIFY(m_widget->pictureSettings() == PictureSettings{});
+    for (const char *name : {"appendColormapCheckBox", "appendParametersCheckBox", "legendCheckBox", "numbersCheckBox",
+                             "cropCheckBox", "whiteGroundCheckBox"})
+        child<QCheckBox>(name)->click();
+    child<QSpinBox>("scaleSpinBox")->setValue(3);
+    const PictureSettings all{.appended = {.legends = true, .parameters = true},
+                              .area = PictureArea::Stimulus,
+                              .scale = 3,
+                              .ground = Qt::white,
+                              .legend = true,
+                              .labelFixations = true};
+    QVERIFY(m_widget->pictureSettings() == all);
+    QCOMPARE(child<QCheckBox>("appendColormapCheckBox")->text(), QStringLiteral("append colormap from heatmaps"));
+    QCOMPARE(child<QCheckBox>("appendParametersCheckBox")->text(), QStringLiteral("append calculation parameters"));
+}
+
+void TestVisualizationExportBox::eachChartHasItsSignal_data()
+{
+    using Wanted = void (ExportWidget::*)(const QString &);
+    using Slot = void (ExportWidget::*)();
+    QTest::addColumn<int>("row");
+    QTest::addColumn<Wanted>("wanted");
+    QTest::addColumn<Slot>("slot");
+    const std::pair<Wanted, Slot> charts[] = {
+        {&ExportWidget::sigExportSaccadenHistogram, &ExportWidget::sltExportSaccadenHistogram},
+        {&ExportWidget::sigExportSaccadenHistogramsep, &ExportWidget::sltExportSaccadenHistogramsep},
+        {&ExportWidget::sigExportSaccadenFixationenHistogramsep, &ExportWidget::sltExportSaccadenFixationHistogram},
+        {&ExportWidget::sigExportFixationHistogram, &ExportWidget::sltExportFixationHistogram},
+        {&ExportWidget::sigExportFixationHistogramsep, &ExportWidget::sltExportFixationHistogramsep},
+        {&ExportWidget::sigExportTimeTransHistogram, &ExportWidget::sltExportTimeTransHistogram},
+        {&ExportWidget::sigExportAOIFixationHistogram, &ExportWidget::sltExportAOIFixationHistogram},
+        {&ExportWidget::sigExportAOITransitionHistogram, &ExportWidget::sltExportAOITransitionHistogram},
+    };
+    for (int row = 0; row < static_cast<int>(std::size(charts)); ++row)
+        QTest::addRow("chart %d", row) << row << charts[row].first << charts[row].second;
+}
+
+void TestVisualizationExportBox::eachChartHasItsSignal()
+{
+    using Wanted = void (ExportWidget::*)(const QString &);
+    using Slot = void (ExportWidget::*)();
+    QFETCH(int, row);
+    QFETCH(Wanted, wanted);
+    QFETCH(Slot, slot);
+    QSignalSpy spy(m_widget.get(), wanted);
+    m_answer = QStringLiteral("/charts/a.png");
+    child<QComboBox>("chartComboBox")->setCurrentIndex(row);
+    click("chartExportButton");
+    QCOMPARE(spy.size(), 1);
+    (m_widget.get()->*slot)();
+    QCOMPARE(spy.size(), 2);
+    QCOMPARE(spy[1][0].toString(), m_answer);
+    QVERIFY(m_asked[2].startsWith(QStringLiteral("PNG (*.png);; JPEG(*.jpg)")));
+}
+
+void TestVisualizationExportBox::areasAreWrittenInPlace()
+{
+    const QTemporaryDir folder;
+    m_answer = folder.path();
+    AreaOfInterest area(QStringLiteral("Door"), QPolygon(QRect(0, 0, 5, 5)));
+    area.thumbnail = QImage(6, 6, QImage::Format_RGB32);
+    area.thumbnail.fill(Qt::red);
+    m_model.insertAoi(area);
+    click("aoiImageExportButton");
+    QCOMPARE(m_asked.first(), QStringLiteral("Save AOI Images"));
+    QCOMPARE(QImage(folder.filePath(QStringLiteral("Door.png"))).size(), QSize(6, 6));
+    QCOMPARE(readStored(keys::aoiImageExportFolder), folder.path());
+    QCOMPARE(m_messages->texts(),
+             QStringList(QStringLiteral("AOI Images exported|AOI Images exported to: ") + folder.path()));
+}
+
+void TestVisualizationExportBox::videoIsAskedForWithItsStep()
+{
+    QSignalSpy wanted(m_widget.get(), &ExportWidget::sigExport_video);
+    m_answer = QStringLiteral("/videos/a.avi");
+    child<QSpinBox>("videoTimespanSpinBox")->setValue(40);
+    click("videoExportButton");
+    m_widget->sltExportVideo();
+    QCOMPARE(wanted.size(), 2);
+    QCOMPARE(wanted[0][0].toString(), m_answer);
+    QCOMPARE(m_widget->videoStepMs(), 40);
+    QCOMPARE(readStored(keys::videoExportFolder), QStringLiteral("/videos"));
+    m_answer.clear();
+    click("videoExportButton");
+    QCOMPARE(wanted.size(), 2);
+}
+
+QTEST_MAIN(TestVisualizationExportBox)
+#include "TestVisualizationExportBox.moc"
