@@ -376,7 +376,11 @@ void TestAoiShapes::enabledAreasAreDrawn()
     const QList<qsizetype> outlinesOfMode{0, 1, 1, 0, 0, 0, 0, 1};
     for (int mode = -1; mode < 9; ++mode) {
         scenery.areas.drawMode = mode;
-        QCOMPARE(all<PolygonShape>(aoiDrawing(scenery.context())).size(), outlinesOfMode.value(mode, 0));
+        const QList<PolygonShape> polygons = all<PolygonShape>(aoiDrawing(scenery.context()));
+        const auto outlines = std::count_if(polygons.cbegin(), polygons.cend(), [](const PolygonShape &shape) {
+            return shape.polygon == QPolygonF(leftSquare); // charts have surfaces of their own
+        });
+        QCOMPARE(outlines, outlinesOfMode.value(mode, 0));
         QCOMPARE(all<AreaShape>(aoiDrawing(scenery.context())).size(), mode == 3 ? 1 : 0);
     }
 }
