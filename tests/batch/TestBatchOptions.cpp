@@ -335,7 +335,6 @@ void notBuilt()
                "--export bids: not available in this version");
     refusedRow("a density that is no .tiff", "--density d.png a.data",
                "--density d.png: the name does not end in .tiff");
-    refusedRow("not built, without its value", "--recipe", "--recipe: not available in this version");
 }
 
 } // namespace
