@@ -1,5 +1,6 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
+#include "base/Release.h"
 #include "recording/RecordingJournal.h"
 #include "settings/FirstStart.h"
 #include "settings/StoreRepair.h"
@@ -9,6 +10,9 @@
 #include <QImageReader>
 #include <QSplashScreen>
 #include <QTimer>
+
+#include <cstdio>
+#include <string_view>
 
 namespace {
 
@@ -26,6 +30,10 @@ void wait(int timeMs)
 
 int main(int argc, char *argv[])
 {
+    if (argc == 2 && std::string_view(argv[1]) == "--version") { // needs no display
+        std::printf("vistrum 0.2014\nrelease %s\n", qPrintable(releaseText()));
+        return 0;
+    }
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brennhaus Institute"));
     QApplication::setOrganizationDomain(QStringLiteral("vistrum.example"));

@@ -13,7 +13,7 @@ struct ReportedFile {
 
     QString path; ///< as the user gave it
     qint64 bytes = 0;
-    QString sha256; ///< hexadecimal; empty if the file could not be read
+    QString sha256; ///< hexadecimal; empty if the file could not be read, or is none, as a pipe
 };
 
 /// A file that the run read.

@@ -1,5 +1,6 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "base/Release.h"
 #include "batch/BatchHelp.h"
 #include "batch/BatchRun.h"
 #include "batch/Terminal.h"
@@ -73,7 +74,9 @@ ExitCode run(const BatchOptions &options, Terminal &output, Terminal &errors)
     if (options.help)
         return answer(output, batchHelp().chopped(1));
     if (options.version)
-        return answer(output, QStringLiteral("vistrum-batch ") + QCoreApplication::applicationVersion());
+        return answer(
+            output,
+            QStringLiteral("vistrum-batch %1\nrelease %2").arg(QCoreApplication::applicationVersion(), releaseText()));
     MessageRecord record;
     messages::install(std::make_unique<TerminalMessages>(
         errors, record, options.quiet ? TerminalMessages::Show::Problems : TerminalMessages::Show::All));

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QJsonDocument>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void fileDigest_data();
     void fileDigest();
     void unreadableFileHasNoDigest();
+    void aPipeIsNotReadAgain();
     void parametersAreAllKeysOfTheStore();
     void options_data();
     void options();
@@ -114,6 +116,15 @@ void TestBatchReport::unreadableFileHasNoDigest()
     const QString missing = folder.filePath(QStringLiteral("missing"));
     QVERIFY(reportedFile(missing) == (ReportedFile{missing, 0, QString()}));
     QVERIFY(reportedFile(folder.path()) == (ReportedFile{folder.path(), 0, QString()}));
+}
+
+/// What wrote into it has gone: another reader would wait for ever.
+void TestBatchReport::aPipeIsNotReadAgain()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("p.data"));
+    QCOMPARE(QProcess::execute(QStringLiteral("mkfifo"), {path}), 0);
+    QCOMPARE(reportedFile(path), (ReportedFile{path, 0, QString()}));
 }
 
 void TestBatchReport::parametersAreAllKeysOfTheStore()

@@ -1,3 +1,4 @@
+#include "base/Release.h"
 #include "BatchRunTest.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
@@ -477,7 +478,8 @@ void TestBatchRun::version()
     const Outcome outcome = m_batch->run(words("--version"));
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.errors, QStringList());
-    QCOMPARE(outcome.written, QStringList{QStringLiteral("vistrum-batch 0.2014")});
+    QCOMPARE(outcome.written,
+             (QStringList{QStringLiteral("vistrum-batch 0.2014"), QStringLiteral("release ") + releaseText()}));
 }
 
 QTEST_GUILESS_MAIN(TestBatchRun)
