@@ -2,7 +2,7 @@
 #include "model/DataModel.h"
 #include "settings/StoredKeys.h"
 #include "TestMessages.h"
-#include "TestSettings.h"
+#include "TestPanel.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,7 +12,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-class TestVisualizationExportBox : public QObject {
+class TestVisualizationExportBox : public PanelTest<ExportWidget> {
     Q_OBJECT
 private Q_SLOTS:
     void init();
@@ -26,19 +26,9 @@ private Q_SLOTS:
     void videoIsAskedForWithItsStep();
 
 private:
-    template <class Widget>
-    Widget *child(const char *name)
-    {
-        auto *found = m_widget->findChild<Widget *>(QLatin1StringView(name));
-        if (!found)
-            qFatal("The form has no %s", name);
-        return found;
-    }
-    void click(const char *name) { child<QAbstractButton>(name)->click(); }
+    void click(const char *name) { child<QAbstractButton>(name)->click(); } // not all of the long form is seen
 
-    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<RecordedMessages> m_messages;
-    std::unique_ptr<ExportWidget> m_widget;
     DataModel m_model;
     QString m_answer;
     QStringList m_asked; ///< title, folder and filter
@@ -46,34 +36,33 @@ private:
 
 void TestVisualizationExportBox::init()
 {
-    m_settings = std::make_unique<TemporarySettings>();
+    openSettings();
     m_messages = std::make_unique<RecordedMessages>();
-    m_widget = std::make_unique<ExportWidget>();
+    openPanel();
     m_model = {};
-    m_widget->setModel(&m_model);
+    m_panel->setModel(&m_model);
     m_asked.clear();
-    m_widget->visualizationBox().setFileChooser(
+    m_panel->visualizationBox().setFileChooser(
         [this](const QString &title, const QString &folder, const QString &filter) {
             m_asked = {title, folder, filter};
             return m_answer;
         });
-    m_widget->visualizationBox().setFolderChooser([this](const QString &title, const QString &folder) {
+    m_panel->visualizationBox().setFolderChooser([this](const QString &title, const QString &folder) {
         m_asked = {title, folder};
         return m_answer;
     });
-    m_widget->show();
+    m_panel->show();
 }
 
 void TestVisualizationExportBox::cleanup()
 {
-    m_widget.reset();
+    closePanel();
     m_messages.reset();
-    m_settings.reset();
 }
 
 void TestVisualizationExportBox::pictureIsAskedForWhereTheLastOneWent()
 {
-    QSignalSpy wanted(m_widget.get(), &ExportWidget::sigExportVisualization);
+    QSignalSpy wanted(m_panel.get(), &ExportWidget::sigExportVisualization);
     writeStored(keys::visualizationExportFolder, QStringLiteral("/before"));
     m_answer = QStringLiteral("/some/where/picture.svg");
     click("visualizationExportButton");
@@ -87,8 +76,8 @@ void TestVisualizationExportBox::pictureIsAskedForWhereTheLastOneWent()
 
 void TestVisualizationExportBox::cancelledChoiceWritesNothing()
 {
-    QSignalSpy picture(m_widget.get(), &ExportWidget::sigExportVisualization);
-    QSignalSpy chart(m_widget.get(), &ExportWidget::sigExportSaccadenHistogram);
+    QSignalSpy picture(m_panel.get(), &ExportWidget::sigExportVisualization);
+    QSignalSpy chart(m_panel.get(), &ExportWidget::sigExportSaccadenHistogram);
     writeStored(keys::visualizationExportFolder, QStringLiteral("/before"));
     m_answer.clear();
     click("visualizationExportButton");
@@ -101,7 +90,7 @@ void TestVisualizationExportBox::cancelledChoiceWritesNothing()
 
 void TestVisualizationExportBox::controlsMakeTheSettings()
 {
-    QVERIFY(m_widget->pictureSettings() == PictureSettings{});
+    QVERIFY(m_panel->pictureSettings() == PictureSettings{});
     for (const char *name : {"appendColormapCheckBox", "appendParametersCheckBox", "legendCheckBox", "numbersCheckBox",
                              "cropCheckBox", "whiteGroundCheckBox"})
         child<QCheckBox>(name)->click();
@@ -112,7 +101,7 @@ void TestVisualizationExportBox::controlsMakeTheSettings()
                               .ground = Qt::white,
                               .legend = true,
                               .labelFixations = true};
-    QVERIFY(m_widget->pictureSettings() == all);
+    QVERIFY(m_panel->pictureSettings() == all);
     QCOMPARE(child<QCheckBox>("appendColormapCheckBox")->text(), QStringLiteral("append colormap from heatmaps"));
     QCOMPARE(child<QCheckBox>("appendParametersCheckBox")->text(), QStringLiteral("append calculation parameters"));
 }
@@ -145,12 +134,12 @@ void TestVisualizationExportBox::eachChartHasItsSignal()
     QFETCH(int, row);
     QFETCH(Wanted, wanted);
     QFETCH(Slot, slot);
-    QSignalSpy spy(m_widget.get(), wanted);
+    QSignalSpy spy(m_panel.get(), wanted);
     m_answer = QStringLiteral("/charts/a.png");
     child<QComboBox>("chartComboBox")->setCurrentIndex(row);
     click("chartExportButton");
     QCOMPARE(spy.size(), 1);
-    (m_widget.get()->*slot)();
+    (m_panel.get()->*slot)();
     QCOMPARE(spy.size(), 2);
     QCOMPARE(spy[1][0].toString(), m_answer);
     QVERIFY(m_asked[2].startsWith(QStringLiteral("PNG (*.png);; JPEG(*.jpg)")));
@@ -174,14 +163,14 @@ void TestVisualizationExportBox::areasAreWrittenInPlace()
 
 void TestVisualizationExportBox::videoIsAskedForWithItsStep()
 {
-    QSignalSpy wanted(m_widget.get(), &ExportWidget::sigExport_video);
+    QSignalSpy wanted(m_panel.get(), &ExportWidget::sigExport_video);
     m_answer = QStringLiteral("/videos/a.avi");
     child<QSpinBox>("videoTimespanSpinBox")->setValue(40);
     click("videoExportButton");
-    m_widget->sltExportVideo();
+    m_panel->sltExportVideo();
     QCOMPARE(wanted.size(), 2);
     QCOMPARE(wanted[0][0].toString(), m_answer);
-    QCOMPARE(m_widget->videoStepMs(), 40);
+    QCOMPARE(m_panel->videoStepMs(), 40);
     QCOMPARE(readStored(keys::videoExportFolder), QStringLiteral("/videos"));
     m_answer.clear();
     click("videoExportButton");

@@ -1,5 +1,6 @@
 #include "import/ilmenau/CorrectionIni.h"
 
+#include "base/Messages.h"
 #include "base/TextDecoding.h"
 #include "import/RecordingText.h"
 
@@ -102,6 +103,16 @@ std::optional<CorrectionIni> readCorrectionIni(const QString &path, QString &pro
 {
     const auto bytes = readWholeRecording(path, problem);
     return bytes ? std::optional(parseCorrectionIni(*bytes)) : std::nullopt;
+}
+
+std::optional<CorrectionIni> openCorrectionIni(const QString &path)
+{
+    QString problem;
+    std::optional<CorrectionIni> ini = readCorrectionIni(path, problem);
+    if (!ini)
+        messages::show({messages::Severity::Warning, u"Can not open file"_s, u"File could not be opened:"_s + path,
+                        u"Reason: %1."_s.arg(problem)});
+    return ini;
 }
 
 QString missingEntries(const CorrectionIni &ini)

@@ -28,6 +28,9 @@ CorrectionIni parseCorrectionIni(QByteArrayView bytes);
 /// @param problem  gets the reason then.
 std::optional<CorrectionIni> readCorrectionIni(const QString &path, QString &problem);
 
+/// The same; the user is told why it cannot be read.
+std::optional<CorrectionIni> openCorrectionIni(const QString &path);
+
 /// What is missing in one that is not complete, in words for the user.
 QString missingEntries(const CorrectionIni &ini);
 

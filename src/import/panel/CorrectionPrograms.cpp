@@ -168,13 +168,9 @@ void CorrectionControl::sltAVG2Cor()
     const QString output = second.isEmpty() ? QString() : m_questions->saveName(u"Save correction file"_s, QString());
     if (output.isEmpty())
         return;
-    QString problem;
-    const std::optional<CorrectionIni> ini = readCorrectionIni(first, problem);
-    if (!ini) {
-        messages::show({messages::Severity::Warning, u"Can not open file"_s, u"File could not be opened:"_s + first,
-                        u"Reason: %1."_s.arg(problem)});
+    const std::optional<CorrectionIni> ini = openCorrectionIni(first);
+    if (!ini)
         return;
-    }
     if (run(u"gaze-corr-averaging"_s, {first, second, output}))
         import({output, ini->stimulus});
 }

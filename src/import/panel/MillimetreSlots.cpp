@@ -114,13 +114,9 @@ void DataWidget::sltImportIlmenauINI()
     const QString path = m_questions->correctionIni(readStored(keys::correctionFolder));
     if (path.isEmpty())
         return;
-    QString problem;
-    const std::optional<CorrectionIni> ini = readCorrectionIni(path, problem);
-    if (!ini) {
-        messages::show({messages::Severity::Warning, u"Can not open file"_s, u"File could not be opened:"_s + path,
-                        u"Reason: %1."_s.arg(problem)});
+    const std::optional<CorrectionIni> ini = openCorrectionIni(path);
+    if (!ini)
         return;
-    }
     if (ini->isComplete()) {
         const messages::Run told; // what is doubtful in both stands in one box
         for (const auto &[recording, stimulus] : ini->recordings()) {
