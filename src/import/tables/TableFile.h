@@ -40,7 +40,7 @@ struct TableReadOptions {
 ///
 /// Memory: the samples, and a few MB. Refused, with line and remedy: a file that cannot be read or has no samples, a
 /// named column that is not there, a line beyond 1 MB, more than 10,000 columns, more than 100,000 recordings, a gzip
-/// stream that is damaged or grows beyond a thousand times its size.
+/// stream that is damaged or grows beyond 500 times its size.
 std::variant<TableContent, TableProblem> readTable(const QString &path, const TableLayout &layout,
                                                    const TableReadOptions &options = {});
 /// @param file  names the recordings, and the problem.

@@ -10,12 +10,12 @@ struct TableProblem {
     /// times." Parts that are not known are left out.
     QString text() const;
 
-    QString file;         ///< path as it was given; empty for bytes in memory
-    qsizetype line = 0;   ///< from 1; 0: concerns the whole file
-    qsizetype column = 0; ///< field of the line, from 1; 0: concerns the whole line
-    QString found;        ///< without a stop at its end
-    QString expected;     ///< without a stop at its end; may be empty
-    QString remedy;       ///< one sentence, or empty
+    QString file = {};     ///< path as it was given; empty for bytes in memory
+    qsizetype line = 0;    ///< from 1; 0: concerns the whole file
+    qsizetype column = 0;  ///< field of the line, from 1; 0: concerns the whole line
+    QString found = {};    ///< without a stop at its end
+    QString expected = {}; ///< without a stop at its end; may be empty
+    QString remedy = {};   ///< one sentence, or empty
 };
 
 /// What can be odd in a recording that is read all the same.
@@ -25,6 +25,7 @@ enum class TableOddityKind {
     RepeatedTime,    ///< the time of the sample before it
     BackwardTime,    ///< earlier than the sample before it
     TimeJump,        ///< far later than the rate of the recording lets expect
+    OutsideTrial,    ///< a sample of a log that is split lies between two trials, and is left out
     RecordingPause,  ///< an event log stopped and started again
     ImplausibleRate, ///< too slow or too fast for an eye tracker: most likely the unit of time is another one
     OutsideScreen,   ///< a valid position beyond the screen
