@@ -30,7 +30,7 @@ std::variant<TableLines, TableProblem> read(const QString &path, const LayoutReq
     try {
         return readTableLines(path, request);
     } catch (const std::bad_alloc &) {
-        return TableProblem{.file = path, .found = u"it does not fit into the memory"_s};
+        return TableProblem{path, 0, 0, u"more than the memory holds"_s, {}, {}};
     }
 }
 

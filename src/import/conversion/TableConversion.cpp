@@ -95,12 +95,13 @@ std::variant<TableLines, TableProblem> readTableLines(const QString &path, const
     TableLines table{
         .layout = std::get<ChosenLayout>(std::move(chosen)), .content = {}, .anyValid = {}, .lines = LineSpool()};
     LineMaker maker(table);
-    auto content =
-        readTable(path, table.layout.layout, {.take = [&](qsizetype recording, const QList<TableSample> &samples) {
-                      return maker.take(recording, samples);
-                  }});
+    TableReadOptions options;
+    options.take = [&](qsizetype recording, const QList<TableSample> &samples) {
+        return maker.take(recording, samples);
+    };
+    auto content = readTable(path, table.layout.layout, options);
     if (!table.lines.problem().isEmpty())
-        return TableProblem{.file = path, .found = table.lines.problem()};
+        return TableProblem{path, 0, 0, table.lines.problem(), {}, {}};
     if (const auto *problem = std::get_if<TableProblem>(&content))
         return *problem;
     table.content = std::get<TableContent>(std::move(content));

@@ -22,7 +22,9 @@ public:
         if (const auto *problem = std::get_if<TableProblem>(&chosen))
             return refused(problem->text());
         m_result.layout = std::get<ChosenLayout>(std::move(chosen));
-        auto table = readTable(m_result.path, m_result.layout->layout, {.take = {}, .progress = progress});
+        TableReadOptions options;
+        options.progress = progress;
+        auto table = readTable(m_result.path, m_result.layout->layout, options);
         if (const auto *problem = std::get_if<TableProblem>(&table))
             return refused(problem->text());
         take(std::get<TableContent>(table));
