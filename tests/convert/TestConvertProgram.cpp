@@ -36,9 +36,9 @@ const QByteArray lines[] = {
     "500\t100.25\t200\t3.5\t3.5\t1\t0\t0\t0\t0\t0\n", "504\t101\t201\t3.5\t3.5\t0\t0\t0\t0\t0\t0\n",
     "508\t102\t202\t3.5\t3.5\t1\t0\t0\t0\t0\t0\n", "512\t103\t203\t3.5\t3.5\t1\t0\t0\t0\t0\t0\n"};
 
-QString contains(const QStringList &lines, const QString &text)
+QString contains(const QStringList &all, const QString &text)
 {
-    return lines.filter(text).value(0);
+    return all.filter(text).value(0);
 }
 
 } // namespace
