@@ -1,14 +1,13 @@
 #include "export/scene/VideoExport.h"
 
+#include "base/OwnLibrary.h"
 #include "base/StoppableProgress.h"
 #include "base/Truncation.h"
 #include "export/scene/FrameQueue.h"
 #include "export/video/VideoFile.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QGraphicsScene>
-#include <QLibrary>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -21,16 +20,9 @@ QSize sizeOf(const VideoContent &content)
     return {truncated(content.area.width()), truncated(content.area.height())};
 }
 
-/// The library stands beside the program where it is built, and below lib where it is installed.
 QFunctionPointer inVideoLibrary(const char *name)
 {
-    const QString programs = QCoreApplication::applicationDirPath();
-    for (const char *folder : {"../lib/vistrum", "../export", "../../src/export"}) {
-        QLibrary library(programs + u'/' + QLatin1StringView(folder) + QLatin1StringView("/libvistrum_video.so"));
-        if (QFileInfo::exists(library.fileName()))
-            return library.resolve(name);
-    }
-    return nullptr;
+    return ownLibraryFunction(QStringLiteral("vistrum_video"), name);
 }
 
 std::unique_ptr<IVideoFile> openVideo(const QString &path, QSize size)
