@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 
 #include <filesystem>
+#include <malloc.h>
 
 namespace {
 
@@ -41,12 +42,31 @@ bool isComplete(const QString &path, qsizetype frames)
     return count && count(path) == frames;
 }
 
+/// The rasters of one image are as large as those of the next: while it lives, their memory is not given back in
+/// between. That is a tenth of the time.
+class KeptMemory {
+public:
+    KeptMemory()
+    {
+        mallopt(M_MMAP_THRESHOLD, 64 << 20);
+        mallopt(M_TRIM_THRESHOLD, 512 << 20);
+    }
+    ~KeptMemory()
+    {
+        mallopt(M_TRIM_THRESHOLD, 128 << 10); // as the library has it at first
+        malloc_trim(0);
+    }
+    KeptMemory(const KeptMemory &) = delete;
+    KeptMemory &operator=(const KeptMemory &) = delete;
+};
+
 /// Returns whether nobody stopped it.
 bool drawAll(const VideoContent &content, const QList<TimeFrame> &frames, IVideoFile &video,
              const std::stop_token &stop)
 {
     StoppableProgress progress(QStringLiteral("Exporting Video. Please wait."), static_cast<int>(frames.size()) + 1,
                                stop);
+    const KeptMemory memory;
     QGraphicsScene scene;
     FrameQueue encoder([&](const QImage &image) { video.write(image); });
     for (const TimeFrame frame : frames) {
