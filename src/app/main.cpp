@@ -1,6 +1,7 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
 #include "base/Release.h"
+#include "model/PictureLimit.h"
 #include "recording/RecordingJournal.h"
 #include "settings/FirstStart.h"
 #include "settings/StoreRepair.h"
@@ -16,8 +17,7 @@
 
 namespace {
 
-constexpr int largestPictureMegabytes = 1024; ///< decoded; a poster at 600 dpi
-constexpr int splashMs = 4000;                ///< the splash stays at least this long, and stays responsive
+constexpr int splashMs = 4000; ///< the splash stays at least this long, and stays responsive
 
 void wait(int timeMs)
 {
