@@ -8,6 +8,7 @@
 #include "export/AngleStarExport.h"
 #include "export/MeasureExport.h"
 #include "export/StatisticsExport.h"
+#include "export/TidyExport.h"
 #include "statistics/StatisticsCalculation.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
@@ -64,16 +65,18 @@ ExportResult writeAngleStar(RunState &run, const ExportTarget &target)
     return exportAngleStar(run.model, pathStem(target), {saccades.numberOfHistogramBins, saccades.angleOffset});
 }
 
+template <auto Export>
+ExportResult writeTidy(RunState &run, const ExportTarget &target)
+{
+    run.model.comparedBy = run.options.groupBy;
+    return Export(run.model, target,
+                  MeasureForm{.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
+}
+
 ExportResult writeAoiMeasures(RunState &run, const ExportTarget &target)
 {
     warnIfWithoutAreas(run, Text("aoi-measures"));
     return exportAoiMeasures(run.model, target, {.pixelPerDistance = {}, .threads = run.threads()});
-}
-
-ExportResult writeScanpathMeasures(RunState &run, const ExportTarget &target)
-{
-    return exportScanpathMeasures(run.model, target,
-                                  {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
 }
 
 ExportResult writeGroupComparison(RunState &run, const ExportTarget &target)
@@ -114,9 +117,10 @@ QList<TableRow> statisticsTables()
             {Text("aoi-statistics"), writeAreas},
             {Text("transitions"), writeTransitions},
             {Text("anglestar"), writeAngleStar},
-            {Text("tidy")},
+            {Text("tidy"), writeTidy<exportTidy>, fixationWord},
+            {Text("tidy-samples"), writeTidy<exportTidySamples>},
             {Text("aoi-measures"), writeAoiMeasures},
-            {Text("scanpath-measures"), writeScanpathMeasures},
+            {Text("scanpath-measures"), writeTidy<exportScanpathMeasures>},
             {Text("group-comparison"), writeGroupComparison},
             {Text("scanpath-similarity"), writeSimilarity, fixationWord},
             {Text("quality")},
