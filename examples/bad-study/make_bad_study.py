@@ -44,10 +44,11 @@ def decimal_commas():
     return table(NAMES, spoiled, ";")
 
 
-def words_among_numbers():
+def letters_among_digits():
     spoiled = rows(250)
-    for index in (40, 41, 42):  # lines 42 to 44
-        spoiled[index][1:] = ["lost"] * 4
+    for index in (40, 41, 42):  # lines 42 to 44 were typed by hand, with the letter E for 3 in x
+        for column in (1, 3):
+            spoiled[index][column] = spoiled[index][column].replace("3", "E")
     return table(NAMES, spoiled)
 
 
@@ -134,7 +135,7 @@ def data_with_semicolons(_, __, line):
 
 FILES = {
     "01-decimal-commas.csv": decimal_commas,
-    "02-words-among-numbers.csv": words_among_numbers,
+    "02-letters-among-digits.csv": letters_among_digits,
     "03-odd-times.csv": odd_times,
     "04-microseconds-called-ms.csv": microseconds_called_ms,
     "05-two-subjects.csv": two_subjects,

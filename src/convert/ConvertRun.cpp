@@ -25,10 +25,10 @@ QString nameOf(const QString &path)
     return QFileInfo(path).fileName();
 }
 
-std::variant<TableLines, TableProblem> read(const QString &path, const LayoutRequest &request)
+std::variant<ConvertedTable, TableProblem> read(const QString &path, const LayoutRequest &request)
 {
     try {
-        return readTableLines(path, request);
+        return readForConversion(path, request);
     } catch (const std::bad_alloc &) {
         return TableProblem{path, 0, 0, u"more than the memory holds"_s, {}, {}};
     }
@@ -98,10 +98,10 @@ void ConvertRun::take(const QString &path, ReadTable &table)
         m_journal.addTable(path, false, {});
         return;
     }
-    write(path, std::get<TableLines>(table));
+    write(path, std::get<ConvertedTable>(table));
 }
 
-void ConvertRun::write(const QString &path, TableLines &table)
+void ConvertRun::write(const QString &path, ConvertedTable &table)
 {
     const QString name = nameOf(path);
     messages::information(name, u"%1: %2."_s.arg(path, layoutNote(table.layout)));

@@ -14,12 +14,12 @@ public:
     ExitCode run();
 
 private:
-    using ReadTable = std::variant<TableLines, TableProblem>;
+    using ReadTable = std::variant<ConvertedTable, TableProblem>;
 
     std::optional<UsageError> prepare();
     void convertTables();
     void take(const QString &path, ReadTable &table);
-    void write(const QString &path, TableLines &table);
+    void write(const QString &path, ConvertedTable &table);
     void writeReport();
 
     const ConvertOptions m_options;

@@ -30,11 +30,20 @@ QString percent(double certainty)
 
 ChosenLayout chosenBy(const LayoutGuess &guess)
 {
-    ChosenLayout chosen{
-        .layout = guess.layout, .name = guess.layoutName, .certainty = guess.certainty(), .choices = {}, .doubts = {}};
+    ChosenLayout chosen{guess.layout, guess.layoutName, guess.certainty(), {}, {}, {}};
+    QStringList values;
+    for (const LayoutChoice &choice : guess.choices) {
+        if (!choice.value.isEmpty() && choice.key != "split"_L1)
+            values << choice.key + u' ' + choice.value;
+    }
+    chosen.summary = values.join(", "_L1);
     for (const LayoutChoice &choice : guess.choices)
         chosen.choices << u"%1: %2 (%3, %4)"_s.arg(choice.key, choice.value, percent(choice.certainty), choice.reason);
     chosen.doubts = guess.questions() + guess.doubts;
+    for (const TableColumn &column : guess.layout.split)
+        chosen.doubts
+            << u"%1 could separate recordings, and the table is read as one; vistrum-import --split %1 splits "
+               "it."_s.arg(column.text());
     chosen.layout.split.clear();
     chosen.layout.beginMessage.clear();
     return chosen;
@@ -46,8 +55,10 @@ std::variant<ChosenLayout, TableProblem> foundLayout(const QString &path, const 
     if (const auto *problem = std::get_if<TableProblem>(&extract))
         return *problem;
     const LayoutGuess guess = detectLayout(std::get<TableExtract>(extract), known);
-    if (const std::optional<TableProblem> refusal = guess.refusal())
+    if (std::optional<TableProblem> refusal = guess.refusal()) {
+        refusal->file = path;
         return *refusal;
+    }
     return chosenBy(guess);
 }
 
@@ -80,11 +91,7 @@ std::variant<ChosenLayout, TableProblem> chooseLayout(const QString &path, const
 {
     std::variant<ChosenLayout, TableProblem> result;
     if (request.layout)
-        result = ChosenLayout{.layout = request.layout->layout,
-                              .name = request.layout->name,
-                              .certainty = 1,
-                              .choices = {},
-                              .doubts = {}};
+        result = ChosenLayout{request.layout->layout, request.layout->name, 1, {}, {}, {}};
     else
         result = foundLayout(path, request.known);
     if (auto *chosen = std::get_if<ChosenLayout>(&result); chosen && !request.split.isEmpty())
@@ -96,6 +103,7 @@ QString layoutNote(const ChosenLayout &chosen)
 {
     const QString kind = chosen.layout.kind == TableKind::EventLog ? u"an event log"_s : u"a delimited table"_s;
     const QString by = chosen.name.isEmpty() ? u"by what it holds"_s : u"by the layout %1"_s.arg(chosen.name);
-    const QString sure = chosen.choices.isEmpty() ? QString() : u", sure to %1"_s.arg(percent(chosen.certainty));
-    return u"read as %1 %2%3"_s.arg(kind, by, sure);
+    if (chosen.choices.isEmpty())
+        return u"read as %1 %2"_s.arg(kind, by);
+    return u"read as %1 %2, sure to %3; %4"_s.arg(kind, by, percent(chosen.certainty), chosen.summary);
 }

@@ -26,6 +26,7 @@ struct ChosenLayout {
     TableLayout layout;
     QString name;         ///< of a known layout; empty: found by the content
     double certainty = 1; ///< 0 to 1; of a layout that was given 1
+    QString summary;      ///< of a layout that was found: what was chosen, in one line
     QStringList choices;  ///< of a layout that was found: what was chosen, how surely and why, a line each
     QStringList doubts;   ///< of a layout that was found: what should be looked at, a sentence each
 };
@@ -33,5 +34,5 @@ struct ChosenLayout {
 /// Errors: a file that cannot be read or is no table of samples, and a guess that could give wrong numbers.
 std::variant<ChosenLayout, TableProblem> chooseLayout(const QString &path, const LayoutRequest &request);
 
-/// "read as delimited text by the layout NAME (90 %)", for a message.
+/// "read as a delimited table by the layout NAME, sure to 90 %; delimiter comma, ...", for a message.
 QString layoutNote(const ChosenLayout &chosen);

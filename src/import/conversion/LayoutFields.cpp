@@ -180,9 +180,10 @@ bool writeValid(TableLayout &layout, const QString &text)
 {
     const bool isLeast = text.startsWith(">="_L1);
     if (!isLeast && !text.startsWith("<="_L1)) {
-        layout.valid = {
-            .kind = TableValidityRule::Kind::Codes, .codes = text.split(u' ', Qt::SkipEmptyParts), .limit = 0};
-        return !text.trimmed().isEmpty();
+        const QStringList codes = text.split(u' ', Qt::SkipEmptyParts);
+        if (!codes.isEmpty())
+            layout.valid = {.kind = TableValidityRule::Kind::Codes, .codes = codes, .limit = 0};
+        return !codes.isEmpty();
     }
     bool isNumber = false;
     const double limit = text.sliced(2).trimmed().toDouble(&isNumber);

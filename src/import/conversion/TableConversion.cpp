@@ -15,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 /// Turns samples into lines as they come.
 class LineMaker {
 public:
-    explicit LineMaker(TableLines &table) : m_table(table) {}
+    explicit LineMaker(ConvertedTable &table) : m_table(table) {}
 
     bool take(qsizetype recording, const QList<TableSample> &samples)
     {
@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    TableLines &m_table;
+    ConvertedTable &m_table;
     QList<DataSampleMaker> m_makers;
 };
 
@@ -69,7 +69,7 @@ QString claim(const QString &folder, const QString &name, const QString &table, 
     return {};
 }
 
-std::optional<QString> writeLines(TableLines &table, qsizetype index, const QString &path)
+std::optional<QString> writeLines(ConvertedTable &table, qsizetype index, const QString &path)
 {
     FileReplacement file(path);
     file.write(dataHeader());
@@ -87,12 +87,12 @@ QString usedName(const QString &path)
     return (folder.isEmpty() ? info.absolutePath() : folder) + u'/' + info.fileName();
 }
 
-std::variant<TableLines, TableProblem> readTableLines(const QString &path, const LayoutRequest &request)
+std::variant<ConvertedTable, TableProblem> readForConversion(const QString &path, const LayoutRequest &request)
 {
     auto chosen = chooseLayout(path, request);
     if (const auto *problem = std::get_if<TableProblem>(&chosen))
         return *problem;
-    TableLines table{
+    ConvertedTable table{
         .layout = std::get<ChosenLayout>(std::move(chosen)), .content = {}, .anyValid = {}, .lines = LineSpool()};
     LineMaker maker(table);
     TableReadOptions options;
@@ -110,7 +110,7 @@ std::variant<TableLines, TableProblem> readTableLines(const QString &path, const
     return table;
 }
 
-WrittenRecording writeRecording(TableLines &table, qsizetype index, const QString &path, const QString &folder,
+WrittenRecording writeRecording(ConvertedTable &table, qsizetype index, const QString &path, const QString &folder,
                                 UsedNames &used)
 {
     const TableRecording &recording = table.content.recordings[index];

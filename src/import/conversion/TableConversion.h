@@ -7,7 +7,7 @@
 #include <QMap>
 
 /// A table that was read, with its recordings as lines of .data files.
-struct TableLines {
+struct ConvertedTable {
     ChosenLayout layout;
     TableContent content; ///< without samples; what rounding changed is among the oddities
     QList<bool> anyValid; ///< of each recording: whether a sample is valid
@@ -15,7 +15,7 @@ struct TableLines {
 };
 
 /// Reads a table in pieces, whatever its size. Safe to be called from several threads.
-std::variant<TableLines, TableProblem> readTableLines(const QString &path, const LayoutRequest &request);
+std::variant<ConvertedTable, TableProblem> readForConversion(const QString &path, const LayoutRequest &request);
 
 /// The names of files that one conversion has used, each with the table it came from.
 using UsedNames = QMap<QString, QString>;
@@ -33,7 +33,7 @@ struct WrittenRecording {
 /// @param index   of the recording in the content.
 /// @param folder  exists.
 /// @param used    names in use; tables that are converted stand there from the start.
-WrittenRecording writeRecording(TableLines &table, qsizetype index, const QString &path, const QString &folder,
+WrittenRecording writeRecording(ConvertedTable &table, qsizetype index, const QString &path, const QString &folder,
                                 UsedNames &used);
 
 /// The file's place as `UsedNames` has it.

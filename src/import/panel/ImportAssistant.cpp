@@ -35,9 +35,9 @@ QList<NamedLayout> knownLayouts(const QString &folder)
     return readyLayouts().layouts + layoutsIn(folder).layouts;
 }
 
-QPlainTextEdit *makeText(const char *name)
+QPlainTextEdit *makeText(const char *name, QWidget *parent)
 {
-    auto *text = new QPlainTextEdit;
+    auto *text = new QPlainTextEdit(parent);
     text->setObjectName(QLatin1StringView(name));
     text->setReadOnly(true);
     return text;
@@ -67,7 +67,7 @@ ImportAssistant::ImportAssistant(const QString &layoutFolder, QWidget *parent)
 {
     setObjectName(u"ImportAssistant"_s);
     setWindowTitle(u"Import other formats"_s);
-    auto *panes = new QSplitter;
+    auto *panes = new QSplitter(this);
     panes->addWidget(makeFilePane());
     panes->addWidget(makeChoicePane());
     panes->addWidget(makeResultPane());
@@ -95,17 +95,17 @@ ImportAssistant::~ImportAssistant() = default;
 
 QWidget *ImportAssistant::makeFilePane()
 {
-    auto *pane = new QWidget;
+    auto *pane = new QWidget(this);
     QVBoxLayout *layout = paneLayout(pane);
-    m_files = new QListWidget;
+    m_files = new QListWidget(this);
     m_files->setObjectName(u"files"_s);
     m_files->setTextElideMode(Qt::ElideMiddle);
     constexpr int filesHeight = 110; // px
     m_files->setMaximumHeight(filesHeight);
-    m_add = new QPushButton(u"Add files..."_s);
+    m_add = new QPushButton(u"Add files..."_s, this);
     m_add->setObjectName(u"add"_s);
     m_add->setAutoDefault(false);
-    m_lines = makeText("lines");
+    m_lines = makeText("lines", this);
     m_lines->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_lines->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     layout->addWidget(new QLabel(u"Files:"_s));
@@ -120,25 +120,25 @@ QWidget *ImportAssistant::makeFilePane()
 
 QWidget *ImportAssistant::makeChoicePane()
 {
-    auto *pane = new QWidget;
+    auto *pane = new QWidget(this);
     QVBoxLayout *layout = paneLayout(pane);
-    m_layouts = new QComboBox;
+    m_layouts = new QComboBox(this);
     m_layouts->setObjectName(u"layouts"_s);
     m_layouts->setEditable(true);
     m_layouts->setInsertPolicy(QComboBox::NoInsert);
     m_layouts->setToolTip(u"Choose a layout, or give a name under which this one is saved"_s);
-    m_save = new QPushButton(u"Save layout"_s);
+    m_save = new QPushButton(u"Save layout"_s, this);
     m_save->setObjectName(u"save"_s);
     m_save->setAutoDefault(false);
     m_save->setToolTip(u"Files with the same names of columns will be read so from now on"_s);
     for (const NamedLayout &known : m_session.known())
         m_layouts->addItem(known.name);
     m_layouts->setCurrentIndex(-1);
-    auto *line = new QHBoxLayout;
+    auto *line = new QHBoxLayout; // owned by the layout around it
     line->addWidget(m_layouts, 1);
     line->addWidget(m_save);
-    m_form = new LayoutForm;
-    auto *area = new QScrollArea;
+    m_form = new LayoutForm(this);
+    auto *area = new QScrollArea(this);
     area->setWidget(m_form);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -153,15 +153,15 @@ QWidget *ImportAssistant::makeChoicePane()
 
 QWidget *ImportAssistant::makeResultPane()
 {
-    auto *pane = new QWidget;
+    auto *pane = new QWidget(this);
     QVBoxLayout *layout = paneLayout(pane);
-    m_recordings = new QLabel;
+    m_recordings = new QLabel(this);
     m_recordings->setObjectName(u"recordings"_s);
     m_recordings->setWordWrap(true);
     m_recordings->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_samples = new SamplesView;
-    m_time = new TimeView;
-    m_oddities = makeText("oddities");
+    m_samples = new SamplesView(this);
+    m_time = new TimeView(this);
+    m_oddities = makeText("oddities", this);
     constexpr int odditiesHeight = 150; // px
     m_oddities->setMaximumHeight(odditiesHeight);
     layout->addWidget(new QLabel(u"What comes of it:"_s));
@@ -175,18 +175,18 @@ QWidget *ImportAssistant::makeResultPane()
 
 QWidget *ImportAssistant::makeButtons()
 {
-    auto *pane = new QWidget;
+    auto *pane = new QWidget(this);
     auto *layout = new QHBoxLayout(pane);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_note = new QLabel;
+    m_note = new QLabel(this);
     m_note->setObjectName(u"note"_s);
     m_note->setWordWrap(true);
-    m_progress = new QProgressBar;
+    m_progress = new QProgressBar(this);
     m_progress->setObjectName(u"progress"_s);
-    m_import = new QPushButton(u"Import"_s);
+    m_import = new QPushButton(u"Import"_s, this);
     m_import->setObjectName(u"import"_s);
     m_import->setDefault(true);
-    auto *cancel = new QPushButton(u"Cancel"_s);
+    auto *cancel = new QPushButton(u"Cancel"_s, this);
     cancel->setObjectName(u"cancel"_s);
     cancel->setAutoDefault(false);
     layout->addWidget(m_note, 1);

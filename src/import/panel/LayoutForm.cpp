@@ -35,7 +35,7 @@ LayoutForm::LayoutForm(QWidget *parent) : QWidget(parent)
 
 void LayoutForm::addRow(QGridLayout &grid, const LayoutField &field)
 {
-    Row row{&field, new QLabel(field.label), makeEditor(field), new QLabel};
+    Row row{&field, new QLabel(field.label, this), makeEditor(field), new QLabel(this)};
     row.label->setBuddy(row.editor);
     row.label->setToolTip(field.help);
     row.editor->setToolTip(field.help);
@@ -51,14 +51,14 @@ void LayoutForm::addRow(QGridLayout &grid, const LayoutField &field)
 QWidget *LayoutForm::makeEditor(const LayoutField &field)
 {
     if (field.kind == LayoutField::Kind::Text && !field.words) {
-        auto *line = new QLineEdit;
+        auto *line = new QLineEdit(this);
         connect(line, &QLineEdit::editingFinished, this, [this, line, &field] {
             if (line->isModified())
                 Q_EMIT changed(field, line->text());
         });
         return line;
     }
-    auto *box = new QComboBox;
+    auto *box = new QComboBox(this);
     constexpr int leastLetters = 10;
     box->setMinimumContentsLength(leastLetters);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
