@@ -95,7 +95,7 @@ double secondsSince(std::chrono::steady_clock::time_point start)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-void read(benchmark::State &state, Kind kind)
+void readAll(benchmark::State &state, Kind kind)
 {
     QByteArray bytes = table(static_cast<int>(state.range(0)), kind);
     TableLayout used = layout();
@@ -151,7 +151,7 @@ int main(int argc, char **argv)
         return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? 0 : 1;
     }
     const auto add = [](const char *name, Kind kind, int samples) {
-        benchmark::RegisterBenchmark(name, read, kind)->Unit(benchmark::kMillisecond)->Arg(samples)->Iterations(5);
+        benchmark::RegisterBenchmark(name, readAll, kind)->Unit(benchmark::kMillisecond)->Arg(samples)->Iterations(5);
     };
     add("plain", Kind::Plain, few);
     add("plain", Kind::Plain, many);
