@@ -309,8 +309,9 @@ void TestConvertProgram::manySamplesOfManyRecordings()
     for (int i = 0; i < samples; ++i) {
         const QByteArray time = QByteArray::number(i);
         const int trial = i % recordings;
-        text += time + ";" + time + ";7;3;1;Ann;;" + QByteArray::number(trial) + ";\n";
-        expected[trial] += QByteArray::number(qint64(1000) * i) + '\t' + time + "\t7\t3\t3\t1\t0\t0\t0\t0\t0\n";
+        const QByteArray place = QByteArray::number(i % 1000);
+        text += time + ";" + place + ";7;3;1;Ann;;" + QByteArray::number(trial) + ";\n";
+        expected[trial] += QByteArray::number(qint64(1000) * i) + '\t' + place + "\t7\t3\t3\t1\t0\t0\t0\t0\t0\n";
     }
     write(u"long.csv"_s, text);
     const Outcome outcome = convert(u"--quiet --layout mine.layout.json --split trial long.csv"_s);

@@ -118,7 +118,7 @@ void TestImportAssistant::columnIsChangedByKeys()
     box->lineEdit()->setFocus();
     box->lineEdit()->selectAll();
     QTest::keyClicks(box->lineEdit(), u"right_x_px"_s);
-    QTest::keyClick(box->lineEdit(), Qt::Key_Tab);
+    QTest::keyClick(box->lineEdit(), Qt::Key_Return);
     QCOMPARE(m_assistant->session().tables()[0].layout.left.pupil, TableColumn::named(u"right_x_px"_s));
     QVERIFY(m_assistant->isVisible());
 }
@@ -131,7 +131,7 @@ void TestImportAssistant::wrongTextIsTold()
     line->setFocus();
     line->selectAll();
     QTest::keyClicks(line, u"wide"_s);
-    QTest::keyClick(line, Qt::Key_Tab);
+    QTest::keyClick(line, Qt::Key_Return);
     QCOMPARE(text("note"), u"\"wide\" is nothing for Screen [px]: Width x height, such as 1920 x 1080."_s);
     QCOMPARE(line->text(), before);
 }
@@ -183,7 +183,7 @@ void TestImportAssistant::savedLayoutIsFoundAgain()
     line->setFocus();
     line->selectAll();
     QTest::keyClicks(line, u"1280 x 1024"_s);
-    QTest::keyClick(line, Qt::Key_Tab);
+    QTest::keyClick(line, Qt::Key_Return);
     auto *name = find<QComboBox>("layouts")->lineEdit();
     name->selectAll();
     QTest::keyClicks(name, u"our lab"_s);

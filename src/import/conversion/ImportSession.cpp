@@ -47,8 +47,8 @@ QString stimulusOf(const QString &table, const TableContent &content)
 
 QStringList tablesIn(const QString &folder)
 {
-    const QStringList endings{u"*.csv"_s, u"*.tsv"_s,    u"*.txt"_s,    u"*.asc"_s,    u"*.dat"_s,   u"*.tab"_s,
-                              u"*.log"_s, u"*.csv.gz"_s, u"*.tsv.gz"_s, u"*.txt.gz"_s, u"*.asc.gz"_s};
+    const QStringList endings{u"*.csv"_s, u"*.tsv"_s,    u"*.txt"_s,    u"*.asc"_s,    u"*.dat"_s,
+                              u"*.tab"_s, u"*.csv.gz"_s, u"*.tsv.gz"_s, u"*.txt.gz"_s, u"*.asc.gz"_s};
     QStringList paths;
     for (const QString &name : QDir(folder).entryList(endings, QDir::Files, QDir::Name))
         paths << QDir(folder).filePath(name);

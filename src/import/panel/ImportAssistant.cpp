@@ -47,7 +47,7 @@ QStringList askForTables(QWidget *parent)
 {
     return QFileDialog::getOpenFileNames(
         parent, u"Select Files of Other Formats"_s, {},
-        u"Tables and logs (*.csv *.tsv *.txt *.asc *.dat *.tab *.log *.gz);;All files (*)"_s);
+        u"Tables and logs (*.csv *.tsv *.txt *.asc *.dat *.tab *.gz);;All files (*)"_s);
 }
 
 QVBoxLayout *paneLayout(QWidget *pane)
@@ -185,7 +185,7 @@ QWidget *ImportAssistant::makeButtons()
     m_progress->setObjectName(u"progress"_s);
     m_import = new QPushButton(u"Import"_s, this);
     m_import->setObjectName(u"import"_s);
-    m_import->setDefault(true);
+    m_import->setAutoDefault(false); // Return ends a text, and imports nothing
     auto *cancel = new QPushButton(u"Cancel"_s, this);
     cancel->setObjectName(u"cancel"_s);
     cancel->setAutoDefault(false);

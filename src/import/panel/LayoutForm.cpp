@@ -1,6 +1,7 @@
 #include "import/panel/LayoutForm.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -61,6 +62,8 @@ QWidget *LayoutForm::makeEditor(const LayoutField &field)
     auto *box = new QComboBox(this);
     constexpr int leastLetters = 10;
     box->setMinimumContentsLength(leastLetters);
+    box->setFocusPolicy(Qt::StrongFocus);
+    box->installEventFilter(this);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     const bool isOpen = field.kind != LayoutField::Kind::Word;
     box->setEditable(isOpen);
@@ -73,6 +76,15 @@ QWidget *LayoutForm::makeEditor(const LayoutField &field)
         });
     }
     return box;
+}
+
+bool LayoutForm::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *control = qobject_cast<QWidget *>(watched);
+    if (event->type() != QEvent::Wheel || !control || control->hasFocus())
+        return QWidget::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void LayoutForm::show(const ImportSession &session, qsizetype table)

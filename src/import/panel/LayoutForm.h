@@ -22,6 +22,10 @@ Q_SIGNALS:
     /// The user has chosen.
     void changed(const LayoutField &field, const QString &text);
 
+protected:
+    /// The wheel scrolls the form; a choice under the mouse takes it only once it has the focus.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     struct Row {
         const LayoutField *field;
