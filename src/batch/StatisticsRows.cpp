@@ -7,6 +7,7 @@
 #include "detection/PixelSize.h"
 #include "export/AngleStarExport.h"
 #include "export/MeasureExport.h"
+#include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
 #include "statistics/StatisticsCalculation.h"
 #include "visualization/parameters/VisualizationParameters.h"
@@ -76,6 +77,11 @@ ExportResult writeScanpathMeasures(RunState &run, const ExportTarget &target)
                                   {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
 }
 
+ExportResult writeQuality(RunState &run, const ExportTarget &target)
+{
+    return exportQuality(run.model, target, {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
+}
+
 ExportResult writeGroupComparison(RunState &run, const ExportTarget &target)
 {
     run.model.comparedBy = run.options.groupBy;
@@ -119,6 +125,6 @@ QList<TableRow> statisticsTables()
             {Text("scanpath-measures"), writeScanpathMeasures},
             {Text("group-comparison"), writeGroupComparison},
             {Text("scanpath-similarity"), writeSimilarity, fixationWord},
-            {Text("quality")},
+            {Text("quality"), writeQuality},
             {Text("bids")}};
 }
