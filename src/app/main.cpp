@@ -34,6 +34,7 @@ int main(int argc, char *argv[])
         std::printf("vistrum 0.2014\nrelease %s\n", qPrintable(releaseText()));
         return 0;
     }
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // for the web engine, which is loaded later
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brennhaus Institute"));
     QApplication::setOrganizationDomain(QStringLiteral("vistrum.example"));

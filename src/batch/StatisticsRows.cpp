@@ -9,6 +9,7 @@
 #include "export/MeasureExport.h"
 #include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
+#include "export/TidyExport.h"
 #include "statistics/StatisticsCalculation.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
@@ -65,21 +66,18 @@ ExportResult writeAngleStar(RunState &run, const ExportTarget &target)
     return exportAngleStar(run.model, pathStem(target), {saccades.numberOfHistogramBins, saccades.angleOffset});
 }
 
+template <auto Export>
+ExportResult writeTidy(RunState &run, const ExportTarget &target)
+{
+    run.model.comparedBy = run.options.groupBy;
+    return Export(run.model, target,
+                  MeasureForm{.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
+}
+
 ExportResult writeAoiMeasures(RunState &run, const ExportTarget &target)
 {
     warnIfWithoutAreas(run, Text("aoi-measures"));
     return exportAoiMeasures(run.model, target, {.pixelPerDistance = {}, .threads = run.threads()});
-}
-
-ExportResult writeScanpathMeasures(RunState &run, const ExportTarget &target)
-{
-    return exportScanpathMeasures(run.model, target,
-                                  {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
-}
-
-ExportResult writeQuality(RunState &run, const ExportTarget &target)
-{
-    return exportQuality(run.model, target, {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
 }
 
 ExportResult writeGroupComparison(RunState &run, const ExportTarget &target)
@@ -120,11 +118,12 @@ QList<TableRow> statisticsTables()
             {Text("aoi-statistics"), writeAreas},
             {Text("transitions"), writeTransitions},
             {Text("anglestar"), writeAngleStar},
-            {Text("tidy")},
+            {Text("tidy"), writeTidy<exportTidy>, fixationWord},
+            {Text("tidy-samples"), writeTidy<exportTidySamples>},
             {Text("aoi-measures"), writeAoiMeasures},
-            {Text("scanpath-measures"), writeScanpathMeasures},
+            {Text("scanpath-measures"), writeTidy<exportScanpathMeasures>},
             {Text("group-comparison"), writeGroupComparison},
             {Text("scanpath-similarity"), writeSimilarity, fixationWord},
-            {Text("quality"), writeQuality},
+            {Text("quality"), writeTidy<exportQuality>},
             {Text("bids")}};
 }

@@ -16,10 +16,15 @@ inline std::optional<double> pixelPerDistance(const FixationSettingsModel &setti
     return settings.velocityImageSize / settings.velocityImageSizePixels / settings.velocityScreenDistance;
 }
 
-/// The same by the stored settings: the geometry of the last velocity calculation, where it measured angles.
+/// The same by the stored settings: the geometry of the last velocity calculation, where it measured angles. Reads the
+/// unit as it was stored: the form in which settings are loaded forgets it, and would store the percentile instead.
 inline std::optional<double> storedPixelPerDistance()
 {
     FixationSettingsModel settings;
-    loadFixationSettings(settings);
+    loadParameters(settings, rows::fixation);
+    bool isNumber = false;
+    const int unit = SettingsStore().value(rows::velocityUnit.key).toString().toInt(&isNumber);
+    if (isNumber)
+        settings.velocityUnit = unit;
     return pixelPerDistance(settings);
 }

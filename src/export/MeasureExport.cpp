@@ -1,39 +1,22 @@
 #include "export/MeasureExport.h"
 
 #include "base/Messages.h"
+#include "export/ExportedStreams.h"
 #include "export/TextTable.h"
 #include "export/TidyTable.h"
 #include "statistics/AoiVisits.h"
 #include "statistics/GroupComparison.h"
 #include "statistics/ScanpathMeasures.h"
 
-#include <vector>
-
 namespace {
 
 using Text = QLatin1StringView;
 
-/// One examination through one eye.
-struct Stream {
-    const Examination *examination;
-    Eye eye;
+using Stream = ExportedStream;
 
-    const EyeData &data() const { return examination->stream(eye); }
-    QString subject() const
-    {
-        return examination->subjectId.isEmpty() ? examination->baseName : examination->subjectId;
-    }
-    QStringList lead() const { return {examination->baseName, examination->subjectId, eyeWord(eye)}; }
-};
-
-std::vector<Stream> streamsOf(const DataModel &model, EyeMode eyes)
+QStringList lead(const Stream &stream)
 {
-    std::vector<Stream> streams;
-    for (const Examination *examination : model.checkedExaminations()) {
-        for (const Eye eye : eyesOf(eyes))
-            streams.push_back({examination, eye});
-    }
-    return streams;
+    return {stream.examination->baseName, stream.examination->subjectId, eyeWord(stream.eye)};
 }
 
 /// Does the work of each place of a list side by side with that of the others.
@@ -203,7 +186,7 @@ ExportResult exportAoiMeasures(const DataModel &model, const ExportTarget &targe
     TidyTable table(leadNames() + QStringList(QStringLiteral("aoi")) + names(aoiVisitMeasures()));
     for (size_t i = 0; i < streams.size(); ++i) {
         for (qsizetype area = 0; area < areas.size(); ++area)
-            table.addRow(streams[i].lead() + QStringList(areas[area].name) +
+            table.addRow(lead(streams[i]) + QStringList(areas[area].name) +
                          numbers(aoiVisitMeasures(), visits[i][area]));
     }
     return write(pathStem(target) + Text("_aoi_measures.csv"), table.text(), QStringLiteral("AOI measures"));
@@ -215,7 +198,7 @@ ExportResult exportScanpathMeasures(const DataModel &model, const ExportTarget &
     const std::vector<ScanpathMeasures> scanpaths = scanpathsOf(streams, model, form);
     TidyTable table(leadNames() + names(scanpathMeasureColumns()));
     for (size_t i = 0; i < streams.size(); ++i)
-        table.addRow(streams[i].lead() + numbers(scanpathMeasureColumns(), scanpaths[i]));
+        table.addRow(lead(streams[i]) + numbers(scanpathMeasureColumns(), scanpaths[i]));
     return write(pathStem(target) + Text("_scanpath_measures.csv"), table.text(), QStringLiteral("Scanpath measures"));
 }
 

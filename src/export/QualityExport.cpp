@@ -16,10 +16,10 @@ QStringList header()
     return names;
 }
 
-QStringList rowOf(const Examination &examination, const StreamQuality &measured)
+QStringList rowOf(const Examination &examination, const QString &group, const StreamQuality &measured)
 {
-    QStringList fields{examination.baseName, examination.subjectId, groupOf(examination, QStringLiteral("group")),
-                       examination.imageName, eyeWord(measured.eye)};
+    QStringList fields{examination.baseName, examination.subjectId, group, examination.imageName,
+                       eyeWord(measured.eye)};
     for (const Measure<EyeQuality> &measure : qualityMeasures())
         fields << TidyTable::number(measure.value(measured.quality));
     return fields;
@@ -34,8 +34,10 @@ ExportResult exportQuality(const DataModel &model, const ExportTarget &target, c
                                                           .pixelPerDistance = form.pixelPerDistance,
                                                           .threads = form.threads});
     TidyTable table(header());
-    for (const StreamQuality &measured : all)
-        table.addRow(rowOf(model.examinations()[measured.examination], measured));
+    for (const StreamQuality &measured : all) {
+        const Examination &examination = model.examinations()[measured.examination];
+        table.addRow(rowOf(examination, groupOf(examination, model.comparedBy), measured));
+    }
     ExportResult result;
     const QString path = pathStem(target) + Text("_quality.csv");
     writeTable(path, table.text(), result);

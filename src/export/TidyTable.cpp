@@ -4,21 +4,16 @@
 
 #include <cmath>
 
-namespace {
-
-QString quoted(QString field)
+QString TidyTable::field(QString text)
 {
-    const bool isPlain =
-        !field.contains(u',') && !field.contains(u'"') && !field.contains(u'\n') && !field.contains(u'\r');
-    return isPlain ? field : u'"' + field.replace(u'"', QStringLiteral("\"\"")) + u'"';
+    const bool isPlain = !text.contains(u',') && !text.contains(u'"') && !text.contains(u'\n') && !text.contains(u'\r');
+    return isPlain ? text : u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"';
 }
-
-} // namespace
 
 void TidyTable::addRow(const QStringList &fields)
 {
     for (qsizetype i = 0; i < fields.size(); ++i)
-        m_text += (i > 0 ? QStringLiteral(",") : QString()) + quoted(fields[i]);
+        m_text += (i > 0 ? QStringLiteral(",") : QString()) + field(fields[i]);
     m_text += u'\n';
 }
 

@@ -12,6 +12,9 @@ public:
 
     void addRow(const QStringList &fields);
 
+    /// The text as it stands in the table.
+    static QString field(QString text);
+
     static QString number(std::optional<double> value);
 
     const QString &text() const { return m_text; }

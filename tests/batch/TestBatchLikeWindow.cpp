@@ -31,6 +31,8 @@ private Q_SLOTS:
     void sameTablesOfClusters();
     void sameStatistics_data();
     void sameStatistics();
+    void sameTidyTables_data();
+    void sameTidyTables();
     void samePictures();
 
 private:
@@ -257,6 +259,43 @@ void TestBatchLikeWindow::sameStatistics()
     QCOMPARE(fromBatch.keys(), fromWindow.keys());
     for (auto file = fromBatch.cbegin(); file != fromBatch.cend(); ++file)
         QVERIFY2(file.value() == fromWindow[file.key()], qPrintable(file.key()));
+}
+
+void TestBatchLikeWindow::sameTidyTables_data()
+{
+    QTest::addColumn<QString>("inWindow");
+    QTest::addColumn<QString>("inBatch");
+    QTest::newRow("all eyes") << "for all eyes"
+                              << "all";
+    QTest::newRow("dominant eye") << "dominant only"
+                                  << "dominant";
+    QTest::newRow("mean eye") << "mean only"
+                              << "mean";
+}
+
+/// In a part of the time, with areas, clusters, groups, and degrees.
+void TestBatchLikeWindow::sameTidyTables()
+{
+    QFETCH(QString, inWindow);
+    QFETCH(QString, inBatch);
+    exportFromWindow(inWindow, QStringLiteral("unused"), {.detector = 2, .velocityUnit = 1, .picture = 1});
+    find<QToolButton>("calculateClusters_button")->click();
+    find<QPushButton>("addAOI_grid")->click();
+    find<QDoubleSpinBox>("doubleSpinBox_end")->setValue(7500);
+    find<QDoubleSpinBox>("doubleSpinBox_start")->setValue(300);
+    QTest::keyClick(find<QDoubleSpinBox>("doubleSpinBox_start"), Qt::Key_Return);
+    QVERIFY(QDir().mkpath(QStringLiteral("window")));
+    find<QLineEdit>("dataFolderLineEdit")->setText(QStringLiteral("window"));
+    for (const char *box : {"fixationCheckBox", "eventCheckBox", "tidyCheckBox", "tidySamplesCheckBox"})
+        find<QCheckBox>(box)->click(); // the first two off again
+    find<QPushButton>("dataExportButton")->click();
+    const QString calls =
+        QStringLiteral("--quiet --out=batch --prefix=same --time 300:7500 --detector velocity --velocity-unit "
+                       "degree-per-s --background study/bay.png --calculate fixations,clusters --generate-aois grid "
+                       "--export tidy,tidy-samples --eyes ") +
+        inBatch;
+    QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
+    compareTables(6);
 }
 
 /// The pictures that the window saves of what it shows, and its charts, are those of a run.

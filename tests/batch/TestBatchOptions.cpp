@@ -264,8 +264,8 @@ void refusedChoices()
     refusedRow(
         "empty list entry", "--export fixations,,events a.data",
         "--export : not one of fixations, clusters, events, cumulative-clusters, general-statistics, aoi-statistics, "
-        "transitions, anglestar, tidy, aoi-measures, scanpath-measures, group-comparison, scanpath-similarity, "
-        "quality, bids");
+        "transitions, anglestar, tidy, tidy-samples, aoi-measures, scanpath-measures, group-comparison, "
+        "scanpath-similarity, quality, bids");
 }
 
 void refusedTimes()

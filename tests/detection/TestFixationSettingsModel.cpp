@@ -1,4 +1,5 @@
 #include "detection/FixationSettingsModel.h"
+#include "detection/PixelSize.h"
 #include "TestSettings.h"
 
 #include <QTest>
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void velocityUnitFromText_data();
     void velocityUnitFromText();
     void chosenVelocityUnitIsLost();
+    void geometryRemembersTheUnit();
     void typeNames_data();
     void typeNames();
 };
@@ -175,6 +177,23 @@ void TestFixationSettingsModel::chosenVelocityUnitIsLost()
     QCOMPARE(SettingsStore().value(unitKey).toInt(), 1);
     loadFixationSettings(model);
     QCOMPARE(model.velocityUnit, 2);
+}
+
+/// 0.4 m are 2560 px wide, 0.6 m away.
+void TestFixationSettingsModel::geometryRemembersTheUnit()
+{
+    const TemporarySettings settings;
+    FixationSettingsModel model;
+    setParameter(model, rows::velocityImageSize, 0.4);
+    setParameter(model, rows::velocityImageSizePixels, 2560);
+    setParameter(model, rows::velocityScreenDistance, 0.6);
+    setParameter(model, rows::velocityUnit, 2);
+    QCOMPARE(storedPixelPerDistance(), std::nullopt);
+    setParameter(model, rows::velocityUnit, 1);
+    QCOMPARE(storedPixelPerDistance(), std::optional(0.4 / 2560 / 0.6));
+    QCOMPARE(storedPixelPerDistance(), std::optional(0.4 / 2560 / 0.6)); // asking changes nothing
+    SettingsStore().setValue(unitKey, QString::fromUtf8("[\xC2\xB0/s]"));
+    QCOMPARE(storedPixelPerDistance(), std::optional(0.4 / 2560 / 0.6));
 }
 
 void TestFixationSettingsModel::typeNames_data()

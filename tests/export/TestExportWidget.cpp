@@ -25,6 +25,7 @@ private Q_SLOTS:
     void startsWithTheStoredFolderAndNothingToExport();
     void buttonFollowsTheCheckBoxes();
     void clusterKindsAreEnabledOnTheirOwn();
+    void tidyTablesFollowTheirBoxes();
     void exportsEachCheckedKindInOrder();
     void eyeSelection_data();
     void eyeSelection();
@@ -146,6 +147,31 @@ void TestExportWidget::clusterKindsAreEnabledOnTheirOwn()
     QVERIFY(button->isEnabled());
     tick("clusterCheckBox");
     QVERIFY(!button->isEnabled());
+}
+
+/// Samples can be written once there are any, the other tables once there are fixations.
+void TestExportWidget::tidyTablesFollowTheirBoxes()
+{
+    const RecordedMessages messages;
+    QVERIFY(!child<QCheckBox>("tidySamplesCheckBox")->isEnabled());
+    m_widget->sltEnableTidySampleExport();
+    QVERIFY(child<QCheckBox>("tidySamplesCheckBox")->isEnabled());
+    QVERIFY(!child<QCheckBox>("tidyCheckBox")->isEnabled());
+    tick("tidySamplesCheckBox");
+    click("dataExportButton");
+    QCOMPARE(exportedNames(), QStringList(QStringLiteral("vistrum_tidy_samples.csv")));
+    m_widget->sltEnableFixationExport();
+    tick("tidySamplesCheckBox");
+    tick("tidyCheckBox");
+    QVERIFY(QFile::remove(m_folder->filePath(QStringLiteral("vistrum_tidy_samples.csv"))));
+    click("dataExportButton");
+    QCOMPARE(exportedNames(),
+             QStringList({QStringLiteral("vistrum_tidy_aois.csv"), QStringLiteral("vistrum_tidy_clusters.csv"),
+                          QStringLiteral("vistrum_tidy_fixations.csv"), QStringLiteral("vistrum_tidy_losses.csv"),
+                          QStringLiteral("vistrum_tidy_saccades.csv")}));
+    const QString where = QStringLiteral(" [exportdir=%1, prefix=vistrum]").arg(m_folder->path());
+    QCOMPARE(newCommands(), QStringList({QStringLiteral("Export tidy samples") + where,
+                                         QStringLiteral("Export tidy tables") + where}));
 }
 
 void TestExportWidget::exportsEachCheckedKindInOrder()

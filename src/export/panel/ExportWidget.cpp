@@ -1,8 +1,10 @@
 #include "export/panel/ExportWidget.h"
 
 #include "commands/CommandStack.h"
+#include "detection/PixelSize.h"
 #include "export/panel/ExportCommands.h"
 #include "export/panel/ExportForm.h"
+#include "export/TidyExport.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
 #include "ui_ExportWidget.h"
@@ -24,6 +26,16 @@ QUndoCommand *newCommand(QLatin1StringView kind, DataModel &model, const ExportT
     return new Command(kind, model, target);
 }
 
+ExportResult writeTidy(const DataModel &model, const ExportTarget &target)
+{
+    return exportTidy(model, target, {.pixelPerDistance = storedPixelPerDistance()});
+}
+
+ExportResult writeTidySamples(const DataModel &model, const ExportTarget &target)
+{
+    return exportTidySamples(model, target, {.pixelPerDistance = storedPixelPerDistance()});
+}
+
 /// One kind of table: its check box, its name in the undo view, its command.
 struct TableKind {
     QCheckBox *Ui::ExportWidget::*box;
@@ -40,6 +52,8 @@ constexpr TableKind tableKinds[] = {
     {&Ui::ExportWidget::eventCheckBox, Text("events"), newCommand<CommandExportEvents>},
     {&Ui::ExportWidget::cumulativeClusterCheckBox, Text("cumulative clusters"),
      newCommand<CommandExportCumulativeClusters>},
+    {&Ui::ExportWidget::tidyCheckBox, Text("tidy tables"), newCommand<TableExportCommand<writeTidy>>},
+    {&Ui::ExportWidget::tidySamplesCheckBox, Text("tidy samples"), newCommand<TableExportCommand<writeTidySamples>>},
 };
 
 /// A kind of chart and the signal that asks for it.
@@ -134,6 +148,8 @@ void ExportWidget::sltBrowseDataExportFolder()
 void ExportWidget::sltEnableFixationExport()
 {
     enable(ui->fixationCheckBox);
+    enable(ui->tidyCheckBox);
+    enable(ui->tidySamplesCheckBox);
 }
 
 void ExportWidget::sltEnableFixationClusterExport()
@@ -149,6 +165,11 @@ void ExportWidget::sltEnableEventExport()
 void ExportWidget::sltEnableCumulativeClusterExport()
 {
     enable(ui->cumulativeClusterCheckBox);
+}
+
+void ExportWidget::sltEnableTidySampleExport()
+{
+    enable(ui->tidySamplesCheckBox);
 }
 
 void ExportWidget::sltExportStatistics()

@@ -61,6 +61,8 @@ public Q_SLOTS:
     void sltEnableFixationClusterExport();
     void sltEnableEventExport();
     void sltEnableCumulativeClusterExport();
+    /// There are samples.
+    void sltEnableTidySampleExport();
     /// The same for statistics.
     void sltExportStatistics();
     void sltBrowseStatisticExportFolder();

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// Rows of a tidy table as bytes in UTF-8: fields with commas in between, quoted where they need it, lines ended by
+/// "\n"; texts and numbers have the form of `TidyTable`. For tables of millions of rows.
+class TidyRows {
+public:
+    /// @param lead  what each row begins with.
+    explicit TidyRows(const QStringList &lead);
+
+    void beginRow() { m_bytes += m_lead; }
+    void endRow() { m_bytes.back() = '\n'; }
+
+    void addText(QStringView text);
+    /// A text that needs no quotes.
+    void addWord(QLatin1StringView word) { m_bytes.append(word.data(), word.size()).append(','); }
+    void addInteger(qint64 number);
+    /// What is nothing, or not finite, is empty.
+    void addNumber(std::optional<double> number);
+
+    const QByteArray &bytes() const { return m_bytes; }
+
+private:
+    QByteArray m_lead;
+    QByteArray m_bytes;
+};
