@@ -59,6 +59,8 @@ QJsonObject toJson(const ReportedInput &input)
     object.insert(QStringLiteral("messages"), toJson(input.messages));
     if (!input.table.isEmpty())
         object.insert(QStringLiteral("table"), input.table);
+    if (!input.quality.isEmpty())
+        object.insert(QStringLiteral("quality"), input.quality);
     return object;
 }
 

@@ -23,7 +23,8 @@ struct ReportedInput {
     bool used = true;             ///< false for a file of which nothing was taken
     QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
     QList<ShownMessage> messages; ///< about this file
-    QJsonObject table;            ///< how a table was read and what it held; empty for other files
+    QJsonObject table = {};       ///< how a table was read and what it held; empty for other files
+    QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names
 };
 
 /// An area of interest at the end of the run.

@@ -14,7 +14,7 @@ RunJournal::RunJournal(MessageRecord &record, Terminal &output, Digests digests)
 void RunJournal::addInput(const QString &path, const QString &kind)
 {
     const ReportedFile file = m_digests == Digests::Made ? reportedFile(path) : ReportedFile{path, 0, {}};
-    m_inputs << ReportedInput{.file = file, .kind = kind, .counts = {}, .messages = {}, .table = {}};
+    m_inputs << ReportedInput{.file = file, .kind = kind, .counts = {}, .messages = {}};
 }
 
 void RunJournal::beginInput()

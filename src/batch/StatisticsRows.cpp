@@ -7,6 +7,7 @@
 #include "detection/PixelSize.h"
 #include "export/AngleStarExport.h"
 #include "export/MeasureExport.h"
+#include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
 #include "export/TidyExport.h"
 #include "statistics/StatisticsCalculation.h"
@@ -123,6 +124,6 @@ QList<TableRow> statisticsTables()
             {Text("scanpath-measures"), writeTidy<exportScanpathMeasures>},
             {Text("group-comparison"), writeGroupComparison},
             {Text("scanpath-similarity"), writeSimilarity, fixationWord},
-            {Text("quality")},
+            {Text("quality"), writeTidy<exportQuality>},
             {Text("bids")}};
 }

@@ -30,8 +30,7 @@ public:
                 continue;
             if (made->leftValidity > 0 || made->rightValidity > 0)
                 m_table.anyValid[recording] = true;
-            lines += dataLine(*made);
-            lines += '\n';
+            appendDataLine(*made, lines);
         }
         return m_table.lines.add(recording, lines);
     }
