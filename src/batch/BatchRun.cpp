@@ -227,7 +227,10 @@ void BatchRun::takeTable(const ImportedTable &table)
         for (const QString &doubt : file.doubts)
             messages::warning(name, doubt);
     }
-    m_journal.addTable(table.path, !table.recordings.isEmpty(), table.report);
+    QStringList names;
+    for (const ImportedFile &file : table.recordings)
+        names << file.examination.baseName;
+    m_journal.addTable(table.path, names, table.report);
     for (const ImportedFile &file : table.recordings)
         addSetFile(file);
 }

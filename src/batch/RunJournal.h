@@ -22,8 +22,9 @@ public:
     void beginInput();
     void addInputWithMessages(const QString &path, const QString &kind, bool used, const QMap<QString, qint64> &counts);
     /// The same for a table.
-    /// @param report  how it was read; empty where it was not.
-    void addTable(const QString &path, bool used, const QJsonObject &report);
+    /// @param recordings  names of those that were used.
+    /// @param report      how it was read; empty where it was not.
+    void addTable(const QString &path, const QStringList &recordings, const QJsonObject &report);
 
     /// A file that stands complete.
     void keep(const QString &path);

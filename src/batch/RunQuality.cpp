@@ -23,17 +23,33 @@ QJsonObject toJson(const EyeQuality &quality)
 
 void addQuality(const RunState &run, BatchReport &report)
 {
-    QList<ReportedInput *> recordings; // those that came into the model, in its order
+    struct Recording {
+        ReportedInput *input;
+        QString name; ///< within a table; else empty
+    };
+    QList<Recording> recordings; // those that came into the model, in its order
     for (ReportedInput &input : report.inputs) {
         if (input.used && input.kind == QLatin1StringView("recording"))
-            recordings << &input;
+            recordings << Recording{&input, {}};
+        for (const QString &name : std::as_const(input.recordings))
+            recordings << Recording{&input, name};
     }
     for (const StreamQuality &measured : studyQuality(run.model, {.eyes = eyeMode(),
                                                                  .which = MeasuredExaminations::All,
                                                                  .pixelPerDistance = storedPixelPerDistance(),
                                                                  .threads = run.threads()}))
     {
-        if (measured.examination < recordings.size())
-            recordings[measured.examination]->quality.insert(eyeWord(measured.eye), toJson(measured.quality));
+        if (measured.examination >= recordings.size())
+            continue;
+        const Recording &recording = recordings[measured.examination];
+        QJsonObject &quality = recording.input->quality;
+        const QString eye = eyeWord(measured.eye);
+        if (recording.name.isEmpty()) {
+            quality.insert(eye, toJson(measured.quality));
+        } else {
+            QJsonObject ofRecording = quality.value(recording.name).toObject();
+            ofRecording.insert(eye, toJson(measured.quality));
+            quality.insert(recording.name, ofRecording);
+        }
     }
 }
