@@ -31,7 +31,7 @@ QList<RecordingInput> recordingsOfIni(const QString &path, RunJournal &journal)
     QList<RecordingInput> inputs;
     if (problem.isEmpty()) {
         for (const MillimetreRecording &recording : ini->recordings())
-            inputs << RecordingInput{recording.path, recording.stimulus};
+            inputs << RecordingInput{recording.path, recording.stimulus, false};
     }
     return inputs;
 }
@@ -50,17 +50,26 @@ QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &j
         if (hasExtension(path, ".ini"_L1))
             inputs += recordingsOfIni(path, journal);
         else if (isMillimetreText(path) && options.millimetres.size.isComplete())
-            inputs << RecordingInput{path, options.millimetres};
+            inputs << RecordingInput{path, options.millimetres, false};
         else
-            inputs << RecordingInput{path, {}};
+            inputs << RecordingInput{path, {}, isTable(path, options)};
     }
     return inputs;
 }
 
-ImportedFile readInput(const RecordingInput &input, const Log *log)
+bool isTable(const QString &path, const BatchOptions &options)
 {
+    const bool isMillimetres = isMillimetreText(path) && options.millimetres.size.isComplete();
+    return !options.layout.isEmpty() && !hasExtension(path, ".data"_L1) && !hasExtension(path, ".ini"_L1) &&
+           !isMillimetres;
+}
+
+ReadInput readInput(const RecordingInput &input, const LayoutRequest *layout)
+{
+    if (input.isTable && layout)
+        return importTable(input.path, *layout);
     if (!input.stimulus)
-        return readRecording(input.path, log);
+        return readRecording(input.path, nullptr);
     ImportedFile file = readMillimetreRecording({input.path, *input.stimulus});
     if (!file.examination.importOk && file.messages.isEmpty())
         file.messages << corruptRecording(input.path, u"there is no such file"_s);
