@@ -3,6 +3,8 @@
 #include "base/Messages.h"
 #include "batch/BatchOptions.h"
 #include "batch/RunJournal.h"
+#include "import/bids/BidsFiles.h"
+#include "import/bids/BidsRecording.h"
 #include "import/ilmenau/CorrectionIni.h"
 
 #include <QFileInfo>
@@ -46,11 +48,14 @@ bool isMillimetreText(const QString &path)
 QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &journal)
 {
     QList<RecordingInput> inputs;
-    for (const QString &path : options.recordings) {
+    for (const QString &path : withoutRepeatedRuns(options.recordings)) {
         if (hasExtension(path, ".ini"_L1))
             inputs += recordingsOfIni(path, journal);
         else if (isMillimetreText(path) && options.millimetres.size.isComplete())
             inputs << RecordingInput{path, options.millimetres};
+        else if (const QStringList runs = bidsRunsIn(path); QFileInfo(path).isDir() && !runs.isEmpty())
+            for (const QString &run : runs)
+                inputs << RecordingInput{run, {}};
         else
             inputs << RecordingInput{path, {}};
     }
@@ -60,7 +65,7 @@ QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &j
 ImportedFile readInput(const RecordingInput &input, const Log *log)
 {
     if (!input.stimulus)
-        return readRecording(input.path, log);
+        return readRecordingOrBids(input.path, log);
     ImportedFile file = readMillimetreRecording({input.path, *input.stimulus});
     if (!file.examination.importOk && file.messages.isEmpty())
         file.messages << corruptRecording(input.path, u"there is no such file"_s);

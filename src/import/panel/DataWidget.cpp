@@ -1,6 +1,7 @@
 #include "import/panel/DataWidget.h"
 
 #include "commands/CommandStack.h"
+#include "import/bids/BidsFiles.h"
 #include "settings/StoredKeys.h"
 #include "ui_DataWidget.h"
 
@@ -13,9 +14,10 @@ namespace {
 
 QStringList askForRecordings(QWidget *parent, const QString &folder)
 {
-    QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder, QStringLiteral("Data Files (*.data)"));
+    QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder,
+                       QStringLiteral("Data Files (*.data);;BIDS (*_physio.tsv.gz *_physio.json)"));
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    return dialog.exec() == QDialog::Accepted ? withoutRepeatedRuns(dialog.selectedFiles()) : QStringList();
 }
 
 /// Files as they are, and what lies in folders under the extension of recordings, in the order of the names.
@@ -31,8 +33,9 @@ QStringList recordingsAt(const QStringList &paths)
         const QDir folder(absolute);
         for (const QString &name : folder.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name))
             recordings << folder.filePath(name);
+        recordings += bidsRunsIn(absolute);
     }
-    return recordings;
+    return withoutRepeatedRuns(recordings);
 }
 
 } // namespace
