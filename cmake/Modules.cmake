@@ -126,3 +126,14 @@ function(add_module_fuzzer module name)
   use_precompiled(${target} core)
   add_dependencies(fuzzers ${target})
 endfunction()
+
+# add_own_library(vistrum_video SOURCES ... LIBRARIES ...) builds a library that is loaded on demand; see
+# base/OwnLibrary.h.
+function(add_own_library name)
+  cmake_parse_arguments(OWN "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_library(${name} MODULE ${OWN_SOURCES})
+  target_link_libraries(${name} PRIVATE project_options ${OWN_LIBRARIES})
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF
+    LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/vistrum)
+  install(TARGETS ${name} LIBRARY DESTINATION lib/vistrum)
+endfunction()

@@ -1,3 +1,4 @@
+#include "base/OwnLibrary.h"
 #include "export/scene/VideoExport.h"
 #include "export/video/VideoFile.h"
 #include "visualization/ToyData.h"
@@ -6,7 +7,6 @@
 
 #include <QApplication>
 #include <QGraphicsScene>
-#include <QLibrary>
 #include <QTemporaryDir>
 
 #include <random>
@@ -16,7 +16,7 @@ namespace {
 constexpr int recordings = 10;
 constexpr int seconds = 10;
 constexpr int samplesPerSecond = 500;
-constexpr qint64 stepMs = 500; // of a video; each image shows so much
+constexpr qint64 stepMs = 200; // of a video; each image shows so much
 
 /// Gaze that rests for 300 ms here and there.
 Examination recording(std::mt19937 &random)
@@ -77,8 +77,7 @@ void encode(benchmark::State &state)
     for (const TimeFrame frame : videoFrames(scenery.frame, stepMs))
         images << videoImage(scene, content, frame);
     const QTemporaryDir folder;
-    QLibrary library(QCoreApplication::applicationDirPath() + QStringLiteral("/../../src/export/libvistrum_video.so"));
-    const auto open = reinterpret_cast<OpenVideo>(library.resolve(openVideoName));
+    const auto open = reinterpret_cast<OpenVideo>(ownLibraryFunction(QStringLiteral("vistrum_video"), openVideoName));
     for (auto _ : state) {
         std::unique_ptr<IVideoFile> video;
         open(folder.filePath(QStringLiteral("a.avi")), images.first().size(), video);

@@ -54,7 +54,7 @@
       .style("fill", function (d) { return areas[d.index].color; });
     groups.append("text")
       .attr("dy", "0.35em")
-      .style("font-size", Math.max(9, Math.min(13, 360 / areas.length)) + "px")
+      .style("font-size", Math.max(9, Math.min(13, 225 / areas.length)) + "px")
       .attr("text-anchor", function (d) { return (d.startAngle + d.endAngle) / 2 > Math.PI ? "end" : null; })
       .attr("transform", function (d) {
         var angle = (d.startAngle + d.endAngle) / 2;

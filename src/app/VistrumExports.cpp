@@ -182,8 +182,9 @@ void Vistrum::showDiagram()
         messages::information(QString(), *problem);
         return;
     }
-    m_diagram->showDiagram(chords);
-    m_openPage(QUrl::fromLocalFile(folder + QStringLiteral("/index.htm")));
+    const QUrl page = QUrl::fromLocalFile(folder + QStringLiteral("/index.htm"));
+    m_diagram->showDiagram(chords, page);
+    m_openPage(page);
 }
 
 void Vistrum::sltExport_aoi_trans_vis_Image(const QString &path)

@@ -33,6 +33,7 @@ void Vistrum::makeTable()
     connect(m_ui->uncheck_Button, &QPushButton::clicked, m_table, &Control::sltUncheck);
     connect(m_ui->filterButton, &QPushButton::clicked, m_table, &Control::sltShowFilterDialog);
     connect(m_ui->clearFilterButton, &QPushButton::clicked, m_table, &Control::sltClearFilter);
+    connect(m_ui->qualityButton, &QPushButton::clicked, m_table, &Control::sltShowQuality);
     connect(m_ui->manageGroupsButton, &QPushButton::clicked, m_table, &Control::sltManageGroups);
     connect(m_table, &Control::rowsAdded, this, &Vistrum::rebuildImageList);
     connect(m_table, &Control::timeSpanWanted, &timeline(), &Timeline::setTimeSpan);
@@ -131,6 +132,7 @@ void Vistrum::connectStatistics()
     connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, &tables,
             &ExportWidget::sltEnableAnglestarExport);
     connect(this, &Vistrum::sigEnable_trans_matrix_export, &tables, &ExportWidget::sltEnable_AOI_trans_matrix_export);
+    connect(m_table, &ExaminationTableControl::rowsAdded, &tables, &ExportWidget::sltEnableQualityExport);
     connect(&tables, &ExportWidget::sigExport_aoi_trans_csv, this, &Vistrum::sltexport_aoi_trans_csv);
     connect(&tables, &ExportWidget::sigExport_anglestar, this, &Vistrum::sltexport_anglestar);
 }

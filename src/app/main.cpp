@@ -1,6 +1,7 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
 #include "base/Release.h"
+#include "model/PictureLimit.h"
 #include "recording/RecordingJournal.h"
 #include "settings/FirstStart.h"
 #include "settings/StoreRepair.h"
@@ -16,8 +17,7 @@
 
 namespace {
 
-constexpr int largestPictureMegabytes = 1024; ///< decoded; a poster at 600 dpi
-constexpr int splashMs = 4000;                ///< the splash stays at least this long, and stays responsive
+constexpr int splashMs = 4000; ///< the splash stays at least this long, and stays responsive
 
 void wait(int timeMs)
 {
@@ -34,6 +34,7 @@ int main(int argc, char *argv[])
         std::printf("vistrum 0.2014\nrelease %s\n", qPrintable(releaseText()));
         return 0;
     }
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // for the web engine, which is loaded later
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brennhaus Institute"));
     QApplication::setOrganizationDomain(QStringLiteral("vistrum.example"));

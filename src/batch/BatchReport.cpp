@@ -57,6 +57,8 @@ QJsonObject toJson(const ReportedInput &input)
     object.insert(QStringLiteral("used"), input.used);
     object.insert(QStringLiteral("counts"), toJson(input.counts));
     object.insert(QStringLiteral("messages"), toJson(input.messages));
+    if (!input.quality.isEmpty())
+        object.insert(QStringLiteral("quality"), input.quality);
     return object;
 }
 

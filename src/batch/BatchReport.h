@@ -2,6 +2,7 @@
 
 #include "batch/MessageRecord.h"
 
+#include <QJsonObject>
 #include <QMap>
 
 class QJsonDocument;
@@ -23,6 +24,7 @@ struct ReportedInput {
     bool used = true;             ///< false for a file of which nothing was taken
     QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
     QList<ShownMessage> messages; ///< about this file
+    QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names
 };
 
 /// An area of interest at the end of the run.

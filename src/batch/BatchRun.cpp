@@ -9,6 +9,7 @@
 #include "batch/RunAois.h"
 #include "batch/RunCharts.h"
 #include "batch/RunPictures.h"
+#include "batch/RunQuality.h"
 #include "batch/SettingInput.h"
 #include "batch/StatisticsRows.h"
 #include "batch/TableRows.h"
@@ -221,6 +222,7 @@ void BatchRun::writeReport(const QMap<QString, QString> &density)
     if (m_options.reportFile.isEmpty())
         return;
     BatchReport report = m_journal.report();
+    addQuality(m_state, report);
     report.version = QCoreApplication::applicationVersion();
     BatchOptions asUsed = m_options;
     asUsed.eyes = eyeMode();

@@ -8,6 +8,7 @@
 #include "export/AngleStarExport.h"
 #include "export/bids/BidsExport.h"
 #include "export/MeasureExport.h"
+#include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
 #include "export/TidyExport.h"
 #include "statistics/StatisticsCalculation.h"
@@ -129,6 +130,6 @@ QList<TableRow> statisticsTables()
             {Text("scanpath-measures"), writeTidy<exportScanpathMeasures>},
             {Text("group-comparison"), writeGroupComparison},
             {Text("scanpath-similarity"), writeSimilarity, fixationWord},
-            {Text("quality")},
+            {Text("quality"), writeTidy<exportQuality>},
             {Text("bids"), writeBids}};
 }

@@ -4,9 +4,13 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QGraphicsScene>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 
@@ -29,6 +33,7 @@ private Q_SLOTS:
     void diagramOfNothingIsTold();
     void diagramGoesWithTheNextDrawing();
     void videoLeavesTheViewAlone();
+    void videoIsStoppedByItsButton();
 
 private:
     void calculateFixations() const
@@ -149,6 +154,36 @@ void TestChartsInWindow::videoLeavesTheViewAlone()
     QCOMPARE(m_messages->texts().last(), QStringLiteral("|Writing video is done!!!"));
     QVERIFY(QFileInfo(path).size() > 10000);
     QVERIFY(picture() == before);
+}
+
+/// The button is pressed while the images are drawn: no file is left, and the older one stays as it was.
+void TestChartsInWindow::videoIsStoppedByItsButton()
+{
+    importExamples();
+    const QString path = m_folder->filePath(QStringLiteral("a.avi"));
+    QFile older(path);
+    QVERIFY(older.open(QIODevice::WriteOnly) && older.write("older") == 5);
+    older.close();
+    find<VisualizationExportBox>("visualizationBox")
+        ->setFileChooser([&](const QString &, const QString &, const QString &) { return path; });
+    find<QSpinBox>("videoTimespanSpinBox")->setValue(100);
+    QTimer press;
+    bool isPressed = false;
+    connect(&press, &QTimer::timeout, this, [&] {
+        auto *dialog = m_window->findChild<QProgressDialog *>();
+        if (!dialog || dialog->value() < 2)
+            return;
+        QTest::mouseClick(dialog->findChild<QPushButton *>(), Qt::LeftButton);
+        isPressed = true;
+        press.stop();
+    });
+    press.start(1);
+    find<QAbstractButton>("videoExportButton")->click();
+    QVERIFY(isPressed);
+    QCOMPARE(m_messages->texts().last(), QStringLiteral("|The video was stopped, no file was written."));
+    QVERIFY(older.open(QIODevice::ReadOnly));
+    QCOMPARE(older.readAll(), "older");
+    QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral(".video*")}, QDir::AllEntries | QDir::Hidden), {});
 }
 
 QTEST_MAIN(TestChartsInWindow)

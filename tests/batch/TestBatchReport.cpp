@@ -72,7 +72,8 @@ void TestBatchReport::fullReport()
                             QStringLiteral("recording"),
                             true,
                             {{QStringLiteral("samples"), 9007199254740993}}, // 2^53 + 1, no double
-                            {{Severity::Warning, QStringLiteral("T"), QStringLiteral("\"q\"\n")}}};
+                            {{Severity::Warning, QStringLiteral("T"), QStringLiteral("\"q\"\n")}},
+                            {{QStringLiteral("left"), QJsonObject{{QStringLiteral("rate_hz"), 60.5}}}}};
     ReportedInput missing{{QStringLiteral("b.data"), 0, QString()}, QStringLiteral("recording"), false, {}, {}};
     report.inputs = {recording, missing};
     report.messages = {{Severity::Information, QStringLiteral("I"), QStringLiteral("\u00B0")},
@@ -81,7 +82,8 @@ void TestBatchReport::fullReport()
     const char *expected =
         R"({"inputs":[)"
         R"({"bytes":12,"counts":{"samples":9007199254740993},"kind":"recording",)"
-        R"("messages":[{"severity":"warning","text":"\"q\"\n","title":"T"}],"path":"a.data","sha256":"00ff","used":true},)"
+        R"("messages":[{"severity":"warning","text":"\"q\"\n","title":"T"}],"path":"a.data","quality":{"left":{"rate_hz":60.5}},)"
+        R"("sha256":"00ff","used":true},)"
         R"({"bytes":0,"counts":{},"kind":"recording","messages":[],"path":"b.data","sha256":null,"used":false}],)"
         R"("messages":[{"severity":"information","text":"°","title":"I"},{"severity":"critical","text":"","title":""}],)"
         R"("options":{"eyes":"all"},"outputs":[{"bytes":3,"path":"o.csv","sha256":"ab"}],)"

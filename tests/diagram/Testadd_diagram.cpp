@@ -3,6 +3,7 @@
 
 #include <QGraphicsView>
 #include <QTest>
+#include <QUrl>
 
 class Testadd_diagram : public QObject {
     Q_OBJECT
@@ -13,7 +14,7 @@ private Q_SLOTS:
 void Testadd_diagram::fillsItsWindow()
 {
     add_diagram window;
-    window.showDiagram(sampleChords());
+    window.showDiagram(sampleChords(), QUrl()); // no page: the window draws
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QCOMPARE(window.size(), QSize(800, 900));
     const auto *view = window.findChild<QGraphicsView *>();

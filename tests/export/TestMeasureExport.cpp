@@ -1,4 +1,5 @@
 #include "export/MeasureExport.h"
+#include "export/QualityExport.h"
 #include "export/TidyTable.h"
 #include "ExportSamples.h"
 #include "TestMessages.h"
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void tidyText();
     void aoiMeasures();
     void scanpathMeasures();
+    void quality();
     void comparison();
     void comparisonByAnotherEntry();
     void groupsOfTheWindow();
@@ -104,6 +106,29 @@ void TestMeasureExport::scanpathMeasures()
                               "scanpath_length_px,transition_entropy_bit,stationary_entropy_bit,"
                               "gaze_entropy_bit,convex_hull_area_px2,bcea_px2,valid_sample_share"),
                QStringLiteral("r1,s1,left,2,1,80,20,450,,450,,,0,,,1"), QStringLiteral("r1,s1,right,0,0,,,,,,,,,,,")}));
+}
+
+void TestMeasureExport::quality()
+{
+    const QTemporaryDir folder;
+    DataModel model = modelOfFour();
+    for (qsizetype i = 1; i < 4; ++i)
+        model.examinations()[i].checked = false;
+    model.examinations()[0].imageName = QStringLiteral("map.png");
+    // Two samples 10 ms and 450 px apart; a fixation of two samples is too short to be measured.
+    const ExportResult result = exportQuality(model, {folder.path(), QStringLiteral("p"), EyeMode::showAll}, {});
+    QCOMPARE(result.written, QStringList(folder.filePath(QStringLiteral("p_quality.csv"))));
+    QCOMPARE(QString::fromUtf8(bytesOf(result.written[0])),
+             lines({QStringLiteral(
+                        "recording,subject,group,image,eye,samples,duration_ms,rate_hz,interval_jitter_ms,"
+                        "repeated_times,backward_times,gaps,gap_time_ms,gap_time_share,longest_gap_ms,"
+                        "valid_sample_share,data_loss_share,losses,losses_below_75_ms,losses_75_to_500_ms,"
+                        "losses_above_500_ms,longest_loss_ms,outside_share,rms_s2s_px,rms_s2s_deg,window_rms_s2s_px,"
+                        "window_rms_s2s_deg,measured_fixations,fixation_rms_s2s_px,fixation_rms_s2s_deg,"
+                        "fixation_sd_px,fixation_sd_deg,fixation_bcea_px2,fixation_bcea_deg2,binocular_share,"
+                        "eye_distance_px,eye_distance_deg,eye_offset_x_px,eye_offset_y_px"),
+                    QStringLiteral("r1,s1,x,map.png,left,2,10,100,0,0,0,0,0,0,,1,0,0,0,0,0,,0,450,,,,0,,,,,,,,,,,"),
+                    QStringLiteral("r1,s1,x,map.png,right,0,,,,0,0,0,,,,,,0,0,0,0,,,,,,,0,,,,,,,,,,,")}));
 }
 
 void TestMeasureExport::comparison()

@@ -32,6 +32,7 @@ const QMap<Kind, QStringList> boxes{
     {Kind::AngleStar,
      {QStringLiteral("angleStarCheckBox"), QStringLiteral("groupComparisonCheckBox"),
       QStringLiteral("scanpathMeasuresCheckBox")}},
+    {Kind::Recordings, {QStringLiteral("qualityCheckBox")}},
 };
 
 } // namespace
@@ -153,16 +154,18 @@ void TestStatisticsExportBox::folderIsKept()
 void TestStatisticsExportBox::tablesAreCommands()
 {
     enableAll();
-    for (const char *box : {"generalCheckBox", "aoiCheckBox", "aoiMeasuresCheckBox", "scanpathMeasuresCheckBox"})
+    for (const char *box : {"generalCheckBox", "aoiCheckBox", "aoiMeasuresCheckBox", "scanpathMeasuresCheckBox",
+                            "qualityCheckBox"})
         tick(box);
     click("statisticsExportButton");
-    QCOMPARE(stack().count(), 4);
+    QCOMPARE(stack().count(), 5);
     const QStringList expected{QStringLiteral("vistrum_AOIArea_.csv"),
                                QStringLiteral("vistrum_AOIstatistics_left.csv"),
                                QStringLiteral("vistrum_AOIstatistics_right.csv"),
                                QStringLiteral("vistrum_aoi_measures.csv"),
                                QStringLiteral("vistrum_generalstatistics_left.csv"),
                                QStringLiteral("vistrum_generalstatistics_right.csv"),
+                               QStringLiteral("vistrum_quality.csv"),
                                QStringLiteral("vistrum_scanpath_measures.csv")};
     QStringList found = files();
     found.removeAll(QStringLiteral("settings.ini"));

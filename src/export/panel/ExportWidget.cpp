@@ -228,6 +228,11 @@ void ExportWidget::sltEnableAnglestarExport()
     ui->statisticsBox->enable(Statistics::AngleStar);
 }
 
+void ExportWidget::sltEnableQualityExport()
+{
+    ui->statisticsBox->enable(Statistics::Recordings);
+}
+
 void ExportWidget::sltExportAppendInfo(int state)
 {
     writeStored(keys::exportAppendInfo, state);

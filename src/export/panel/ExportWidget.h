@@ -86,6 +86,7 @@ public Q_SLOTS:
     void sltEnableClusterstatsExport();
     void sltEnableCUMMClusterstatsExport();
     void sltEnableAnglestarExport();
+    void sltEnableQualityExport();
     /// Stores a choice, a Qt::CheckState, for which the form has no control any more.
     void sltExportAppendInfo(int state);
 

@@ -5,6 +5,7 @@
 #include "export/MeasureExport.h"
 #include "export/panel/ExportCommands.h"
 #include "export/panel/ExportForm.h"
+#include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
 #include "settings/StoredKeys.h"
 #include "ui_StatisticsExportBox.h"
@@ -24,6 +25,7 @@ constexpr QCheckBox *Form::*choices[] = {&Form::generalCheckBox,
                                          &Form::clusterStatisticsCheckBox,
                                          &Form::cumulativeStatisticsCheckBox,
                                          &Form::angleStarCheckBox,
+                                         &Form::qualityCheckBox,
                                          &Form::bothStatisticsCheckBox,
                                          &Form::aoiMeasuresCheckBox,
                                          &Form::scanpathMeasuresCheckBox,
@@ -42,6 +44,11 @@ ExportResult writeScanpathMeasures(const DataModel &model, const ExportTarget &t
 ExportResult writeGroupComparison(const DataModel &model, const ExportTarget &target)
 {
     return exportGroupComparison(model, target, {.pixelPerDistance = storedPixelPerDistance()});
+}
+
+ExportResult writeQuality(const DataModel &model, const ExportTarget &target)
+{
+    return exportQuality(model, target, {.pixelPerDistance = storedPixelPerDistance()});
 }
 
 template <auto Write>
@@ -66,6 +73,7 @@ constexpr CommandKind tidyTables[] = {
     {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newCommand<writeAoiMeasures>},
     {&Form::scanpathMeasuresCheckBox, QLatin1StringView("scanpath measures"), newCommand<writeScanpathMeasures>},
     {&Form::groupComparisonCheckBox, QLatin1StringView("group comparison"), newCommand<writeGroupComparison>},
+    {&Form::qualityCheckBox, QLatin1StringView("data quality"), newCommand<writeQuality>},
 };
 
 template <size_t N>

@@ -15,7 +15,7 @@ class StatisticsExportBox;
 class StatisticsExportBox : public QGroupBox {
     Q_OBJECT
 public:
-    enum class Kind { General, Areas, AreaTransitions, Clusters, CumulativeClusters, AngleStar };
+    enum class Kind { General, Areas, AreaTransitions, Clusters, CumulativeClusters, AngleStar, Recordings };
 
     explicit StatisticsExportBox(QWidget *parent = nullptr);
     ~StatisticsExportBox() override;

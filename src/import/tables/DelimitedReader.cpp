@@ -33,6 +33,7 @@ DelimitedReader::DelimitedReader(TableBytes &bytes, const QString &file, const T
     , m_place(layout.place)
     , m_recordings(file, layout, options)
 {
+    m_hasNames = std::ranges::any_of(columnsOf(layout), [](const TableColumn &column) { return column.number == 0; });
     const NumberFields codes('.', {}, TableTimeUnit::Milliseconds);
     for (const QString &code : layout.valid.codes) {
         m_codeTexts << code.toUtf8();
@@ -182,18 +183,13 @@ qsizetype DelimitedReader::walkFields(const char *at, const char *const end)
 
 /// Whether a line with another number of fields can be read without a doubt: with fewer, those that are missing at its
 /// end are not needed; with more, those are empty.
-bool DelimitedReader::isWhole(qsizetype count, QByteArrayView line)
+bool DelimitedReader::isWhole(qsizetype count, QByteArrayView line) const
 {
-    if (count < m_plan->fieldCount) {
-        m_oddities.add(TableOddityKind::ColumnsChanged, m_line);
+    if (count < m_plan->fieldCount)
         return count >= m_plan->kept.size();
-    }
     const QList<QByteArrayView> fields = splitFields(line, m_layout.delimiter);
-    const bool isEmptyBeyond = std::all_of(fields.begin() + m_plan->fieldCount, fields.end(),
-                                           [](QByteArrayView field) { return field.isEmpty(); });
-    if (!isEmptyBeyond)
-        m_oddities.add(TableOddityKind::ColumnsChanged, m_line);
-    return isEmptyBeyond;
+    return std::all_of(fields.begin() + m_plan->fieldCount, fields.end(),
+                       [](QByteArrayView field) { return field.isEmpty(); });
 }
 
 /// The first line of samples tells how many fields there are, where no header does.
@@ -214,9 +210,7 @@ DelimitedReader::Then DelimitedReader::checkFirstLine(qsizetype count, QByteArra
         m_plan->fieldCount = count;
         return Then::GoOn;
     }
-    const bool isByName =
-        std::ranges::any_of(columnsOf(m_layout), [](const TableColumn &column) { return column.number == 0; });
-    if (count > m_plan->fieldCount && isByName && !isWhole(count, line))
+    if (count > m_plan->fieldCount && m_hasNames && !isWhole(count, line))
         return fail(
             {.line = m_line,
              .found = QStringLiteral("%1 columns below a header of %2 names").arg(count).arg(m_plan->fieldCount),
@@ -233,25 +227,28 @@ DelimitedReader::Then DelimitedReader::readLine(const char *at, const char *cons
     const QByteArrayView line(at, end);
     if (m_isFirstLine && checkFirstLine(count, line) == Then::Stop)
         return Then::Stop;
-    if (count != m_plan->fieldCount && !isWhole(count, line))
-        return Then::GoOn;
+    const bool isRead = count == m_plan->fieldCount || isWhole(count, line);
     const bool hasTime =
         m_plan->time < 0 || m_kept[static_cast<std::size_t>(m_plan->time)].value.state == FieldState::Number;
-    return hasTime ? addSample() : lineWithoutTime(line);
-}
-
-/// A header that stands in the table again, or a line that is left out.
-DelimitedReader::Then DelimitedReader::lineWithoutTime(QByteArrayView line)
-{
-    if (m_layout.header != TableHeader::None &&
-        std::ranges::any_of(columnsOf(m_layout), [](const TableColumn &column) { return !column.name.isEmpty(); }))
-    {
+    if (isRead && hasTime && count >= m_plan->fieldCount) // nearly every one
+        return addSample();
+    if (m_hasNames && !(isRead && hasTime)) {
+        // A header can stand in the table again, as where files were joined.
         const QStringList names = namesIn(line);
         if (hasNames(names, m_layout)) {
             m_oddities.add(TableOddityKind::ColumnsChanged, m_line);
             return setColumns(names);
         }
     }
+    if (count != m_plan->fieldCount)
+        m_oddities.add(TableOddityKind::ColumnsChanged, m_line);
+    if (!isRead)
+        return Then::GoOn;
+    return hasTime ? addSample() : lineWithoutTime();
+}
+
+DelimitedReader::Then DelimitedReader::lineWithoutTime()
+{
     const Kept &time = m_kept[static_cast<std::size_t>(m_plan->time)];
     m_oddities.add(TableOddityKind::TimeNotANumber, m_line);
     if (!m_timeProblem)

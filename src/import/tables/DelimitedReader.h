@@ -29,11 +29,11 @@ private:
     qsizetype walkFields(const char *at, const char *end);
     const char *readKept(int place, const char *at, const char *end, bool isBlankSeparated);
     qsizetype fieldsIn(const char *at, const char *end) const;
-    bool isWhole(qsizetype count, QByteArrayView line);
+    bool isWhole(qsizetype count, QByteArrayView line) const;
     Then checkFirstLine(qsizetype count, QByteArrayView line);
 
     Then addSample();
-    Then lineWithoutTime(QByteArrayView line);
+    Then lineWithoutTime();
     double timeOf(qsizetype recording);
     bool readEye(const ColumnPlan::Eye &eye, TableEyeSample &sample);
     double pupilOf(int place);
@@ -66,6 +66,7 @@ private:
 
     std::optional<ColumnPlan> m_plan;
     std::vector<Kept> m_kept;
+    bool m_hasNames = false;     ///< any column is given by name
     bool m_isFirstLine = true;   ///< no line of samples was met so far
     qsizetype m_line = 0;        ///< number of the current one, from 1
     qsizetype m_firstHeader = 0; ///< a line that could have been the header

@@ -88,7 +88,8 @@ QByteArray GzipUnpacker::unpack(qsizetype largest)
     }
     bytes.truncate(largest - static_cast<qsizetype>(state.avail_out));
     m_unpackedBytes += bytes.size();
-    if (m_unpackedBytes > harmlessBytes && m_unpackedBytes / largestGrowth > m_packedBytes) {
+    const qint64 used = m_packedBytes - static_cast<qint64>(state.avail_in);
+    if (m_unpackedBytes > harmlessBytes && m_unpackedBytes / largestGrowth > used) {
         fail(QStringLiteral("gzip data that grows beyond %1 times its size").arg(largestGrowth));
         return {};
     }

@@ -29,10 +29,10 @@ using TakeSamples = std::function<bool(qsizetype recording, const QList<TableSam
 using TableProgress = std::function<bool(double part)>;
 
 struct TableReadOptions {
-    TakeSamples take;           ///< none: the samples are in the result
-    TableProgress progress;     ///< may be none
-    qsizetype sampleLimit = -1; ///< stop behind so many samples, for a preview; -1: none
-    qsizetype pieceBytes = 0;   ///< how much is read at a time; 0: as suits the reader
+    TakeSamples take = {};       ///< none: the samples are in the result
+    TableProgress progress = {}; ///< may be none
+    qsizetype sampleLimit = -1;  ///< stop behind so many samples, for a preview; -1: none
+    qsizetype pieceBytes = 0;    ///< how much is read at a time; 0: as suits the reader
 };
 
 /// Reads a table by its layout, in pieces; gzip by its first bytes, whatever the name. Safe to be called from several

@@ -174,13 +174,17 @@ void ExaminationTable::showChecked(int row, bool checked)
     }
 }
 
+void ExaminationTable::setChecked(int row, bool checked)
+{
+    if (QCheckBox *box = checkBox(row))
+        box->setChecked(checked);
+}
+
 void ExaminationTable::setSelectedChecked(bool checked)
 {
     const QModelIndexList selected = selectedIndexes();
-    for (const QModelIndex &index : selected) {
-        if (QCheckBox *box = checkBox(index.row()))
-            box->setChecked(checked);
-    }
+    for (const QModelIndex &index : selected)
+        setChecked(index.row(), checked);
 }
 
 QStringList ExaminationTable::groupByNames() const

@@ -61,6 +61,9 @@ public:
     /// Shows the state without a signal, so that no command comes of it.
     void showChecked(int row, bool checked);
 
+    /// Checks or unchecks a row as a click on its box would; nothing beyond the table.
+    void setChecked(int row, bool checked);
+
     /// Checks or unchecks the selected rows as clicks on their boxes would.
     void setSelectedChecked(bool checked);
 

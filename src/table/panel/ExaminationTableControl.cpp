@@ -8,6 +8,7 @@
 #include "table/panel/editGroupsDialog.h"
 #include "table/panel/ExaminationTable.h"
 #include "table/panel/filterDialog.h"
+#include "table/panel/QualityWindow.h"
 
 #include <QColorDialog>
 #include <QComboBox>
@@ -107,6 +108,23 @@ void ExaminationTableControl::chooseColor(QTableWidgetItem &cell)
     setGazePointColor(*examination, color.rgba());
     ExaminationTable::showColor(cell, color.rgba());
     m_window.updateAndRedraw();
+}
+
+// ---- data quality
+
+void ExaminationTableControl::sltShowQuality()
+{
+    const auto uncheck = [this](const QList<int> &numbers) {
+        const RedrawHold hold(m_window);
+        for (const int number : numbers)
+            m_table.setChecked(m_table.rowOfNumber(number), false);
+    };
+    if (m_quality)
+        m_quality->measure();
+    else
+        m_quality = new QualityWindow(m_model, uncheck, m_table.window());
+    m_quality->show();
+    m_quality->raise();
 }
 
 // ---- filter

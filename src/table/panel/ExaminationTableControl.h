@@ -4,6 +4,7 @@
 #include "table/ExaminationFilter.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
 
@@ -12,6 +13,7 @@ class ExaminationTable;
 class IMainWindow;
 class QComboBox;
 class QTableWidgetItem;
+class QualityWindow;
 
 /// Joins the table of examinations with the model: check marks, filter, groups and colours. The current filter starts
 /// empty.
@@ -55,6 +57,9 @@ public Q_SLOTS:
     void sltTableCheckboxClicked(int row);
     void slt_table_item_double_clicked(QTableWidgetItem *item);
 
+    /// Opens the window of data quality, or measures anew in the one that is open.
+    void sltShowQuality();
+
     void sltShowFilterDialog();
     /// Applies the filter, which only ever unchecks, and builds all rows anew.
     void sltRefreshTable(const QHash<QString, QString> &filter);
@@ -81,4 +86,5 @@ private:
     ExaminationFilter m_filter;
     ColorTableSource m_colorTable;
     ColorChooser m_chooseColor;
+    QPointer<QualityWindow> m_quality; ///< a child of the table's window
 };
