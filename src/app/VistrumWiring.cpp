@@ -22,6 +22,8 @@
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/parameters/GroupColors.h"
 
+#include <algorithm>
+
 void Vistrum::makeTable()
 {
     using Control = ExaminationTableControl;
@@ -147,7 +149,17 @@ void Vistrum::connectPanels()
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, &control.exportWidget(),
-            &ExportWidget::sltEnableTidySampleExport);
+            &ExportWidget::sltEnableSampleExport);
+    connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, [this] {
+        const bool anyFixations = std::ranges::any_of(m_model.examinations(), [](const Examination &examination) {
+            return std::ranges::any_of(examination.streams(),
+                                       [](const EyeData *eye) { return !eye->scanpath.isEmpty(); });
+        });
+        if (anyFixations) { // some recordings come with theirs
+            Q_EMIT sigEnable_fixation_export();
+            Q_EMIT sigEnable_event_export();
+        }
+    });
     connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
     connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
     connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);
