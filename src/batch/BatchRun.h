@@ -27,9 +27,10 @@ private:
     void setTimeFrame();
     void calculate(const QList<CalculationRow> &rows);
     void exportTables();
-    void writeReport(const QMap<QString, QString> &density);
+    void writeRecords(const QMap<QString, QString> &density);
 
     const BatchOptions m_options;
     RunJournal m_journal;
+    QStringList m_failedRecordings; ///< that could not be read
     RunState m_state{m_options, m_journal};
 };
