@@ -1,6 +1,8 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
+#include "base/ArgumentTexts.h"
 #include "base/Release.h"
+#include "model/PictureLimit.h"
 #include "recording/RecordingJournal.h"
 #include "settings/FirstStart.h"
 #include "settings/StoreRepair.h"
@@ -16,8 +18,7 @@
 
 namespace {
 
-constexpr int largestPictureMegabytes = 1024; ///< decoded; a poster at 600 dpi
-constexpr int splashMs = 4000;                ///< the splash stays at least this long, and stays responsive
+constexpr int splashMs = 4000; ///< the splash stays at least this long, and stays responsive
 
 void wait(int timeMs)
 {
@@ -59,7 +60,8 @@ int main(int argc, char *argv[])
         window.setWindowState(Qt::WindowMaximized);
     window.sltFitToScreen();
     splash.finish(&window);
-    window.importFiles(QApplication::arguments().mid(1));
+    ArgumentTexts arguments; // has links to files until the program ends
+    window.importFiles(arguments.texts(QByteArrayList(argv + 1, argv + argc)));
     if (!RecordingJournal::interrupted(RecordingJournal::defaultFolder()).isEmpty())
         window.sltEyeTribeRecorder(); // which offers them
     return QApplication::exec();

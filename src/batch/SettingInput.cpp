@@ -15,10 +15,10 @@ namespace {
 std::optional<QString> applyValue(const QHash<QString, SettingRule> &rules, const QString &key, const QString &text)
 {
     const SettingRule rule = rules.value(key);
-    const std::optional<QVariant> value = rule.value(text);
+    const std::optional<ParameterValue> value = rule.value(text);
     if (!value)
         return QStringLiteral("%1=%2: not %3").arg(key, text, rule.expected());
-    SettingsStore().setValue(key, *value);
+    std::visit([&](const auto &typed) { SettingsStore().setValue(key, toStored(typed)); }, *value);
     return std::nullopt;
 }
 

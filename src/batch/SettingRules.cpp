@@ -115,26 +115,25 @@ QString number(double value)
 
 } // namespace
 
-std::optional<QVariant> SettingRule::value(const QString &text) const
+std::optional<ParameterValue> SettingRule::value(const QString &text) const
 {
-    bool ok = false;
+    const auto textIf = [&](bool isValue) { return isValue ? std::optional<ParameterValue>(text) : std::nullopt; };
     if (type == Type::Text)
-        return words.isEmpty() || words.contains(text) ? std::optional<QVariant>(text) : std::nullopt;
+        return textIf(words.isEmpty() || words.contains(text));
     if (type == Type::Flag) {
         const bool on = text == QLatin1StringView("true") || text == QLatin1StringView("1");
         const bool off = text == QLatin1StringView("false") || text == QLatin1StringView("0");
-        return on || off ? std::optional<QVariant>(on) : std::nullopt;
+        return on || off ? std::optional<ParameterValue>(on) : std::nullopt;
     }
     if (type == Type::Color) {
         const QColor color(text);
-        if (color.isValid())
-            return color.name();
-        return text.isEmpty() && mayBeEmpty ? std::optional<QVariant>(text) : std::nullopt;
+        return color.isValid() ? std::optional<ParameterValue>(color.name()) : textIf(text.isEmpty() && mayBeEmpty);
     }
+    bool ok = false;
     const double read = type == Type::WholeNumber ? text.toInt(&ok) : text.toDouble(&ok);
     if (!ok || !std::isfinite(read) || read < least || read > most)
         return std::nullopt;
-    return type == Type::WholeNumber ? QVariant(static_cast<int>(read)) : QVariant(read);
+    return type == Type::WholeNumber ? ParameterValue(static_cast<int>(read)) : ParameterValue(read);
 }
 
 QString SettingRule::expected() const

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "settings/Parameter.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
-#include <QVariant>
 
 #include <limits>
 #include <optional>
@@ -12,8 +13,8 @@
 struct SettingRule {
     enum class Type { Text, Flag, WholeNumber, Number, Color };
 
-    /// The value that the text stands for; nothing where it is none.
-    std::optional<QVariant> value(const QString &text) const;
+    /// The value that the text stands for, a colour by its name; nothing where it is none.
+    std::optional<ParameterValue> value(const QString &text) const;
 
     /// Such as "a whole number from 10 to 1000".
     QString expected() const;

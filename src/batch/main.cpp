@@ -7,6 +7,7 @@
 #include "batch/TerminalMessages.h"
 #include "batch/TerminalProgress.h"
 #include "model/AoiColors.h"
+#include "model/PictureLimit.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsStore.h"
 
@@ -19,9 +20,6 @@
 #include <cstdio>
 
 namespace {
-
-/// In memory. Pictures that people are shown can be large: this is one of 23,000 x 23,000 px.
-constexpr int largestPictureMb = 2048;
 
 /// The run has a store of its own with the factory values: the user's is neither read nor changed.
 class PrivateStore {
@@ -105,7 +103,7 @@ int main(int argc, char *argv[])
 {
     qInstallMessageHandler(dropDeveloperLines);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // drawings need Qt's widgets, but no display
-    QImageReader::setAllocationLimit(largestPictureMb);
+    QImageReader::setAllocationLimit(largestPictureMegabytes);
     // Qt would take options of its own out of the others, without a word; so it gets the name of the program only.
     int programName = 1;
     QApplication application(programName, argv);

@@ -1,8 +1,5 @@
 #include "import/DataImporter.h"
 
-#include "import/SampleList.h"
-
-#include <limits>
 #include <new>
 
 namespace {
@@ -15,14 +12,6 @@ constexpr qsizetype longestPendingLog = qsizetype(1) << 20; ///< characters
 
 /// A sample line has at least one digit and ten tabs.
 constexpr qsizetype shortestSampleLine = 11;
-
-qint64 saturatedDifference(qint64 minuend, qint64 subtrahend)
-{
-    qint64 difference = 0;
-    if (!__builtin_sub_overflow(minuend, subtrahend, &difference))
-        return difference;
-    return minuend < 0 ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
-}
 
 QString loggedLine(QByteArrayView line, RecordingText &text)
 {
@@ -74,11 +63,11 @@ bool DataImporter::readBytes(QByteArrayView bytes)
     readLines(text);
     m_counts.durationMs = saturatedDifference(m_lastRawTime, m_timeZero);
     flushLog();
-    if (m_left.isEmpty() || !(m_anyLeftValid || m_anyRightValid)) {
+    if (m_streams.isEmpty() || !m_streams.anyValid()) {
         m_problem = contentProblem(bytes);
         return false;
     }
-    store();
+    m_streams.moveTo(*m_examination);
     return true;
 }
 
@@ -105,8 +94,7 @@ void DataImporter::reserve(QByteArrayView bytes)
         if (line->size() >= shortestSampleLine && lineClass(*line) == LineClass::Sample)
             ++lines;
     }
-    for (QList<GazePoint> *samples : {&m_left, &m_right, &m_mean})
-        reserveSamples(*samples, lines);
+    m_streams.reserve(lines);
 }
 
 void DataImporter::readLines(RecordingText &text)
@@ -164,35 +152,8 @@ void DataImporter::addSample(const SampleFields &fields, FieldReader &read)
     };
     const int leftValidity = read.toInt(fields[5]);
     const int rightValidity = read.toInt(fields[10]);
-    m_left.append(eye(1, leftValidity));
-    m_right.append(eye(6, rightValidity));
-    // Codes above 1 count here, but do not make the eye's own sample usable.
-    const bool leftValid = leftValidity >= 1;
-    const bool rightValid = rightValidity >= 1;
-    m_anyLeftValid |= leftValid;
-    m_anyRightValid |= rightValid;
-    if (leftValid && rightValid)
-        addMean(time);
-    else
-        m_mean.append(GazePoint(time, -1, -1, -1, -1, 0));
+    m_streams.add(eye(1, leftValidity), leftValidity, eye(6, rightValidity), rightValidity);
     ++m_counts.samples;
-}
-
-void DataImporter::addMean(qint64 time)
-{
-    const GazePoint &left = m_left.constLast();
-    const GazePoint &right = m_right.constLast();
-    m_mean.append(GazePoint(time, (left.x + right.x) / 2, (left.y + right.y) / 2, (left.width + right.width) / 2,
-                            (left.height + right.height) / 2, 1));
-}
-
-void DataImporter::store()
-{
-    for (QList<GazePoint> *samples : {&m_left, &m_right, &m_mean})
-        shrinkSamples(*samples);
-    m_examination->leftEye.gazePoints = std::exchange(m_left, {});
-    m_examination->rightEye.gazePoints = std::exchange(m_right, {});
-    m_examination->meanEye.gazePoints = std::exchange(m_mean, {});
 }
 
 void DataImporter::log(const QString &line)

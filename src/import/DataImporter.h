@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Log.h"
+#include "import/EyeStreams.h"
 #include "import/ImportCounts.h"
 #include "import/SampleLine.h"
 #include "model/Examination.h"
@@ -38,8 +39,6 @@ private:
     void readSampleLine(QByteArrayView line, RecordingText &text);
     void addSample(const SampleFields &fields, FieldReader &fieldReader);
     QString contentProblem(QByteArrayView bytes) const;
-    void addMean(qint64 time);
-    void store();
     void log(const QString &line);
     void flushLog();
 
@@ -55,9 +54,5 @@ private:
     qint64 m_lastRawTime = 0;
     bool m_firstLine = true;
     char m_wrongSeparator = 0; ///< of the first line of wrong length, if it has no tab
-    bool m_anyLeftValid = false;
-    bool m_anyRightValid = false;
-    QList<GazePoint> m_left;
-    QList<GazePoint> m_right;
-    QList<GazePoint> m_mean;
+    EyeStreams m_streams;
 };

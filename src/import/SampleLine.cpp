@@ -1,5 +1,7 @@
 #include "import/SampleLine.h"
 
+#include "import/PlainNumber.h"
+
 #include <charconv>
 #include <limits>
 
@@ -10,49 +12,16 @@ bool isDigit(char byte)
     return byte >= '0' && byte <= '9';
 }
 
-/// The longest run of digits that a 64-bit number takes whatever the digits are.
-constexpr std::ptrdiff_t safeDigits = 18;
-
-/// Where a mantissa up to 2^53 meets a power of ten up to 10^22, both are exact doubles, and their quotient is rounded
-/// once: it is the double nearest to the decimal.
-/// Source: Clinger (1990), How to read floating point numbers accurately, PLDI.
-constexpr quint64 largestExactMantissa = quint64(1) << 53;
-constexpr std::array<double, 23> powersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                             1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
 /// Digits with an optional sign before and an optional point between them.
 std::optional<double> plainDecimal(QByteArrayView field)
 {
-    const char *at = field.begin();
-    const char *const end = field.end();
-    const bool negative = at != end && *at == '-';
-    if (negative)
-        ++at;
-    const char *const firstDigit = at;
-    quint64 mantissa = 0;
-    for (; at != end && isDigit(*at); ++at)
-        mantissa = mantissa * 10 + static_cast<quint64>(*at - '0');
-    std::ptrdiff_t digits = at - firstDigit;
-    if (digits == 0)
+    const PlainNumber number = scanPlainNumber(field.begin(), field.end(), '.');
+    if (!number.isPlain() || number.end != field.end())
         return std::nullopt;
-    std::ptrdiff_t decimals = 0;
-    if (at != end && *at == '.') {
-        const char *const firstDecimal = ++at;
-        for (; at != end && isDigit(*at); ++at)
-            mantissa = mantissa * 10 + static_cast<quint64>(*at - '0');
-        decimals = at - firstDecimal;
-        digits += decimals;
-        if (decimals == 0)
-            return std::nullopt;
-    }
-    if (at != end)
-        return std::nullopt;
-    if (digits <= safeDigits && mantissa <= largestExactMantissa) {
-        const double value = static_cast<double>(mantissa) / powersOfTen[static_cast<std::size_t>(decimals)];
-        return negative ? -value : value;
-    }
+    if (number.isExact())
+        return number.value();
     double value = 0;
-    const auto result = std::from_chars(field.begin(), end, value, std::chars_format::fixed);
+    const auto result = std::from_chars(field.begin(), field.end(), value, std::chars_format::fixed);
     return result.ec == std::errc() ? std::optional(value) : std::nullopt;
 }
 
@@ -74,7 +43,7 @@ std::optional<qint64> plainInteger(QByteArrayView field)
     const bool negative = at != end && *at == '-';
     if (negative)
         ++at;
-    if (at == end || end - at > safeDigits)
+    if (at == end || end - at > PlainNumber::safeDigits)
         return std::nullopt;
     qint64 value = 0;
     for (; at != end; ++at) {

@@ -15,6 +15,10 @@ private Q_SLOTS:
 
 private:
     static QString key(const char *name) { return QString::fromLatin1(name); }
+    static QString storedText(const ParameterValue &value)
+    {
+        return std::visit([](const auto &typed) { return toStored(typed).toString(); }, value);
+    }
 };
 
 void TestSettingRules::factoryValues_data()
@@ -33,9 +37,9 @@ void TestSettingRules::factoryValues()
     QFETCH(QString, text);
     const auto rules = settingRules();
     QVERIFY(rules.contains(name));
-    const std::optional<QVariant> value = rules[name].value(text);
+    const std::optional<ParameterValue> value = rules[name].value(text);
     QVERIFY2(value, qPrintable(rules[name].expected()));
-    QCOMPARE(value->toString(), text);
+    QCOMPARE(storedText(*value), text);
 }
 
 void TestSettingRules::values_data()
@@ -81,8 +85,8 @@ void TestSettingRules::values()
 {
     QFETCH(QString, name);
     QFETCH(QString, text);
-    const std::optional<QVariant> read = settingRules()[name].value(text);
-    QTEST(read ? read->toString() : QStringLiteral("refused"), "value");
+    const std::optional<ParameterValue> read = settingRules()[name].value(text);
+    QTEST(read ? storedText(*read) : QStringLiteral("refused"), "value");
 }
 
 void TestSettingRules::expectations()

@@ -1,0 +1,108 @@
+#include "import/tables/RecordingSamples.h"
+
+#include "import/EyeStreams.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace {
+
+/// Times in other units that are whole ms are not exactly so as doubles.
+constexpr double wholeMs = 1e-6;
+
+QByteArray number(double value)
+{
+    constexpr std::size_t longest = 32;
+    std::array<char, longest> text{};
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), value);
+    return {text.data(), result.ptr - text.data()};
+}
+
+QByteArray eyeFields(const TableEyeSample &eye, int validity)
+{
+    return '\t' + number(eye.x) + '\t' + number(eye.y) + '\t' + number(eye.pupilWidth) + '\t' +
+           number(eye.pupilHeight) + '\t' + QByteArray::number(validity);
+}
+
+GazePoint gazePoint(qint64 time, const TableEyeSample &eye, int validity)
+{
+    return {time, eye.x, eye.y, eye.pupilWidth, eye.pupilHeight, validity};
+}
+
+} // namespace
+
+std::optional<DataSample> DataSampleMaker::next(const TableSample &sample)
+{
+    if (m_isFirst) {
+        m_isFirst = false;
+        m_shiftMs = sample.timeMs < 0 ? -sample.timeMs : 0;
+    }
+    // Beyond this a number of ms has no exact double.
+    constexpr double latest = 9e15;
+    const double time = sample.timeMs + m_shiftMs;
+    const double whole = std::floor(time + 0.5);
+    if (whole < 0 || !(whole <= latest)) {
+        ++m_beforeZero;
+        return std::nullopt;
+    }
+    const double change = std::abs(time - whole);
+    if (change > wholeMs) {
+        ++m_rounded;
+        m_largestRoundingMs = std::max(m_largestRoundingMs, change);
+    }
+    return DataSample{static_cast<qint64>(whole), sample.left, sample.right, sample.leftValid ? 1 : 0,
+                      sample.rightValid ? 1 : 0};
+}
+
+QList<TableOddity> DataSampleMaker::oddities() const
+{
+    QList<TableOddity> oddities;
+    if (m_rounded > 0)
+        oddities << TableOddity{TableOddityKind::RoundedTime, m_rounded, 0,
+                                QStringLiteral("%1 times are no whole milliseconds and were rounded, by up to %2 ms.")
+                                    .arg(m_rounded)
+                                    .arg(m_largestRoundingMs, 0, 'g', 3)};
+    if (m_beforeZero > 0)
+        oddities << TableOddity{
+            TableOddityKind::BeforeZeroTime, m_beforeZero, 0,
+            QStringLiteral("%1 samples lie before the first one, below zero of the clock, or beyond its end, and are "
+                           "left out.")
+                .arg(m_beforeZero)};
+    return oddities;
+}
+
+QByteArray dataLine(const DataSample &sample)
+{
+    return QByteArray::number(sample.timeMs) + eyeFields(sample.left, sample.leftValidity) +
+           eyeFields(sample.right, sample.rightValidity);
+}
+
+QByteArray dataHeader()
+{
+    return "StaticBinocular\n"
+           "time\tleft_x\tleft_y\tleft_w\tleft_h\tleft_valid\tright_x\tright_y\tright_w\tright_h\tright_valid\n";
+}
+
+bool putSamples(TableRecording &recording, Examination &examination)
+{
+    DataSampleMaker maker;
+    EyeStreams streams;
+    streams.reserve(recording.samples.size());
+    qint64 timeZero = 0;
+    for (const TableSample &sample : std::as_const(recording.samples)) {
+        const auto line = maker.next(sample);
+        if (!line)
+            continue;
+        if (streams.isEmpty())
+            timeZero = line->timeMs;
+        const qint64 time = line->timeMs - timeZero;
+        streams.add(gazePoint(time, line->left, line->leftValidity), line->leftValidity,
+                    gazePoint(time, line->right, line->rightValidity), line->rightValidity);
+    }
+    recording.oddities += maker.oddities();
+    if (streams.isEmpty() || !streams.anyValid())
+        return false;
+    streams.moveTo(examination);
+    return true;
+}

@@ -1,0 +1,208 @@
+#include "import/tables/TableBytes.h"
+
+#include "import/tables/GzipUnpacker.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
+constexpr qsizetype usualPiece = qsizetype(1) << 20;
+
+std::optional<QStringConverter::Encoding> wideEncoding(TableEncoding encoding)
+{
+    switch (encoding) {
+    case TableEncoding::Utf16LittleEndian:
+        return QStringConverter::Utf16LE;
+    case TableEncoding::Utf16BigEndian:
+        return QStringConverter::Utf16BE;
+    case TableEncoding::ByMark:
+    case TableEncoding::Utf8:
+    case TableEncoding::Latin1:
+        break;
+    }
+    return std::nullopt;
+}
+
+/// Without the character that the end of a piece cuts.
+bool isUtf8(QByteArrayView piece)
+{
+    constexpr qsizetype longestCharacter = 4;
+    qsizetype end = piece.size();
+    while (end > 0 && piece.size() - end < longestCharacter && (piece[end - 1] & 0xC0) == 0x80)
+        --end;
+    if (end > 0 && (piece[end - 1] & 0x80) != 0)
+        --end;
+    return piece.first(end).isValidUtf8();
+}
+
+/// Plain text in two bytes each has a zero in every second one.
+TableEncoding encodingWithoutMark(QByteArrayView piece)
+{
+    constexpr qsizetype looked = 512;
+    const QByteArrayView start = piece.first(std::min(piece.size(), looked));
+    qsizetype zeros[2] = {0, 0};
+    for (qsizetype i = 0; i < start.size(); ++i)
+        zeros[i % 2] += start[i] == '\0' ? 1 : 0;
+    const qsizetype most = start.size() / 4;
+    if (start.size() >= 2 && zeros[1] > most && zeros[0] == 0)
+        return TableEncoding::Utf16LittleEndian;
+    if (start.size() >= 2 && zeros[0] > most && zeros[1] == 0)
+        return TableEncoding::Utf16BigEndian;
+    return isUtf8(piece) ? TableEncoding::Utf8 : TableEncoding::Latin1;
+}
+
+TableEncoding encodingOf(QByteArrayView piece)
+{
+    if (piece.startsWith(utf8Mark))
+        return TableEncoding::Utf8;
+    if (piece.startsWith("\xFF\xFE"))
+        return TableEncoding::Utf16LittleEndian;
+    if (piece.startsWith("\xFE\xFF"))
+        return TableEncoding::Utf16BigEndian;
+    return encodingWithoutMark(piece);
+}
+
+} // namespace
+
+TableBytes::TableBytes(QIODevice &device, TableEncoding encoding, qsizetype pieceBytes)
+    : m_device(device)
+    , m_fileEncoding(encoding)
+    , m_pieceBytes(pieceBytes > 0 ? pieceBytes : usualPiece)
+{
+    constexpr qint64 markBytes = 2;
+    if (GzipUnpacker::isGzip(m_device.peek(markBytes)))
+        m_unpacker = std::make_unique<GzipUnpacker>();
+}
+
+TableBytes::~TableBytes() = default;
+
+QByteArray TableBytes::readPiece()
+{
+    const auto read = [this] {
+        const QByteArray bytes = m_device.read(m_pieceBytes);
+        m_consumed += bytes.size();
+        return bytes;
+    };
+    if (!m_unpacker)
+        return read();
+    while (true) {
+        if (m_unpacker->needsInput()) {
+            const QByteArray packed = read();
+            if (packed.isEmpty())
+                m_unpacker->finish();
+            else
+                m_unpacker->setInput(packed);
+        }
+        // A piece that unpacks to nothing is followed by the next one.
+        QByteArray bytes = m_unpacker->unpack(m_pieceBytes);
+        if (!bytes.isEmpty() || !m_unpacker->needsInput())
+            return bytes;
+    }
+}
+
+void TableBytes::decideEncoding(const QByteArray &piece)
+{
+    if (m_fileEncoding == TableEncoding::ByMark)
+        m_fileEncoding = encodingOf(piece);
+    if (const auto wide = wideEncoding(m_fileEncoding))
+        m_decoder = std::make_unique<QStringDecoder>(*wide);
+    m_textEncoding = m_fileEncoding == TableEncoding::Latin1 ? TableEncoding::Latin1 : TableEncoding::Utf8;
+}
+
+/// The first 64 KB decide how all is read; they are given out in pieces like all else.
+void TableBytes::lookAhead()
+{
+    constexpr qsizetype enough = qsizetype(64) << 10;
+    m_isFirst = false;
+    while (m_ahead.size() < enough) {
+        const QByteArray piece = readPiece();
+        if (piece.isEmpty())
+            break;
+        m_ahead += piece;
+    }
+    decideEncoding(m_ahead);
+    if (m_fileEncoding == TableEncoding::Utf8 && m_ahead.startsWith(utf8Mark))
+        m_ahead.remove(0, utf8Mark.size());
+    const qsizetype oldEnd = m_ahead.indexOf('\r');
+    m_hasOldLineEnds = !m_decoder && oldEnd >= 0 && oldEnd + 1 < m_ahead.size() && !m_ahead.contains('\n');
+}
+
+QByteArray TableBytes::nextPiece()
+{
+    if (m_isFirst)
+        lookAhead();
+    if (m_ahead.isEmpty())
+        return readPiece();
+    const QByteArray piece = m_ahead.first(std::min(m_pieceBytes, m_ahead.size()));
+    m_ahead.remove(0, piece.size());
+    return piece;
+}
+
+bool TableBytes::appendPiece(QByteArray &bytes)
+{
+    QByteArray piece = nextPiece();
+    if (piece.isEmpty()) {
+        m_problem = readProblem();
+        return false;
+    }
+    if (m_decoder)
+        piece = QString((*m_decoder)(piece)).toUtf8();
+    if (m_hasOldLineEnds)
+        piece.replace('\r', '\n');
+    bytes += piece;
+    return true;
+}
+
+std::optional<TableProblem> TableBytes::readProblem() const
+{
+    if (m_unpacker && m_unpacker->problem())
+        return TableProblem{.found = *m_unpacker->problem(),
+                            .expected = QStringLiteral("a whole gzip file"),
+                            .remedy = QStringLiteral("Copy or pack the file again.")};
+    if (!m_device.isSequential() && m_consumed < m_device.size())
+        return TableProblem{.found = QStringLiteral("a file that cannot be read to its end: ") + m_device.errorString(),
+                            .remedy = QStringLiteral("Check the disk or the connection, then try again.")};
+    return std::nullopt;
+}
+
+QString TableBytes::decoded(QByteArrayView part) const
+{
+    return m_textEncoding == TableEncoding::Latin1 ? QString::fromLatin1(part) : QString::fromUtf8(part);
+}
+
+double TableBytes::part() const
+{
+    const qint64 size = m_device.size();
+    return size > 0 ? std::min(1.0, static_cast<double>(m_consumed) / static_cast<double>(size)) : 0;
+}
+
+QByteArrayView TableLines::next(qsizetype lineNumber)
+{
+    m_buffer.remove(0, m_taken);
+    m_taken = 0;
+    qsizetype searched = 0;
+    while (!m_isAtEnd) {
+        if (!m_bytes.appendPiece(m_buffer)) {
+            m_isAtEnd = true;
+            m_problem = m_bytes.problem();
+            if (m_problem)
+                return {};
+            if (!m_buffer.isEmpty() && !m_buffer.endsWith('\n'))
+                m_buffer += '\n';
+            break;
+        }
+        if (m_buffer.lastIndexOf('\n') >= searched)
+            break;
+        if (m_buffer.size() > longestLine) {
+            m_problem = TableProblem{.line = lineNumber,
+                                     .found = QStringLiteral("a line of more than %1 bytes").arg(longestLine),
+                                     .expected = QStringLiteral("lines of a table, which end at line breaks"),
+                                     .remedy = QStringLiteral("Check that the file is text and has line breaks.")};
+            return {};
+        }
+        searched = m_buffer.size();
+    }
+    m_taken = m_buffer.lastIndexOf('\n') + 1;
+    return QByteArrayView(m_buffer).first(m_taken);
+}
