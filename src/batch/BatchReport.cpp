@@ -115,6 +115,8 @@ QJsonDocument toJson(const BatchReport &report)
     };
     if (!report.density.isEmpty())
         object.insert(QStringLiteral("density"), toJson(report.density));
+    if (!report.methods.isEmpty())
+        object.insert(QStringLiteral("methods"), report.methods);
     if (!report.areas.isEmpty())
         object.insert(QStringLiteral("areasOfInterest"), toJsonArray(report.areas));
     return QJsonDocument(object);
