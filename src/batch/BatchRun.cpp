@@ -210,6 +210,8 @@ void BatchRun::takeRecording(const ImportedFile &file)
         messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
+    if (file.pipeDigest)
+        m_journal.setDigest(*file.pipeDigest);
     addSetFile(file);
 }
 
