@@ -51,7 +51,10 @@ void Vistrum::makeMenus()
     m_ui->menuEdit->insertActions(m_ui->action_UndoView, {undo, redo});
     m_ui->menuEdit->insertSeparator(m_ui->action_UndoView);
     connect(m_ui->action_UndoView, &QAction::triggered, m_ui->control, &controlWidget::sltShowCommandProcessor);
+    connect(m_ui->action_ImportOther, &QAction::triggered, this,
+            [this] { m_ui->control->dataWidget().importOther({}); });
     connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
+    connect(m_ui->action_Methods, &QAction::triggered, this, &Vistrum::sltShowMethods);
     connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
     connect(m_ui->action_Help, &QAction::triggered, this, [this] {
         showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));

@@ -1,5 +1,6 @@
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
+#include "base/ArgumentTexts.h"
 #include "base/Release.h"
 #include "model/PictureLimit.h"
 #include "recording/RecordingJournal.h"
@@ -59,7 +60,8 @@ int main(int argc, char *argv[])
         window.setWindowState(Qt::WindowMaximized);
     window.sltFitToScreen();
     splash.finish(&window);
-    window.importFiles(QApplication::arguments().mid(1));
+    ArgumentTexts arguments; // has links to files until the program ends
+    window.importFiles(arguments.texts(QByteArrayList(argv + 1, argv + argc)));
     if (!RecordingJournal::interrupted(RecordingJournal::defaultFolder()).isEmpty())
         window.sltEyeTribeRecorder(); // which offers them
     return QApplication::exec();

@@ -73,6 +73,14 @@ QStringList millimetresWithoutRecording(const BatchOptions &options)
     return {QStringLiteral("--millimetre-image, --millimetre-size: no recording ends in .txt.")};
 }
 
+QStringList layoutWithoutTable(const BatchOptions &options)
+{
+    if (options.layout.isEmpty() || std::any_of(options.recordings.begin(), options.recordings.end(),
+                                                [&](const QString &path) { return isTable(path, options); }))
+        return {};
+    return {QStringLiteral("--layout: every recording is one of Vistrum's own, none is read by a layout.")};
+}
+
 /// Files are told apart by what they are, whatever the way to them is called.
 QStringList repeatedRecordings(const BatchOptions &options)
 {
@@ -99,5 +107,5 @@ QStringList repeatedRecordings(const BatchOptions &options)
 QStringList optionsWithoutEffect(const BatchOptions &options)
 {
     return tablesWithoutCalculation(options) + clusterOptionsWithoutClusters(options) +
-           millimetresWithoutRecording(options) + repeatedRecordings(options);
+           millimetresWithoutRecording(options) + layoutWithoutTable(options) + repeatedRecordings(options);
 }

@@ -148,8 +148,8 @@ FieldValue NumberFields::read(QByteArrayView field, int shift) const
     if (number.isPlain() && number.end == field.end() && number.isExact())
         return {number.value(shift), FieldState::Number};
     if (const auto value = anyNumber(field, m_decimalSign)) {
-        constexpr double base = 10;
-        return {shift == 0 ? *value : *value / std::pow(base, shift), FieldState::Number};
+        const double power = PlainNumber::powersOfTen[static_cast<std::size_t>(std::abs(shift))];
+        return {shift < 0 ? *value * power : *value / power, FieldState::Number};
     }
     return {0, isMissingText(field) ? FieldState::Missing : FieldState::Text};
 }

@@ -1,0 +1,60 @@
+#include "base/ArgumentTexts.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUtf8StringView>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The name as it is where it is valid; otherwise each byte is the character of that number.
+QString textOf(const fs::path &name)
+{
+    const QByteArray bytes(name.c_str());
+    return QUtf8StringView(bytes).isValidUtf8() ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
+}
+
+void linkAll(const fs::path &from, const QString &folder)
+{
+    std::error_code problem;
+    for (const fs::directory_entry &entry : fs::directory_iterator(from, problem)) {
+        const QString link = folder + u'/' + textOf(entry.path().filename());
+        fs::create_symlink(fs::absolute(entry.path()), fs::path(link.toStdString()), problem);
+    }
+}
+
+} // namespace
+
+QStringList ArgumentTexts::texts(const QByteArrayList &arguments)
+{
+    QStringList texts;
+    for (const QByteArray &argument : arguments) {
+        const QString link = QUtf8StringView(argument).isValidUtf8() ? QString() : linkTo(argument);
+        texts << (link.isNull() ? QString::fromLocal8Bit(argument) : link);
+    }
+    return texts;
+}
+
+QString ArgumentTexts::linkTo(const QByteArray &path)
+{
+    const fs::path file(path.toStdString());
+    std::error_code problem;
+    if (!fs::exists(file, problem))
+        return {};
+    const QString link = linksBeside(fs::absolute(file).parent_path()) + u'/' + textOf(file.filename());
+    return QFileInfo::exists(link) ? link : QString();
+}
+
+QString ArgumentTexts::linksBeside(const fs::path &folder)
+{
+    QString &links = m_folders[folder];
+    if (links.isNull()) {
+        if (!m_links)
+            m_links.emplace();
+        links = m_links->filePath(QString::number(m_folders.size()));
+        QDir().mkpath(links);
+        linkAll(folder, links);
+    }
+    return links;
+}
