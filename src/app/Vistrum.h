@@ -23,6 +23,7 @@ class Timeline;
 class QGraphicsPixmapItem;
 class add_diagram;
 struct ChordData;
+struct MethodsRun;
 struct ReportRecords;
 
 namespace Ui {
@@ -41,7 +42,8 @@ public:
     /// In place of the browser.
     void setPageOpener(const std::function<void(const QUrl &)> &open) { m_openPage = open; }
 
-    /// Adds recordings to the list of files and imports them: files, and what lies in folders.
+    /// Adds recordings to the list of files and imports them: files, and what lies in folders. Other files open the
+    /// assistant.
     void importFiles(const QStringList &paths);
 
     /// Puts the window where it was left, as large as it was.
@@ -119,6 +121,9 @@ public Q_SLOTS:
     /// Opens a recorder in a window of its own.
     void sltEyeTribeRecorder();
 
+    /// What was done, as a text for a paper.
+    void sltShowMethods();
+
     void sltSaveRegistry();
     void sltImportRegistry();
     void sltLoadDefaultSettings();
@@ -142,6 +147,7 @@ private:
     void connectExports();
     void exportChart(const QString &kind, const QString &path);
     ReportRecords reportRecords() const;
+    MethodsRun methodsRun() const;
     ChordData diagram() const;
     void followAreas();
     void showDiagram();

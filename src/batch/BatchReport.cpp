@@ -57,6 +57,8 @@ QJsonObject toJson(const ReportedInput &input)
     object.insert(QStringLiteral("used"), input.used);
     object.insert(QStringLiteral("counts"), toJson(input.counts));
     object.insert(QStringLiteral("messages"), toJson(input.messages));
+    if (!input.table.isEmpty())
+        object.insert(QStringLiteral("table"), input.table);
     if (!input.quality.isEmpty())
         object.insert(QStringLiteral("quality"), input.quality);
     return object;
@@ -103,7 +105,7 @@ QMap<QString, QString> storedParameters(const SettingsStore &store)
 QJsonDocument toJson(const BatchReport &report)
 {
     QJsonObject object{
-        {QStringLiteral("program"), QStringLiteral("vistrum-batch")},
+        {QStringLiteral("program"), report.program},
         {QStringLiteral("version"), report.version},
         {QStringLiteral("options"), toJson(report.options)},
         {QStringLiteral("parameters"), toJson(report.parameters)},
@@ -113,6 +115,8 @@ QJsonDocument toJson(const BatchReport &report)
     };
     if (!report.density.isEmpty())
         object.insert(QStringLiteral("density"), toJson(report.density));
+    if (!report.methods.isEmpty())
+        object.insert(QStringLiteral("methods"), report.methods);
     if (!report.areas.isEmpty())
         object.insert(QStringLiteral("areasOfInterest"), toJsonArray(report.areas));
     return QJsonDocument(object);

@@ -5,7 +5,6 @@
 #include <QJsonObject>
 #include <QMap>
 
-class QJsonDocument;
 class SettingsStore;
 
 /// A file and its contents at the time of the run.
@@ -20,10 +19,11 @@ struct ReportedFile {
 /// A file that the run read.
 struct ReportedInput {
     ReportedFile file;
-    QString kind;                 ///< "recording", "set file", "settings", "background", "areas of interest"
+    QString kind;                 ///< "recording", "table", "set file", "settings", "background", "areas of interest"
     bool used = true;             ///< false for a file of which nothing was taken
     QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
     QList<ShownMessage> messages; ///< about this file
+    QJsonObject table = {};       ///< how a table was read and what it held; empty for other files
     QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names
 };
 
@@ -38,12 +38,14 @@ struct ReportedArea {
 /// What a result rests on, so that others can repeat it. It holds no time and nothing else that differs from run to
 /// run: the same inputs and options give the same bytes.
 struct BatchReport {
+    QString program = QStringLiteral("vistrum-batch");
     QString version;
     QMap<QString, QString> options;    ///< what the command line asked for beyond the parameters
     QMap<QString, QString> density;    ///< kind, kernel and unit of the exported density; empty without one
     QMap<QString, QString> parameters; ///< every key of the settings store
     QList<ReportedInput> inputs;       ///< in the order of the command line
     QList<ReportedArea> areas;         ///< in the order of their names
+    QJsonObject methods;               ///< what a methods section states, and its text; empty: left out
     QList<ShownMessage> messages;      ///< those that are about no input
     QList<ReportedFile> outputs;       ///< in the order in which they were written
 };

@@ -2,12 +2,14 @@
 
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "base/SideBySide.h"
 #include "batch/AoiInput.h"
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
 #include "batch/RecordingInput.h"
 #include "batch/RunAois.h"
 #include "batch/RunCharts.h"
+#include "batch/RunMethods.h"
 #include "batch/RunPictures.h"
 #include "batch/RunQuality.h"
 #include "batch/SettingInput.h"
@@ -16,6 +18,7 @@
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
 #include "import/ExaminationImport.h"
+#include "report/MethodsText.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
 
@@ -24,6 +27,10 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QJsonDocument>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -68,11 +75,15 @@ BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal 
 {
 }
 
+BatchRun::~BatchRun() = default;
+
 ExitCode BatchRun::run()
 {
     std::optional<UsageError> problem = checkInputs();
     if (!problem)
         problem = chooseSettings();
+    if (!problem)
+        problem = chooseLayout();
     if (!problem)
         problem = makeOutputFolder();
     if (problem) {
@@ -100,7 +111,7 @@ ExitCode BatchRun::run()
         density = exportDensity(m_state);
         exportSaliency(m_state);
     }
-    writeReport(density);
+    writeRecords(density);
     return m_journal.failed() ? ExitCode::SomethingFailed : ExitCode::AllDone;
 }
 
@@ -114,6 +125,19 @@ std::optional<UsageError> BatchRun::checkInputs() const
     if (const auto complaint = pictureComplaint(QLatin1StringView("background"), m_options.background))
         return complaint;
     return pictureComplaint(QLatin1StringView("millimetre-image"), m_options.millimetres.imagePath);
+}
+
+std::optional<UsageError> BatchRun::chooseLayout()
+{
+    if (m_options.layout.isEmpty())
+        return std::nullopt;
+    auto request = layoutRequest(m_options.layout, {});
+    if (const auto *problem = std::get_if<QString>(&request))
+        return UsageError{QStringLiteral("--layout %1: %2").arg(m_options.layout, *problem)};
+    m_layout = std::make_unique<LayoutRequest>(std::get<LayoutRequest>(std::move(request)));
+    if (QFileInfo(m_options.layout).isFile())
+        m_journal.addInput(m_options.layout, QStringLiteral("layout"));
+    return std::nullopt;
 }
 
 /// After all other checks: a run that is refused leaves nothing behind.
@@ -150,13 +174,23 @@ void BatchRun::importRecordings()
     const QList<RecordingInput> inputs = recordingInputs(m_options, m_journal);
     Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(inputs.size()));
     QStringList missingImages;
-    readFiles(
-        inputs.size(), m_state.threads(), nullptr,
-        [&](qsizetype i, const Log *log) { return readInput(inputs[i], log); },
-        [&](const ImportedFile &file) {
-            takeRecording(file);
-            if (!file.examination.missingImagePath.isEmpty())
-                missingImages << file.examination.missingImagePath;
+    std::vector<ReadInput> read(static_cast<std::size_t>(inputs.size()));
+    const auto noteImage = [&](const ImportedFile &file) {
+        if (!file.examination.missingImagePath.isEmpty())
+            missingImages << file.examination.missingImagePath;
+    };
+    sideBySide(
+        inputs.size(), m_state.threads(),
+        [&](qsizetype i) { read[static_cast<std::size_t>(i)] = readInput(inputs[i], m_layout.get()); },
+        [&](qsizetype i) {
+            const ReadInput input = std::exchange(read[static_cast<std::size_t>(i)], {});
+            if (const auto *table = std::get_if<ImportedTable>(&input)) {
+                takeTable(*table);
+                std::for_each(table->recordings.begin(), table->recordings.end(), noteImage);
+            } else {
+                takeRecording(std::get<ImportedFile>(input));
+                noteImage(std::get<ImportedFile>(input));
+            }
             progress.advance();
         });
     reportMissingImages(missingImages);
@@ -168,13 +202,43 @@ void BatchRun::takeRecording(const ImportedFile &file)
     const QString &path = file.path;
     m_journal.beginInput();
     const bool used = addToModel(file, m_state.model).has_value();
+    if (!used)
+        m_failedRecordings << RecordingPath(path).baseName;
     if (!used || file.counts.samples == 0)
         m_journal.fail();
     for (const QString &doubt : file.doubts)
         messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
-    const QString setFile = RecordingPath(path).setFile();
+    addSetFile(file);
+}
+
+/// What was read is told, too: a layout that was found may be another one than was meant.
+void BatchRun::takeTable(const ImportedTable &table)
+{
+    m_journal.beginInput();
+    const QString name = nameOf(table.path);
+    if (!table.note.isEmpty())
+        messages::information(name, QStringLiteral("%1: %2.").arg(table.path, table.note));
+    for (const ImportMessage &message : table.messages)
+        messages::show(message);
+    if (!table.messages.isEmpty())
+        m_journal.fail();
+    for (const QString &doubt : table.doubts)
+        messages::warning(name, doubt);
+    for (const ImportedFile &file : table.recordings) {
+        addToModel(file, m_state.model);
+        for (const QString &doubt : file.doubts)
+            messages::warning(name, doubt);
+    }
+    m_journal.addTable(table.path, !table.recordings.isEmpty(), table.report);
+    for (const ImportedFile &file : table.recordings)
+        addSetFile(file);
+}
+
+void BatchRun::addSetFile(const ImportedFile &file)
+{
+    const QString setFile = RecordingPath(file.path).directory + file.examination.baseName + QStringLiteral(".set");
     if (QFileInfo::exists(setFile))
         m_journal.addInput(setFile, QStringLiteral("set file"));
 }
@@ -217,12 +281,22 @@ void BatchRun::exportTables()
     }
 }
 
-void BatchRun::writeReport(const QMap<QString, QString> &density)
+/// The record of the run: as a methods section and as a report.
+void BatchRun::writeRecords(const QMap<QString, QString> &density)
 {
+    if (m_options.reportFile.isEmpty() && m_options.methodsFile.isEmpty())
+        return;
+    const QList<StreamQuality> quality = qualityOf(m_state);
+    const MethodsRecord methods = methodsOf(m_state, quality, m_failedRecordings);
+    if (!m_options.methodsFile.isEmpty())
+        m_journal.write(QStringLiteral("Methods"), m_options.methodsFile,
+                        methodsText(methods, methodsFormatOf(m_options.methodsFile)).toUtf8());
     if (m_options.reportFile.isEmpty())
         return;
     BatchReport report = m_journal.report();
-    addQuality(m_state, report);
+    addQuality(quality, report);
+    report.methods = toJson(methods);
+    report.methods.insert(QStringLiteral("text"), methodsText(methods, MethodsFormat::Plain));
     report.version = QCoreApplication::applicationVersion();
     BatchOptions asUsed = m_options;
     asUsed.eyes = eyeMode();

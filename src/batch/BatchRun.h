@@ -3,7 +3,11 @@
 #include "batch/CalculationRows.h"
 #include "batch/RunState.h"
 
+#include <memory>
+
 struct ImportedFile;
+struct ImportedTable;
+struct LayoutRequest;
 
 /// One run of the batch tool: the same functions that the window's commands run, in the order import, areas of
 /// interest, calculations, exports, images, report.
@@ -15,21 +19,30 @@ public:
     /// @param output    gets the paths of the files written, one a line.
     BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output);
 
+    ~BatchRun();
+    BatchRun(const BatchRun &) = delete;
+    BatchRun &operator=(const BatchRun &) = delete;
+
     ExitCode run();
 
 private:
     std::optional<UsageError> chooseSettings();
     std::optional<UsageError> checkInputs() const;
+    std::optional<UsageError> chooseLayout();
     std::optional<UsageError> makeOutputFolder() const;
     void importRecordings();
     void takeRecording(const ImportedFile &file);
+    void takeTable(const ImportedTable &table);
+    void addSetFile(const ImportedFile &file);
     void loadAois();
     void setTimeFrame();
     void calculate(const QList<CalculationRow> &rows);
     void exportTables();
-    void writeReport(const QMap<QString, QString> &density);
+    void writeRecords(const QMap<QString, QString> &density);
 
     const BatchOptions m_options;
     RunJournal m_journal;
+    std::unique_ptr<const LayoutRequest> m_layout; ///< of the tables; null without
+    QStringList m_failedRecordings; ///< that could not be read
     RunState m_state{m_options, m_journal};
 };

@@ -31,6 +31,12 @@ void RunJournal::addInputWithMessages(const QString &path, const QString &kind, 
     m_inputs.last().messages = m_record.take();
 }
 
+void RunJournal::addTable(const QString &path, bool used, const QJsonObject &report)
+{
+    addInputWithMessages(path, QStringLiteral("table"), used, {});
+    m_inputs.last().table = report;
+}
+
 void RunJournal::keep(const QString &path)
 {
     m_written << path;

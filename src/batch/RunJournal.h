@@ -21,6 +21,9 @@ public:
     /// What is told from here on until `addInputWithMessages` is about one input.
     void beginInput();
     void addInputWithMessages(const QString &path, const QString &kind, bool used, const QMap<QString, qint64> &counts);
+    /// The same for a table.
+    /// @param report  how it was read; empty where it was not.
+    void addTable(const QString &path, bool used, const QJsonObject &report);
 
     /// A file that stands complete.
     void keep(const QString &path);

@@ -21,18 +21,22 @@ QJsonObject toJson(const EyeQuality &quality)
 
 } // namespace
 
-void addQuality(const RunState &run, BatchReport &report)
+QList<StreamQuality> qualityOf(const RunState &run)
+{
+    return studyQuality(run.model, {.eyes = eyeMode(),
+                                    .which = MeasuredExaminations::All,
+                                    .pixelPerDistance = storedPixelPerDistance(),
+                                    .threads = run.threads()});
+}
+
+void addQuality(const QList<StreamQuality> &quality, BatchReport &report)
 {
     QList<ReportedInput *> recordings; // those that came into the model, in its order
     for (ReportedInput &input : report.inputs) {
         if (input.used && input.kind == QLatin1StringView("recording"))
             recordings << &input;
     }
-    for (const StreamQuality &measured : studyQuality(run.model, {.eyes = eyeMode(),
-                                                                 .which = MeasuredExaminations::All,
-                                                                 .pixelPerDistance = storedPixelPerDistance(),
-                                                                 .threads = run.threads()}))
-    {
+    for (const StreamQuality &measured : quality) {
         if (measured.examination < recordings.size())
             recordings[measured.examination]->quality.insert(eyeWord(measured.eye), toJson(measured.quality));
     }
