@@ -23,6 +23,7 @@ class Timeline;
 class QGraphicsPixmapItem;
 class add_diagram;
 struct ChordData;
+struct MethodsRun;
 struct ReportRecords;
 
 namespace Ui {
@@ -120,6 +121,9 @@ public Q_SLOTS:
     /// Opens a recorder in a window of its own.
     void sltEyeTribeRecorder();
 
+    /// What was done, as a text for a paper.
+    void sltShowMethods();
+
     void sltSaveRegistry();
     void sltImportRegistry();
     void sltLoadDefaultSettings();
@@ -143,6 +147,7 @@ private:
     void connectExports();
     void exportChart(const QString &kind, const QString &path);
     ReportRecords reportRecords() const;
+    MethodsRun methodsRun() const;
     ChordData diagram() const;
     void followAreas();
     void showDiagram();

@@ -22,6 +22,8 @@
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/parameters/GroupColors.h"
 
+#include <algorithm>
+
 void Vistrum::makeTable()
 {
     using Control = ExaminationTableControl;
@@ -52,6 +54,7 @@ void Vistrum::makeMenus()
     connect(m_ui->action_ImportOther, &QAction::triggered, this,
             [this] { m_ui->control->dataWidget().importOther({}); });
     connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
+    connect(m_ui->action_Methods, &QAction::triggered, this, &Vistrum::sltShowMethods);
     connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
     connect(m_ui->action_Help, &QAction::triggered, this, [this] {
         showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));
@@ -147,7 +150,17 @@ void Vistrum::connectPanels()
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, &control.exportWidget(),
-            &ExportWidget::sltEnableTidySampleExport);
+            &ExportWidget::sltEnableSampleExport);
+    connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, [this] {
+        const bool anyFixations = std::ranges::any_of(m_model.examinations(), [](const Examination &examination) {
+            return std::ranges::any_of(examination.streams(),
+                                       [](const EyeData *eye) { return !eye->scanpath.isEmpty(); });
+        });
+        if (anyFixations) { // some recordings come with theirs
+            Q_EMIT sigEnable_fixation_export();
+            Q_EMIT sigEnable_event_export();
+        }
+    });
     connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
     connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
     connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);

@@ -86,7 +86,7 @@ QJsonArray toJsonArray(const QList<T> &list)
 ReportedFile reportedFile(const QString &path)
 {
     if (!QFileInfo(path).isFile())
-        return {path, 0, QString()}; // a pipe was read before; opened again, it would wait for ever
+        return {path, 0, QString()}; // a pipe; opened again, it would wait for ever
     QFile file(path);
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
@@ -115,6 +115,8 @@ QJsonDocument toJson(const BatchReport &report)
     };
     if (!report.density.isEmpty())
         object.insert(QStringLiteral("density"), toJson(report.density));
+    if (!report.methods.isEmpty())
+        object.insert(QStringLiteral("methods"), report.methods);
     if (!report.areas.isEmpty())
         object.insert(QStringLiteral("areasOfInterest"), toJsonArray(report.areas));
     return QJsonDocument(object);

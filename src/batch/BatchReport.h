@@ -47,6 +47,7 @@ struct BatchReport {
     QMap<QString, QString> parameters; ///< every key of the settings store
     QList<ReportedInput> inputs;       ///< in the order of the command line
     QList<ReportedArea> areas;         ///< in the order of their names
+    QJsonObject methods;               ///< what a methods section states, and its text; empty: left out
     QList<ShownMessage> messages;      ///< those that are about no input
     QList<ReportedFile> outputs;       ///< in the order in which they were written
 };

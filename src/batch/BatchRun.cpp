@@ -9,6 +9,7 @@
 #include "batch/RecordingInput.h"
 #include "batch/RunAois.h"
 #include "batch/RunCharts.h"
+#include "batch/RunMethods.h"
 #include "batch/RunPictures.h"
 #include "batch/RunQuality.h"
 #include "batch/SettingInput.h"
@@ -17,6 +18,7 @@
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
 #include "import/ExaminationImport.h"
+#include "report/MethodsText.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
 
@@ -109,7 +111,7 @@ ExitCode BatchRun::run()
         density = exportDensity(m_state);
         exportSaliency(m_state);
     }
-    writeReport(density);
+    writeRecords(density);
     return m_journal.failed() ? ExitCode::SomethingFailed : ExitCode::AllDone;
 }
 
@@ -200,12 +202,16 @@ void BatchRun::takeRecording(const ImportedFile &file)
     const QString &path = file.path;
     m_journal.beginInput();
     const bool used = addToModel(file, m_state.model).has_value();
+    if (!used)
+        m_failedRecordings << RecordingPath(path).baseName;
     if (!used || file.counts.samples == 0)
         m_journal.fail();
     for (const QString &doubt : file.doubts)
         messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
+    if (file.pipeDigest)
+        m_journal.setDigest(*file.pipeDigest);
     addSetFile(file);
 }
 
@@ -220,6 +226,8 @@ void BatchRun::takeTable(const ImportedTable &table)
         messages::show(message);
     if (!table.messages.isEmpty())
         m_journal.fail();
+    if (table.recordings.isEmpty())
+        m_failedRecordings << RecordingPath(table.path).baseName;
     for (const QString &doubt : table.doubts)
         messages::warning(name, doubt);
     for (const ImportedFile &file : table.recordings) {
@@ -280,12 +288,22 @@ void BatchRun::exportTables()
     }
 }
 
-void BatchRun::writeReport(const QMap<QString, QString> &density)
+/// The record of the run: as a methods section and as a report.
+void BatchRun::writeRecords(const QMap<QString, QString> &density)
 {
+    if (m_options.reportFile.isEmpty() && m_options.methodsFile.isEmpty())
+        return;
+    const QList<StreamQuality> quality = qualityOf(m_state);
+    const MethodsRecord methods = methodsOf(m_state, quality, m_failedRecordings);
+    if (!m_options.methodsFile.isEmpty())
+        m_journal.write(QStringLiteral("Methods"), m_options.methodsFile,
+                        methodsText(methods, methodsFormatOf(m_options.methodsFile)).toUtf8());
     if (m_options.reportFile.isEmpty())
         return;
     BatchReport report = m_journal.report();
-    addQuality(m_state, report);
+    addQuality(quality, report);
+    report.methods = toJson(methods);
+    report.methods.insert(QStringLiteral("text"), methodsText(methods, MethodsFormat::Plain));
     report.version = QCoreApplication::applicationVersion();
     BatchOptions asUsed = m_options;
     asUsed.eyes = eyeMode();

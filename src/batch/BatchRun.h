@@ -38,10 +38,11 @@ private:
     void setTimeFrame();
     void calculate(const QList<CalculationRow> &rows);
     void exportTables();
-    void writeReport(const QMap<QString, QString> &density);
+    void writeRecords(const QMap<QString, QString> &density);
 
     const BatchOptions m_options;
     RunJournal m_journal;
     std::unique_ptr<const LayoutRequest> m_layout; ///< of the tables; null without
+    QStringList m_failedRecordings;                ///< that could not be read
     RunState m_state{m_options, m_journal};
 };

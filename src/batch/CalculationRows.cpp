@@ -56,8 +56,8 @@ void detectFixations(RunState &run)
     if (settings.calculationType == unknownCalculationType)
         warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
     warnOfAssumedWidth(run.options, settings);
-    const auto outcome = calculateFixations(run.model, calculationParameters(settings.calculationType, settings),
-                                            nullptr, run.threads());
+    run.done.detector = calculationParameters(settings.calculationType, settings);
+    const auto outcome = calculateFixations(run.model, *run.done.detector, nullptr, run.threads());
     if (!outcome)
         return;
     for (const DetectionWarning &warning : outcome->warnings)
@@ -73,12 +73,14 @@ ClusterParameters clusterParametersOf(const BatchOptions &options, std::optional
 
 void clusterFixations(RunState &run)
 {
-    calculateClusters(run.model, clusterParametersOf(run.options, std::nullopt), run.threads());
+    run.done.clusters = clusterParametersOf(run.options, std::nullopt);
+    calculateClusters(run.model, *run.done.clusters, run.threads());
 }
 
 void clusterCumulatively(RunState &run)
 {
-    calculateCumulativeClusters(run.model, clusterParametersOf(run.options, run.options.overlapOutliers));
+    run.done.pooledClusters = clusterParametersOf(run.options, run.options.overlapOutliers);
+    calculateCumulativeClusters(run.model, *run.done.pooledClusters);
 }
 
 void clusterSaccades(RunState &run)

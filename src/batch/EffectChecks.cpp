@@ -4,6 +4,7 @@
 #include "batch/RecordingInput.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterSettingsModel.h"
+#include "import/bids/BidsFiles.h"
 #include "settings/SettingsStore.h"
 
 #include <QFileInfo>
@@ -15,9 +16,17 @@ namespace {
 
 constexpr int overlapMethod = 2; // of ClusterSettingsModel
 
+/// Recordings that come with their fixations.
+bool mayHaveFixations(const QString &recording)
+{
+    return isBidsSamples(recording) || QFileInfo(recording).isDir();
+}
+
 QStringList tablesWithoutCalculation(const BatchOptions &options)
 {
     QStringList lines;
+    if (std::ranges::any_of(options.recordings, mayHaveFixations))
+        return lines;
     for (const TableRow &row : tableRows()) {
         if (options.tables.contains(row.word) && !row.needs.isEmpty() && !options.calculations.contains(row.needs))
             lines << QStringLiteral("--export %1: without --calculate %2 there is nothing to write.")

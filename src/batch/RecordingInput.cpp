@@ -3,6 +3,8 @@
 #include "base/Messages.h"
 #include "batch/BatchOptions.h"
 #include "batch/RunJournal.h"
+#include "import/bids/BidsFiles.h"
+#include "import/bids/BidsRecording.h"
 #include "import/ilmenau/CorrectionIni.h"
 
 #include <QFileInfo>
@@ -46,11 +48,14 @@ bool isMillimetreText(const QString &path)
 QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &journal)
 {
     QList<RecordingInput> inputs;
-    for (const QString &path : options.recordings) {
+    for (const QString &path : withoutRepeatedRuns(options.recordings)) {
         if (hasExtension(path, ".ini"_L1))
             inputs += recordingsOfIni(path, journal);
         else if (isMillimetreText(path) && options.millimetres.size.isComplete())
             inputs << RecordingInput{path, options.millimetres, false};
+        else if (const QStringList runs = bidsRunsIn(path); QFileInfo(path).isDir() && !runs.isEmpty())
+            for (const QString &run : runs)
+                inputs << RecordingInput{run, {}, false};
         else
             inputs << RecordingInput{path, {}, isTable(path, options)};
     }
@@ -61,7 +66,7 @@ bool isTable(const QString &path, const BatchOptions &options)
 {
     const bool isMillimetres = isMillimetreText(path) && options.millimetres.size.isComplete();
     return !options.layout.isEmpty() && !hasExtension(path, ".data"_L1) && !hasExtension(path, ".ini"_L1) &&
-           !isMillimetres;
+           !isMillimetres && !isBidsSamples(path);
 }
 
 ReadInput readInput(const RecordingInput &input, const LayoutRequest *layout)
@@ -69,7 +74,7 @@ ReadInput readInput(const RecordingInput &input, const LayoutRequest *layout)
     if (input.isTable && layout)
         return importTable(input.path, *layout);
     if (!input.stimulus)
-        return readRecording(input.path, nullptr);
+        return readRecordingOrBids(input.path, nullptr);
     ImportedFile file = readMillimetreRecording({input.path, *input.stimulus});
     if (!file.examination.importOk && file.messages.isEmpty())
         file.messages << corruptRecording(input.path, u"there is no such file"_s);

@@ -20,7 +20,8 @@ using ReadInput = std::variant<ImportedFile, ImportedTable>;
 bool isMillimetreText(const QString &path);
 
 /// The recordings in the order of the command line. In the place of a correction ini stand the measured recording and
-/// the corrected one; one that cannot be read, or lacks entries, fails the run.
+/// the corrected one; one that cannot be read, or lacks entries, fails the run. In the
+/// place of the folder of a BIDS data set stand its recordings, a file of each.
 QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &journal);
 
 /// Whether a file of the command line is read by the layout, where one is given: all but those in forms of our own.

@@ -38,6 +38,12 @@ void RunJournal::addTable(const QString &path, const QStringList &recordings, co
     m_inputs.last().table = report;
 }
 
+void RunJournal::setDigest(const ContentDigest &digest)
+{
+    if (m_digests == Digests::Made)
+        m_inputs.last().file = {m_inputs.constLast().file.path, digest.bytes, digest.sha256};
+}
+
 void RunJournal::keep(const QString &path)
 {
     m_written << path;

@@ -7,6 +7,7 @@ struct RunOptions {
     bool operator==(const RunOptions &) const = default;
 
     QString reportFile;
+    QString methodsFile;     ///< ends with .md or .txt
     std::optional<int> jobs; ///< at least 1; else as many as there are cores
     bool quiet = false;
     bool help = false;    ///< to be answered before anything else; what follows it was not read

@@ -21,7 +21,15 @@ QJsonObject toJson(const EyeQuality &quality)
 
 } // namespace
 
-void addQuality(const RunState &run, BatchReport &report)
+QList<StreamQuality> qualityOf(const RunState &run)
+{
+    return studyQuality(run.model, {.eyes = eyeMode(),
+                                    .which = MeasuredExaminations::All,
+                                    .pixelPerDistance = storedPixelPerDistance(),
+                                    .threads = run.threads()});
+}
+
+void addQuality(const QList<StreamQuality> &quality, BatchReport &report)
 {
     struct Recording {
         ReportedInput *input;
@@ -34,22 +42,18 @@ void addQuality(const RunState &run, BatchReport &report)
         for (const QString &name : std::as_const(input.recordings))
             recordings << Recording{&input, name};
     }
-    for (const StreamQuality &measured : studyQuality(run.model, {.eyes = eyeMode(),
-                                                                 .which = MeasuredExaminations::All,
-                                                                 .pixelPerDistance = storedPixelPerDistance(),
-                                                                 .threads = run.threads()}))
-    {
+    for (const StreamQuality &measured : quality) {
         if (measured.examination >= recordings.size())
             continue;
         const Recording &recording = recordings[measured.examination];
-        QJsonObject &quality = recording.input->quality;
+        QJsonObject &reported = recording.input->quality;
         const QString eye = eyeWord(measured.eye);
         if (recording.name.isEmpty()) {
-            quality.insert(eye, toJson(measured.quality));
+            reported.insert(eye, toJson(measured.quality));
         } else {
-            QJsonObject ofRecording = quality.value(recording.name).toObject();
+            QJsonObject ofRecording = reported.value(recording.name).toObject();
             ofRecording.insert(eye, toJson(measured.quality));
-            quality.insert(recording.name, ofRecording);
+            reported.insert(recording.name, ofRecording);
         }
     }
 }

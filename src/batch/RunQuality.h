@@ -1,8 +1,12 @@
 #pragma once
 
+#include "table/StudyQuality.h"
+
 struct BatchReport;
 struct RunState;
 
-/// Puts the data quality of each recording that was used into the report, for the eyes of the run and its time frame.
-/// What is not defined is null.
-void addQuality(const RunState &run, BatchReport &report);
+/// The data quality of each recording that was read, for the eyes of the run and its time frame.
+QList<StreamQuality> qualityOf(const RunState &run);
+
+/// Puts it into the report, to the recordings. What is not defined is null.
+void addQuality(const QList<StreamQuality> &quality, BatchReport &report);

@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 #include "base/Messages.h"
+#include "detection/BridgedGap.h"
 #include "detection/CentroidSum.h"
 #include "detection/DetectionReport.h"
 
@@ -11,7 +12,6 @@
 
 namespace {
 
-constexpr qint64 longestBridgedGapMs = 20;
 constexpr int filterLength = 1; // no filtering
 
 constexpr QLatin1StringView tooShort("Fixation too short!");

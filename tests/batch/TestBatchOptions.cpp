@@ -168,6 +168,7 @@ void acceptedFilesAndNumbers()
                     o.similarity.recurrenceRadiusPx = 80.5;
                     o.similarity.gridColumns = 9;
                 });
+    acceptedRow("methods", "--methods m.TXT a.data", [](O &o) { o.methodsFile = QStringLiteral("m.TXT"); });
     acceptedRow("report", "--report r.json a.data", [](O &o) { o.reportFile = QStringLiteral("r.json"); });
     acceptedRow("one job", "--jobs 1 a.data", [](O &o) { o.jobs = 1; });
     acceptedRow("many jobs", "--jobs=64 a.data", [](O &o) { o.jobs = 64; });
@@ -199,6 +200,8 @@ void refusedArguments()
     refusedRow("empty value", "--out= a.data", "--out: the value is empty");
     refusedRow("areas of interest without a file", "a.data --aois", "--aois: needs a value, FILE");
     refusedRow("areas of interest with an empty name", "--aois= a.data", "--aois: the value is empty");
+    refusedRow("methods in an unknown form", "--methods m.pdf a.data",
+               "--methods m.pdf: the name has to end with .md or .txt");
     refusedRow("empty report name", "--report= a.data", "--report: the value is empty");
     refusedRow("value for a flag", "--quiet=1 a.data", "--quiet: takes no value");
     refusedRow("folder given twice", "--out a --out b a.data", "--out: given twice");
@@ -331,8 +334,6 @@ void notBuilt()
         if (!row.built())
             refuse("export", row.word.data());
     }
-    refusedRow("one entry of a list is not built", "--export fixations,bids a.data",
-               "--export bids: not available in this version");
     refusedRow("a density that is no .tiff", "--density d.png a.data",
                "--density d.png: the name does not end in .tiff");
 }

@@ -61,6 +61,8 @@ private Q_SLOTS:
     void laterSettingsWin();
     void theUsersStoreIsNotTouched();
     void reportNamesWhatTheResultsRestOn();
+    void reportHasQualityAndMethods();
+    void methodsAreAFile();
     void densityIsWrittenAndExplained();
     void densityOfNothingFails();
     void areasOfInterestAreReported();
@@ -364,6 +366,52 @@ void TestBatchRun::densityOfNothingFails()
         m_batch->run(words("--density d.tiff --density-kind fixations --report report.json study/S01.data"));
     QCOMPARE(outcome.status, 1); // no fixations were calculated
     QVERIFY(!report().contains(QStringLiteral("density")));
+}
+
+void TestBatchRun::reportHasQualityAndMethods()
+{
+    const Outcome outcome = m_batch->run(words("--calculate fixations --eyes left --report report.json --quiet "
+                                               "study/S01.data none.data study/S02.data"));
+    QCOMPARE(outcome.status, 1);
+    const QJsonObject all = report();
+    QStringList measured;
+    for (const QJsonValue &input : all[QStringLiteral("inputs")].toArray()) {
+        const QJsonObject quality = input[QStringLiteral("quality")].toObject();
+        if (quality.isEmpty())
+            continue;
+        measured << input[QStringLiteral("path")].toString();
+        QCOMPARE(quality.keys(), QStringList(QStringLiteral("left")));
+        // 2500 samples, one each 4 ms
+        QCOMPARE(quality[QStringLiteral("left")][QStringLiteral("rate_hz")].toDouble(), 250.0);
+        QCOMPARE(quality[QStringLiteral("left")][QStringLiteral("duration_ms")].toDouble(), 9996.0);
+        QVERIFY(quality[QStringLiteral("left")][QStringLiteral("rms_s2s_deg")].isNull());
+    }
+    QCOMPARE(measured, (QStringList{QStringLiteral("study/S01.data"), QStringLiteral("study/S02.data")}));
+    const QJsonValue methods = all[QStringLiteral("methods")];
+    QCOMPARE(methods[QStringLiteral("recordings")].toInt(), 2);
+    QCOMPARE(methods[QStringLiteral("notRead")].toArray(), QJsonArray{QStringLiteral("none")});
+    QCOMPARE(methods[QStringLiteral("fixationDetection")][QStringLiteral("detector")].toString(),
+             QStringLiteral("standard"));
+    QVERIFY(methods[QStringLiteral("clusters")].isNull());
+    const QString text = methods[QStringLiteral("text")].toString();
+    QVERIFY(text.contains(QStringLiteral("1 recording could not be read: none.")));
+    QVERIFY(text.contains(QStringLiteral("was analysed, for the left eye.")));
+}
+
+void TestBatchRun::methodsAreAFile()
+{
+    const QStringList calculated = words("--calculate clusters,fixations --export aoi-measures --detector velocity "
+                                         "--velocity-unit percentile --quiet study/S01.data --methods");
+    QCOMPARE(m_batch->run(calculated + QStringList(QStringLiteral("m.md"))).status, 0);
+    QCOMPARE(m_batch->run(calculated + QStringList(QStringLiteral("m.txt"))).status, 0);
+    const QString markdown = QString::fromUtf8(m_batch->contents(QStringLiteral("m.md")));
+    QVERIFY(markdown.startsWith(QStringLiteral("# Methods\n\n## ")));
+    QVERIFY(markdown.contains(QStringLiteral("after I-VT (Salvucci & Goldberg, 2000)")));
+    QVERIFY(markdown.contains(QStringLiteral("\n- Holmqvist, K.")));
+    QVERIFY(markdown.contains(QStringLiteral("## Clusters\n\nFixations of each recording and eye")));
+    const QString plain = QString::fromUtf8(m_batch->contents(QStringLiteral("m.txt")));
+    QVERIFY(plain.startsWith(
+        QStringLiteral("Methods\n\nParticipants and recordings\n\nThe analysis rests on 1 recording")));
 }
 
 void TestBatchRun::reportNamesWhatTheResultsRestOn()

@@ -25,6 +25,8 @@ public:
     void undo() override;
     void redo() override;
 
+    const ClusterParameters &parameters() const { return m_parameters; }
+
 private:
     struct Before {
         QList<FixationCluster> left;
@@ -51,6 +53,8 @@ public:
 
     void undo() override;
     void redo() override;
+
+    const ClusterParameters &parameters() const { return m_parameters; }
 
 private:
     DataModel &m_model;

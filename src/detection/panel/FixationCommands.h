@@ -28,6 +28,9 @@ public:
     void undo() override;
     void redo() override;
 
+    /// Of the last calculation.
+    const FixationCalculationParameters &parameters() const { return m_parameters; }
+
 private:
     void takeWhatCountsNow();
     void tell(const FixationCalculationOutcome &outcome) const;

@@ -18,7 +18,11 @@ public:
     void redo() override { m_write(m_model, m_target); }
     void undo() override {}
 
+    /// The table by its word in the batch program.
+    QString word() const;
+
 private:
+    const QLatin1StringView m_kind;
     const Export m_write;
     DataModel &m_model;
     const ExportTarget m_target;

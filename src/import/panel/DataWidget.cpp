@@ -1,6 +1,7 @@
 #include "import/panel/DataWidget.h"
 
 #include "commands/CommandStack.h"
+#include "import/bids/BidsFiles.h"
 #include "import/conversion/ImportSession.h"
 #include "import/panel/ImportAssistant.h"
 #include "import/panel/TableImportCommand.h"
@@ -17,9 +18,10 @@ namespace {
 
 QStringList askForRecordings(QWidget *parent, const QString &folder)
 {
-    QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder, QStringLiteral("Data Files (*.data)"));
+    QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder,
+                       QStringLiteral("Data Files (*.data);;BIDS (*_physio.tsv.gz *_physio.json)"));
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    return dialog.exec() == QDialog::Accepted ? withoutRepeatedRuns(dialog.selectedFiles()) : QStringList();
 }
 
 struct FoundFiles {
@@ -35,7 +37,8 @@ FoundFiles filesAt(const QStringList &paths)
     for (const QString &path : paths) {
         const QString absolute = QFileInfo(path).absoluteFilePath();
         if (!QFileInfo(absolute).isDir()) {
-            const bool isRecording = absolute.endsWith(QLatin1StringView(".data"), Qt::CaseInsensitive);
+            const bool isRecording =
+                absolute.endsWith(QLatin1StringView(".data"), Qt::CaseInsensitive) || isBidsSamples(absolute);
             (isRecording ? found.recordings : found.tables) << absolute;
             continue;
         }
@@ -43,9 +46,12 @@ FoundFiles filesAt(const QStringList &paths)
         const QStringList names = folder.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name);
         for (const QString &name : names)
             found.recordings << folder.filePath(name);
-        if (names.isEmpty())
+        const QStringList runs = bidsRunsIn(absolute);
+        found.recordings += runs;
+        if (names.isEmpty() && runs.isEmpty())
             found.tables += tablesIn(absolute);
     }
+    found.recordings = withoutRepeatedRuns(found.recordings);
     return found;
 }
 

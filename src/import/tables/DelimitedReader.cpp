@@ -33,6 +33,7 @@ DelimitedReader::DelimitedReader(TableBytes &bytes, const QString &file, const T
     , m_place(layout.place)
     , m_recordings(file, layout, options)
 {
+    m_isOnlyRecording = layout.split.isEmpty() && !layout.eye.column.isGiven();
     m_hasNames = std::ranges::any_of(columnsOf(layout), [](const TableColumn &column) { return column.number == 0; });
     const NumberFields codes('.', {}, TableTimeUnit::Milliseconds);
     for (const QString &code : layout.valid.codes) {

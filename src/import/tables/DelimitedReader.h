@@ -68,6 +68,7 @@ private:
     std::vector<Kept> m_kept;
     const char *m_readable = nullptr; ///< end of the lines in memory
     bool m_hasNames = false;          ///< any column is given by name
+    bool m_isOnlyRecording = false;   ///< nothing separates recordings
     bool m_isFirstLine = true;        ///< no line of samples was met so far
     qsizetype m_line = 0;             ///< number of the current one, from 1
     qsizetype m_firstHeader = 0;      ///< a line that could have been the header

@@ -25,7 +25,8 @@ DelimitedReader::Then DelimitedReader::addSample()
         m_oddities.add(TableOddityKind::UnknownLine, m_line);
         return Then::GoOn;
     }
-    const qsizetype recording = recordingOfLine(*eyes);
+    const bool isSame = m_isOnlyRecording && m_current >= 0; // nearly every line
+    const qsizetype recording = isSame ? m_current : recordingOfLine(*eyes);
     if (recording < 0)
         return fail(
             {.line = m_line,
@@ -130,7 +131,7 @@ qsizetype DelimitedReader::recordingOfLine(std::array<bool, 2> eyes)
 {
     const bool isOnly = m_plan->split.isEmpty() && m_plan->eye < 0;
     if (isOnly)
-        return m_current >= 0 ? m_current : newRecording(eyes);
+        return newRecording(eyes);
     constexpr char separator = '\x1F';
     QByteArray &key = m_newKey;
     key.resize(0);

@@ -84,7 +84,8 @@ void RecordingBuilder::reserve(qsizetype samples)
                      recording.samples.capacity() * static_cast<qsizetype>(sizeof(TableSample)));
 }
 
-void RecordingBuilder::add(const TableSample &sample, qsizetype line)
+/// The first samples, from which the rate is measured, and those with odd times.
+void RecordingBuilder::addUnusual(const TableSample &sample, qsizetype line)
 {
     TableFacts &facts = recording.facts;
     if (facts.samples == 0) {
@@ -94,10 +95,7 @@ void RecordingBuilder::add(const TableSample &sample, qsizetype line)
         countStep(sample.timeMs - facts.lastTimeMs, line);
     }
     m_isAfterPause = false;
-    facts.lastTimeMs = sample.timeMs;
-    ++facts.samples;
-    countEyes(sample, line);
-    recording.samples.append(sample);
+    m_isMeasured = m_stepCount >= measuredSteps && m_steps.size() >= measuredSteps;
 }
 
 void RecordingBuilder::countStep(double stepMs, qsizetype line)
@@ -119,27 +117,6 @@ void RecordingBuilder::countStep(double stepMs, qsizetype line)
         oddities.add(TableOddityKind::RepeatedTime, line);
     else if (m_steps.size() < measuredSteps)
         m_steps.append(stepMs);
-}
-
-void RecordingBuilder::countEyes(const TableSample &sample, qsizetype line)
-{
-    TableFacts &facts = recording.facts;
-    if (sample.leftValid)
-        ++facts.leftValid;
-    else
-        m_leftLost.add(1, line);
-    if (sample.rightValid)
-        ++facts.rightValid;
-    else
-        m_rightLost.add(1, line);
-    if (m_widthPx > 0 &&
-        ((sample.leftValid && isOutside(sample.left)) || (sample.rightValid && isOutside(sample.right))))
-        oddities.add(TableOddityKind::OutsideScreen, line);
-}
-
-bool RecordingBuilder::isOutside(const TableEyeSample &eye) const
-{
-    return eye.x < 0 || eye.y < 0 || eye.x > m_widthPx || eye.y > m_heightPx;
 }
 
 /// Steps of 0 count, so that a clock in whole ms does not hide half of the samples of a faster tracker.

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QMap>
+#include <QStringList>
+
+/// Texts by their names.
+QJsonObject jsonOf(const QMap<QString, QString> &texts);
+
+/// Reads the fields of a JSON object and notes the first that is not what it should be. A field that is missing is
+/// none. Who reads asks for all fields and then for the problem.
+class JsonFields {
+public:
+    explicit JsonFields(const QJsonObject &object) : m_object(object) {}
+
+    /// A whole number of that range.
+    qint64 whole(const QString &name, qint64 least, qint64 most);
+    /// Any number that is finite.
+    double number(const QString &name);
+    bool flag(const QString &name);
+    QString text(const QString &name);
+    QStringList texts(const QString &name);
+    QJsonObject object(const QString &name);
+    QMap<QString, QString> textsByName(const QString &name);
+    QJsonArray array(const QString &name);
+    /// The place of the text among the words.
+    qsizetype word(const QString &name, const QStringList &words);
+
+    /// Notes the problem unless the condition holds.
+    void require(bool holds, const QString &problem);
+
+    bool has(const QString &name) const { return m_object.contains(name); }
+
+    /// Such as "minimumDurationMs: expected a whole number from 0 to 5000, found \"a\""; empty if all is well. Fields
+    /// that nobody asked for are a problem, too: they would be without effect.
+    QString problem() const;
+
+private:
+    QJsonValue take(const QString &name);
+    void expect(bool isRight, const QString &name, const QString &expected, const QJsonValue &found);
+
+    const QJsonObject m_object;
+    QStringList m_asked;
+    QString m_problem;
+};

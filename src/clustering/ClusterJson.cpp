@@ -1,0 +1,103 @@
+#include "clustering/ClusterJson.h"
+
+#include "base/JsonFields.h"
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int most = std::numeric_limits<int>::max();
+const QStringList methods{u"standard"_s, u"mean-shift"_s, u"overlap"_s}; // in the order of the alternatives
+
+QJsonObject json(const StandardClusterParameters &p)
+{
+    return {{u"minimumFixations"_s, p.minimumFixations},
+            {u"overlapAllowedPercent"_s, p.overlapAllowed},
+            {u"maximumRadiusPx"_s, p.maximumRadiusPx}};
+}
+
+QJsonObject json(const MeanShiftClusterParameters &p)
+{
+    return {{u"radiusPx"_s, p.radiusPx},
+            {u"rate"_s, p.rate},
+            {u"iterations"_s, p.iterations},
+            {u"minimumFixations"_s, p.minimumFixations}};
+}
+
+QJsonObject json(const OverlapClusterParameters &p)
+{
+    QJsonObject object{{u"minimumFixations"_s, p.minimumFixations}};
+    if (p.outliers)
+        object.insert(u"outliers"_s, *p.outliers);
+    return object;
+}
+
+int whole(JsonFields &fields, const QString &name)
+{
+    return static_cast<int>(fields.whole(name, 0, most));
+}
+
+StandardClusterParameters standardOf(JsonFields &fields)
+{
+    return {.minimumFixations = whole(fields, u"minimumFixations"_s),
+            .overlapAllowed = whole(fields, u"overlapAllowedPercent"_s),
+            .maximumRadiusPx = whole(fields, u"maximumRadiusPx"_s)};
+}
+
+MeanShiftClusterParameters meanShiftOf(JsonFields &fields)
+{
+    return {.radiusPx = fields.number(u"radiusPx"_s),
+            .rate = fields.number(u"rate"_s),
+            .iterations = whole(fields, u"iterations"_s),
+            .minimumFixations = whole(fields, u"minimumFixations"_s)};
+}
+
+OverlapClusterParameters overlapOf(JsonFields &fields)
+{
+    OverlapClusterParameters p{.minimumFixations = whole(fields, u"minimumFixations"_s), .outliers = {}};
+    if (fields.has(u"outliers"_s))
+        p.outliers = whole(fields, u"outliers"_s);
+    return p;
+}
+
+} // namespace
+
+QJsonObject toJson(const ClusterParameters &parameters)
+{
+    QJsonObject object = std::visit([](const auto &p) { return json(p); }, parameters);
+    object.insert(u"method"_s, methods[static_cast<qsizetype>(parameters.index())]);
+    return object;
+}
+
+std::variant<ClusterParameters, QString> clusterParametersOf(const QJsonObject &json)
+{
+    JsonFields fields(json);
+    ClusterParameters parameters;
+    switch (fields.word(u"method"_s, methods)) {
+    case 1:
+        parameters = meanShiftOf(fields);
+        break;
+    case 2:
+        parameters = overlapOf(fields);
+        break;
+    default:
+        parameters = standardOf(fields);
+    }
+    if (const QString problem = fields.problem(); !problem.isEmpty())
+        return problem;
+    return parameters;
+}
+
+QJsonObject toJson(const SaccadeClusterParameters &parameters)
+{
+    QJsonObject object;
+    const auto put = [&](const auto &row) {
+        const int value = static_cast<int>(parameters.*(row.member));
+        const QStringList words = QString(row.range.words).split(u',');
+        object.insert(row.range.name, row.range.words.isEmpty() ? QJsonValue(value) : QJsonValue(words.value(value)));
+    };
+    std::apply([&](const auto &...row) { (put(row), ...); }, stagedrows::all);
+    return object;
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// Losses of at most this length are bridged before the standard detection.
+inline constexpr qint64 longestBridgedGapMs = 20;

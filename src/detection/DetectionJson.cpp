@@ -1,0 +1,97 @@
+#include "detection/DetectionJson.h"
+
+#include "base/JsonFields.h"
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int most = std::numeric_limits<int>::max();
+const QStringList detectors{u"standard"_s, u"gaussian"_s, u"velocity"_s};
+const QStringList units{u"px/ms"_s, u"deg/s"_s, u"percentile"_s}; // in the order of the enumeration
+
+QJsonObject json(const StandardParameters &p)
+{
+    return {{u"minimumDurationMs"_s, p.minimumDurationMs},
+            {u"maximumRadiusPx"_s, p.maximumRadiusPx},
+            {u"allowedOutliers"_s, p.allowedOutliers}};
+}
+
+QJsonObject json(const MixtureParameters &p)
+{
+    return {{u"minimumDurationMs"_s, p.minimumDurationMs}, {u"mergeSequential"_s, p.mergeSequential}};
+}
+
+QJsonObject json(const VelocityParameters &p)
+{
+    QJsonObject object{{u"minimumDurationMs"_s, p.minimumDurationMs},
+                       {u"threshold"_s, p.threshold},
+                       {u"unit"_s, units[static_cast<qsizetype>(p.unit)]}};
+    if (p.unit == VelocityUnit::DegreePerS) {
+        object.insert(u"screenDistanceM"_s, p.screenDistanceM);
+        object.insert(u"imageSizeM"_s, p.imageSizeM);
+        object.insert(u"imageWidthPx"_s, p.imageWidthPx);
+    }
+    return object;
+}
+
+int whole(JsonFields &fields, const QString &name)
+{
+    return static_cast<int>(fields.whole(name, 0, most));
+}
+
+StandardParameters standardOf(JsonFields &fields)
+{
+    return {.minimumDurationMs = whole(fields, u"minimumDurationMs"_s),
+            .maximumRadiusPx = whole(fields, u"maximumRadiusPx"_s),
+            .allowedOutliers = whole(fields, u"allowedOutliers"_s)};
+}
+
+MixtureParameters mixtureOf(JsonFields &fields)
+{
+    return {.minimumDurationMs = whole(fields, u"minimumDurationMs"_s),
+            .mergeSequential = fields.flag(u"mergeSequential"_s)};
+}
+
+VelocityParameters velocityOf(JsonFields &fields)
+{
+    VelocityParameters p{.minimumDurationMs = whole(fields, u"minimumDurationMs"_s),
+                         .threshold = fields.number(u"threshold"_s),
+                         .unit = static_cast<VelocityUnit>(fields.word(u"unit"_s, units))};
+    if (p.unit != VelocityUnit::DegreePerS)
+        return p;
+    p.screenDistanceM = fields.number(u"screenDistanceM"_s);
+    p.imageSizeM = fields.number(u"imageSizeM"_s);
+    p.imageWidthPx = fields.number(u"imageWidthPx"_s);
+    return p;
+}
+
+} // namespace
+
+QJsonObject toJson(const FixationCalculationParameters &parameters)
+{
+    QJsonObject object = std::visit([](const auto &p) { return json(p); }, parameters);
+    object.insert(u"detector"_s, detectors[static_cast<qsizetype>(parameters.index())]);
+    return object;
+}
+
+std::variant<FixationCalculationParameters, QString> fixationParametersOf(const QJsonObject &json)
+{
+    JsonFields fields(json);
+    FixationCalculationParameters parameters;
+    switch (fields.word(u"detector"_s, detectors)) {
+    case 1:
+        parameters = mixtureOf(fields);
+        break;
+    case 2:
+        parameters = velocityOf(fields);
+        break;
+    default:
+        parameters = standardOf(fields);
+    }
+    if (const QString problem = fields.problem(); !problem.isEmpty())
+        return problem;
+    return parameters;
+}
