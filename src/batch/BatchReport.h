@@ -23,10 +23,10 @@ struct ReportedInput {
     bool used = true;             ///< false for a file of which nothing was taken
     QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
     QList<ShownMessage> messages; ///< about this file
-    QJsonObject table = {};       ///< how a table was read and what it held; empty for other files
-    QStringList recordings = {};  ///< names of those of a table that came into the model, in its order
     QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names; of a table
                                   ///< such an object for each of its recordings
+    QJsonObject table = {};       ///< how a table was read and what it held; empty for other files
+    QStringList recordings = {};  ///< names of those of a table that came into the model, in its order
 };
 
 /// An area of interest at the end of the run.

@@ -92,7 +92,7 @@ void TestImportAssistant::showsLinesChoicesAndResult()
     QVERIFY(find<QLabel>("certainty of delimiter")->text().endsWith(u" %"_s));
     QVERIFY(!find<QLabel>("certainty of delimiter")->toolTip().isEmpty());
     QVERIFY(text("recordings").contains(u"500 samples, 250 Hz"_s));
-    QVERIFY(!find<QLineEdit>("messages.begin")->isVisible()); // of logs only
+    QVERIFY(!find<QComboBox>("messages.begin")->isVisible()); // of logs only
     QVERIFY(find<QPushButton>("import")->isEnabled());
 }
 
@@ -138,12 +138,15 @@ void TestImportAssistant::wrongTextIsTold()
 
 void TestImportAssistant::importHandsOnWhatWasRead()
 {
-    m_assistant->add({m_table, m_files->write(u"p02.csv"_s, tabletexts::table({.samples = 300}))});
+    m_assistant->add({m_table, m_files->write(u"p02.csv"_s, tabletexts::table({.samples = 300})),
+                      m_files->write(u"words.csv"_s, "word,letters\nthe,3\nfox,3\n")});
     QSignalSpy imported(m_assistant.get(), &ImportAssistant::imported);
     click("import");
     QVERIFY(imported.wait());
     const auto tables = imported[0][0].value<QList<ImportedTable>>();
-    QCOMPARE(tables.size(), 2);
+    QCOMPARE(tables.size(), 3);
+    QVERIFY(tables[2].recordings.isEmpty());
+    QVERIFY(tables[2].messages.value(0).text.contains(u"words.csv"_s)); // who misses it is told
     QCOMPARE(tables[0].recordings.size(), 1);
     QCOMPARE(tables[0].recordings[0].examination.leftEye.gazePoints.size(), 500);
     QCOMPARE(tables[0].recordings[0].examination.baseName, u"p01"_s);

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void columnsWithoutNames();
     void previewIsLimited();
     void stimulusBesideTheTable();
+    void severalRecordingsAreTold();
+    void messagesOfALog();
 
 private:
     QString write(const QString &name, const tabletexts::Form &form) const
@@ -123,6 +125,8 @@ void TestImportSession::unreadableAndUselessFiles()
     QVERIFY2(!session.state(1).startsWith(u"ready"_s), qPrintable(session.state(1)));
     QVERIFY(!session.preview(1).problem.isEmpty());
     QCOMPARE(session.requests().size(), 0);
+    QCOMPARE(session.leftOut().size(), 2);
+    QCOMPARE(session.leftOut()[1].file, m_files->path(u"words.csv"_s));
 }
 
 void TestImportSession::layoutIsFoundAgain()
@@ -168,6 +172,38 @@ void TestImportSession::stimulusBesideTheTable()
     session.add({m_files->write(u"p01.csv"_s, text)});
     QVERIFY(session.change(0, field("set.stimulus"), u"seen"_s));
     QCOMPARE(session.preview(0).stimulus, picture);
+}
+
+void TestImportSession::severalRecordingsAreTold()
+{
+    ImportSession session({});
+    session.add({write(u"all.csv"_s, {.subjects = 2})});
+    QCOMPARE(session.preview(0).content.recordings.size(), 1);
+    QVERIFY2(session.tables()[0].guess.doubts.join(u' ').contains(u"subject could separate recordings"_s),
+             qPrintable(session.tables()[0].guess.doubts.join(u' ')));
+    QVERIFY(session.change(0, field("split"), u"subject"_s));
+    QCOMPARE(session.preview(0).content.recordings.size(), 2);
+}
+
+void TestImportSession::messagesOfALog()
+{
+    QByteArray log = "** CONVERTED FROM a log\nMSG\t90 DISPLAY_COORDS 0 0 1279 1023\n";
+    for (int trial = 0; trial < 3; ++trial) {
+        log += "START\t" + QByteArray::number(1000 * trial + 100) + " LEFT\tSAMPLES\tEVENTS\n";
+        log += "SAMPLES\tGAZE\tLEFT\tRATE\t 500.00\tTRACKING\tCR\n";
+        log += "MSG\t" + QByteArray::number(1000 * trial + 100) + " TRIALID " + QByteArray::number(trial) + '\n';
+        for (int i = 0; i < 50; ++i)
+            log += QByteArray::number(1000 * trial + 101 + 2 * i) + "\t 500.0\t 400.0\t 900.0\t...\n";
+        log += "END\t" + QByteArray::number(1000 * trial + 220) + " SAMPLES\tEVENTS\n";
+    }
+    ImportSession session({});
+    session.add({m_files->write(u"log.asc"_s, log)});
+    QCOMPARE(session.tables()[0].layout.kind, TableKind::EventLog);
+    QVERIFY(session.suggestions(0, field("messages.begin")).contains(u"TRIALID"_s));
+    QCOMPARE(session.preview(0).content.recordings.size(), 1);
+    QVERIFY(session.change(0, field("messages.begin"), u"TRIALID"_s));
+    QCOMPARE(session.preview(0).content.recordings.size(), 3);
+    QCOMPARE(session.preview(0).content.recordings[2].samples.size(), 50);
 }
 
 QTEST_GUILESS_MAIN(TestImportSession)

@@ -43,6 +43,17 @@ QString stimulusOf(const QString &table, const TableContent &content)
     return {};
 }
 
+QStringList messagesOf(const QString &path, const TableLayout &layout)
+{
+    if (layout.kind != TableKind::EventLog)
+        return {};
+    TableReadOptions options;
+    options.sampleLimit = previewSamples;
+    const auto read = readTable(path, layout, options);
+    const auto *content = std::get_if<TableContent>(&read);
+    return content ? content->messageWords : QStringList();
+}
+
 } // namespace
 
 QStringList tablesIn(const QString &folder)
@@ -80,7 +91,12 @@ void ImportSession::addFile(const QString &path)
         table.extract = std::get<TableExtract>(extract);
         table.guess = detectLayout(table.extract, m_known);
         table.layout = table.guess.layout;
+        for (const TableColumn &column : std::as_const(table.layout.split))
+            table.guess.doubts
+                << u"%1 could separate recordings, and the table is read as one; choose it at \"A recording "
+                   "for each\" to split it."_s.arg(column.text());
         table.layout.split.clear();
+        table.messages = messagesOf(path, table.layout);
     }
     m_tables << table;
 }
@@ -132,6 +148,14 @@ QStringList ImportSession::columns(qsizetype table) const
     for (qsizetype i = 1; i <= std::min(count, mostColumns); ++i)
         columns << TableColumn::numbered(static_cast<int>(i)).text();
     return columns;
+}
+
+QStringList ImportSession::suggestions(qsizetype table, const LayoutField &field) const
+{
+    if (field.words)
+        return field.words();
+    const bool isMessage = field.kind == LayoutField::Kind::Message;
+    return QStringList(QString()) + (isMessage ? m_tables[table].messages : columns(table));
 }
 
 QString ImportSession::state(qsizetype table) const
@@ -186,14 +210,34 @@ TablePreview ImportSession::preview(qsizetype table) const
     return preview;
 }
 
+std::optional<TableProblem> ImportSession::problemOf(const TableToImport &table)
+{
+    if (table.unreadable)
+        return table.unreadable;
+    if (table.guess.problem && !table.isSeen)
+        return table.guess.problem;
+    return layoutProblem(table.layout);
+}
+
 QList<std::pair<QString, LayoutRequest>> ImportSession::requests() const
 {
     QList<std::pair<QString, LayoutRequest>> requests;
     for (const TableToImport &each : m_tables) {
-        if (each.unreadable || (each.guess.problem && !each.isSeen) || layoutProblem(each.layout))
-            continue;
-        requests.emplaceBack(each.path,
-                             LayoutRequest{.layout = NamedLayout{{}, {}, each.layout}, .known = {}, .split = {}});
+        if (!problemOf(each))
+            requests.emplaceBack(each.path,
+                                 LayoutRequest{.layout = NamedLayout{{}, {}, each.layout}, .known = {}, .split = {}});
     }
     return requests;
+}
+
+QList<TableProblem> ImportSession::leftOut() const
+{
+    QList<TableProblem> problems;
+    for (const TableToImport &each : m_tables) {
+        if (std::optional<TableProblem> problem = problemOf(each)) {
+            problem->file = each.path;
+            problems << *problem;
+        }
+    }
+    return problems;
 }

@@ -19,8 +19,9 @@ struct TableToImport {
     QString path;
     TableExtract extract;
     LayoutGuess guess;
-    TableLayout layout;  ///< as it was found and changed since
-    bool isSeen = false; ///< the user has changed or confirmed a choice: what was uncertain is the user's word
+    QStringList messages; ///< first words of the messages of a log, the most frequent first
+    TableLayout layout;   ///< as it was found and changed since
+    bool isSeen = false;  ///< the user has changed or confirmed a choice: what was uncertain is the user's word
     std::optional<TableProblem> unreadable;
 };
 
@@ -49,6 +50,9 @@ public:
     /// Columns by name, or by number where there are no names.
     QStringList columns(qsizetype table) const;
 
+    /// What could be chosen for a choice, with nothing as the first where it may be left out.
+    QStringList suggestions(qsizetype table, const LayoutField &field) const;
+
     /// "ready", or what has to be looked at, in a few words.
     QString state(qsizetype table) const;
 
@@ -57,8 +61,12 @@ public:
     /// What is to be read: the tables that can be, each with its layout.
     QList<std::pair<QString, LayoutRequest>> requests() const;
 
+    /// The other tables, each with the reason for whoever misses it.
+    QList<TableProblem> leftOut() const;
+
 private:
     void addFile(const QString &path);
+    static std::optional<TableProblem> problemOf(const TableToImport &table);
 
     QList<NamedLayout> m_known;
     QList<TableToImport> m_tables;

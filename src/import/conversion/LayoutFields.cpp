@@ -13,6 +13,13 @@ using Field = LayoutField;
 using Kind = LayoutField::Kind;
 using Of = LayoutField::Of;
 
+/// The member of a layout, or of a part of it, to which a path of members leads.
+template <auto... Path>
+constexpr auto at = [](auto &layout) -> auto &
+{
+    return (layout.*....*Path);
+};
+
 template <const auto &Words>
 QStringList allWords()
 {
@@ -63,19 +70,28 @@ constexpr Field columnField(QLatin1StringView key, QLatin1StringView label, QLat
 }
 
 template <auto Member>
-constexpr Field textField(QLatin1StringView key, QLatin1StringView label, QLatin1StringView help, Of of)
+constexpr Field textField(QLatin1StringView key, QLatin1StringView label, QLatin1StringView help)
 {
     return {.key = key,
             .label = label,
             .help = help,
             .kind = Kind::Text,
-            .of = of,
+            .of = Of::Tables,
             .read = [](const TableLayout &layout) { return Member(layout); },
             .write =
                 [](TableLayout &layout, const QString &text) {
                     Member(layout) = text;
                     return true;
                 }};
+}
+
+template <auto Member>
+constexpr Field messageField(QLatin1StringView key, QLatin1StringView label, QLatin1StringView help)
+{
+    Field field = textField<Member>(key, label, help);
+    field.kind = Kind::Message;
+    field.of = Of::Logs;
+    return field;
 }
 
 QString numberText(double number)
@@ -253,14 +269,11 @@ constexpr QLatin1StringView subjectKey("subject");
 constexpr QLatin1StringView groupKey("group");
 constexpr QLatin1StringView stimulusKey("stimulus");
 
-const QList<Field> fields{wordField < layout_words::kinds, [](auto &l) -> auto &{return l.kind;
-} // namespace
-> ("kind"_L1, "Kind"_L1, "Columns, or a log in which samples stand among events and messages."_L1, Of::Both),
-    wordField < layout_words::encodings, [](auto &l) -> auto &
-{
-    return l.encoding;
-}
-> ("encoding"_L1, "Encoding"_L1, "Of the letters; auto: by the mark at the start of the file."_L1, Of::Both),
+const QList<Field> fields{
+    wordField<layout_words::kinds, at<&TableLayout::kind>>(
+        "kind"_L1, "Kind"_L1, "Columns, or a log in which samples stand among events and messages."_L1, Of::Both),
+    wordField<layout_words::encodings, at<&TableLayout::encoding>>(
+        "encoding"_L1, "Encoding"_L1, "Of the letters; auto: by the mark at the start of the file."_L1, Of::Both),
     Field{.key = "delimiter"_L1,
           .label = "Fields end at"_L1,
           .help = "One of the words, or the character itself."_L1,
@@ -269,11 +282,8 @@ const QList<Field> fields{wordField < layout_words::kinds, [](auto &l) -> auto &
           .read = delimiterText,
           .write = writeDelimiter,
           .words = allWords<layout_words::delimiters>},
-    wordField < layout_words::decimalSigns, [](auto &l) -> auto &
-{
-    return l.decimalSign;
-}
-> ("decimal"_L1, "Decimals after"_L1, "Of the numbers."_L1, Of::Tables),
+    wordField<layout_words::decimalSigns, at<&TableLayout::decimalSign>>("decimal"_L1, "Decimals after"_L1,
+                                                                         "Of the numbers."_L1, Of::Tables),
     Field{.key = "header"_L1,
           .label = "Names of columns"_L1,
           .help = "yes: in the first line with these names; no; or the number of the line."_L1,
@@ -285,71 +295,36 @@ const QList<Field> fields{wordField < layout_words::kinds, [](auto &l) -> auto &
               [] {
                   return QStringList{u"yes"_s, u"no"_s};
               }},
-    textField < [](auto &l) -> auto &
-{
-    return l.commentPrefix;
-}
-> ("comment"_L1, "Remarks begin with"_L1, "Lines that begin so are passed over."_L1, Of::Tables), columnField < [
-](auto &l) -> auto &
-{
-    return l.time;
-}
-> ("time.column"_L1, "Time"_L1, "The column of the times; none where each line is one sample of a known rate."_L1),
-    wordField < layout_words::timeUnits, [](auto &l) -> auto &
-{
-    return l.timeUnit;
-}
-> ("time.unit"_L1, "Unit of time"_L1, "clock: time of day; samples: a count, or no column at all."_L1, Of::Tables),
-    numberField < [](auto &l) -> auto &
-{
-    return l.rateHz;
-}
-> ("time.rateHz"_L1, "Rate [Hz]"_L1, "Of samples that are counted."_L1, Of::Tables), columnField < [](auto &l) -> auto &
-{
-    return l.left.x;
-}
-> ("left.x"_L1, "Left x"_L1, "Horizontal place of the left eye."_L1), columnField < [](auto &l) -> auto &
-{
-    return l.left.y;
-}
-> ("left.y"_L1, "Left y"_L1, "Vertical place of the left eye."_L1), columnField < [](auto &l) -> auto &
-{
-    return l.left.pupil;
-}
-> ("left.pupil"_L1, "Left pupil"_L1, "Size of the left pupil, or its width."_L1), columnField < [](auto &l) -> auto &
-{
-    return l.left.pupilHeight;
-}
-> ("left.pupilHeight"_L1, "Left pupil height"_L1, "Where the height has a column of its own."_L1), columnField < [
-](auto &l) -> auto &
-{
-    return l.left.validity;
-}
-> ("left.validity"_L1, "Left validity"_L1,
-   "Says whether the left eye was seen; none: it was where there are numbers."_L1),
-    columnField < [](auto &l) -> auto &
-{
-    return l.right.x;
-}
-> ("right.x"_L1, "Right x"_L1, "Horizontal place of the right eye."_L1), columnField < [](auto &l) -> auto &
-{
-    return l.right.y;
-}
-> ("right.y"_L1, "Right y"_L1, "Vertical place of the right eye."_L1), columnField < [](auto &l) -> auto &
-{
-    return l.right.pupil;
-}
-> ("right.pupil"_L1, "Right pupil"_L1, "Size of the right pupil, or its width."_L1), columnField < [](auto &l) -> auto &
-{
-    return l.right.pupilHeight;
-}
-> ("right.pupilHeight"_L1, "Right pupil height"_L1, "Where the height has a column of its own."_L1), columnField < [
-](auto &l) -> auto &
-{
-    return l.right.validity;
-}
-> ("right.validity"_L1, "Right validity"_L1,
-   "Says whether the right eye was seen; none: it was where there are numbers."_L1),
+    textField<at<&TableLayout::commentPrefix>>("comment"_L1, "Remarks begin with"_L1,
+                                               "Lines that begin so are passed over."_L1),
+    columnField<at<&TableLayout::time>>(
+        "time.column"_L1, "Time"_L1, "The column of the times; none where each line is one sample of a known rate."_L1),
+    wordField<layout_words::timeUnits, at<&TableLayout::timeUnit>>(
+        "time.unit"_L1, "Unit of time"_L1, "clock: time of day; samples: a count, or no column at all."_L1, Of::Tables),
+    numberField<at<&TableLayout::rateHz>>("time.rateHz"_L1, "Rate [Hz]"_L1, "Of samples that are counted."_L1,
+                                          Of::Tables),
+    columnField<at<&TableLayout::left, &TableEyeColumns::x>>("left.x"_L1, "Left x"_L1,
+                                                             "Horizontal place of the left eye."_L1),
+    columnField<at<&TableLayout::left, &TableEyeColumns::y>>("left.y"_L1, "Left y"_L1,
+                                                             "Vertical place of the left eye."_L1),
+    columnField<at<&TableLayout::left, &TableEyeColumns::pupil>>("left.pupil"_L1, "Left pupil"_L1,
+                                                                 "Size of the left pupil, or its width."_L1),
+    columnField<at<&TableLayout::left, &TableEyeColumns::pupilHeight>>("left.pupilHeight"_L1, "Left pupil height"_L1,
+                                                                       "Where the height has a column of its own."_L1),
+    columnField<at<&TableLayout::left, &TableEyeColumns::validity>>(
+        "left.validity"_L1, "Left validity"_L1,
+        "Says whether the left eye was seen; none: it was where there are numbers."_L1),
+    columnField<at<&TableLayout::right, &TableEyeColumns::x>>("right.x"_L1, "Right x"_L1,
+                                                              "Horizontal place of the right eye."_L1),
+    columnField<at<&TableLayout::right, &TableEyeColumns::y>>("right.y"_L1, "Right y"_L1,
+                                                              "Vertical place of the right eye."_L1),
+    columnField<at<&TableLayout::right, &TableEyeColumns::pupil>>("right.pupil"_L1, "Right pupil"_L1,
+                                                                  "Size of the right pupil, or its width."_L1),
+    columnField<at<&TableLayout::right, &TableEyeColumns::pupilHeight>>("right.pupilHeight"_L1, "Right pupil height"_L1,
+                                                                        "Where the height has a column of its own."_L1),
+    columnField<at<&TableLayout::right, &TableEyeColumns::validity>>(
+        "right.validity"_L1, "Right validity"_L1,
+        "Says whether the right eye was seen; none: it was where there are numbers."_L1),
     Field{.key = "missing"_L1,
           .label = "Missing is written"_L1,
           .help = "Texts that stand for no value, with blanks between; an empty field is one always."_L1,
@@ -364,44 +339,23 @@ const QList<Field> fields{wordField < layout_words::kinds, [](auto &l) -> auto &
           .of = Of::Tables,
           .read = validText,
           .write = writeValid},
-    columnField < [](auto &l) -> auto &
-{
-    return l.eye.column;
-}
-> ("eye.column"_L1, "Eye of the line"_L1, "Where each line belongs to one eye."_L1),
-    wordField < layout_words::placeUnits, [](auto &l) -> auto &
-{
-    return l.place.unit;
-}
-> ("place.unit"_L1, "Unit of place"_L1,
-   "normalised: 0 to 1 of the screen; degrees: of visual angle from its middle."_L1, Of::Both),
-    wordField < layout_words::origins, [](auto &l) -> auto &
-{
-    return l.place.origin;
-}
-> ("place.origin"_L1, "Zero is at"_L1, "Where x and y are 0 on the screen."_L1, Of::Both),
-    wordField < layout_words::xAxes, [](auto &l) -> auto &
-{
-    return l.place.xAxis;
-}
-> ("place.xAxis"_L1, "x grows to the"_L1, "Direction of the horizontal axis."_L1, Of::Both),
-    wordField < layout_words::yAxes, [](auto &l) -> auto &
-{
-    return l.place.yAxis;
-}
-> ("place.yAxis"_L1, "y grows"_L1, "Direction of the vertical axis."_L1, Of::Both), sizeField < [](auto &l) -> auto &
-{
-    return l.place.screenPx;
-}
-> ("place.screenPx"_L1, "Screen [px]"_L1, "Width x height, such as 1920 x 1080."_L1), sizeField < [](auto &l) -> auto &
-{
-    return l.place.screenMm;
-}
-> ("place.screenMm"_L1, "Screen [mm]"_L1, "Width x height, such as 530 x 300."_L1), numberField < [](auto &l) -> auto &
-{
-    return l.place.distanceMm;
-}
-> ("place.distanceMm"_L1, "Eye to screen [mm]"_L1, "For places in degrees."_L1, Of::Both),
+    columnField<at<&TableLayout::eye, &TableEyeColumn::column>>("eye.column"_L1, "Eye of the line"_L1,
+                                                                "Where each line belongs to one eye."_L1),
+    wordField<layout_words::placeUnits, at<&TableLayout::place, &TableGeometry::unit>>(
+        "place.unit"_L1, "Unit of place"_L1,
+        "normalised: 0 to 1 of the screen; degrees: of visual angle from its middle."_L1, Of::Both),
+    wordField<layout_words::origins, at<&TableLayout::place, &TableGeometry::origin>>(
+        "place.origin"_L1, "Zero is at"_L1, "Where x and y are 0 on the screen."_L1, Of::Both),
+    wordField<layout_words::xAxes, at<&TableLayout::place, &TableGeometry::xAxis>>(
+        "place.xAxis"_L1, "x grows to the"_L1, "Direction of the horizontal axis."_L1, Of::Both),
+    wordField<layout_words::yAxes, at<&TableLayout::place, &TableGeometry::yAxis>>(
+        "place.yAxis"_L1, "y grows"_L1, "Direction of the vertical axis."_L1, Of::Both),
+    sizeField<at<&TableLayout::place, &TableGeometry::screenPx>>("place.screenPx"_L1, "Screen [px]"_L1,
+                                                                 "Width x height, such as 1920 x 1080."_L1),
+    sizeField<at<&TableLayout::place, &TableGeometry::screenMm>>("place.screenMm"_L1, "Screen [mm]"_L1,
+                                                                 "Width x height, such as 530 x 300."_L1),
+    numberField<at<&TableLayout::place, &TableGeometry::distanceMm>>("place.distanceMm"_L1, "Eye to screen [mm]"_L1,
+                                                                     "For places in degrees."_L1, Of::Both),
     Field{.key = "split"_L1,
           .label = "A recording for each"_L1,
           .help = "Columns, with + between; none: the table is one recording."_L1,
@@ -409,22 +363,13 @@ const QList<Field> fields{wordField < layout_words::kinds, [](auto &l) -> auto &
           .of = Of::Tables,
           .read = splitText,
           .write = writeSplit},
-    textField < [](auto &l) -> auto &
-{
-    return l.beginMessage;
-}
-> ("messages.begin"_L1, "A recording begins at"_L1, "The beginning of a message; none: the log is one recording."_L1,
-   Of::Logs),
-    textField < [](auto &l) -> auto &
-{
-    return l.endMessage;
-}
-> ("messages.end"_L1, "and ends at"_L1, "The beginning of a message; none: where the next one begins."_L1, Of::Logs),
+    messageField<at<&TableLayout::beginMessage>>("messages.begin"_L1, "A recording begins at"_L1,
+                                                 "The beginning of a message; none: the log is one recording."_L1),
+    messageField<at<&TableLayout::endMessage>>("messages.end"_L1, "and ends at"_L1,
+                                               "The beginning of a message; none: where the next one begins."_L1),
     setField<subjectKey>("set.subject"_L1, "Subject"_L1, "Column of who was looking."_L1),
     setField<groupKey>("set.group"_L1, "Group"_L1, "Column of the group of subjects."_L1),
-    setField<stimulusKey>("set.stimulus"_L1, "Picture"_L1, "Column of the name of the picture that was looked at."_L1)
-}
-;
+    setField<stimulusKey>("set.stimulus"_L1, "Picture"_L1, "Column of the name of the picture that was looked at."_L1)};
 
 } // namespace
 

@@ -5,9 +5,10 @@
 /// One choice of a layout as text, for whoever shows and changes it.
 struct LayoutField {
     enum class Kind {
-        Word,   ///< one of some words
-        Column, ///< a column, or none
-        Text,   ///< anything
+        Word,    ///< one of some words
+        Column,  ///< a column, or none
+        Message, ///< the beginning of a message of a log, or none
+        Text,    ///< anything
     };
     enum class Of { Tables, Logs, Both };
 

@@ -85,7 +85,14 @@ ImportAssistant::ImportAssistant(const QString &layoutFolder, QWidget *parent)
     connect(&m_reading, &TableReading::finished, this, [this](const QList<ImportedTable> &tables) {
         setReading(false);
         accept();
-        Q_EMIT imported(tables);
+        QList<ImportedTable> all = tables;
+        for (const TableProblem &problem : m_session.leftOut()) {
+            ImportedTable table;
+            table.path = problem.file;
+            table.messages << corruptRecording(problem.file, problem.text());
+            all << table;
+        }
+        Q_EMIT imported(all);
     });
     setReading(false);
     showTable();

@@ -112,7 +112,7 @@ void LayoutForm::fill(const Row &row, const ImportSession &session, qsizetype ta
         line->setText(text);
     } else if (auto *box = qobject_cast<QComboBox *>(row.editor)) {
         box->clear();
-        box->addItems(row.field->words ? row.field->words() : QStringList(QString()) + session.columns(table));
+        box->addItems(session.suggestions(table, *row.field));
         box->setCurrentIndex(box->findText(text));
         if (box->isEditable()) {
             const QSignalBlocker lineBlocker(box->lineEdit());
