@@ -31,9 +31,10 @@ void RunJournal::addInputWithMessages(const QString &path, const QString &kind, 
     m_inputs.last().messages = m_record.take();
 }
 
-void RunJournal::addTable(const QString &path, bool used, const QJsonObject &report)
+void RunJournal::addTable(const QString &path, const QStringList &recordings, const QJsonObject &report)
 {
-    addInputWithMessages(path, QStringLiteral("table"), used, {});
+    addInputWithMessages(path, QStringLiteral("table"), !recordings.isEmpty(), {});
+    m_inputs.last().recordings = recordings;
     m_inputs.last().table = report;
 }
 

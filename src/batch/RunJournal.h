@@ -25,8 +25,9 @@ public:
     /// Of the input that was added last, which cannot be read again.
     void setDigest(const ContentDigest &digest);
     /// The same for a table.
-    /// @param report  how it was read; empty where it was not.
-    void addTable(const QString &path, bool used, const QJsonObject &report);
+    /// @param recordings  names of those that were used.
+    /// @param report      how it was read; empty where it was not.
+    void addTable(const QString &path, const QStringList &recordings, const QJsonObject &report);
 
     /// A file that stands complete.
     void keep(const QString &path);
