@@ -77,8 +77,8 @@ def columns_change():
 
 
 def other_screen():
-    spoiled = [[time, number(x * 2), number(y * 2)] for _, time, x, y in samples(250)]
-    return table(("time_ms", "left_x_px", "left_y_px"), spoiled)
+    spoiled = [[time, number(x * 2), number(y * 2), number(x * 2 + 3), number(y * 2)] for _, time, x, y in samples(250)]
+    return table(NAMES, spoiled)
 
 
 def no_times():

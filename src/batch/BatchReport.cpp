@@ -86,7 +86,7 @@ QJsonArray toJsonArray(const QList<T> &list)
 ReportedFile reportedFile(const QString &path)
 {
     if (!QFileInfo(path).isFile())
-        return {path, 0, QString()}; // a pipe was read before; opened again, it would wait for ever
+        return {path, 0, QString()}; // a pipe; opened again, it would wait for ever
     QFile file(path);
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))

@@ -24,7 +24,9 @@ struct ReportedInput {
     QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
     QList<ShownMessage> messages; ///< about this file
     QJsonObject table = {};       ///< how a table was read and what it held; empty for other files
-    QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names
+    QStringList recordings = {};  ///< names of those of a table that came into the model, in its order
+    QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names; of a table
+                                  ///< such an object for each of its recordings
 };
 
 /// An area of interest at the end of the run.

@@ -210,6 +210,8 @@ void BatchRun::takeRecording(const ImportedFile &file)
         messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
+    if (file.pipeDigest)
+        m_journal.setDigest(*file.pipeDigest);
     addSetFile(file);
 }
 
@@ -224,6 +226,8 @@ void BatchRun::takeTable(const ImportedTable &table)
         messages::show(message);
     if (!table.messages.isEmpty())
         m_journal.fail();
+    if (table.recordings.isEmpty())
+        m_failedRecordings << RecordingPath(table.path).baseName;
     for (const QString &doubt : table.doubts)
         messages::warning(name, doubt);
     for (const ImportedFile &file : table.recordings) {
@@ -231,7 +235,10 @@ void BatchRun::takeTable(const ImportedTable &table)
         for (const QString &doubt : file.doubts)
             messages::warning(name, doubt);
     }
-    m_journal.addTable(table.path, !table.recordings.isEmpty(), table.report);
+    QStringList names;
+    for (const ImportedFile &file : table.recordings)
+        names << file.examination.baseName;
+    m_journal.addTable(table.path, names, table.report);
     for (const ImportedFile &file : table.recordings)
         addSetFile(file);
 }

@@ -43,6 +43,6 @@ private:
     const BatchOptions m_options;
     RunJournal m_journal;
     std::unique_ptr<const LayoutRequest> m_layout; ///< of the tables; null without
-    QStringList m_failedRecordings; ///< that could not be read
+    QStringList m_failedRecordings;                ///< that could not be read
     RunState m_state{m_options, m_journal};
 };

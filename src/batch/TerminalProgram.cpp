@@ -19,14 +19,6 @@ void TerminalProgram::dropDeveloperLines()
     });
 }
 
-QStringList TerminalProgram::arguments(int argc, char *argv[])
-{
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments << QString::fromLocal8Bit(argv[i]);
-    return arguments;
-}
-
 bool TerminalProgram::open()
 {
     return m_standardOutput.open(fileno(stdout), QIODevice::WriteOnly | QIODevice::Unbuffered) &&

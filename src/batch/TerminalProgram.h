@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/ArgumentTexts.h"
 #include "base/Messages.h"
 #include "batch/MessageRecord.h"
 #include "batch/OptionRow.h"
@@ -25,7 +26,9 @@ public:
 
     /// Lines for developers are not for the terminal of a cluster job; what users need comes as a message.
     static void dropDeveloperLines();
-    static QStringList arguments(int argc, char *argv[]);
+
+    /// Names of files that are no valid texts can be opened by theirs as long as the program lives.
+    QStringList arguments(const QByteArrayList &bytes) { return m_arguments.texts(bytes); }
 
     /// False where the process has no such channels.
     bool open();
@@ -40,6 +43,7 @@ public:
 
 private:
     const QString m_name;
+    ArgumentTexts m_arguments;
     // By their numbers: the language's own streams would keep lines back, and with them that they cannot be written.
     QFile m_standardOutput;
     QFile m_standardError;

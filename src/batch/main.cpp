@@ -79,7 +79,7 @@ int main(int argc, char *argv[])
     TerminalProgram program(QCoreApplication::applicationName());
     if (!program.open())
         return static_cast<int>(ExitCode::SomethingFailed);
-    const auto parsed = parseBatchOptions(TerminalProgram::arguments(argc, argv));
+    const auto parsed = parseBatchOptions(program.arguments({argv + 1, argv + argc}));
     if (const auto *error = std::get_if<UsageError>(&parsed))
         return static_cast<int>(program.refuse(*error));
     constexpr unsigned colorSeed = 1; // the same run gives the same colours

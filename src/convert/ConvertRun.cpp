@@ -95,7 +95,7 @@ void ConvertRun::take(const QString &path, ReadTable &table)
     if (const auto *problem = std::get_if<TableProblem>(&table)) {
         messages::critical(nameOf(path), problem->text());
         m_journal.fail();
-        m_journal.addTable(path, false, {});
+        m_journal.addTable(path, {}, {});
         return;
     }
     write(path, std::get<ConvertedTable>(table));
@@ -110,6 +110,7 @@ void ConvertRun::write(const QString &path, ConvertedTable &table)
     for (const TableOddity &oddity : std::as_const(table.content.oddities))
         messages::warning(name, u"%1: %2"_s.arg(path, oddity.sentence));
     QStringList written;
+    QStringList names;
     for (qsizetype i = 0; i < table.content.recordings.size(); ++i) {
         const TableRecording &recording = table.content.recordings[i];
         const auto line = [&](const QString &sentence) {
@@ -125,8 +126,10 @@ void ConvertRun::write(const QString &path, ConvertedTable &table)
             m_journal.fail();
         }
         written += result.files;
+        if (!result.files.isEmpty())
+            names << recording.name;
     }
-    m_journal.addTable(path, !written.isEmpty(), reportedTable(table.layout, table.content));
+    m_journal.addTable(path, names, reportedTable(table.layout, table.content));
     for (const QString &file : std::as_const(written))
         m_journal.keep(file);
 }

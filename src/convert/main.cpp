@@ -29,7 +29,7 @@ int main(int argc, char *argv[])
     TerminalProgram program(QCoreApplication::applicationName());
     if (!program.open())
         return static_cast<int>(ExitCode::SomethingFailed);
-    const auto parsed = parseConvertOptions(TerminalProgram::arguments(argc, argv));
+    const auto parsed = parseConvertOptions(program.arguments({argv + 1, argv + argc}));
     if (const auto *error = std::get_if<UsageError>(&parsed))
         return static_cast<int>(program.refuse(*error));
     return static_cast<int>(run(std::get<ConvertOptions>(parsed), program));

@@ -1,5 +1,7 @@
 #include "import/DataImporter.h"
 
+#include <QFileInfo>
+
 #include <new>
 
 namespace {
@@ -44,8 +46,11 @@ DataImporter::DataImporter(QString path, Examination *examination, const Log *lo
 bool DataImporter::readFile()
 {
     try {
-        if (const std::optional<QByteArray> bytes = readWholeRecording(m_path, m_problem))
+        if (const std::optional<QByteArray> bytes = readWholeRecording(m_path, m_problem)) {
+            if (!QFileInfo(m_path).isFile())
+                m_pipeDigest = contentDigest(*bytes);
             return readBytes(*bytes);
+        }
     } catch (const std::bad_alloc &) {
         m_problem = QStringLiteral("it does not fit into the memory");
         log(QStringLiteral("DataImporter ERROR: Datafile does not fit into the memory!"));

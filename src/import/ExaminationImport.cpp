@@ -28,6 +28,7 @@ QString loadData(const QString &path, ImportedFile &file, const Log *log)
     DataImporter importer(path, &file.examination, log);
     file.examination.importOk = importer.readFile();
     file.counts = importer.counts();
+    file.pipeDigest = importer.pipeDigest();
     file.doubts = importDoubts(file.counts);
     if (QFileInfo(path).isDir())
         return QStringLiteral("it is a folder");

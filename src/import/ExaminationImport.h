@@ -17,6 +17,7 @@ struct ImportedFile {
     QList<ImageReference> images;  ///< found images, the last one is the stimulus
     QList<ImportMessage> messages; ///< in the order in which they are to be shown
     ImportCounts counts;
+    std::optional<ContentDigest> pipeDigest; ///< of a recording that cannot be read again
     QStringList doubts;                  ///< about the content, a sentence each
     QMap<QString, qint64> furtherCounts; ///< of a kind of recording that counts more, by their names in reports
 };

@@ -107,6 +107,12 @@ void TestBatchTables::recordingsStayRecordings()
     QCOMPARE(inputs[0][u"kind"_s].toString(), u"layout"_s);
     QCOMPARE(inputs[1][u"kind"_s].toString(), u"recording"_s);
     QCOMPARE(inputs[3][u"kind"_s].toString(), u"table"_s);
+    const QJsonValue ofRecording = inputs[1][u"quality"_s][u"left"_s];
+    const QJsonValue ofTable = inputs[3][u"quality"_s][u"S02"_s][u"left"_s];
+    QVERIFY(ofRecording.isObject() && ofTable.isObject() && ofRecording != ofTable);
+    const Outcome plain = m_batch->run(words("--quiet --calculate fixations --report report.json study/S02.data"));
+    QCOMPARE(plain.status, 0);
+    QCOMPARE(report()[u"inputs"_s][0][u"quality"_s][u"left"_s], ofTable);
 }
 
 void TestBatchTables::layoutWithoutTableIsTold()

@@ -119,8 +119,8 @@ void TestBadStudy::faultsAreTold_data()
         QTest::newRow(name) << QString::fromLatin1(command) << status << QString::fromLatin1(told);
     };
     row("decimal commas are read", "vistrum-import 01-decimal-commas.csv", 0, "read as a delimited table");
-    row("three lines with letters in two fields", "vistrum-import 02-letters-among-digits.csv", 0,
-        "\\b6 fields.*\\bline 42\\b");
+    row("three lines with letters in two fields",
+        "vistrum-import --layout screen.layout.json 02-letters-among-digits.csv", 0, "\\b6 fields.*\\bline 42\\b");
     row("one equal time", "vistrum-import 03-odd-times.csv", 0, "\\b1\\b.*\\bline 102\\b");
     row("one time backwards", "vistrum-import 03-odd-times.csv", 0, "\\b1\\b.*\\bline 152\\b");
     row("a gap", "vistrum-import 03-odd-times.csv", 0, "\\b1\\b.*\\bline 202\\b");

@@ -84,6 +84,15 @@ QString tableField(QString text)
     return text.isEmpty() ? u"n/a"_s : text;
 }
 
+/// @param keys  with commas in between, a text for each.
+QJsonObject textsOf(const QString &keys, const QStringList &texts)
+{
+    QJsonObject object;
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        object[keys.section(u',', i, i)] = texts[i];
+    return object;
+}
+
 using Entries = QMap<QString, QString>;
 
 Entries entriesOf(const Examination &examination)
@@ -157,10 +166,10 @@ QJsonObject datasetDescription(const QList<const Examination *> &examinations, T
     if (!examinations.isEmpty())
         parameters[u"Fixations"_s] =
             examinations.constFirst()->calculationInfo.fixationLines().section(u"Fixations found"_s, 0, 0).trimmed();
-    const QJsonObject generator{{u"Name"_s, u"Vistrum"_s},
-                                {u"Version"_s, releaseText()},
-                                {u"Description"_s, u"Gaze samples with the fixations, saccades and losses in them"_s},
-                                {u"Parameters"_s, parameters}};
+    QJsonObject generator =
+        textsOf(u"Name,Version,Description"_s,
+                {u"Vistrum"_s, releaseText(), u"Gaze samples with the fixations, saccades and losses in them"_s});
+    generator[u"Parameters"_s] = parameters;
     return {{u"Name"_s, u"Gaze recordings"_s},
             {u"BIDSVersion"_s, u"1.11.0"_s},
             {u"DatasetType"_s, u"derivative"_s},

@@ -139,12 +139,12 @@ QString ImportSession::state(qsizetype table) const
     const TableToImport &each = m_tables[table];
     if (each.unreadable)
         return u"cannot be read"_s;
+    if (each.guess.problem && !each.isSeen)
+        return u"no samples found"_s;
     if (layoutProblem(each.layout))
         return u"needs choices"_s;
     if (each.isSeen)
         return u"ready"_s;
-    if (each.guess.problem)
-        return u"no samples found"_s;
     const qsizetype questions = each.guess.questions().size();
     return questions == 0 ? u"ready"_s : u"ready, %1 to look at"_s.arg(questions);
 }

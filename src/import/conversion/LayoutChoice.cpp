@@ -23,6 +23,17 @@ void split(TableLayout &layout, const QStringList &at)
     }
 }
 
+/// What was found stays one recording unless somebody asks for more.
+void joinAll(ChosenLayout &chosen)
+{
+    for (const TableColumn &column : std::as_const(chosen.layout.split))
+        chosen.doubts
+            << u"%1 could separate recordings, and the table is read as one; vistrum-import --split %1 splits "
+               "it."_s.arg(column.text());
+    chosen.layout.split.clear();
+    chosen.layout.beginMessage.clear();
+}
+
 QString percent(double certainty)
 {
     return u"%1 %"_s.arg(qRound(certainty * 100));
@@ -40,12 +51,6 @@ ChosenLayout chosenBy(const LayoutGuess &guess)
     for (const LayoutChoice &choice : guess.choices)
         chosen.choices << u"%1: %2 (%3, %4)"_s.arg(choice.key, choice.value, percent(choice.certainty), choice.reason);
     chosen.doubts = guess.questions() + guess.doubts;
-    for (const TableColumn &column : guess.layout.split)
-        chosen.doubts
-            << u"%1 could separate recordings, and the table is read as one; vistrum-import --split %1 splits "
-               "it."_s.arg(column.text());
-    chosen.layout.split.clear();
-    chosen.layout.beginMessage.clear();
     return chosen;
 }
 
@@ -94,8 +99,11 @@ std::variant<ChosenLayout, TableProblem> chooseLayout(const QString &path, const
         result = ChosenLayout{request.layout->layout, request.layout->name, 1, {}, {}, {}};
     else
         result = foundLayout(path, request.known);
-    if (auto *chosen = std::get_if<ChosenLayout>(&result); chosen && !request.split.isEmpty())
+    auto *chosen = std::get_if<ChosenLayout>(&result);
+    if (chosen && !request.split.isEmpty())
         split(chosen->layout, request.split);
+    else if (chosen && !request.layout)
+        joinAll(*chosen);
     return result;
 }
 
