@@ -60,6 +60,8 @@ void TestTableOddities::oddities_data()
     row("words for both places", "a,2,1,1,1,1,1,1\na,4,x,y,1,1,1,1\n", TableOddityKind::NotANumber, 2, 3);
     row("a decimal comma splits a line", "a,2,1,1,1,1,1,1\na,4,1,5,1,1,1,1,1\n", TableOddityKind::ColumnsChanged, 1, 3);
     row("a cut line", "a,2,1,1,1,1,1,1\na,4,1,1\na,6,1,1,1,1,1,1\na,8\n", TableOddityKind::ColumnsChanged, 2, 3);
+    // The layout needs the first eight columns of the nine.
+    row("a line that ends early", "a,2,1,1,1,1,1,1,x\na,4,1,1,1,1,1,1\n", TableOddityKind::FewerColumns, 1, 3);
     row("a line without time", "a,2,1,1,1,1,1,1\na,,1,1,1,1,1,1\na,x,1,1,1,1,1,1\n", TableOddityKind::TimeNotANumber, 2,
         3);
     row("equal times", "a,2,1,1,1,1,1,1\na,2,1,1,1,1,1,1\na,2,1,1,1,1,1,1\n", TableOddityKind::RepeatedTime, 2, 3);
@@ -84,8 +86,9 @@ void TestTableOddities::oddities()
     QFETCH(TableOddityKind, kind);
     QFETCH(qsizetype, count);
     QFETCH(qsizetype, firstLine);
-    const TableContent content =
-        table_writer::content(table_writer::read("recording,time,lx,ly,lp,rx,ry,rp\n" + lines, table_writer::layout()));
+    const QByteArray further = kind == TableOddityKind::FewerColumns ? ",further\n" : "\n";
+    const TableContent content = table_writer::content(
+        table_writer::read("recording,time,lx,ly,lp,rx,ry,rp" + further + lines, table_writer::layout()));
     QCOMPARE(content.recordings.size(), 1);
     const QList<TableOddity> all = content.oddities + content.recordings[0].oddities;
     const auto found = std::ranges::find(all, kind, &TableOddity::kind);

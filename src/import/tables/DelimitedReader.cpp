@@ -251,7 +251,7 @@ DelimitedReader::Then DelimitedReader::readLine(const char *at, const char *cons
         }
     }
     if (count != m_plan->fieldCount)
-        m_oddities.add(TableOddityKind::ColumnsChanged, m_line);
+        m_oddities.add(isRead ? TableOddityKind::FewerColumns : TableOddityKind::ColumnsChanged, m_line);
     if (!isRead)
         return Then::GoOn;
     return hasTime ? addSample() : lineWithoutTime();

@@ -35,8 +35,9 @@ constexpr SentenceRow sentences[] = {
     {TableOddityKind::RecordingPause, "the recording was stopped and started again %1 times, first in line %2."_L1},
     {TableOddityKind::OutsideScreen, "%1 samples lie outside the screen; the first is line %2."_L1},
     {TableOddityKind::ColumnsChanged,
-     "%1 lines have another number of columns, or other columns, than the first ones; the first is line %2. Those "
-     "with more columns, or too few, are left out."_L1},
+     "%1 lines are another header, or have too few or too many columns and are left out; the first is line %2."_L1},
+    {TableOddityKind::FewerColumns,
+     "%1 lines end before the last column, but have all that is needed and are read; the first is line %2."_L1},
     {TableOddityKind::UnknownLine, "%1 lines are of no known kind and are passed over; the first is line %2."_L1},
 };
 
