@@ -18,8 +18,8 @@ struct ImportedFile {
     QList<ImportMessage> messages; ///< in the order in which they are to be shown
     ImportCounts counts;
     std::optional<ContentDigest> pipeDigest; ///< of a recording that cannot be read again
-    QStringList doubts;                  ///< about the content, a sentence each
-    QMap<QString, qint64> furtherCounts; ///< of a kind of recording that counts more, by their names in reports
+    QStringList doubts;                      ///< about the content, a sentence each
+    QMap<QString, qint64> furtherCounts;     ///< of a kind of recording that counts more, by their names in reports
 };
 
 /// What was doubtful in the files of one import, in one message; none where there is nothing.

@@ -154,8 +154,8 @@ void TestStatisticsExportBox::folderIsKept()
 void TestStatisticsExportBox::tablesAreCommands()
 {
     enableAll();
-    for (const char *box : {"generalCheckBox", "aoiCheckBox", "aoiMeasuresCheckBox", "scanpathMeasuresCheckBox",
-                            "qualityCheckBox"})
+    for (const char *box :
+         {"generalCheckBox", "aoiCheckBox", "aoiMeasuresCheckBox", "scanpathMeasuresCheckBox", "qualityCheckBox"})
         tick(box);
     click("statisticsExportButton");
     QCOMPARE(stack().count(), 5);
