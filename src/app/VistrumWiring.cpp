@@ -51,6 +51,7 @@ void Vistrum::makeMenus()
     connect(m_ui->action_UndoView, &QAction::triggered, m_ui->control, &controlWidget::sltShowCommandProcessor);
     connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
     connect(m_ui->action_Methods, &QAction::triggered, this, &Vistrum::sltShowMethods);
+    connect(m_ui->action_SaveRecipe, &QAction::triggered, this, &Vistrum::sltSaveRecipe);
     connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
     connect(m_ui->action_Help, &QAction::triggered, this, [this] {
         showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));

@@ -27,10 +27,12 @@ public:
             if (m_options.help || m_options.version || m_options.keys)
                 return m_options;
         }
-        if (m_options.recordings.isEmpty())
+        if (m_options.recordings.isEmpty() && m_options.recipeFile.isEmpty())
             return UsageError{QStringLiteral("no recording given")};
         if (m_options.velocityUnit && m_options.detector != BatchOptions::Detector::Velocity)
             return UsageError{QStringLiteral("--velocity-unit: only with --detector velocity")};
+        if (const auto complaint = recipeComplaint())
+            return UsageError{*complaint};
         if (const auto complaint = inputComplaint(m_options))
             return UsageError{*complaint};
         if (const auto complaint = aoiComplaint(m_options))
@@ -104,6 +106,21 @@ private:
         if (const auto wrong = row.value->read(value, m_options))
             return UsageError{QStringLiteral("--%1 %2: %3").arg(row.name, wrong->value, wrong->reason)};
         return {};
+    }
+
+    /// A recipe has its own steps: what else would decide them is no part of its run.
+    std::optional<QString> recipeComplaint() const
+    {
+        const QStringList beside{u"--recipe"_qs,  u"--out"_qs,  u"--report"_qs,
+                                 u"--methods"_qs, u"--jobs"_qs, u"--quiet"_qs};
+        if (m_options.recipeFile.isEmpty())
+            return std::nullopt;
+        for (const QString &name : m_seen) {
+            if (!beside.contains(name))
+                return u"%1: a recipe has its own steps; with --recipe there are only %2"_qs.arg(
+                    name, beside.mid(1).join(u", "_qs));
+        }
+        return std::nullopt;
     }
 
     const QStringList m_arguments;

@@ -2,6 +2,7 @@
 
 #include "batch/CalculationRows.h"
 #include "batch/RunState.h"
+#include "recipe/Recipe.h"
 
 struct ImportedFile;
 
@@ -21,7 +22,10 @@ private:
     std::optional<UsageError> chooseSettings();
     std::optional<UsageError> checkInputs() const;
     std::optional<UsageError> makeOutputFolder() const;
-    void importRecordings();
+    void importRecordings(const QStringList &recordings);
+    void runRecipe();
+    QMap<QString, QString> doOptions();
+    std::optional<UsageError> readRecipe();
     void takeRecording(const ImportedFile &file);
     void loadAois();
     void setTimeFrame();
@@ -29,7 +33,8 @@ private:
     void exportTables();
     void writeRecords(const QMap<QString, QString> &density);
 
-    const BatchOptions m_options;
+    BatchOptions m_options;
+    std::optional<recipe::Recipe> m_recipe;
     RunJournal m_journal;
     QStringList m_failedRecordings; ///< that could not be read
     RunState m_state{m_options, m_journal};

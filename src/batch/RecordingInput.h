@@ -14,9 +14,9 @@ struct RecordingInput {
 /// Whether a file is a recording in millimetres if the options describe their stimulus.
 bool isMillimetreText(const QString &path);
 
-/// The recordings in the order of the command line. In the place of a correction ini stand the measured recording and
+/// The recordings in their order. In the place of a correction ini stand the measured recording and
 /// the corrected one; one that cannot be read, or lacks entries, fails the run.
-QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &journal);
+QList<RecordingInput> recordingInputs(const QStringList &recordings, const BatchOptions &options, RunJournal &journal);
 
 /// Reads the recording. Safe to be called from several threads.
 ImportedFile readInput(const RecordingInput &input, const Log *log);
