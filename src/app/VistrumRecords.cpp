@@ -136,10 +136,10 @@ void Vistrum::sltShowMethods()
 void Vistrum::makeSession()
 {
     const QMap<QString, QString> delivered = deliveredParameters();
-    m_session = new SessionRecord(
-        CommandStack::instance(),
-        [this, delivered] { return recipe::contextOf(m_model, m_cutPicture.toSize(), currentParameters(delivered)); },
-        this);
+    const auto context = [this, delivered] {
+        return recipe::contextOf(m_model, m_cutPicture.toSize(), currentParameters(delivered));
+    };
+    m_session = new SessionRecord(CommandStack::instance(), context, this);
 }
 
 void Vistrum::noteTable(const QString &word, const QString &stem)
