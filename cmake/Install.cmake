@@ -1,7 +1,7 @@
 # cmake --install: programs, what they read at run time, and what a desktop shows of them.
 include(GNUInstallDirs)
 
-foreach(program vistrum vistrum-batch gaze-simulator tracker-simulator)
+foreach(program vistrum vistrum-batch vistrum-import gaze-simulator tracker-simulator)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   endif()

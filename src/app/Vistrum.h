@@ -43,7 +43,8 @@ public:
     /// In place of the browser.
     void setPageOpener(const std::function<void(const QUrl &)> &open) { m_openPage = open; }
 
-    /// Adds recordings to the list of files and imports them: files, and what lies in folders.
+    /// Adds recordings to the list of files and imports them: files, and what lies in folders. Other files open the
+    /// assistant.
     void importFiles(const QStringList &paths);
 
     /// Puts the window where it was left, as large as it was.

@@ -22,6 +22,8 @@
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/parameters/GroupColors.h"
 
+#include <algorithm>
+
 void Vistrum::makeTable()
 {
     using Control = ExaminationTableControl;
@@ -49,6 +51,8 @@ void Vistrum::makeMenus()
     m_ui->menuEdit->insertActions(m_ui->action_UndoView, {undo, redo});
     m_ui->menuEdit->insertSeparator(m_ui->action_UndoView);
     connect(m_ui->action_UndoView, &QAction::triggered, m_ui->control, &controlWidget::sltShowCommandProcessor);
+    connect(m_ui->action_ImportOther, &QAction::triggered, this,
+            [this] { m_ui->control->dataWidget().importOther({}); });
     connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
     connect(m_ui->action_Methods, &QAction::triggered, this, &Vistrum::sltShowMethods);
     connect(m_ui->action_SaveRecipe, &QAction::triggered, this, &Vistrum::sltSaveRecipe);
@@ -147,7 +151,17 @@ void Vistrum::connectPanels()
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::sltDrawPaths);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, &control.exportWidget(),
-            &ExportWidget::sltEnableTidySampleExport);
+            &ExportWidget::sltEnableSampleExport);
+    connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, [this] {
+        const bool anyFixations = std::ranges::any_of(m_model.examinations(), [](const Examination &examination) {
+            return std::ranges::any_of(examination.streams(),
+                                       [](const EyeData *eye) { return !eye->scanpath.isEmpty(); });
+        });
+        if (anyFixations) { // some recordings come with theirs
+            Q_EMIT sigEnable_fixation_export();
+            Q_EMIT sigEnable_event_export();
+        }
+    });
     connect(&control.fixationControl(), &FixationControl::sigCalculateFixations, this, &Vistrum::sltCalculateFixations);
     connect(this, &Vistrum::sigEnable_fixation_export, &control.exportWidget(), &ExportWidget::sltEnableFixationExport);
     connect(this, &Vistrum::sigEnable_event_export, &control.exportWidget(), &ExportWidget::sltEnableEventExport);

@@ -1,5 +1,6 @@
 #include "batch/AoiOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/OptionValues.h"
 
 #include <QFileInfo>

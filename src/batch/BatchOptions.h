@@ -11,13 +11,6 @@
 
 #include <variant>
 
-/// How the batch tool ends.
-enum class ExitCode {
-    AllDone = 0,
-    SomethingFailed = 1, ///< the rest is done
-    Usage = 2            ///< nothing was started
-};
-
 /// The command line of the batch tool, checked as far as it can be without opening a file. Each part stands beside the
 /// table of its options.
 struct BatchOptions : InputOptions,
@@ -29,11 +22,6 @@ struct BatchOptions : InputOptions,
                       PictureOptions,
                       RunOptions {
     bool operator==(const BatchOptions &) const = default;
-};
-
-/// What is wrong with a command line, in one line for the user.
-struct UsageError {
-    QString text;
 };
 
 /// Reads the arguments behind the program's name, from left to right, until the first error. A value follows its option

@@ -57,6 +57,8 @@ QJsonObject toJson(const ReportedInput &input)
     object.insert(QStringLiteral("used"), input.used);
     object.insert(QStringLiteral("counts"), toJson(input.counts));
     object.insert(QStringLiteral("messages"), toJson(input.messages));
+    if (!input.table.isEmpty())
+        object.insert(QStringLiteral("table"), input.table);
     if (!input.quality.isEmpty())
         object.insert(QStringLiteral("quality"), input.quality);
     return object;
@@ -84,7 +86,7 @@ QJsonArray toJsonArray(const QList<T> &list)
 ReportedFile reportedFile(const QString &path)
 {
     if (!QFileInfo(path).isFile())
-        return {path, 0, QString()}; // a pipe was read before; opened again, it would wait for ever
+        return {path, 0, QString()}; // a pipe; opened again, it would wait for ever
     QFile file(path);
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
@@ -103,7 +105,7 @@ QMap<QString, QString> storedParameters(const SettingsStore &store)
 QJsonDocument toJson(const BatchReport &report)
 {
     QJsonObject object{
-        {QStringLiteral("program"), QStringLiteral("vistrum-batch")},
+        {QStringLiteral("program"), report.program},
         {QStringLiteral("version"), report.version},
         {QStringLiteral("options"), toJson(report.options)},
         {QStringLiteral("parameters"), toJson(report.parameters)},

@@ -5,7 +5,6 @@
 #include <QJsonObject>
 #include <QMap>
 
-class QJsonDocument;
 class SettingsStore;
 
 /// A file and its contents at the time of the run.
@@ -20,11 +19,14 @@ struct ReportedFile {
 /// A file that the run read.
 struct ReportedInput {
     ReportedFile file;
-    QString kind;                 ///< "recording", "set file", "settings", "background", "areas of interest"
+    QString kind;                 ///< "recording", "table", "set file", "settings", "background", "areas of interest"
     bool used = true;             ///< false for a file of which nothing was taken
     QMap<QString, qint64> counts; ///< what was found in it: "samples", "left fixations" and so on
     QList<ShownMessage> messages; ///< about this file
-    QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names
+    QJsonObject quality = {};     ///< of a recording that was used: the measures of each eye by their names; of a table
+                                  ///< such an object for each of its recordings
+    QJsonObject table = {};       ///< how a table was read and what it held; empty for other files
+    QStringList recordings = {};  ///< names of those of a table that came into the model, in its order
 };
 
 /// An area of interest at the end of the run.
@@ -38,6 +40,7 @@ struct ReportedArea {
 /// What a result rests on, so that others can repeat it. It holds no time and nothing else that differs from run to
 /// run: the same inputs and options give the same bytes.
 struct BatchReport {
+    QString program = QStringLiteral("vistrum-batch");
     QString version;
     QMap<QString, QString> options;    ///< what the command line asked for beyond the parameters
     QMap<QString, QString> density;    ///< kind, kernel and unit of the exported density; empty without one

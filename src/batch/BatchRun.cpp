@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "base/SideBySide.h"
 #include "batch/AoiInput.h"
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
@@ -28,6 +29,10 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QJsonDocument>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -72,11 +77,15 @@ BatchRun::BatchRun(const BatchOptions &options, MessageRecord &record, Terminal 
 {
 }
 
+BatchRun::~BatchRun() = default;
+
 ExitCode BatchRun::run()
 {
     std::optional<UsageError> problem = checkInputs();
     if (!problem)
         problem = chooseSettings();
+    if (!problem)
+        problem = chooseLayout();
     if (!problem)
         problem = readRecipe();
     if (!problem)
@@ -156,6 +165,19 @@ std::optional<UsageError> BatchRun::checkInputs() const
     return pictureComplaint(QLatin1StringView("millimetre-image"), m_options.millimetres.imagePath);
 }
 
+std::optional<UsageError> BatchRun::chooseLayout()
+{
+    if (m_options.layout.isEmpty())
+        return std::nullopt;
+    auto request = layoutRequest(m_options.layout, {});
+    if (const auto *problem = std::get_if<QString>(&request))
+        return UsageError{QStringLiteral("--layout %1: %2").arg(m_options.layout, *problem)};
+    m_layout = std::make_unique<LayoutRequest>(std::get<LayoutRequest>(std::move(request)));
+    if (QFileInfo(m_options.layout).isFile())
+        m_journal.addInput(m_options.layout, QStringLiteral("layout"));
+    return std::nullopt;
+}
+
 /// After all other checks: a run that is refused leaves nothing behind.
 std::optional<UsageError> BatchRun::makeOutputFolder() const
 {
@@ -190,13 +212,23 @@ void BatchRun::importRecordings(const QStringList &recordings)
     const QList<RecordingInput> inputs = recordingInputs(recordings, m_options, m_journal);
     Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(inputs.size()));
     QStringList missingImages;
-    readFiles(
-        inputs.size(), m_state.threads(), nullptr,
-        [&](qsizetype i, const Log *log) { return readInput(inputs[i], log); },
-        [&](const ImportedFile &file) {
-            takeRecording(file);
-            if (!file.examination.missingImagePath.isEmpty())
-                missingImages << file.examination.missingImagePath;
+    std::vector<ReadInput> read(static_cast<std::size_t>(inputs.size()));
+    const auto noteImage = [&](const ImportedFile &file) {
+        if (!file.examination.missingImagePath.isEmpty())
+            missingImages << file.examination.missingImagePath;
+    };
+    sideBySide(
+        inputs.size(), m_state.threads(),
+        [&](qsizetype i) { read[static_cast<std::size_t>(i)] = readInput(inputs[i], m_layout.get()); },
+        [&](qsizetype i) {
+            const ReadInput input = std::exchange(read[static_cast<std::size_t>(i)], {});
+            if (const auto *table = std::get_if<ImportedTable>(&input)) {
+                takeTable(*table);
+                std::for_each(table->recordings.begin(), table->recordings.end(), noteImage);
+            } else {
+                takeRecording(std::get<ImportedFile>(input));
+                noteImage(std::get<ImportedFile>(input));
+            }
             progress.advance();
         });
     reportMissingImages(missingImages);
@@ -216,7 +248,42 @@ void BatchRun::takeRecording(const ImportedFile &file)
         messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
-    const QString setFile = RecordingPath(path).setFile();
+    if (file.pipeDigest)
+        m_journal.setDigest(*file.pipeDigest);
+    addSetFile(file);
+}
+
+/// What was read is told, too: a layout that was found may be another one than was meant.
+void BatchRun::takeTable(const ImportedTable &table)
+{
+    m_journal.beginInput();
+    const QString name = nameOf(table.path);
+    if (!table.note.isEmpty())
+        messages::information(name, QStringLiteral("%1: %2.").arg(table.path, table.note));
+    for (const ImportMessage &message : table.messages)
+        messages::show(message);
+    if (!table.messages.isEmpty())
+        m_journal.fail();
+    if (table.recordings.isEmpty())
+        m_failedRecordings << RecordingPath(table.path).baseName;
+    for (const QString &doubt : table.doubts)
+        messages::warning(name, doubt);
+    for (const ImportedFile &file : table.recordings) {
+        addToModel(file, m_state.model);
+        for (const QString &doubt : file.doubts)
+            messages::warning(name, doubt);
+    }
+    QStringList names;
+    for (const ImportedFile &file : table.recordings)
+        names << file.examination.baseName;
+    m_journal.addTable(table.path, names, table.report);
+    for (const ImportedFile &file : table.recordings)
+        addSetFile(file);
+}
+
+void BatchRun::addSetFile(const ImportedFile &file)
+{
+    const QString setFile = RecordingPath(file.path).directory + file.examination.baseName + QStringLiteral(".set");
     if (QFileInfo::exists(setFile))
         m_journal.addInput(setFile, QStringLiteral("set file"));
 }

@@ -4,7 +4,11 @@
 #include "batch/RunState.h"
 #include "recipe/Recipe.h"
 
+#include <memory>
+
 struct ImportedFile;
+struct ImportedTable;
+struct LayoutRequest;
 
 /// One run of the batch tool: the same functions that the window's commands run, in the order import, areas of
 /// interest, calculations, exports, images, report.
@@ -16,17 +20,24 @@ public:
     /// @param output    gets the paths of the files written, one a line.
     BatchRun(const BatchOptions &options, MessageRecord &record, Terminal &output);
 
+    ~BatchRun();
+    BatchRun(const BatchRun &) = delete;
+    BatchRun &operator=(const BatchRun &) = delete;
+
     ExitCode run();
 
 private:
     std::optional<UsageError> chooseSettings();
     std::optional<UsageError> checkInputs() const;
+    std::optional<UsageError> chooseLayout();
     std::optional<UsageError> makeOutputFolder() const;
     void importRecordings(const QStringList &recordings);
     void runRecipe();
     QMap<QString, QString> doOptions();
     std::optional<UsageError> readRecipe();
     void takeRecording(const ImportedFile &file);
+    void takeTable(const ImportedTable &table);
+    void addSetFile(const ImportedFile &file);
     void loadAois();
     void setTimeFrame();
     void calculate(const QList<CalculationRow> &rows);
@@ -36,6 +47,7 @@ private:
     BatchOptions m_options;
     std::optional<recipe::Recipe> m_recipe;
     RunJournal m_journal;
-    QStringList m_failedRecordings; ///< that could not be read
+    std::unique_ptr<const LayoutRequest> m_layout; ///< of the tables; null without
+    QStringList m_failedRecordings;                ///< that could not be read
     RunState m_state{m_options, m_journal};
 };

@@ -1,5 +1,6 @@
 #include "batch/CalculationOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/CalculationRows.h"
 #include "batch/OptionValues.h"
 

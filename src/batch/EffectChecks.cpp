@@ -4,6 +4,7 @@
 #include "batch/RecordingInput.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterSettingsModel.h"
+#include "import/bids/BidsFiles.h"
 #include "settings/SettingsStore.h"
 
 #include <QFileInfo>
@@ -15,9 +16,17 @@ namespace {
 
 constexpr int overlapMethod = 2; // of ClusterSettingsModel
 
+/// Recordings that come with their fixations.
+bool mayHaveFixations(const QString &recording)
+{
+    return isBidsSamples(recording) || QFileInfo(recording).isDir();
+}
+
 QStringList tablesWithoutCalculation(const BatchOptions &options)
 {
     QStringList lines;
+    if (std::ranges::any_of(options.recordings, mayHaveFixations))
+        return lines;
     for (const TableRow &row : tableRows()) {
         if (options.tables.contains(row.word) && !row.needs.isEmpty() && !options.calculations.contains(row.needs))
             lines << QStringLiteral("--export %1: without --calculate %2 there is nothing to write.")
@@ -64,6 +73,14 @@ QStringList millimetresWithoutRecording(const BatchOptions &options)
     return {QStringLiteral("--millimetre-image, --millimetre-size: no recording ends in .txt.")};
 }
 
+QStringList layoutWithoutTable(const BatchOptions &options)
+{
+    if (options.layout.isEmpty() || std::any_of(options.recordings.begin(), options.recordings.end(),
+                                                [&](const QString &path) { return isTable(path, options); }))
+        return {};
+    return {QStringLiteral("--layout: every recording is one of Vistrum's own, none is read by a layout.")};
+}
+
 /// Files are told apart by what they are, whatever the way to them is called.
 QStringList repeatedRecordings(const BatchOptions &options)
 {
@@ -90,5 +107,5 @@ QStringList repeatedRecordings(const BatchOptions &options)
 QStringList optionsWithoutEffect(const BatchOptions &options)
 {
     return tablesWithoutCalculation(options) + clusterOptionsWithoutClusters(options) +
-           millimetresWithoutRecording(options) + repeatedRecordings(options);
+           millimetresWithoutRecording(options) + layoutWithoutTable(options) + repeatedRecordings(options);
 }

@@ -1,5 +1,6 @@
 #include "batch/InputOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/OptionValues.h"
 
 namespace {
@@ -73,6 +74,8 @@ constexpr OptionRow rows[] = {
      Text("picture of the recordings in millimetres, which are those that end in .txt"), &millimetreImage},
     {Text("millimetre-size"), Text("WPX,HPX,WMM,HMM"), Text("its width and height in pixels, then in millimetres"),
      &millimetreSize},
+    {Text("layout"), Text("FILE|NAME|auto"),
+     Text("read recordings that do not end in .data as tables of this layout, see vistrum-import"), &text<&O::layout>},
 };
 
 } // namespace

@@ -13,6 +13,7 @@ struct InputOptions {
     QString background;
     std::optional<TimeFrame> time;  ///< else from 0 to the longest duration
     MillimetreStimulus millimetres; ///< of the recordings in millimetres
+    QString layout;                 ///< of the tables among the recordings: "auto", a name or a file; else empty
 };
 
 /// What is wrong with the options as a whole, for the user.

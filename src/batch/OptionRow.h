@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QLatin1StringView>
+#include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -8,6 +10,18 @@
 #include <span>
 
 struct BatchOptions;
+
+/// How a terminal program ends.
+enum class ExitCode {
+    AllDone = 0,
+    SomethingFailed = 1, ///< the rest is done
+    Usage = 2            ///< nothing was started
+};
+
+/// What is wrong with a command line, in one line for the user.
+struct UsageError {
+    QString text;
+};
 
 enum class Given { Once, Repeatedly };
 enum class EmptyValue { Refused, Allowed };
@@ -26,25 +40,52 @@ struct WrongValue {
 };
 
 /// How an option reads its value and tells it again. `OptionValues.h` has those for the usual kinds of members.
-struct OptionValue {
-    std::optional<WrongValue> (*read)(const QString &value, BatchOptions &options); ///< a flag gets an empty value
-    QString (*show)(const BatchOptions &options); ///< as the report has it; null where there is nothing to tell
-    QStringList (*words)() = nullptr;             ///< that the option takes: they stand in place of "%1" in its help
+template <class Options>
+struct OptionValueOf {
+    std::optional<WrongValue> (*read)(const QString &value, Options &options); ///< a flag gets an empty value
+    QString (*show)(const Options &options); ///< as the report has it; null where there is nothing to tell
+    QStringList (*words)() = nullptr;        ///< that the option takes: they stand in place of "%1" in its help
     Given given = Given::Once;
     EmptyValue empty = EmptyValue::Refused;
 };
 
 /// One option of the command line: all that the parser, the help and the report know of it.
-struct OptionRow {
-    QLatin1StringView name;             ///< without the dashes
-    QLatin1StringView placeholder;      ///< of the value; empty where the option takes none
-    QLatin1StringView help = {};        ///< one line
-    const OptionValue *value = nullptr; ///< null: known, but this version cannot do it
+template <class Options>
+struct OptionRowOf {
+    QLatin1StringView name;                        ///< without the dashes
+    QLatin1StringView placeholder;                 ///< of the value; empty where the option takes none
+    QLatin1StringView help = {};                   ///< one line
+    const OptionValueOf<Options> *value = nullptr; ///< null: known, but this version cannot do it
     Reported reported = Reported::IfGiven;
 };
 
 /// The options of one subject, as the help groups them.
-struct OptionGroup {
+template <class Options>
+struct OptionGroupOf {
     QLatin1StringView subject;
-    std::span<const OptionRow> rows;
+    std::span<const OptionRowOf<Options>> rows;
 };
+
+/// The options that the report of a run states, by name.
+template <class Options>
+QMap<QString, QString> reportedOptionsOf(const QList<OptionGroupOf<Options>> &groups, const Options &options)
+{
+    const Options defaults;
+    QMap<QString, QString> reported;
+    for (const OptionGroupOf<Options> &group : groups) {
+        for (const OptionRowOf<Options> &row : group.rows) {
+            if (!row.value || row.reported == Reported::Never)
+                continue;
+            const QString text = row.value->show(options);
+            const bool stated = row.reported == Reported::Always || text != row.value->show(defaults);
+            if (stated && !text.isNull())
+                reported.insert(row.name, text);
+        }
+    }
+    return reported;
+}
+
+// Of vistrum-batch, which has most of them.
+using OptionValue = OptionValueOf<BatchOptions>;
+using OptionRow = OptionRowOf<BatchOptions>;
+using OptionGroup = OptionGroupOf<BatchOptions>;

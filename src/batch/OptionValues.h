@@ -1,6 +1,5 @@
 #pragma once
 
-#include "batch/BatchOptions.h"
 #include "batch/OptionRow.h"
 #include "batch/Suggestion.h"
 
@@ -8,7 +7,7 @@
 #include <iterator>
 #include <limits>
 
-/// The usual kinds of option values. `Member` is a member of BatchOptions or of one of its parts.
+/// The usual kinds of option values. `Member` is a member of the options or of one of their parts.
 namespace optionvalues {
 
 /// A word on the command line and what it stands for.
@@ -80,48 +79,48 @@ QStringList builtWords(const QList<Row> &rows)
     return words;
 }
 
-template <auto Member>
-inline constexpr OptionValue text{
-    .read = [](const QString &value, BatchOptions &options) -> std::optional<WrongValue> {
+template <auto Member, class Options = BatchOptions>
+inline constexpr OptionValueOf<Options> text{
+    .read = [](const QString &value, Options &options) -> std::optional<WrongValue> {
         options.*Member = value;
         return std::nullopt;
     },
-    .show = [](const BatchOptions &options) { return options.*Member; },
+    .show = [](const Options &options) { return options.*Member; },
 };
 
 /// Texts in the order of the command line.
-template <auto Member>
-inline constexpr OptionValue texts{
-    .read = [](const QString &value, BatchOptions &options) -> std::optional<WrongValue> {
+template <auto Member, class Options = BatchOptions>
+inline constexpr OptionValueOf<Options> texts{
+    .read = [](const QString &value, Options &options) -> std::optional<WrongValue> {
         (options.*Member) << value;
         return std::nullopt;
     },
-    .show = [](const BatchOptions &options) { return (options.*Member).join(u','); },
+    .show = [](const Options &options) { return (options.*Member).join(u','); },
     .given = Given::Repeatedly,
 };
 
 /// Is there or not.
-template <auto Member>
-inline constexpr OptionValue flag{
-    .read = [](const QString &, BatchOptions &options) -> std::optional<WrongValue> {
+template <auto Member, class Options = BatchOptions>
+inline constexpr OptionValueOf<Options> flag{
+    .read = [](const QString &, Options &options) -> std::optional<WrongValue> {
         options.*Member = true;
         return std::nullopt;
     },
-    .show = [](const BatchOptions &options) { return options.*Member ? QStringLiteral("yes") : QStringLiteral("no"); },
+    .show = [](const Options &options) { return options.*Member ? QStringLiteral("yes") : QStringLiteral("no"); },
     .given = Given::Repeatedly,
 };
 
 /// A whole number; the member may be optional.
-template <auto Member, int Least, int Most = std::numeric_limits<int>::max()>
-inline constexpr OptionValue number{
-    .read = [](const QString &value, BatchOptions &options) -> std::optional<WrongValue> {
+template <auto Member, int Least, int Most = std::numeric_limits<int>::max(), class Options = BatchOptions>
+inline constexpr OptionValueOf<Options> number{
+    .read = [](const QString &value, Options &options) -> std::optional<WrongValue> {
         const WholeNumber read = wholeNumber(value, Least, Most);
         if (!read.problem)
             options.*Member = read.number;
         return read.problem;
     },
     .show =
-        [](const BatchOptions &options) {
+        [](const Options &options) {
             const std::optional<int> number = options.*Member;
             return number ? QString::number(*number) : QString();
         },

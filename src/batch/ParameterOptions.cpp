@@ -1,5 +1,6 @@
 #include "batch/ParameterOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/OptionValues.h"
 
 namespace {

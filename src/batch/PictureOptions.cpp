@@ -1,5 +1,6 @@
 #include "batch/PictureOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/DrawValues.h"
 #include "batch/OptionValues.h"
 #include "visualization/charts/ChartKinds.h"

@@ -3,6 +3,8 @@
 #include "base/Messages.h"
 #include "batch/BatchOptions.h"
 #include "batch/RunJournal.h"
+#include "import/bids/BidsFiles.h"
+#include "import/bids/BidsRecording.h"
 #include "import/ilmenau/CorrectionIni.h"
 
 #include <QFileInfo>
@@ -31,7 +33,7 @@ QList<RecordingInput> recordingsOfIni(const QString &path, RunJournal &journal)
     QList<RecordingInput> inputs;
     if (problem.isEmpty()) {
         for (const MillimetreRecording &recording : ini->recordings())
-            inputs << RecordingInput{recording.path, recording.stimulus};
+            inputs << RecordingInput{recording.path, recording.stimulus, false};
     }
     return inputs;
 }
@@ -46,21 +48,33 @@ bool isMillimetreText(const QString &path)
 QList<RecordingInput> recordingInputs(const QStringList &recordings, const BatchOptions &options, RunJournal &journal)
 {
     QList<RecordingInput> inputs;
-    for (const QString &path : recordings) {
+    for (const QString &path : withoutRepeatedRuns(recordings)) {
         if (hasExtension(path, ".ini"_L1))
             inputs += recordingsOfIni(path, journal);
         else if (isMillimetreText(path) && options.millimetres.size.isComplete())
-            inputs << RecordingInput{path, options.millimetres};
+            inputs << RecordingInput{path, options.millimetres, false};
+        else if (const QStringList runs = bidsRunsIn(path); QFileInfo(path).isDir() && !runs.isEmpty())
+            for (const QString &run : runs)
+                inputs << RecordingInput{run, {}, false};
         else
-            inputs << RecordingInput{path, {}};
+            inputs << RecordingInput{path, {}, isTable(path, options)};
     }
     return inputs;
 }
 
-ImportedFile readInput(const RecordingInput &input, const Log *log)
+bool isTable(const QString &path, const BatchOptions &options)
 {
+    const bool isMillimetres = isMillimetreText(path) && options.millimetres.size.isComplete();
+    return !options.layout.isEmpty() && !hasExtension(path, ".data"_L1) && !hasExtension(path, ".ini"_L1) &&
+           !isMillimetres && !isBidsSamples(path);
+}
+
+ReadInput readInput(const RecordingInput &input, const LayoutRequest *layout)
+{
+    if (input.isTable && layout)
+        return importTable(input.path, *layout);
     if (!input.stimulus)
-        return readRecording(input.path, log);
+        return readRecordingOrBids(input.path, nullptr);
     ImportedFile file = readMillimetreRecording({input.path, *input.stimulus});
     if (!file.examination.importOk && file.messages.isEmpty())
         file.messages << corruptRecording(input.path, u"there is no such file"_s);

@@ -31,6 +31,19 @@ void RunJournal::addInputWithMessages(const QString &path, const QString &kind, 
     m_inputs.last().messages = m_record.take();
 }
 
+void RunJournal::addTable(const QString &path, const QStringList &recordings, const QJsonObject &report)
+{
+    addInputWithMessages(path, QStringLiteral("table"), !recordings.isEmpty(), {});
+    m_inputs.last().recordings = recordings;
+    m_inputs.last().table = report;
+}
+
+void RunJournal::setDigest(const ContentDigest &digest)
+{
+    if (m_digests == Digests::Made)
+        m_inputs.last().file = {m_inputs.constLast().file.path, digest.bytes, digest.sha256};
+}
+
 void RunJournal::keep(const QString &path)
 {
     m_written << path;

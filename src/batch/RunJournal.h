@@ -2,6 +2,7 @@
 
 #include "batch/BatchReport.h"
 #include "batch/MessageRecord.h"
+#include "import/ContentDigest.h"
 
 class Terminal;
 
@@ -21,6 +22,12 @@ public:
     /// What is told from here on until `addInputWithMessages` is about one input.
     void beginInput();
     void addInputWithMessages(const QString &path, const QString &kind, bool used, const QMap<QString, qint64> &counts);
+    /// Of the input that was added last, which cannot be read again.
+    void setDigest(const ContentDigest &digest);
+    /// The same for a table.
+    /// @param recordings  names of those that were used.
+    /// @param report      how it was read; empty where it was not.
+    void addTable(const QString &path, const QStringList &recordings, const QJsonObject &report);
 
     /// A file that stands complete.
     void keep(const QString &path);

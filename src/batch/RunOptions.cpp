@@ -1,5 +1,6 @@
 #include "batch/RunOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/OptionValues.h"
 
 namespace {

@@ -31,13 +31,29 @@ QList<StreamQuality> qualityOf(const RunState &run)
 
 void addQuality(const QList<StreamQuality> &quality, BatchReport &report)
 {
-    QList<ReportedInput *> recordings; // those that came into the model, in its order
+    struct Recording {
+        ReportedInput *input;
+        QString name; ///< within a table; else empty
+    };
+    QList<Recording> recordings; // those that came into the model, in its order
     for (ReportedInput &input : report.inputs) {
         if (input.used && input.kind == QLatin1StringView("recording"))
-            recordings << &input;
+            recordings << Recording{&input, {}};
+        for (const QString &name : std::as_const(input.recordings))
+            recordings << Recording{&input, name};
     }
     for (const StreamQuality &measured : quality) {
-        if (measured.examination < recordings.size())
-            recordings[measured.examination]->quality.insert(eyeWord(measured.eye), toJson(measured.quality));
+        if (measured.examination >= recordings.size())
+            continue;
+        const Recording &recording = recordings[measured.examination];
+        QJsonObject &reported = recording.input->quality;
+        const QString eye = eyeWord(measured.eye);
+        if (recording.name.isEmpty()) {
+            reported.insert(eye, toJson(measured.quality));
+        } else {
+            QJsonObject ofRecording = reported.value(recording.name).toObject();
+            ofRecording.insert(eye, toJson(measured.quality));
+            reported.insert(recording.name, ofRecording);
+        }
     }
 }

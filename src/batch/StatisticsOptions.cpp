@@ -1,5 +1,6 @@
 #include "batch/StatisticsOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/OptionValues.h"
 #include "batch/SimilarityValues.h"
 #include "batch/TransitionWords.h"

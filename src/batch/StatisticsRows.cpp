@@ -6,6 +6,7 @@
 #include "comparison/SimilarityExport.h"
 #include "detection/PixelSize.h"
 #include "export/AngleStarExport.h"
+#include "export/bids/BidsExport.h"
 #include "export/MeasureExport.h"
 #include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
@@ -74,6 +75,11 @@ ExportResult writeTidy(RunState &run, const ExportTarget &target)
                   MeasureForm{.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
 }
 
+ExportResult writeBids(RunState &run, const ExportTarget &target)
+{
+    return exportBids(run.model, target, {.geometry = storedGeometry(), .threads = run.threads()});
+}
+
 ExportResult writeAoiMeasures(RunState &run, const ExportTarget &target)
 {
     warnIfWithoutAreas(run, Text("aoi-measures"));
@@ -125,5 +131,5 @@ QList<TableRow> statisticsTables()
             {Text("group-comparison"), writeGroupComparison},
             {Text("scanpath-similarity"), writeSimilarity, fixationWord},
             {Text("quality"), writeTidy<exportQuality>},
-            {Text("bids")}};
+            {Text("bids"), writeBids}};
 }

@@ -1,5 +1,6 @@
 #include "batch/TableOptions.h"
 
+#include "batch/BatchOptions.h"
 #include "batch/OptionValues.h"
 #include "batch/TableRows.h"
 

@@ -29,23 +29,35 @@ void TidyRows::addText(QStringView text)
 
 void TidyRows::addInteger(qint64 number)
 {
+    appendInteger(m_bytes, number);
+    m_bytes += ',';
+}
+
+void TidyRows::addNumber(std::optional<double> number)
+{
+    if (number)
+        appendNumber(m_bytes, *number);
+    m_bytes += ',';
+}
+
+void appendInteger(QByteArray &bytes, qint64 number)
+{
     constexpr std::size_t longest = 24;
     char digits[longest];
     const char *const end = std::to_chars(digits, digits + longest, number).ptr;
-    m_bytes.append(digits, end - digits).append(',');
+    bytes.append(digits, end - digits);
 }
 
 /// The standard library is several times as fast and gives the same digits where all whole numbers are exact.
-void TidyRows::addNumber(std::optional<double> number)
+void appendNumber(QByteArray &bytes, double number)
 {
     constexpr double exact = 9007199254740992; // 2^53
-    if (number && std::abs(*number) < exact) {
-        constexpr std::size_t longest = 32;
-        char digits[longest];
-        const char *const end = std::to_chars(digits, digits + longest, *number == 0 ? 0.0 : *number).ptr;
-        m_bytes.append(digits, end - digits);
-    } else {
-        m_bytes += TidyTable::number(number).toLatin1();
+    if (!(std::abs(number) < exact)) {
+        bytes += TidyTable::number(number).toLatin1();
+        return;
     }
-    m_bytes += ',';
+    constexpr std::size_t longest = 32;
+    char digits[longest];
+    const char *const end = std::to_chars(digits, digits + longest, number == 0 ? 0.0 : number).ptr;
+    bytes.append(digits, end - digits);
 }

@@ -5,6 +5,10 @@
 
 #include <optional>
 
+/// Adds the number in the form of `TidyTable::number`; nothing where it is not finite.
+void appendNumber(QByteArray &bytes, double number);
+void appendInteger(QByteArray &bytes, qint64 number);
+
 /// Rows of a tidy table as bytes in UTF-8: fields with commas in between, quoted where they need it, lines ended by
 /// "\n"; texts and numbers have the form of `TidyTable`. For tables of millions of rows.
 class TidyRows {

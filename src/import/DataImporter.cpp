@@ -1,5 +1,7 @@
 #include "import/DataImporter.h"
 
+#include <QFileInfo>
+
 #include <new>
 
 namespace {
@@ -44,8 +46,11 @@ DataImporter::DataImporter(QString path, Examination *examination, const Log *lo
 bool DataImporter::readFile()
 {
     try {
-        if (const std::optional<QByteArray> bytes = readWholeRecording(m_path, m_problem))
+        if (const std::optional<QByteArray> bytes = readWholeRecording(m_path, m_problem)) {
+            if (!QFileInfo(m_path).isFile())
+                m_pipeDigest = contentDigest(*bytes);
             return readBytes(*bytes);
+        }
     } catch (const std::bad_alloc &) {
         m_problem = QStringLiteral("it does not fit into the memory");
         log(QStringLiteral("DataImporter ERROR: Datafile does not fit into the memory!"));
@@ -80,7 +85,9 @@ QString DataImporter::contentProblem(QByteArrayView bytes) const
     if (m_counts.wrongLength.count == 0)
         return QStringLiteral("it has no sample line, which would begin with a digit");
     if (m_wrongSeparator != 0)
-        return QStringLiteral("its fields are separated by \"%1\" instead of tabs").arg(QLatin1Char(m_wrongSeparator));
+        return QStringLiteral("its fields are separated by \"%1\" instead of tabs; \"Import other formats...\" or "
+                              "vistrum-import read such files")
+            .arg(QLatin1Char(m_wrongSeparator));
     return QStringLiteral("none of its %1 sample lines has eleven fields separated by tabs")
         .arg(m_counts.wrongLength.count);
 }
@@ -110,9 +117,11 @@ void DataImporter::readLines(RecordingText &text)
             if (m_log)
                 log(QStringLiteral("Dataimporter found header: ") + loggedLine(*line, text));
             break;
+        case LineClass::Other:
+            m_counts.shifted.add(isShiftedSample(*line) ? 1 : 0, m_lineNumber);
+            break;
         case LineClass::ColumnNames:
         case LineClass::Filler:
-        case LineClass::Other:
             break;
         }
     }
@@ -123,7 +132,7 @@ void DataImporter::readSampleLine(QByteArrayView line, RecordingText &text)
     if (const auto fields = splitSampleLine(line)) {
         FieldReader reader(text);
         addSample(*fields, reader);
-        m_counts.noNumbers.add(reader.noNumbers(), m_lineNumber);
+        m_counts.add(reader.takeFaults(), m_lineNumber);
         return;
     }
     if (m_counts.wrongLength.count == 0)
@@ -137,7 +146,7 @@ void DataImporter::readSampleLine(QByteArrayView line, RecordingText &text)
 
 void DataImporter::addSample(const SampleFields &fields, FieldReader &read)
 {
-    const qint64 rawTime = read.toLongLong(fields[0]);
+    const qint64 rawTime = read.toTime(fields[0]);
     if (m_firstLine) {
         m_timeZero = rawTime;
         m_firstLine = false;

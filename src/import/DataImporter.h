@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Log.h"
+#include "import/ContentDigest.h"
 #include "import/EyeStreams.h"
 #include "import/ImportCounts.h"
 #include "import/SampleLine.h"
@@ -30,6 +31,9 @@ public:
 
     const ImportCounts &counts() const { return m_counts; }
 
+    /// Of a pipe, which cannot be read again; nothing of a file.
+    const std::optional<ContentDigest> &pipeDigest() const { return m_pipeDigest; }
+
     /// Why the result was false, in words that follow "because"; empty if it was not.
     QString problem() const { return m_problem; }
 
@@ -50,6 +54,7 @@ private:
     qsizetype m_lineNumber = 0; ///< of the line being read, from 1
     ImportCounts m_counts;
     QString m_problem;
+    std::optional<ContentDigest> m_pipeDigest;
     qint64 m_timeZero = 0;
     qint64 m_lastRawTime = 0;
     bool m_firstLine = true;

@@ -28,6 +28,7 @@ QString loadData(const QString &path, ImportedFile &file, const Log *log)
     DataImporter importer(path, &file.examination, log);
     file.examination.importOk = importer.readFile();
     file.counts = importer.counts();
+    file.pipeDigest = importer.pipeDigest();
     file.doubts = importDoubts(file.counts);
     if (QFileInfo(path).isDir())
         return QStringLiteral("it is a folder");
@@ -113,11 +114,10 @@ void readFiles(qsizetype count, int threads, const Log *log,
 }
 
 void readRecordings(const QStringList &paths, int threads, const Log *log,
-                    const std::function<void(const ImportedFile &)> &taken)
+                    const std::function<void(const ImportedFile &)> &taken, RecordingReader read)
 {
     readFiles(
-        paths.size(), threads, log, [&](qsizetype i, const Log *lines) { return readRecording(paths[i], lines); },
-        taken);
+        paths.size(), threads, log, [&](qsizetype i, const Log *lines) { return read(paths[i], lines); }, taken);
 }
 
 std::optional<int> addToModel(const ImportedFile &file, DataModel &model)
@@ -155,7 +155,7 @@ void reportMissingImages(const QStringList &paths)
 }
 
 QList<int> importRecordings(const QStringList &paths, DataModel &model, const Log *log,
-                            const ExaminationCallback &added)
+                            const ExaminationCallback &added, RecordingReader read)
 {
     Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(paths.size()));
     QList<int> numbers;
@@ -163,7 +163,7 @@ QList<int> importRecordings(const QStringList &paths, DataModel &model, const Lo
     QStringList doubts;
     {
         const messages::Run told;
-        readRecordings(paths, coreCount(), log, [&](const ImportedFile &file) {
+        const auto take = [&](const ImportedFile &file) {
             if (!file.examination.missingImagePath.isEmpty())
                 missingImages << file.examination.missingImagePath;
             if (const auto number = addToModel(file, model)) {
@@ -172,7 +172,8 @@ QList<int> importRecordings(const QStringList &paths, DataModel &model, const Lo
             }
             doubts += doubtsWithName(file);
             progress.advance();
-        });
+        };
+        readRecordings(paths, coreCount(), log, take, read);
     }
     reportMissingImages(missingImages);
     reportDoubts(doubts);

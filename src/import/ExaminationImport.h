@@ -17,6 +17,7 @@ struct ImportedFile {
     QList<ImageReference> images;  ///< found images, the last one is the stimulus
     QList<ImportMessage> messages; ///< in the order in which they are to be shown
     ImportCounts counts;
+    std::optional<ContentDigest> pipeDigest; ///< of a recording that cannot be read again
     QStringList doubts;                  ///< about the content, a sentence each
     QMap<QString, qint64> furtherCounts; ///< of a kind of recording that counts more, by their names in reports
 };
@@ -38,6 +39,9 @@ ImportMessage corruptRecording(const QString &path, const QString &reason);
 /// details name the set file, or the reason. Nothing is thrown.
 ImportedFile readRecording(const QString &path, const Log *log);
 
+/// Reads one recording, as `readRecording` does; nothing may be thrown.
+using RecordingReader = ImportedFile (*)(const QString &path, const Log *log);
+
 /// Reads files side by side.
 ///
 /// @param threads  at least 1.
@@ -48,9 +52,9 @@ void readFiles(qsizetype count, int threads, const Log *log,
                const std::function<ImportedFile(qsizetype, const Log *)> &read,
                const std::function<void(const ImportedFile &)> &taken);
 
-/// The same for recordings and their set files.
+/// The same for recordings.
 void readRecordings(const QStringList &paths, int threads, const Log *log,
-                    const std::function<void(const ImportedFile &)> &taken);
+                    const std::function<void(const ImportedFile &)> &taken, RecordingReader read = readRecording);
 
 /// Shows the messages of a file and, if it was read, appends the examination to those of the model, with the next
 /// running number and with its image from the model's cache.
@@ -70,7 +74,7 @@ using ExaminationCallback = std::function<void(const Examination &)>;
 /// @param added  called for each examination as soon as it stands in the model.
 /// @return the running numbers of the new examinations; recordings that were not read have none.
 QList<int> importRecordings(const QStringList &paths, DataModel &model, const Log *log,
-                            const ExaminationCallback &added);
+                            const ExaminationCallback &added, RecordingReader read = readRecording);
 
 /// Takes the examinations with these running numbers out of the model again.
 void removeFromModel(const QList<int> &numbers, DataModel &model);

@@ -15,9 +15,19 @@ constexpr LineCountRow lineCounts[] = {
     {&ImportCounts::wrongLength, "lines of wrong length"_L1,
      "left out %1 of the sample lines, which do not have eleven fields; the first is line %2. Fields are separated by "
      "one tab each."_L1},
+    {&ImportCounts::shifted, "lines that begin with no digit"_L1,
+     "passed by %1 lines that look like samples but do not begin with a digit; the first is line %2. No blank, quote "
+     "or "
+     "sign stands before the time."_L1},
     {&ImportCounts::noNumbers, "fields that are no numbers"_L1,
      "%1 fields are no numbers and count as 0; the first is in line %2. Times are whole numbers, decimals have a "
      "point."_L1},
+    {&ImportCounts::decimalCommas, "decimal commas"_L1,
+     "%1 fields have a decimal comma and count as 0; the first is in line %2. Write a point, or use \"Import other "
+     "formats...\" or vistrum-import, which read commas."_L1},
+    {&ImportCounts::decimalTimes, "decimal times"_L1,
+     "%1 times have decimals and count as 0; the first is in line %2. Write whole milliseconds, or use \"Import other "
+     "formats...\" or vistrum-import, which round them."_L1},
     {&ImportCounts::backwardTimes, "backward times"_L1,
      "%1 samples are earlier than the sample before them; the first is line %2."_L1},
     {&ImportCounts::repeatedTimes, "repeated times"_L1,
@@ -36,9 +46,16 @@ bool ImportCounts::isRateImplausible() const
     const qsizetype steps = samples - 1;
     if (steps < fewestSteps)
         return false;
-    const bool isSlow = longSteps > steps - longSteps;
+    const bool isSlow = longSteps.count > steps - longSteps.count;
     const bool isFast = durationMs >= 0 && steps / mostSamplesPerMs > durationMs;
     return isSlow || isFast;
+}
+
+qsizetype ImportCounts::firstDoubtfulStep() const
+{
+    if (longSteps.count > 0)
+        return longSteps.firstLine;
+    return repeatedTimes.count > 0 ? repeatedTimes.firstLine : backwardTimes.firstLine;
 }
 
 QStringList importDoubts(const ImportCounts &counts)
@@ -50,9 +67,12 @@ QStringList importDoubts(const ImportCounts &counts)
             doubts << QString(row.text).arg(QString::number(found.count), QString::number(found.firstLine));
     }
     if (counts.isRateImplausible())
-        doubts << QStringLiteral("%1 samples in %2 ms are no rate of an eye tracker. Times are in milliseconds.")
+        doubts << QStringLiteral("%1 samples in %2 ms are no rate of an eye tracker; the first doubtful step is line "
+                                 "%3. Times are in milliseconds; \"Import other formats...\" or vistrum-import read "
+                                 "other units.")
                       .arg(counts.samples)
-                      .arg(counts.durationMs);
+                      .arg(counts.durationMs)
+                      .arg(counts.firstDoubtfulStep());
     return doubts;
 }
 
@@ -65,7 +85,9 @@ QMap<QString, qint64> reportedCounts(const ImportCounts &counts)
         if (found.count > 0)
             reported.insert(QStringLiteral("first of ") + row.name, found.firstLine);
     }
-    if (counts.isRateImplausible())
+    if (counts.isRateImplausible()) {
         reported.insert(QStringLiteral("implausible rate"), 1);
+        reported.insert(QStringLiteral("first of implausible rate"), counts.firstDoubtfulStep());
+    }
     return reported;
 }

@@ -2,6 +2,7 @@
 
 #include "import/PlainNumber.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -54,6 +55,26 @@ std::optional<qint64> plainInteger(QByteArrayView field)
     return negative ? -value : value;
 }
 
+/// What stands between the digits of a number with decimals: '.' or ','; 0 for any other text.
+char decimalSign(QByteArrayView field)
+{
+    if (!field.isEmpty() && (field.front() == '-' || field.front() == '+'))
+        field = field.sliced(1);
+    char sign = 0;
+    qsizetype digits = 0; // since the start or the sign
+    for (const char byte : field) {
+        if (isDigit(byte)) {
+            ++digits;
+        } else if ((byte == '.' || byte == ',') && sign == 0 && digits > 0) {
+            sign = byte;
+            digits = 0;
+        } else {
+            return 0;
+        }
+    }
+    return digits > 0 ? sign : char(0);
+}
+
 } // namespace
 
 LineClass lineClass(QByteArrayView line)
@@ -67,6 +88,16 @@ LineClass lineClass(QByteArrayView line)
     if (line.startsWith("\xFD\xFD\xFD\xFD") || line.startsWith("\xC3\xBD\xC3\xBD\xC3\xBD\xC3\xBD"))
         return LineClass::Filler;
     return LineClass::Other;
+}
+
+bool isShiftedSample(QByteArrayView line)
+{
+    constexpr QByteArrayView shifting(" \t\"'+-.");
+    qsizetype first = 0;
+    while (first < line.size() && shifting.contains(line[first]))
+        ++first;
+    return first > 0 && first < line.size() && isDigit(line[first]) &&
+           std::count(line.begin() + first, line.end(), '\t') + 1 == static_cast<qsizetype>(sampleFieldCount);
 }
 
 std::optional<SampleFields> splitSampleLine(QByteArrayView line)
@@ -100,6 +131,16 @@ double FieldReader::toDouble(QByteArrayView field)
     return value;
 }
 
+qint64 FieldReader::toTime(QByteArrayView field)
+{
+    if (const auto plain = plainInteger(field))
+        return *plain;
+    if (decimalSign(field) == 0)
+        return toLongLong(field);
+    ++m_faults.decimalTimes;
+    return 0; // as of any text that is no whole number
+}
+
 qint64 FieldReader::toLongLong(QByteArrayView field)
 {
     if (const auto plain = plainInteger(field))
@@ -122,7 +163,7 @@ int FieldReader::toInt(QByteArrayView field)
 void FieldReader::count(QByteArrayView field, bool isNumber)
 {
     if (!isNumber && !missingValue(field))
-        ++m_noNumbers;
+        ++(decimalSign(field) == ',' ? m_faults.decimalCommas : m_faults.noNumbers);
 }
 
 QString FieldReader::textOf(QByteArrayView field)

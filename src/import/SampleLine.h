@@ -3,6 +3,7 @@
 #include "import/RecordingText.h"
 
 #include <array>
+#include <utility>
 
 /// What a line of a recording is, by its first characters.
 enum class LineClass {
@@ -19,8 +20,21 @@ LineClass lineClass(QByteArrayView line);
 constexpr std::size_t sampleFieldCount = 11;
 using SampleFields = std::array<QByteArrayView, sampleFieldCount>;
 
+/// Whether a line would be a sample line but for what stands before its first digit, such as a blank, a quote or a
+/// sign.
+bool isShiftedSample(QByteArrayView line);
+
 /// The fields of a sample line, separated by single tabs; nothing unless there are exactly 11. Fields may be empty.
 std::optional<SampleFields> splitSampleLine(QByteArrayView line);
+
+/// Fields that were no numbers, by what they look like.
+struct FieldFaults {
+    bool operator==(const FieldFaults &) const = default;
+
+    qsizetype noNumbers = 0;
+    qsizetype decimalCommas = 0; ///< such as "12,5"
+    qsizetype decimalTimes = 0;  ///< times such as "12.5" or "12,5"
+};
 
 /// Reads the number fields of one recording. A field that is no number counts as 0.
 ///
@@ -36,11 +50,13 @@ public:
     explicit FieldReader(RecordingText &text) : m_text(text) {}
 
     double toDouble(QByteArrayView field);
+    /// As `toLongLong`; a fault counts as one of times.
+    qint64 toTime(QByteArrayView field);
     qint64 toLongLong(QByteArrayView field);
     int toInt(QByteArrayView field);
 
-    /// How many fields were no numbers so far.
-    qsizetype noNumbers() const { return m_noNumbers; }
+    /// What was counted since the last call.
+    FieldFaults takeFaults() { return std::exchange(m_faults, {}); }
 
 private:
     /// @param isNumber  of a field that is not plain.
@@ -48,5 +64,5 @@ private:
     QString textOf(QByteArrayView field);
 
     RecordingText &m_text;
-    qsizetype m_noNumbers = 0;
+    FieldFaults m_faults;
 };

@@ -3,6 +3,7 @@
 #include "base/FileReplacement.h"
 #include "base/Progress.h"
 #include "base/TextFormat.h"
+#include "import/tables/RecordingSamples.h"
 #include "recording/FrameStore.h"
 
 #include <algorithm>
@@ -26,8 +27,7 @@ QByteArray eyeFields(const gtl::Eye &eye, const QByteArray &validity)
 
 QByteArray recordingHeader()
 {
-    return "StaticBinocular\n"
-           "time\tleft_x\tleft_y\tleft_w\tleft_h\tleft_valid\tright_x\tright_y\tright_w\tright_h\tright_valid\n";
+    return dataHeader();
 }
 
 QByteArray recordingLine(const gtl::GazeData &frame)

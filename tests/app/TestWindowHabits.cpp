@@ -1,6 +1,7 @@
 #include "app/AboutBox.h"
 #include "app/NoticeLine.h"
 #include "base/Release.h"
+#include "import/TableTexts.h"
 #include "settings/StoredKeys.h"
 #include "WindowTest.h"
 
@@ -90,6 +91,8 @@ private Q_SLOTS:
     void thePaneOfTheTableIsWideEnough();
     void filesAndFoldersAreImported();
     void droppedFilesAreImported();
+    void droppedTableOpensTheAssistant();
+    void assistantOpensFromTheMenu();
     void aFolderWithoutRecordingsIsTold();
 
 private:
@@ -364,6 +367,50 @@ void TestWindowHabits::droppedFilesAreImported()
     QApplication::sendEvent(m_window.get(), &drop);
     QCOMPARE(m_window->model().examinations().size(), 1);
     QVERIFY(!find<QGraphicsView>("visualization")->viewport()->acceptDrops()); // would swallow what is dropped there
+}
+
+/// A file that is no recording is looked at first; its import is one step of the undo list.
+void TestWindowHabits::droppedTableOpensTheAssistant()
+{
+    const QString path = m_folder->filePath(QStringLiteral("p01.csv"));
+    write(path, tabletexts::table({}));
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(QPoint(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &enter);
+    QDropEvent drop(QPointF(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &drop);
+    const QPointer<QDialog> assistant = m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant"));
+    QVERIFY(assistant);
+    QVERIFY(QTest::qWaitForWindowExposed(assistant));
+    QCOMPARE(m_window->model().examinations().size(), 0);
+    QTest::mouseClick(assistant->findChild<QPushButton *>(QStringLiteral("import")), Qt::LeftButton);
+    QTRY_COMPARE(m_window->model().examinations().size(), 1);
+    QTRY_VERIFY(!assistant);
+    QCOMPARE(m_window->model().examinations()[0].baseName, QStringLiteral("p01"));
+    QCOMPARE(find<QTableWidget>("tableWidget")->rowCount(), 1);
+    CommandStack &stack = CommandStack::instance();
+    QCOMPARE(stack.count(), 1);
+    QCOMPARE(stack.text(0), QStringLiteral("Import of other formats"));
+    const auto samples = m_window->model().examinations()[0].leftEye.gazePoints;
+    QCOMPARE(samples.size(), 500);
+    stack.undo();
+    QCOMPARE(m_window->model().examinations().size(), 0);
+    QCOMPARE(find<QTableWidget>("tableWidget")->rowCount(), 0);
+    stack.redo();
+    QCOMPARE(m_window->model().examinations()[0].leftEye.gazePoints, samples);
+    QCOMPARE(find<QTableWidget>("tableWidget")->rowCount(), 1);
+}
+
+void TestWindowHabits::assistantOpensFromTheMenu()
+{
+    find<QAction>("action_ImportOther")->trigger();
+    const QPointer<QDialog> assistant = m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant"));
+    QVERIFY(assistant);
+    QVERIFY(QTest::qWaitForWindowExposed(assistant));
+    QTest::keyClick(assistant, Qt::Key_Escape);
+    QTRY_VERIFY(!assistant);
+    QCOMPARE(CommandStack::instance().count(), 0);
 }
 
 void TestWindowHabits::aFolderWithoutRecordingsIsTold()

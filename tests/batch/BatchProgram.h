@@ -42,12 +42,15 @@ public:
 
     void setVariable(const QString &name, const QString &value) { m_environment.insert(name, value); }
 
-    Outcome run(const QStringList &arguments) const
+    Outcome run(const QStringList &arguments) const { return run(QStringLiteral(VISTRUM_BATCH), arguments); }
+
+    /// The same with another program of the terminal.
+    Outcome run(const QString &program, const QStringList &arguments) const
     {
         QProcess process;
         process.setProcessEnvironment(m_environment);
         process.setWorkingDirectory(path(QString()));
-        process.start(QStringLiteral(VISTRUM_BATCH), arguments);
+        process.start(program, arguments);
         if (!process.waitForFinished(120'000) || process.exitStatus() != QProcess::NormalExit)
             return {};
         return {process.exitCode(), lines(process.readAllStandardOutput()), lines(process.readAllStandardError())};

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void sameStatistics();
     void sameTidyTables_data();
     void sameTidyTables();
+    void sameBids();
     void samePictures();
 
 private:
@@ -296,6 +297,33 @@ void TestBatchLikeWindow::sameTidyTables()
         inBatch;
     QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
     compareTables(6);
+}
+
+/// With degrees, which tell the size of the screen; and what the window reads of it again can be exported at once.
+void TestBatchLikeWindow::sameBids()
+{
+    exportFromWindow(QStringLiteral("for all eyes"), QStringLiteral("unused"),
+                     {.detector = 2, .velocityUnit = 1, .picture = 1});
+    QVERIFY(QDir().mkpath(QStringLiteral("window")));
+    find<QLineEdit>("dataFolderLineEdit")->setText(QStringLiteral("window"));
+    for (const char *box : {"fixationCheckBox", "eventCheckBox", "bidsCheckBox"})
+        find<QCheckBox>(box)->click(); // the first two off again
+    find<QPushButton>("dataExportButton")->click();
+    const QString calls =
+        QStringLiteral("--quiet --out=batch --prefix=same --detector velocity --velocity-unit degree-per-s "
+                       "--background study/bay.png --calculate fixations --export bids");
+    QCOMPARE(m_batch->run(calls.split(u' ') + BatchProgram::study()).status, 0);
+    const auto fromWindow = BatchProgram::filesIn(m_batch->path(QStringLiteral("window")));
+    QCOMPARE(fromWindow.size(), qsizetype(4 + 6 * (3 * 4 + 2)));
+    QCOMPARE(BatchProgram::filesIn(m_batch->path(QStringLiteral("batch"))), fromWindow);
+
+    CommandStack::instance().clear();
+    m_window = std::make_unique<Vistrum>();
+    QVERIFY(!find<QCheckBox>("fixationCheckBox")->isEnabled());
+    m_window->importFiles({m_batch->path(QStringLiteral("window/same_bids"))});
+    for (const char *box : {"fixationCheckBox", "eventCheckBox", "tidyCheckBox", "bidsCheckBox"})
+        QVERIFY2(find<QCheckBox>(box)->isEnabled(), box);
+    QVERIFY(m_messages->texts().last().contains(QStringLiteral("the calculation replaces them")));
 }
 
 /// The pictures that the window saves of what it shows, and its charts, are those of a run.

@@ -337,8 +337,6 @@ void notBuilt()
         if (!row.built())
             refuse("export", row.word.data());
     }
-    refusedRow("one entry of a list is not built", "--export fixations,bids a.data",
-               "--export bids: not available in this version");
     refusedRow("a density that is no .tiff", "--density d.png a.data",
                "--density d.png: the name does not end in .tiff");
 }

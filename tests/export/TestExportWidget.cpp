@@ -154,7 +154,7 @@ void TestExportWidget::tidyTablesFollowTheirBoxes()
 {
     const RecordedMessages messages;
     QVERIFY(!child<QCheckBox>("tidySamplesCheckBox")->isEnabled());
-    m_widget->sltEnableTidySampleExport();
+    m_widget->sltEnableSampleExport();
     QVERIFY(child<QCheckBox>("tidySamplesCheckBox")->isEnabled());
     QVERIFY(!child<QCheckBox>("tidyCheckBox")->isEnabled());
     tick("tidySamplesCheckBox");

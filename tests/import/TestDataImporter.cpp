@@ -87,6 +87,10 @@ private Q_SLOTS:
     void times_data();
     void times();
     void fieldsThatAreNoNumbers();
+    void faultsAreToldApart_data();
+    void faultsAreToldApart();
+    void implausibleRates_data();
+    void implausibleRates();
     void wideText();
     void falseLeavesTheExaminationAlone();
     void memory();
@@ -149,16 +153,19 @@ void TestDataImporter::recordingThatCannotBeReadOnceOpen()
 void TestDataImporter::linesAround_data()
 {
     QTest::addColumn<QByteArray>("line");
-    const auto row = [](const char *name, const QByteArray &line) { QTest::newRow(name) << line; };
+    QTest::addColumn<qsizetype>("shifted");
+    const auto row = [](const char *name, const QByteArray &line, qsizetype shifted = 0) {
+        QTest::newRow(name) << line << shifted;
+    };
     row("an empty line", "");
     row("a word", "StaticBinocular");
     row("column names", "time\tleft_x");
     row("four bytes 0xFD", "\xFD\xFD\xFD\xFD");
     row("four bytes 0xFD before a sample", "\xFD\xFD\xFD\xFD" + sampleLine("5"));
     row("four characters 0xFD in UTF-8", "\xC3\xBD\xC3\xBD\xC3\xBD\xC3\xBD" + sampleLine("5"));
-    row("a blank before a sample", " " + sampleLine("5"));
-    row("a time below zero", sampleLine("-5"));
-    row("a plus before the time", sampleLine("+5"));
+    row("a blank before a sample", " " + sampleLine("5"), 1);
+    row("a time below zero", sampleLine("-5"), 1);
+    row("a plus before the time", sampleLine("+5"), 1);
     row("a NUL before a sample", QByteArray("\0", 1) + sampleLine("5"));
     row("a run of NULs", QByteArray(5000, '\0'));
     row("a carriage return before a sample", "\r" + sampleLine("5"));
@@ -168,6 +175,7 @@ void TestDataImporter::linesAround_data()
 void TestDataImporter::linesAround()
 {
     QFETCH(QByteArray, line);
+    QFETCH(qsizetype, shifted);
     for (const QByteArray &bytes :
          {line + '\n' + sampleLine("7"), sampleLine("7") + '\n' + line, sampleLine("7") + '\n' + line + "\r\n"})
     {
@@ -176,7 +184,9 @@ void TestDataImporter::linesAround()
         QCOMPARE(imported.left(), oneLeft);
         QCOMPARE(imported.right(), oneRight);
         QCOMPARE(imported.mean(), oneMean);
-        QCOMPARE(imported.counts, ImportCounts{.samples = 1});
+        QCOMPARE(imported.counts.samples, 1);
+        QCOMPARE(imported.counts.shifted.count, shifted);
+        QCOMPARE(imported.counts.wrongLength.count + imported.counts.noNumbers.count, 0);
         QCOMPARE(imported.logText, QByteArray());
     }
 }
@@ -406,7 +416,73 @@ void TestDataImporter::fieldsThatAreNoNumbers()
     QCOMPARE(imported.left(), (QList<GazePoint>{{0, 0, 0, 0, 3, 1}}));
     QCOMPARE(imported.right(), (QList<GazePoint>{{0, 100, -7.5, 0, QString::fromUtf8("4\0", 2).toDouble(), 1}}));
     QCOMPARE(imported.mean(), (QList<GazePoint>{{0, 50, -3.75, 0, imported.right().constFirst().height / 2 + 1.5, 1}}));
-    QCOMPARE(imported.counts, (ImportCounts{.samples = 1, .noNumbers = {4, 1}})); // 1,5 x 0x10 and 4 with a NUL
+    QCOMPARE(imported.counts, (ImportCounts{.samples = 1, .noNumbers = {3, 1}, .decimalCommas = {1, 1}}));
+    // x, 0x10 and 4 with a NUL; 1,5
+}
+
+void TestDataImporter::faultsAreToldApart_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<ImportCounts>("counts"); // beside the two samples, of which the second is line 2
+    const auto row = [](const char *name, const QByteArray &line, ImportCounts counts) {
+        QTest::newRow(name) << line << counts;
+    };
+    row("nothing", sampleLine("5"), {.samples = 2, .durationMs = 4});
+    // what is no number counts as 0: the second sample is at 0, 1 ms before the first
+    row("a decimal time", sampleLine("5.25"),
+        {.samples = 2, .decimalTimes = {1, 2}, .backwardTimes = {1, 2}, .durationMs = -1});
+    row("a time with a comma", sampleLine("5,25"),
+        {.samples = 2, .decimalTimes = {1, 2}, .backwardTimes = {1, 2}, .durationMs = -1});
+    row("a time in words", sampleLine("5 ms"),
+        {.samples = 2, .noNumbers = {1, 2}, .backwardTimes = {1, 2}, .durationMs = -1});
+    row("two commas", "5\t10,5\t-20,25\t3\t4\t1\t30\t40\t5\t6\t1",
+        {.samples = 2, .decimalCommas = {2, 2}, .durationMs = 4});
+    row("no decimal comma", "5\t1,2,3\t,5\t5,\t-\t1\t30\t40\t5\t6\t1",
+        {.samples = 2, .noNumbers = {4, 2}, .durationMs = 4});
+    row("a validity with decimals", sampleLine("5", "1.0"), {.samples = 2, .noNumbers = {1, 2}, .durationMs = 4});
+    row("a blank before the time", ' ' + sampleLine("5"), {.samples = 1, .shifted = {1, 2}});
+    row("a time below zero", sampleLine("-5"), {.samples = 1, .shifted = {1, 2}});
+    row("a quote before the time", '"' + sampleLine("5"), {.samples = 1, .shifted = {1, 2}});
+    row("a remark after a blank", " 5 samples follow", {.samples = 1});
+}
+
+void TestDataImporter::faultsAreToldApart()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(ImportCounts, counts);
+    const Imported imported(sampleLine("1") + '\n' + line + '\n');
+    QVERIFY(imported.ok);
+    QCOMPARE(imported.counts, counts);
+}
+
+void TestDataImporter::implausibleRates_data()
+{
+    QTest::addColumn<int>("samplesPerTime");
+    QTest::addColumn<int>("step");
+    QTest::addColumn<QString>("told"); // of forty samples, the first in line 1
+    QTest::newRow("2 ms") << 1 << 2 << QString();
+    QTest::newRow("100 ms are the slowest") << 1 << 100 << QString();
+    QTest::newRow("microseconds") << 1 << 2000 << QStringLiteral("40 samples in 78000 ms"); // 39 steps
+    QTest::newRow("seconds without decimals") << 40 << 1 << QStringLiteral("40 samples in 0 ms");
+}
+
+void TestDataImporter::implausibleRates()
+{
+    QFETCH(int, samplesPerTime);
+    QFETCH(int, step);
+    QFETCH(QString, told);
+    QByteArray bytes;
+    for (int i = 0; i < 40; ++i)
+        bytes += sampleLine(QByteArray::number(i / samplesPerTime * step)) + '\n';
+    const Imported imported(bytes);
+    QCOMPARE(imported.counts.isRateImplausible(), !told.isEmpty());
+    if (told.isEmpty())
+        return;
+    const QString doubt = importDoubts(imported.counts).constLast();
+    QVERIFY2(doubt.startsWith(told + QStringLiteral(" are no rate of an eye tracker; the first doubtful step is "
+                                                    "line 2.")),
+             qPrintable(doubt));
+    QCOMPARE(reportedCounts(imported.counts)[QStringLiteral("first of implausible rate")], 2);
 }
 
 void TestDataImporter::wideText()

@@ -185,9 +185,10 @@ void TestExaminationImport::corruptContent_data()
     row("no usable sample", "1\t1\t1\t1\t1\t0\t1\t1\t1\t1\t0\n", u"none of its 1 samples is valid"_s);
     row("a picture", QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF\0", 11),
         u"it has no sample line, which would begin with a digit"_s);
-    row("commas", "1,1,1,1,1,1,1,1,1,1,1\n", u"its fields are separated by \",\" instead of tabs"_s);
+    row("commas", "1,1,1,1,1,1,1,1,1,1,1\n",
+        u"its fields are separated by \",\" instead of tabs; \"Import other formats...\" or vistrum-import read such files"_s);
     row("semicolons and decimal commas", "1;1,5;1;1;1;1;1;1;1;1;1\n",
-        u"its fields are separated by \";\" instead of tabs"_s);
+        u"its fields are separated by \";\" instead of tabs; \"Import other formats...\" or vistrum-import read such files"_s);
     row("ten fields", "1\t1\t1\t1\t1\t1\t1\t1\t1\t1\n2\t1,5\n",
         u"none of its 2 sample lines has eleven fields separated by tabs"_s);
 }
@@ -396,8 +397,8 @@ void TestExaminationImport::boxesOfOneImport()
     QCOMPARE(model.examinations().size(), 2);
     QStringList doubts;
     for (const QString &file : {u"p01.data"_s, u"p02.data"_s}) {
-        doubts << file + u": 1 fields are no numbers and count as 0; the first is in line 1. Times are whole numbers, "
-                         "decimals have a point."_s
+        doubts << file + u": 1 fields have a decimal comma and count as 0; the first is in line 1. Write a point, or "
+                         "use \"Import other formats...\" or vistrum-import, which read commas."_s
                << file + u": 1 samples are earlier than the sample before them; the first is line 2."_s
                << file + u": 1 samples have the time of the sample before them; the first is line 3."_s;
     }

@@ -57,8 +57,11 @@ void TestTableOddities::oddities_data()
                         qsizetype line) { QTest::newRow(name) << lines << kind << count << line; };
     // Line 1 is the header.
     row("a word for a place", "a,2,1,1,1,1,1,1\na,4,oops,1,1,1,1,1\n", TableOddityKind::NotANumber, 1, 3);
+    row("words for both places", "a,2,1,1,1,1,1,1\na,4,x,y,1,1,1,1\n", TableOddityKind::NotANumber, 2, 3);
     row("a decimal comma splits a line", "a,2,1,1,1,1,1,1\na,4,1,5,1,1,1,1,1\n", TableOddityKind::ColumnsChanged, 1, 3);
     row("a cut line", "a,2,1,1,1,1,1,1\na,4,1,1\na,6,1,1,1,1,1,1\na,8\n", TableOddityKind::ColumnsChanged, 2, 3);
+    // The layout needs the first eight columns of the nine.
+    row("a line that ends early", "a,2,1,1,1,1,1,1,x\na,4,1,1,1,1,1,1\n", TableOddityKind::FewerColumns, 1, 3);
     row("a line without time", "a,2,1,1,1,1,1,1\na,,1,1,1,1,1,1\na,x,1,1,1,1,1,1\n", TableOddityKind::TimeNotANumber, 2,
         3);
     row("equal times", "a,2,1,1,1,1,1,1\na,2,1,1,1,1,1,1\na,2,1,1,1,1,1,1\n", TableOddityKind::RepeatedTime, 2, 3);
@@ -83,8 +86,9 @@ void TestTableOddities::oddities()
     QFETCH(TableOddityKind, kind);
     QFETCH(qsizetype, count);
     QFETCH(qsizetype, firstLine);
-    const TableContent content =
-        table_writer::content(table_writer::read("recording,time,lx,ly,lp,rx,ry,rp\n" + lines, table_writer::layout()));
+    const QByteArray further = kind == TableOddityKind::FewerColumns ? ",further\n" : "\n";
+    const TableContent content = table_writer::content(
+        table_writer::read("recording,time,lx,ly,lp,rx,ry,rp" + further + lines, table_writer::layout()));
     QCOMPARE(content.recordings.size(), 1);
     const QList<TableOddity> all = content.oddities + content.recordings[0].oddities;
     const auto found = std::ranges::find(all, kind, &TableOddity::kind);
@@ -114,6 +118,11 @@ void TestTableOddities::numbers_data()
     QTest::newRow("in quotes") << QByteArray("\"12.5\"") << 12.5;
     QTest::newRow("nineteen digits") << QByteArray("1234567890123456789") << 1234567890123456789.0;
     QTest::newRow("many decimals") << QByteArray("0.1000000000000000055511151231257827") << 0.1;
+    QTest::newRow("seven digits on both sides") << QByteArray("1234567.7654321") << 1234567.7654321;
+    QTest::newRow("eight digits before the point") << QByteArray("12345678.5") << 12345678.5;
+    QTest::newRow("eight decimals") << QByteArray("1.12345678") << 1.12345678;
+    QTest::newRow("a letter behind the digits") << QByteArray("12.5a") << missing;
+    QTest::newRow("minus alone") << QByteArray("-") << missing;
     QTest::newRow("empty") << QByteArray("") << missing;
     QTest::newRow("nan") << QByteArray("NaN") << missing;
     QTest::newRow("infinite") << QByteArray("inf") << missing;

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void setColumns();
     void withoutTimes();
     void midnight();
+    void timesWithManyDigits_data();
+    void timesWithManyDigits();
     void headerAgain();
     void gzipMembers();
 };
@@ -279,6 +281,33 @@ void TestTableReader::midnight()
     QCOMPARE(samples[0].timeMs, 86'399'998.0);
     QCOMPARE(samples[1].timeMs, 86'400'000.0);
     QCOMPARE(samples[2].timeMs, 86'400'002.5);
+}
+
+void TestTableReader::timesWithManyDigits_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<TableTimeUnit>("unit");
+    QTest::addColumn<double>("ms");
+    QTest::newRow("s with an exponent") << QByteArray("1.5e0") << TableTimeUnit::Seconds << 1500.0;
+    QTest::newRow("s with a plus sign") << QByteArray("+1.25") << TableTimeUnit::Seconds << 1250.0;
+    QTest::newRow("ns of an epoch") << QByteArray("1700000000000500000") << TableTimeUnit::Nanoseconds
+                                    << 1700000000000.5;
+    QTest::newRow("ns with seventeen decimals")
+        << QByteArray("0.00000000000000005") << TableTimeUnit::Nanoseconds << 5e-23;
+    QTest::newRow("us of eight digits") << QByteArray("12345678") << TableTimeUnit::Microseconds << 12345.678;
+}
+
+void TestTableReader::timesWithManyDigits()
+{
+    QFETCH(QByteArray, field);
+    QFETCH(TableTimeUnit, unit);
+    QFETCH(double, ms);
+    TableLayout layout = table_writer::layout();
+    layout.timeUnit = unit;
+    const TableContent content = table_writer::content(
+        table_writer::read("recording,time,lx,ly,lp,rx,ry,rp\na," + field + ",1,1,1,1,1,1\n", layout));
+    const double read = content.recordings[0].samples[0].timeMs;
+    QVERIFY2(std::abs(read - ms) <= 1e-15 * ms, qPrintable(QString::number(read, 'g', 17)));
 }
 
 void TestTableReader::headerAgain()

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void rounding_data();
     void rounding();
     void beforeZero();
+    void lines();
     void withoutValidSamples();
     void recordingsInLayouts();
 };
@@ -126,6 +127,15 @@ void TestTableSamples::beforeZero()
     QCOMPARE(maker.oddities().size(), 1);
     QCOMPARE(maker.oddities()[0].kind, TableOddityKind::BeforeZeroTime);
     QCOMPARE(maker.oddities()[0].count, 2);
+}
+
+void TestTableSamples::lines()
+{
+    const DataSample sample{7, {100'000, 0.1, -0.5, 3}, {1e300, 1e-7, 0, 1e15}, 1, 0};
+    QCOMPARE(dataLine(sample), QByteArray("7\t100000\t0.1\t-0.5\t3\t1\t1e+300\t1e-07\t0\t1e+15\t0"));
+    QByteArray text = "above\n";
+    appendDataLine(sample, text);
+    QCOMPARE(text, "above\n" + dataLine(sample) + "\n");
 }
 
 void TestTableSamples::withoutValidSamples()

@@ -20,7 +20,7 @@ class TestInstallation(unittest.TestCase):
                        check=True, stdout=subprocess.DEVNULL)
 
     def test_programs(self):
-        for name in ("vistrum", "vistrum-batch", "gaze-simulator", "tracker-simulator"):
+        for name in ("vistrum", "vistrum-batch", "vistrum-import", "gaze-simulator", "tracker-simulator"):
             with self.subTest(name):
                 self.assertTrue(os.access(self.prefix / "bin" / name, os.X_OK))
 

@@ -4,13 +4,14 @@ from pathlib import Path
 
 from source_tree import circles
 
-RANKS = {"base": 0, "model": 1, "settings": 2, "commands": 3, "app": 5, "batch": 5}
+RANKS = {"base": 0, "model": 1, "settings": 2, "commands": 3, "app": 5, "batch": 5, "convert": 5}
 SUBSYSTEM_RANK = 4
 VISIBLE_LAYERS = {
     "core": {"core"},
     "scene": {"core", "scene"},
     "panel": {"core", "scene", "panel"},
     "batch": {"core", "scene", "batch"},
+    "convert": {"core", "batch", "convert"},
     "app": {"core", "scene", "panel", "app"},
 }
 

@@ -11,7 +11,7 @@ TOKENS = re.compile(
     r"""|(?P<character>(?<![0-9A-Fa-f])'(?:\\.|[^'\\\n])+')""",
     re.DOTALL | re.VERBOSE)
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
-PROGRAMS = ("app", "batch")
+PROGRAMS = ("app", "batch", "convert")
 
 
 def blank(text):

@@ -1,6 +1,7 @@
 #include "gaze-simulator/RecordingWriter.h"
 
 #include "base/Messages.h"
+#include "import/tables/RecordingSamples.h"
 
 #include <QSaveFile>
 
@@ -152,9 +153,7 @@ bool writeSet(const QString &path, const QByteArray &text)
 
 QByteArray header()
 {
-    return QByteArrayLiteral("StaticBinocular\n"
-                             "time\tleft_x\tleft_y\tleft_w\tleft_h\tleft_valid"
-                             "\tright_x\tright_y\tright_w\tright_h\tright_valid\n");
+    return dataHeader();
 }
 
 void appendLine(QByteArray &text, const SimulatedSample &sample)

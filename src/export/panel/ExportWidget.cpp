@@ -1,7 +1,9 @@
 #include "export/panel/ExportWidget.h"
 
+#include "base/SideBySide.h"
 #include "commands/CommandStack.h"
 #include "detection/PixelSize.h"
+#include "export/bids/BidsExport.h"
 #include "export/panel/ExportCommands.h"
 #include "export/panel/ExportForm.h"
 #include "export/TidyExport.h"
@@ -36,6 +38,11 @@ ExportResult writeTidySamples(const DataModel &model, const ExportTarget &target
     return exportTidySamples(model, target, {.pixelPerDistance = storedPixelPerDistance()});
 }
 
+ExportResult writeBids(const DataModel &model, const ExportTarget &target)
+{
+    return exportBids(model, target, {.geometry = storedGeometry(), .threads = coreCount()});
+}
+
 /// One kind of table: its check box, its name in the undo view, its command.
 struct TableKind {
     QCheckBox *Ui::ExportWidget::*box;
@@ -54,6 +61,7 @@ constexpr TableKind tableKinds[] = {
      newCommand<CommandExportCumulativeClusters>},
     {&Ui::ExportWidget::tidyCheckBox, Text("tidy tables"), newCommand<TableExportCommand<writeTidy>>},
     {&Ui::ExportWidget::tidySamplesCheckBox, Text("tidy samples"), newCommand<TableExportCommand<writeTidySamples>>},
+    {&Ui::ExportWidget::bidsCheckBox, Text("BIDS"), newCommand<TableExportCommand<writeBids>>},
 };
 
 /// A kind of chart and the signal that asks for it.
@@ -149,7 +157,7 @@ void ExportWidget::sltEnableFixationExport()
 {
     enable(ui->fixationCheckBox);
     enable(ui->tidyCheckBox);
-    enable(ui->tidySamplesCheckBox);
+    sltEnableSampleExport();
 }
 
 void ExportWidget::sltEnableFixationClusterExport()
@@ -167,9 +175,10 @@ void ExportWidget::sltEnableCumulativeClusterExport()
     enable(ui->cumulativeClusterCheckBox);
 }
 
-void ExportWidget::sltEnableTidySampleExport()
+void ExportWidget::sltEnableSampleExport()
 {
     enable(ui->tidySamplesCheckBox);
+    enable(ui->bidsCheckBox);
 }
 
 void ExportWidget::sltExportStatistics()

@@ -62,7 +62,7 @@ public Q_SLOTS:
     void sltEnableEventExport();
     void sltEnableCumulativeClusterExport();
     /// There are samples.
-    void sltEnableTidySampleExport();
+    void sltEnableSampleExport();
     /// The same for statistics.
     void sltExportStatistics();
     void sltBrowseStatisticExportFolder();

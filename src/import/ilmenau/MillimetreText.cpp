@@ -168,8 +168,7 @@ private:
         const double leftY = pixelY(fields[LeftY]);
         const double rightX = pixelX(fields[RightX]);
         const double rightY = pixelY(fields[RightY]);
-        m_samples.counts.samples.noNumbers.add(m_fields.noNumbers() - m_noNumbers, m_line + 1);
-        m_noNumbers = m_fields.noNumbers();
+        m_samples.counts.samples.add(m_fields.takeFaults(), m_line + 1);
         const int validity = leftX != -1 && leftY != -1 && rightX != -1 && rightY != -1 ? 1 : 0;
         const auto place = static_cast<double>(m_line);
         const qint64 time = rawTime - m_timeZero;
@@ -206,7 +205,6 @@ private:
     std::array<qsizetype, columnCount> m_places{-1, -1, -1, -1, -1};
     MillimetreSamples m_samples;
     qsizetype m_line = 0; ///< index of the line being read, the header being 0
-    qsizetype m_noNumbers = 0;
     qint64 m_timeZero = 0;
     qint64 m_lastTime = 0;
 };

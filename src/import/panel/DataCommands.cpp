@@ -1,6 +1,6 @@
 #include "import/panel/DataCommands.h"
 
-#include "import/ExaminationImport.h"
+#include "import/bids/BidsRecording.h"
 #include "settings/StoredKeys.h"
 
 #include <QDebug>
@@ -124,8 +124,9 @@ void CommandDataImport::undo()
 void CommandDataImport::redo()
 {
     m_paths = textsOf(m_files);
-    m_numbers = importRecordings(m_paths, m_model, m_log,
-                                 [this](const Examination &examination) { m_window.addTableRow(examination); });
+    m_numbers = importRecordings(
+        m_paths, m_model, m_log, [this](const Examination &examination) { m_window.addTableRow(examination); },
+        readRecordingOrBids);
     if (!m_numbers.isEmpty())
         m_window.refreshPlainBackground();
     m_files.clear();

@@ -1,7 +1,12 @@
 #include "import/panel/DataWidget.h"
 
 #include "commands/CommandStack.h"
+#include "import/bids/BidsFiles.h"
+#include "import/conversion/ImportSession.h"
+#include "import/panel/ImportAssistant.h"
+#include "import/panel/TableImportCommand.h"
 #include "settings/StoredKeys.h"
+#include "settings/UserFolder.h"
 #include "ui_DataWidget.h"
 
 #include <QDir>
@@ -13,26 +18,41 @@ namespace {
 
 QStringList askForRecordings(QWidget *parent, const QString &folder)
 {
-    QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder, QStringLiteral("Data Files (*.data)"));
+    QFileDialog dialog(parent, QObject::tr("Select Data Files"), folder,
+                       QStringLiteral("Data Files (*.data);;BIDS (*_physio.tsv.gz *_physio.json)"));
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    return dialog.exec() == QDialog::Accepted ? withoutRepeatedRuns(dialog.selectedFiles()) : QStringList();
 }
 
-/// Files as they are, and what lies in folders under the extension of recordings, in the order of the names.
-QStringList recordingsAt(const QStringList &paths)
-{
+struct FoundFiles {
     QStringList recordings;
+    QStringList tables;
+};
+
+/// Files, and what lies in folders under the extension of recordings, in the order of the names; in a folder without
+/// recordings the tables.
+FoundFiles filesAt(const QStringList &paths)
+{
+    FoundFiles found;
     for (const QString &path : paths) {
         const QString absolute = QFileInfo(path).absoluteFilePath();
         if (!QFileInfo(absolute).isDir()) {
-            recordings << absolute;
+            const bool isRecording =
+                absolute.endsWith(QLatin1StringView(".data"), Qt::CaseInsensitive) || isBidsSamples(absolute);
+            (isRecording ? found.recordings : found.tables) << absolute;
             continue;
         }
         const QDir folder(absolute);
-        for (const QString &name : folder.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name))
-            recordings << folder.filePath(name);
+        const QStringList names = folder.entryList({QStringLiteral("*.data")}, QDir::Files, QDir::Name);
+        for (const QString &name : names)
+            found.recordings << folder.filePath(name);
+        const QStringList runs = bidsRunsIn(absolute);
+        found.recordings += runs;
+        if (names.isEmpty() && runs.isEmpty())
+            found.tables += tablesIn(absolute);
     }
-    return recordings;
+    found.recordings = withoutRepeatedRuns(found.recordings);
+    return found;
 }
 
 } // namespace
@@ -66,13 +86,32 @@ void DataWidget::sltAdd()
 
 bool DataWidget::importFiles(const QStringList &paths)
 {
-    const QStringList recordings = recordingsAt(paths);
-    if (recordings.isEmpty())
-        return false;
-    const auto chosen = [recordings](const QString &) { return recordings; };
-    CommandStack::instance().push(new CommandDataAdd(*m_ui->listView, chosen, m_log));
-    sltImport();
-    return true;
+    const FoundFiles found = filesAt(paths);
+    if (!found.recordings.isEmpty()) {
+        const auto chosen = [&](const QString &) { return found.recordings; };
+        CommandStack::instance().push(new CommandDataAdd(*m_ui->listView, chosen, m_log));
+        sltImport();
+    }
+    if (!found.tables.isEmpty())
+        importOther(found.tables);
+    return !found.recordings.isEmpty() || !found.tables.isEmpty();
+}
+
+void DataWidget::importOther(const QStringList &paths)
+{
+    auto *assistant = new ImportAssistant(userFolder(QStringLiteral("layouts")), window());
+    assistant->setAttribute(Qt::WA_DeleteOnClose);
+    connect(assistant, &ImportAssistant::imported, this, &DataWidget::takeTables);
+    assistant->open();
+    assistant->add(paths);
+}
+
+void DataWidget::takeTables(const QList<ImportedTable> &tables)
+{
+    if (!m_model || !m_window)
+        return;
+    CommandStack::instance().push(new TableImportCommand(*m_model, *m_window, tables));
+    Q_EMIT sigLoadTimeline();
 }
 
 void DataWidget::sltRemove()

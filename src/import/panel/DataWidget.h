@@ -1,5 +1,6 @@
 #pragma once
 
+#include "import/conversion/TableImport.h"
 #include "import/ilmenau/MillimetreImport.h"
 #include "import/panel/DataCommands.h"
 #include "import/panel/MillimetreQuestions.h"
@@ -30,9 +31,13 @@ public:
     /// Replaces the dialogs of the import in millimetres.
     void setMillimetreQuestions(std::unique_ptr<IMillimetreQuestions> questions) { m_questions = std::move(questions); }
 
-    /// Adds files, and the recordings in folders, to the list and imports the list, as the two buttons do.
-    /// @return false where there is no recording; nothing is changed then.
+    /// Adds recordings, and those in folders, to the list and imports the list, as the two buttons do. What else is
+    /// there, such as tables, goes to the assistant.
+    /// @return false where there is neither; nothing is changed then.
     bool importFiles(const QStringList &paths);
+
+    /// Opens the assistant for tables and logs of other programs, with these files.
+    void importOther(const QStringList &paths);
 
 Q_SIGNALS:
     /// Recordings were imported.
@@ -56,6 +61,7 @@ private:
     bool askForStimulus();
     bool askForImage();
     bool askForCalibration();
+    void takeTables(const QList<ImportedTable> &tables);
     void importMillimetres(const QList<MillimetreRecording> &recordings);
     QStringList selectedFiles() const;
 

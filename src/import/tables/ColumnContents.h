@@ -2,6 +2,8 @@
 
 #include "import/tables/TableShape.h"
 
+#include <QHash>
+
 /// What the rows of a table have in one column.
 struct ColumnContents {
     qsizetype numbers = 0;

@@ -18,6 +18,9 @@ struct ColumnPlan {
         int validity = -1;
     };
 
+    /// Whether there are columns of the left and of the right eye.
+    std::optional<std::array<bool, 2>> given() const { return std::array{eyes[0].x >= 0, eyes[1].x >= 0}; }
+
     qsizetype fieldCount = 0; ///< of a whole line; 0: that of the first line of samples
     QList<qint16> kept;       ///< of each field up to the last needed one: place among the kept ones, or -1
     QList<quint8> uses;       ///< of each kept field

@@ -33,6 +33,7 @@ DelimitedReader::DelimitedReader(TableBytes &bytes, const QString &file, const T
     , m_place(layout.place)
     , m_recordings(file, layout, options)
 {
+    m_isOnlyRecording = layout.split.isEmpty() && !layout.eye.column.isGiven();
     m_hasNames = std::ranges::any_of(columnsOf(layout), [](const TableColumn &column) { return column.number == 0; });
     const NumberFields codes('.', {}, TableTimeUnit::Milliseconds);
     for (const QString &code : layout.valid.codes) {
@@ -62,6 +63,7 @@ std::variant<TableContent, TableProblem> DelimitedReader::read()
 
 DelimitedReader::Then DelimitedReader::readLines(QByteArrayView lines)
 {
+    m_readable = lines.end();
     LineWalk walk(lines);
     while (const auto line = walk.next()) {
         ++m_line;
@@ -113,27 +115,16 @@ DelimitedReader::Then DelimitedReader::setColumns(const QStringList &names)
     return Then::GoOn;
 }
 
-const char *DelimitedReader::readKept(int place, const char *at, const char *end, bool isBlankSeparated)
+/// A field that is no plain number, or is wanted as text.
+const char *DelimitedReader::readOther(qsizetype place, const char *at, const char *end)
 {
     Kept &kept = m_kept[static_cast<std::size_t>(place)];
-    const quint8 uses = m_plan->uses[place];
+    const quint8 uses = m_plan->uses.at(place);
     const char delimiter = m_layout.delimiter;
-    if (uses == ColumnPlan::Number || uses == ColumnPlan::Time) { // nearly every one
-        const PlainNumber number = scanPlainNumber(at, end, m_numbers.decimalSign());
-        if (number.isPlain() && number.isExact() &&
-            (number.end == end || isEndOfField(*number.end, delimiter, isBlankSeparated)) &&
-            !(uses == ColumnPlan::Time && m_layout.timeUnit == TableTimeUnit::Clock))
-        {
-            kept.value = {number.value(uses == ColumnPlan::Time ? m_numbers.timeShift() : 0), FieldState::Number};
-            kept.text = QByteArrayView(at, number.end);
-            return number.end;
-        }
-    }
     const char *first = at;
     if (at != end && *at == '"')
         at = endOfQuotedField(at, end, delimiter);
-    while (at != end && !isEndOfField(*at, delimiter, isBlankSeparated))
-        ++at;
+    at = std::find_if(at, end, [=](char byte) { return isEndOfField(byte, delimiter, delimiter == ' '); });
     kept.text = QByteArrayView(first, at);
     if ((uses & ColumnPlan::Time) != 0)
         kept.value = m_numbers.readTime(kept.text);
@@ -144,10 +135,13 @@ const char *DelimitedReader::readKept(int place, const char *at, const char *end
 
 qsizetype DelimitedReader::fieldsIn(const char *at, const char *end) const
 {
-    const QByteArrayView rest(at, end);
-    if (m_layout.delimiter == ' ' || rest.contains('"'))
-        return splitFields(rest, m_layout.delimiter).size();
-    return 1 + std::count(at, end, m_layout.delimiter);
+    qsizetype delimiters = 0;
+    bool hasQuote = m_layout.delimiter == ' ';
+    for (const char *sign = at; sign != end; ++sign) {
+        delimiters += *sign == m_layout.delimiter ? 1 : 0;
+        hasQuote |= *sign == '"';
+    }
+    return hasQuote ? splitFields(QByteArrayView(at, end), m_layout.delimiter).size() : delimiters + 1;
 }
 
 /// @return the number of fields of the line; those that are kept are read.
@@ -161,10 +155,26 @@ qsizetype DelimitedReader::walkFields(const char *at, const char *const end)
     };
     skipBlanks();
     const qint16 *const kept = m_plan->kept.constData();
+    const quint8 *const uses = m_plan->uses.constData();
+    Kept *const values = m_kept.data();
+    const char decimalSign = m_numbers.decimalSign();
+    const int timeShift = m_numbers.timeShift();
+    const bool isClock = m_layout.timeUnit == TableTimeUnit::Clock;
     const qsizetype wanted = m_plan->kept.size();
     for (qsizetype field = 0; field < wanted; ++field) {
-        if (kept[field] >= 0) {
-            at = readKept(kept[field], at, end, isBlankSeparated);
+        const qint16 place = kept[field];
+        const quint8 use = place < 0 ? quint8(ColumnPlan::Skip) : uses[place];
+        if (use == ColumnPlan::Number || (use == ColumnPlan::Time && !isClock)) { // nearly every one
+            const ShortNumber number =
+                ShortNumber::scan(at, m_readable, decimalSign, use == ColumnPlan::Time ? timeShift : 0);
+            if (number.end && (number.end == end || isEndOfField(*number.end, delimiter, isBlankSeparated))) {
+                values[place].value = {number.value, FieldState::Number};
+                at = number.end;
+            } else {
+                at = readOther(place, at, end);
+            }
+        } else if (place >= 0) {
+            at = readOther(place, at, end);
         } else {
             if (at != end && *at == '"')
                 at = endOfQuotedField(at, end, delimiter);
@@ -241,7 +251,7 @@ DelimitedReader::Then DelimitedReader::readLine(const char *at, const char *cons
         }
     }
     if (count != m_plan->fieldCount)
-        m_oddities.add(TableOddityKind::ColumnsChanged, m_line);
+        m_oddities.add(isRead ? TableOddityKind::FewerColumns : TableOddityKind::ColumnsChanged, m_line);
     if (!isRead)
         return Then::GoOn;
     return hasTime ? addSample() : lineWithoutTime();

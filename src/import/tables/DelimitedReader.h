@@ -27,7 +27,7 @@ private:
 
     template <bool isBlankSeparated>
     qsizetype walkFields(const char *at, const char *end);
-    const char *readKept(int place, const char *at, const char *end, bool isBlankSeparated);
+    const char *readOther(qsizetype place, const char *at, const char *end);
     qsizetype fieldsIn(const char *at, const char *end) const;
     bool isWhole(qsizetype count, QByteArrayView line) const;
     Then checkFirstLine(qsizetype count, QByteArrayView line);
@@ -66,10 +66,12 @@ private:
 
     std::optional<ColumnPlan> m_plan;
     std::vector<Kept> m_kept;
-    bool m_hasNames = false;     ///< any column is given by name
-    bool m_isFirstLine = true;   ///< no line of samples was met so far
-    qsizetype m_line = 0;        ///< number of the current one, from 1
-    qsizetype m_firstHeader = 0; ///< a line that could have been the header
+    const char *m_readable = nullptr; ///< end of the lines in memory
+    bool m_hasNames = false;          ///< any column is given by name
+    bool m_isOnlyRecording = false;   ///< nothing separates recordings
+    bool m_isFirstLine = true;        ///< no line of samples was met so far
+    qsizetype m_line = 0;             ///< number of the current one, from 1
+    qsizetype m_firstHeader = 0;      ///< a line that could have been the header
     QStringList m_firstNames;
     std::optional<TableProblem> m_timeProblem; ///< of the first line without time
     std::optional<TableProblem> m_problem;

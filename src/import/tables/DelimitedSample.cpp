@@ -20,12 +20,13 @@ bool isOneOf(const QStringList &words, const QString &text)
 
 DelimitedReader::Then DelimitedReader::addSample()
 {
-    const auto eyes = eyesOfLine();
+    const auto eyes = m_plan->eye < 0 ? m_plan->given() : eyesOfLine();
     if (!eyes) {
         m_oddities.add(TableOddityKind::UnknownLine, m_line);
         return Then::GoOn;
     }
-    const qsizetype recording = recordingOfLine(*eyes);
+    const bool isSame = m_isOnlyRecording && m_current >= 0; // nearly every line
+    const qsizetype recording = isSame ? m_current : recordingOfLine(*eyes);
     if (recording < 0)
         return fail(
             {.line = m_line,
@@ -47,8 +48,6 @@ DelimitedReader::Then DelimitedReader::addSample()
 /// Which eyes the line has; nothing for a word that is no eye.
 std::optional<std::array<bool, 2>> DelimitedReader::eyesOfLine() const
 {
-    if (m_plan->eye < 0)
-        return std::array{m_plan->eyes[0].x >= 0, m_plan->eyes[1].x >= 0};
     const QString word = m_bytes.decoded(bareField(m_kept[static_cast<std::size_t>(m_plan->eye)].text));
     const bool isLeft = isOneOf(m_layout.eye.left, word);
     if (!isLeft && !isOneOf(m_layout.eye.right, word))
@@ -80,8 +79,9 @@ bool DelimitedReader::readEye(const ColumnPlan::Eye &eye, TableEyeSample &sample
 {
     const FieldValue &x = m_kept[static_cast<std::size_t>(eye.x)].value;
     const FieldValue &y = m_kept[static_cast<std::size_t>(eye.y)].value;
-    if (x.state == FieldState::Text || y.state == FieldState::Text)
-        m_recordings[m_current].oddities.add(TableOddityKind::NotANumber, m_line);
+    const qsizetype texts = (x.state == FieldState::Text ? 1 : 0) + (y.state == FieldState::Text ? 1 : 0);
+    if (texts > 0)
+        m_recordings[m_current].oddities.add(TableOddityKind::NotANumber, m_line, texts);
     sample.pupilWidth = pupilOf(eye.pupil);
     sample.pupilHeight = eye.pupilHeight >= 0 ? pupilOf(eye.pupilHeight) : sample.pupilWidth;
     if (x.state != FieldState::Number || y.state != FieldState::Number)
@@ -131,7 +131,7 @@ qsizetype DelimitedReader::recordingOfLine(std::array<bool, 2> eyes)
 {
     const bool isOnly = m_plan->split.isEmpty() && m_plan->eye < 0;
     if (isOnly)
-        return m_current >= 0 ? m_current : newRecording(eyes);
+        return newRecording(eyes);
     constexpr char separator = '\x1F';
     QByteArray &key = m_newKey;
     key.resize(0);

@@ -120,8 +120,9 @@ EventLogReader::Then EventLogReader::readSample(QByteArrayView line)
         TableEyeSample &eye = isLeft ? sample.left : sample.right;
         const auto placeX = numberOf(x);
         const auto placeY = numberOf(y);
-        if ((!placeX && x != ".") || (!placeY && y != "."))
-            m_oddities.add(TableOddityKind::NotANumber, m_line);
+        const qsizetype texts = (!placeX && x != "." ? 1 : 0) + (!placeY && y != "." ? 1 : 0);
+        if (texts > 0)
+            m_oddities.add(TableOddityKind::NotANumber, m_line, texts);
         eye.pupilWidth = eye.pupilHeight = numberOf(pupil).value_or(0);
         if (!placeX || !placeY)
             continue;

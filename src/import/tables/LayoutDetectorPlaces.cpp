@@ -3,6 +3,7 @@
 #include "import/tables/LayoutDetector.h"
 #include "import/tables/LayoutWords.h"
 
+#include <QMap>
 #include <QSet>
 
 #include <algorithm>

@@ -11,6 +11,9 @@ struct LayoutWord {
     QLatin1StringView word;
 };
 
+template <class Choice>
+LayoutWord(Choice, QLatin1StringView) -> LayoutWord<Choice>;
+
 namespace layout_words {
 using namespace Qt::Literals::StringLiterals;
 

@@ -35,8 +35,9 @@ constexpr SentenceRow sentences[] = {
     {TableOddityKind::RecordingPause, "the recording was stopped and started again %1 times, first in line %2."_L1},
     {TableOddityKind::OutsideScreen, "%1 samples lie outside the screen; the first is line %2."_L1},
     {TableOddityKind::ColumnsChanged,
-     "%1 lines have another number of columns, or other columns, than the first ones; the first is line %2. Those "
-     "with more columns, or too few, are left out."_L1},
+     "%1 lines are another header, or have too few or too many columns and are left out; the first is line %2."_L1},
+    {TableOddityKind::FewerColumns,
+     "%1 lines end before the last column, but have all that is needed and are read; the first is line %2."_L1},
     {TableOddityKind::UnknownLine, "%1 lines are of no known kind and are passed over; the first is line %2."_L1},
 };
 
@@ -84,7 +85,8 @@ void RecordingBuilder::reserve(qsizetype samples)
                      recording.samples.capacity() * static_cast<qsizetype>(sizeof(TableSample)));
 }
 
-void RecordingBuilder::add(const TableSample &sample, qsizetype line)
+/// The first samples, from which the rate is measured, and those with odd times.
+void RecordingBuilder::addUnusual(const TableSample &sample, qsizetype line)
 {
     TableFacts &facts = recording.facts;
     if (facts.samples == 0) {
@@ -94,10 +96,7 @@ void RecordingBuilder::add(const TableSample &sample, qsizetype line)
         countStep(sample.timeMs - facts.lastTimeMs, line);
     }
     m_isAfterPause = false;
-    facts.lastTimeMs = sample.timeMs;
-    ++facts.samples;
-    countEyes(sample, line);
-    recording.samples.append(sample);
+    m_isMeasured = m_stepCount >= measuredSteps && m_steps.size() >= measuredSteps;
 }
 
 void RecordingBuilder::countStep(double stepMs, qsizetype line)
@@ -119,27 +118,6 @@ void RecordingBuilder::countStep(double stepMs, qsizetype line)
         oddities.add(TableOddityKind::RepeatedTime, line);
     else if (m_steps.size() < measuredSteps)
         m_steps.append(stepMs);
-}
-
-void RecordingBuilder::countEyes(const TableSample &sample, qsizetype line)
-{
-    TableFacts &facts = recording.facts;
-    if (sample.leftValid)
-        ++facts.leftValid;
-    else
-        m_leftLost.add(1, line);
-    if (sample.rightValid)
-        ++facts.rightValid;
-    else
-        m_rightLost.add(1, line);
-    if (m_widthPx > 0 &&
-        ((sample.leftValid && isOutside(sample.left)) || (sample.rightValid && isOutside(sample.right))))
-        oddities.add(TableOddityKind::OutsideScreen, line);
-}
-
-bool RecordingBuilder::isOutside(const TableEyeSample &eye) const
-{
-    return eye.x < 0 || eye.y < 0 || eye.x > m_widthPx || eye.y > m_heightPx;
 }
 
 /// Steps of 0 count, so that a clock in whole ms does not hide half of the samples of a faster tracker.

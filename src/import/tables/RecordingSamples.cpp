@@ -11,19 +11,42 @@ namespace {
 /// Times in other units that are whole ms are not exactly so as doubles.
 constexpr double wholeMs = 1e-6;
 
-QByteArray number(double value)
-{
-    constexpr std::size_t longest = 32;
-    std::array<char, longest> text{};
-    const auto result = std::to_chars(text.data(), text.data() + text.size(), value);
-    return {text.data(), result.ptr - text.data()};
-}
+/// A line of a .data file on its way: eleven numbers in one buffer.
+class LineText {
+public:
+    void add(qint64 value) { m_end = std::to_chars(m_end, m_text.data() + m_text.size(), value).ptr; }
 
-QByteArray eyeFields(const TableEyeSample &eye, int validity)
-{
-    return '\t' + number(eye.x) + '\t' + number(eye.y) + '\t' + number(eye.pupilWidth) + '\t' +
-           number(eye.pupilHeight) + '\t' + QByteArray::number(validity);
-}
+    /// The shortest form that is read back as the same number; without exponent as far as that is short.
+    void add(double value)
+    {
+        constexpr double smallest = 1e-5;
+        constexpr double largest = 1e15;
+        const double size = std::abs(value);
+        const bool isFixed = size == 0 || (size >= smallest && size < largest);
+        m_end = std::to_chars(m_end, m_text.data() + m_text.size(), value,
+                              isFixed ? std::chars_format::fixed : std::chars_format::general)
+                    .ptr;
+    }
+
+    void add(char sign) { *m_end++ = sign; }
+
+    void add(const TableEyeSample &eye, int validity)
+    {
+        for (const double value : {eye.x, eye.y, eye.pupilWidth, eye.pupilHeight}) {
+            add('\t');
+            add(value);
+        }
+        add('\t');
+        add(static_cast<qint64>(validity));
+    }
+
+    QByteArrayView text() const { return {m_text.data(), m_end}; }
+
+private:
+    static constexpr std::size_t longest = 512; ///< eight numbers of up to 25 signs, three short ones
+    std::array<char, longest> m_text;
+    char *m_end = m_text.data();
+};
 
 GazePoint gazePoint(qint64 time, const TableEyeSample &eye, int validity)
 {
@@ -72,10 +95,21 @@ QList<TableOddity> DataSampleMaker::oddities() const
     return oddities;
 }
 
+void appendDataLine(const DataSample &sample, QByteArray &text)
+{
+    LineText line;
+    line.add(sample.timeMs);
+    line.add(sample.left, sample.leftValidity);
+    line.add(sample.right, sample.rightValidity);
+    line.add('\n');
+    text += line.text();
+}
+
 QByteArray dataLine(const DataSample &sample)
 {
-    return QByteArray::number(sample.timeMs) + eyeFields(sample.left, sample.leftValidity) +
-           eyeFields(sample.right, sample.rightValidity);
+    QByteArray text;
+    appendDataLine(sample, text);
+    return text.chopped(1);
 }
 
 QByteArray dataHeader()

@@ -39,6 +39,9 @@ private:
 /// form that is read back as the same number.
 QByteArray dataLine(const DataSample &sample);
 
+/// The same with its end, behind what the text has.
+void appendDataLine(const DataSample &sample, QByteArray &text);
+
 /// The first lines of a .data file, with their ends.
 QByteArray dataHeader();
 

@@ -130,14 +130,15 @@ NumberFields::NumberFields(char decimalSign, const QStringList &missing, TableTi
         const double value = code.toDouble(&isNumber);
         if (isNumber && std::isfinite(value))
             m_missingNumbers << value;
-        m_missingTexts << bytes;
+        else
+            m_missingTexts << bytes;
     }
 }
 
 bool NumberFields::isMissingText(QByteArrayView field) const
 {
     return field.isEmpty() || std::ranges::any_of(m_missingTexts, [&](const QByteArray &code) {
-               return field.compare(code, Qt::CaseInsensitive) == 0;
+               return field.size() == code.size() && field.compare(code, Qt::CaseInsensitive) == 0;
            });
 }
 
@@ -147,11 +148,13 @@ FieldValue NumberFields::read(QByteArrayView field, int shift) const
     const PlainNumber number = scanPlainNumber(field.begin(), field.end(), m_decimalSign);
     if (number.isPlain() && number.end == field.end() && number.isExact())
         return {number.value(shift), FieldState::Number};
+    if (isMissingText(field))
+        return {0, FieldState::Missing};
     if (const auto value = anyNumber(field, m_decimalSign)) {
-        constexpr double base = 10;
-        return {shift == 0 ? *value : *value / std::pow(base, shift), FieldState::Number};
+        const double power = PlainNumber::powersOfTen[static_cast<std::size_t>(std::abs(shift))];
+        return {shift < 0 ? *value * power : *value / power, FieldState::Number};
     }
-    return {0, isMissingText(field) ? FieldState::Missing : FieldState::Text};
+    return {0, FieldState::Text};
 }
 
 FieldValue NumberFields::readTime(QByteArrayView field) const

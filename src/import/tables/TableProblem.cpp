@@ -25,6 +25,7 @@ constexpr OddityRow oddities[] = {
     {TableOddityKind::EyeNeverValid, "eyeNeverValid"_L1},
     {TableOddityKind::EyeLost, "eyeLost"_L1},
     {TableOddityKind::ColumnsChanged, "columnsChanged"_L1},
+    {TableOddityKind::FewerColumns, "fewerColumns"_L1},
     {TableOddityKind::UnknownLine, "unknownLine"_L1},
     {TableOddityKind::RoundedTime, "roundedTime"_L1},
     {TableOddityKind::BeforeZeroTime, "beforeZeroTime"_L1},

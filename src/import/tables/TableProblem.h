@@ -33,6 +33,7 @@ enum class TableOddityKind {
     EyeNeverValid,   ///< the eye has columns, but not one valid sample
     EyeLost,         ///< samples without this eye
     ColumnsChanged,  ///< a line has another number of fields than the lines before; left out if a needed one is missing
+    FewerColumns,    ///< a line ends before the last column, behind all that is needed, and is read
     UnknownLine,     ///< a line of a log that is none of the known ones, and is passed over
     RoundedTime,     ///< the time is no whole number of ms and is rounded in a .data file
     BeforeZeroTime,  ///< before the zero of the clock: a .data file cannot hold it

@@ -1,0 +1,181 @@
+#include "export/bids/BidsExport.h"
+
+#include "base/FileReplacement.h"
+#include "base/Messages.h"
+#include "base/Progress.h"
+#include "base/SideBySide.h"
+#include "export/bids/BidsSidecars.h"
+#include "export/bids/BidsTables.h"
+#include "export/bids/Gzip.h"
+#include "export/TextTable.h"
+
+#include <QDir>
+#include <QImageReader>
+
+#include <vector>
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr double msPerSecond = 1000;
+
+/// A file of the data set; its name is relative to the folder of that.
+struct BidsFile {
+    QString name;
+    QByteArray bytes;
+};
+using BidsFiles = QList<BidsFile>;
+
+QList<Eye> eyesOfDataset(EyeMode mode)
+{
+    return mode == EyeMode::showAll ? QList<Eye>{Eye::Left, Eye::Right, Eye::Mean} : eyesOf(mode);
+}
+
+/// Number and word of an eye; which of both the dominant one is, the examination knows.
+struct RecordedEye {
+    RecordedEye(Eye eye, const Examination &examination)
+    {
+        const bool isLeft = eye == Eye::Left || (eye == Eye::Dominant && examination.isLeftDominant());
+        number = eye == Eye::Mean ? 3 : (isLeft ? 1 : 2);
+        word = eye == Eye::Mean ? u"cyclopean"_s : (isLeft ? u"left"_s : u"right"_s);
+        missing = eye == Eye::Mean ? -1 : 0;
+    }
+
+    int number;
+    QString word;
+    double missing; ///< what a sample without gaze holds as a rule
+};
+
+/// The first and last sample of the frame; nothing if there is none.
+std::optional<TimeFrame> sampledTime(const QList<GazePoint> &samples, TimeFrame frame)
+{
+    std::optional<TimeFrame> sampled;
+    for (const GazePoint &sample : samples) {
+        if (!frame.contains(sample.time))
+            continue;
+        sampled = sampled ? TimeFrame{std::min(sampled->startMs, sample.time), std::max(sampled->endMs, sample.time)}
+                          : TimeFrame{sample.time, sample.time};
+    }
+    return sampled;
+}
+
+QSize pictureSize(const Examination &examination)
+{
+    return examination.image ? QImageReader(examination.image->path).size() : QSize();
+}
+
+BidsFiles streamFiles(const Examination &examination, const BidsName &name, Eye eye, TimeFrame frame)
+{
+    const RecordedEye recorded(eye, examination);
+    const EyeData &stream = examination.stream(eye);
+    const QString stem = u"%1%2_recording-eye%3_"_s.arg(name.folder(), name.stem(), QString::number(recorded.number));
+    const BidsTable samples = bidsSamples(stream.gazePoints, frame, recorded.missing);
+    const BidsTable events = bidsEvents(stream, frame);
+    const TimeFrame sampled = sampledTime(stream.gazePoints, frame).value_or(TimeFrame{});
+    const BidsStream description{recorded.word, samples.columns, measuredRateHz(stream.gazePoints, frame),
+                                 sampled.startMs};
+    return {{stem + "physio.tsv.gz"_L1, gzipped(samples.rows)},
+            {stem + "physio.json"_L1, sidecarBytes(samplesSidecar(examination, name, description))},
+            {stem + "physioevents.tsv.gz"_L1, gzipped(events.rows)},
+            {stem + "physioevents.json"_L1, sidecarBytes(eventsSidecar(events.columns))}};
+}
+
+BidsFiles recordingFiles(const Examination &examination, const BidsName &name, const ExportTarget &target,
+                         TimeFrame frame, const std::optional<ViewingGeometry> &geometry)
+{
+    BidsFiles files;
+    for (const Eye eye : eyesOfDataset(target.eyes))
+        files += streamFiles(examination, name, eye, frame);
+    const TimeFrame shown = sampledTime(examination.meanEye.gazePoints, frame).value_or(TimeFrame{});
+    const QString picture = examination.imageName.simplified();
+    const QString row =
+        u"%1\t%2\tpicture\t%3\n"_s.arg(QString::number(static_cast<double>(shown.startMs) / msPerSecond),
+                                       QString::number(static_cast<double>(shown.endMs - shown.startMs) / msPerSecond),
+                                       picture.isEmpty() ? u"n/a"_s : picture);
+    const QString stem = name.folder() + name.stem() + "_events"_L1;
+    files << BidsFile{stem + ".tsv"_L1, "onset\tduration\ttrial_type\tpicture\n" + row.toUtf8()}
+          << BidsFile{stem + ".json"_L1, sidecarBytes(stimulusSidecar(pictureSize(examination), geometry))};
+    return files;
+}
+
+QByteArray readme(bool knowsGeometry)
+{
+    QByteArray text =
+        "# Gaze recordings\n\n"
+        "Samples of gaze and the events in them, written by Vistrum. Each recording is one person before\n"
+        "one picture: eye1 is the left eye, eye2 the right one, eye3 the mean of both.\n";
+    if (!knowsGeometry)
+        text += "\nSize and distance of the screen were not known to the program: ScreenSize and ScreenDistance\n"
+                "are \"n/a\" and can be filled in by hand.\n";
+    return text;
+}
+
+BidsFiles datasetFiles(const QList<const Examination *> &examinations, const QList<BidsName> &names,
+                       const DataModel &model, const ExportTarget &target, const BidsForm &form)
+{
+    const BidsParticipants participants = participantsOf(examinations, names);
+    return {
+        {u"dataset_description.json"_s, sidecarBytes(datasetDescription(examinations, model.timeFrame(), target.eyes))},
+        {u"README.md"_s, readme(form.geometry.has_value())},
+        {u"participants.tsv"_s, participants.table},
+        {u"participants.json"_s, sidecarBytes(participants.sidecar)}};
+}
+
+void write(const BidsFiles &files, const QString &folder, ExportResult &result)
+{
+    for (const BidsFile &each : files) {
+        const QString path = folder + u'/' + each.name;
+        if (!QDir().mkpath(path.section(u'/', 0, -2))) {
+            result.refuse(path, u"its folder cannot be made"_s);
+            continue;
+        }
+        FileReplacement file(path, Links::Replaced);
+        file.write(each.bytes);
+        takeTable(file, result);
+    }
+}
+
+/// Subjects of an older data set in the same folder would be in it without being in its table of participants.
+QStringList strangers(const QString &folder, const QList<BidsName> &names)
+{
+    QStringList found = QDir(folder).entryList({u"sub-*"_s}, QDir::Dirs, QDir::Name);
+    for (const BidsName &name : names)
+        found.removeAll(u"sub-"_s + name.subject);
+    return found;
+}
+
+void tellRemarks(QStringList remarks, const QStringList &strangers)
+{
+    if (!strangers.isEmpty())
+        remarks << u"The folder has subjects of an older data set: %1. Choose a new folder or prefix."_s.arg(
+            strangers.join(u", "_s));
+    if (!remarks.isEmpty())
+        messages::warning(u"BIDS Export"_s, remarks.join(u'\n'));
+}
+
+} // namespace
+
+ExportResult exportBids(const DataModel &model, const ExportTarget &target, const BidsForm &form)
+{
+    const QString folder = pathStem(target) + "_bids"_L1;
+    const QList<const Examination *> examinations = model.checkedExaminations();
+    const BidsNames named = bidsNames(examinations);
+    tellRemarks(named.remarks, strangers(folder, named.names));
+    ExportResult result;
+    Progress progress(u"Exporting BIDS. Please wait."_s, static_cast<int>(examinations.size()) + 1);
+    write(datasetFiles(examinations, named.names, model, target, form), folder, result);
+    std::vector<BidsFiles> files(static_cast<std::size_t>(examinations.size()));
+    sideBySide(
+        examinations.size(), form.threads,
+        [&](qsizetype i) {
+            files[static_cast<std::size_t>(i)] =
+                recordingFiles(*examinations[i], named.names[i], target, model.timeFrame(), form.geometry);
+        },
+        [&](qsizetype i) {
+            write(std::exchange(files[static_cast<std::size_t>(i)], {}), folder, result);
+            progress.advance();
+        });
+    tellExported(u"BIDS Export"_s, u"BIDS data set exported to: "_s + folder, result);
+    return result;
+}

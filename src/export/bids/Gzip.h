@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QByteArray>
+
+/// The bytes packed as one gzip member without name and time: the same bytes always give the same file.
+/// Source: RFC 1952.
+QByteArray gzipped(const QByteArray &bytes);

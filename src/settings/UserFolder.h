@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/// A folder for files of the user that are no parameters, such as layouts; beside the store. It need not exist.
+QString userFolder(const QString &name);

@@ -1,0 +1,81 @@
+"""The Snakefile of examples/cluster gives what one run over all recordings gives, also after it was killed.
+
+    test_cluster_example.py VISTRUM_BATCH SOURCE_DIR
+"""
+
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+BATCH, SOURCE = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+SNAKEFILE = SOURCE / "examples" / "cluster" / "Snakefile"
+TABLES = ("tidy_fixations", "tidy_saccades", "tidy_losses", "tidy_clusters", "tidy_aois", "quality")
+LONGEST = 300  # seconds
+
+
+class Cluster(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.place = pathlib.Path(folder.name)
+        self.recordings = self.place / "study"
+        shutil.copytree(SOURCE / "examples" / "study", self.recordings)
+        self.out = self.place / "out"
+
+    def command(self):
+        return ["snakemake", "--snakefile", SNAKEFILE, "--cores", "2", "--directory", self.place, "--rerun-incomplete",
+                "--nolock", "--config", f"recordings={self.recordings}", f"out={self.out}", f"batch={BATCH}"]
+
+    def environment(self):
+        return os.environ | {"HOME": str(self.place), "XDG_CACHE_HOME": str(self.place / "cache")}
+
+    def run_all(self):
+        outcome = subprocess.run(self.command(), capture_output=True, text=True, timeout=LONGEST, env=self.environment())
+        self.assertEqual(outcome.returncode, 0, outcome.stderr[-3000:])
+
+    def check_tables(self, *left_out):
+        whole = self.place / "whole"
+        names = sorted(str(path) for path in self.recordings.glob("*.data") if path.name not in left_out)
+        subprocess.run([BATCH, "--quiet", "--calculate", "fixations", "--export", "tidy,quality", "--out", whole, *names],
+                       check=True, stdout=subprocess.DEVNULL)
+        for table in TABLES:
+            expected = (whole / f"vistrum_{table}.csv").read_bytes()
+            self.assertEqual((self.out / f"vistrum_{table}.csv").read_bytes(), expected, table)
+        self.assertGreater((whole / "vistrum_tidy_fixations.csv").read_text().count("\n"), 100)
+
+    def finished(self):
+        return sorted(self.out.glob("recordings/*/report.json"))
+
+    def test_killed_and_resumed(self):
+        process = subprocess.Popen(self.command(), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   start_new_session=True, env=self.environment())
+        end = time.monotonic() + LONGEST
+        while not self.finished() and process.poll() is None and time.monotonic() < end:
+            time.sleep(0.01)
+        os.killpg(process.pid, signal.SIGKILL)  # a session of its own: nobody else is in it
+        process.wait()
+        self.run_all()
+        self.check_tables()
+        self.assertEqual((self.out / "left_out.txt").read_text(), "")
+
+    def test_one_bad_recording_does_not_stop_the_others(self):
+        (self.recordings / "S03.data").write_text("no samples\n")
+        self.run_all()
+        self.check_tables("S03.data")
+        self.assertEqual((self.out / "left_out.txt").read_text(), f"{self.recordings}/S03.data\n")
+        before = {path: path.stat().st_mtime_ns for path in self.finished()}
+        shutil.copy(SOURCE / "examples" / "study" / "S03.data", self.recordings / "S03.data")  # mended
+        self.run_all()
+        self.check_tables()
+        changed = [path.parent.name for path in self.finished() if path.stat().st_mtime_ns != before[path]]
+        self.assertEqual(changed, ["S03.data"])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
