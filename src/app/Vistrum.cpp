@@ -71,6 +71,7 @@ Vistrum::Vistrum(QWidget *parent)
     connectAreas();
     connectExports();
     connectCorrection();
+    makeSession();
 }
 
 Vistrum::~Vistrum()
@@ -224,7 +225,7 @@ void Vistrum::followPicture(const QString &path)
 void Vistrum::cutOrRestoreOutliers()
 {
     if (m_ui->remove_outlier->isChecked())
-        cutOutliers(m_model, m_backgroundPixmap.size());
+        cutOutliers(m_model, m_cutPicture = m_backgroundPixmap.size());
     else
         restoreOutliers(m_model);
     for (const Examination &examination : std::as_const(m_model).examinations())

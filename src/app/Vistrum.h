@@ -18,6 +18,7 @@
 class ExaminationTableControl;
 class NoticeLine;
 class Recorders;
+class SessionRecord;
 class add_heatmap_aoi;
 class Timeline;
 class QGraphicsPixmapItem;
@@ -49,6 +50,9 @@ public:
     /// Puts the window where it was left, as large as it was.
     /// @return false at the first start.
     bool restorePlace();
+
+    /// Saves what was done and not undone; tells where, and what a replay leaves out.
+    void saveRecipe(const QString &path);
 
     void addTableRow(const Examination &examination) override;
     void removeTableRows(const QList<int> &numbers) override;
@@ -121,6 +125,8 @@ public Q_SLOTS:
     /// Opens a recorder in a window of its own.
     void sltEyeTribeRecorder();
 
+    /// Asks for a file and saves the steps of this work for the batch program.
+    void sltSaveRecipe();
     /// What was done, as a text for a paper.
     void sltShowMethods();
 
@@ -148,6 +154,9 @@ private:
     void exportChart(const QString &kind, const QString &path);
     ReportRecords reportRecords() const;
     MethodsRun methodsRun() const;
+    void makeSession();
+    void noteTransitions(const QString &stem);
+    void noteTable(const QString &word, const QString &stem);
     ChordData diagram() const;
     void followAreas();
     void showDiagram();
@@ -168,6 +177,8 @@ private:
     QGraphicSceneOverlay m_scene;
     ExaminationTableControl *m_table = nullptr;  ///< a child
     NoticeLine *m_notice = nullptr;              ///< a child
+    SessionRecord *m_session = nullptr;          ///< a child
+    QSizeF m_cutPicture;                         ///< whose edges the samples were cut at
     QString m_missedPicture;                     ///< told to be unreadable
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     PictureReader m_pictures;

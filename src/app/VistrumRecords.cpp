@@ -1,8 +1,11 @@
-// The record of what was done: as a methods section.
+// The record of what was done: as a methods section, and as a recipe.
 
 #include "app/Vistrum.h"
 #include "ui_Vistrum.h"
 
+#include "app/SessionRecord.h"
+#include "base/FileReplacement.h"
+#include "base/Messages.h"
 #include "base/Release.h"
 #include "clustering/panel/ClusterCalculationCommands.h"
 #include "clustering/panel/SaccadeClusterControl.h"
@@ -10,8 +13,90 @@
 #include "detection/panel/FixationCommands.h"
 #include "detection/PixelSize.h"
 #include "export/panel/ExportCommands.h"
+#include "export/panel/ExportWidget.h"
 #include "report/panel/MethodsWindow.h"
+#include "settings/FirstStart.h"
+#include "settings/SettingsFile.h"
 #include "settings/StoredKeys.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QSet>
+
+namespace {
+
+/// Keys whose values are texts are places on this machine and the like, no parameters.
+QSet<QString> foreignKeys()
+{
+    QSet<QString> foreign;
+    const auto add = [&]<class T>(const StoredKey<T> &stored) {
+        if constexpr (std::is_same_v<T, QString>)
+            foreign.insert(stored.key);
+    };
+    std::apply([&](const auto &...stored) { (add(stored), ...); }, keys::all);
+    return foreign;
+}
+
+/// The parameters as the program is delivered.
+QMap<QString, QString> deliveredParameters()
+{
+    const QString path = findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath());
+    const QSet<QString> foreign = foreignKeys();
+    QMap<QString, QString> parameters;
+    for (const SettingsLine &line : readSettingsFile(path).value_or(QList<SettingsLine>())) {
+        if (!foreign.contains(line.key))
+            parameters.insert(line.key, line.value);
+    }
+    return parameters;
+}
+
+/// The values of the same keys as they are now. Some check boxes keep their state as a number, which reads as a flag,
+/// too.
+QMap<QString, QString> currentParameters(const QMap<QString, QString> &delivered)
+{
+    const QStringList flags{QStringLiteral("false"), QStringLiteral("true")};
+    const SettingsStore store;
+    QMap<QString, QString> parameters;
+    for (auto entry = delivered.cbegin(); entry != delivered.cend(); ++entry) {
+        const QVariant value = store.value(entry.key());
+        parameters.insert(entry.key(),
+                          flags.contains(entry.value()) ? flags[value.toBool() ? 1 : 0] : value.toString());
+    }
+    return parameters;
+}
+
+/// The tables of a choice, by their words in the batch program.
+recipe::Transitions transitionsOf(const TransitionChoice &choice)
+{
+    constexpr QLatin1StringView flavours[] = {QLatin1StringView("own"), QLatin1StringView("pooled"),
+                                              QLatin1StringView("own-and-pooled")};
+    const std::pair<bool, QLatin1StringView> contents[] = {{choice.absolute, QLatin1StringView("absolute")},
+                                                           {choice.relative, QLatin1StringView("relative")},
+                                                           {choice.measures, QLatin1StringView("statistics")}};
+    recipe::Transitions transitions;
+    for (const auto &[isChosen, word] : contents) {
+        if (isChosen)
+            transitions.values << word;
+    }
+    if (!transitions.values.isEmpty()) {
+        for (const TransitionFlavour flavour : choice.flavours)
+            transitions.of << flavours[static_cast<size_t>(flavour)];
+    }
+    if (choice.areas)
+        transitions.of << QStringLiteral("aoi");
+    return transitions;
+}
+
+recipe::Export tableAt(const QString &word, const QString &stem)
+{
+    return {.table = word,
+            .eyes = eyeMode(),
+            .prefix = stem.section(u'/', -1),
+            .folder = stem.section(u'/', 0, -2),
+            .transitions = {}};
+}
+
+} // namespace
 
 /// By the commands that were not undone, the last of each kind.
 MethodsRun Vistrum::methodsRun() const
@@ -46,4 +131,52 @@ void Vistrum::sltShowMethods()
     auto *window = new MethodsWindow(methodsRecord(m_model, run, quality), this); // deletes itself
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->show();
+}
+
+void Vistrum::makeSession()
+{
+    const QMap<QString, QString> delivered = deliveredParameters();
+    const auto context = [this, delivered] {
+        return recipe::contextOf(m_model, m_cutPicture.toSize(), currentParameters(delivered));
+    };
+    m_session = new SessionRecord(CommandStack::instance(), context, this);
+}
+
+void Vistrum::noteTable(const QString &word, const QString &stem)
+{
+    m_session->note(tableAt(word, stem));
+}
+
+void Vistrum::noteTransitions(const QString &stem)
+{
+    recipe::Export table = tableAt(QStringLiteral("transitions"), stem);
+    table.transitions = transitionsOf(m_ui->control->exportWidget().transitionChoice());
+    if (!table.transitions->of.isEmpty())
+        m_session->note(table);
+}
+
+void Vistrum::sltSaveRecipe()
+{
+    const QString path = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Save recipe"), QStringLiteral("vistrum.recipe.json"), QStringLiteral("Recipe (*.json)"));
+    if (!path.isEmpty())
+        saveRecipe(path);
+}
+
+void Vistrum::saveRecipe(const QString &path)
+{
+    const QString title = QStringLiteral("Recipe");
+    const recipe::Recipe recipe = m_session->recipe(releaseText(), deliveredParameters(), m_model);
+    if (const std::optional<QString> problem = replaceFile(path, recipe::toBytes(recipe))) {
+        messages::warning(title, writeFailure(path, *problem));
+        return;
+    }
+    QString text =
+        QStringLiteral("%1 steps saved to: %2\n\nvistrum-batch --recipe FILE does them again. Pictures, charts, "
+                       "videos and diagrams, and what the pages of saccade clusters, comparison and correction "
+                       "do, are no steps of a recipe.")
+            .arg(QString::number(recipe.steps.size()), path);
+    if (!recipe.notReplayed.isEmpty())
+        text += QStringLiteral("\n\nNot replayed either:\n") + recipe.notReplayed.join(u'\n');
+    messages::information(title, text);
 }

@@ -55,6 +55,7 @@ void Vistrum::makeMenus()
             [this] { m_ui->control->dataWidget().importOther({}); });
     connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
     connect(m_ui->action_Methods, &QAction::triggered, this, &Vistrum::sltShowMethods);
+    connect(m_ui->action_SaveRecipe, &QAction::triggered, this, &Vistrum::sltSaveRecipe);
     connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
     connect(m_ui->action_Help, &QAction::triggered, this, [this] {
         showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));

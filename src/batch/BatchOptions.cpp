@@ -13,9 +13,29 @@ std::optional<UsageError> takeRecording(const QString &argument, BatchOptions &o
     return {};
 }
 
+/// A recipe has its own steps: what else would decide them is no part of its run.
+std::optional<UsageError> besideRecipe(const BatchOptions &options)
+{
+    const QStringList beside{u"recipe"_qs, u"out"_qs, u"report"_qs, u"methods"_qs, u"jobs"_qs, u"quiet"_qs};
+    const BatchOptions defaults;
+    if (options.recipeFile.isEmpty())
+        return {};
+    for (const OptionGroup &group : optionGroups()) {
+        for (const OptionRow &row : group.rows) {
+            if (beside.contains(row.name) || !row.value || row.value->show(options) == row.value->show(defaults))
+                continue;
+            return UsageError{u"--%1: a recipe has its own steps; with --recipe there are only --%2"_qs.arg(
+                row.name, beside.mid(1).join(u", --"_qs))};
+        }
+    }
+    return {};
+}
+
 std::optional<UsageError> complaintAbout(const BatchOptions &options)
 {
-    if (options.recordings.isEmpty())
+    if (const auto complaint = besideRecipe(options))
+        return complaint;
+    if (options.recordings.isEmpty() && options.recipeFile.isEmpty())
         return UsageError{QStringLiteral("no recording given")};
     if (options.velocityUnit && options.detector != BatchOptions::Detector::Velocity)
         return UsageError{QStringLiteral("--velocity-unit: only with --detector velocity")};

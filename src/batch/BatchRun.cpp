@@ -6,6 +6,7 @@
 #include "batch/AoiInput.h"
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
+#include "batch/RecipeRun.h"
 #include "batch/RecordingInput.h"
 #include "batch/RunAois.h"
 #include "batch/RunCharts.h"
@@ -18,6 +19,7 @@
 #include "clustering/ClusterOrder.h"
 #include "detection/FixationSettingsModel.h"
 #include "import/ExaminationImport.h"
+#include "model/OutlierCut.h"
 #include "report/MethodsText.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
@@ -85,6 +87,8 @@ ExitCode BatchRun::run()
     if (!problem)
         problem = chooseLayout();
     if (!problem)
+        problem = readRecipe();
+    if (!problem)
         problem = makeOutputFolder();
     if (problem) {
         messages::critical(QStringLiteral("vistrum-batch"), problem->text);
@@ -92,27 +96,61 @@ ExitCode BatchRun::run()
     }
     for (const QString &line : optionsWithoutEffect(m_options))
         messages::warning(QStringLiteral("Options"), line);
-    importRecordings();
-    loadAois();
-    setTimeFrame();
     QMap<QString, QString> density;
-    if (!m_state.model.examinations().isEmpty()) {
-        calculate(findingCalculations());
-        orderClusters(m_state.model, m_state.model.timeFrame()); // as each redraw of the window does
-        generateAois(m_state);
-        calculate(statisticsCalculations());
-        exportTables();
-        exportAois(m_state);
-        exportCharts(m_state);
-        exportDiagram(m_state);
-        exportImages(m_state);
-        exportAoiImages(m_state);
-        exportVideo(m_state);
-        density = exportDensity(m_state);
-        exportSaliency(m_state);
-    }
+    if (m_recipe)
+        runRecipe();
+    else
+        density = doOptions();
     writeRecords(density);
     return m_journal.failed() ? ExitCode::SomethingFailed : ExitCode::AllDone;
+}
+
+/// The steps in the order of the help.
+/// @return what an exported density is, for the report.
+QMap<QString, QString> BatchRun::doOptions()
+{
+    importRecordings(m_options.recordings);
+    loadAois();
+    setTimeFrame();
+    if (m_state.model.examinations().isEmpty())
+        return {};
+    calculate(findingCalculations());
+    orderClusters(m_state.model, m_state.model.timeFrame()); // as each redraw of the window does
+    generateAois(m_state);
+    calculate(statisticsCalculations());
+    exportTables();
+    exportAois(m_state);
+    exportCharts(m_state);
+    exportDiagram(m_state);
+    exportImages(m_state);
+    exportAoiImages(m_state);
+    exportVideo(m_state);
+    const QMap<QString, QString> density = exportDensity(m_state);
+    exportSaliency(m_state);
+    return density;
+}
+
+void BatchRun::runRecipe()
+{
+    RecipeRun(*m_recipe, m_state, m_options, [this](const QStringList &recordings) {
+        importRecordings(recordings);
+    }).run();
+}
+
+/// A recipe that cannot be done is refused as a whole.
+std::optional<UsageError> BatchRun::readRecipe()
+{
+    auto read = recipeOf(m_options);
+    if (const auto *problem = std::get_if<UsageError>(&read))
+        return *problem;
+    if (!std::holds_alternative<recipe::Recipe>(read))
+        return std::nullopt;
+    m_recipe = std::get<recipe::Recipe>(read);
+    m_journal.addInput(m_options.recipeFile, QStringLiteral("recipe"));
+    const RecipeRun run(*m_recipe, m_state, m_options, {});
+    if (const auto problem = run.complaint())
+        return UsageError{QStringLiteral("--recipe %1: %2").arg(m_options.recipeFile, *problem)};
+    return run.applySettings();
 }
 
 /// What can be seen to be missing is told before anything is started.
@@ -169,9 +207,9 @@ std::optional<UsageError> BatchRun::chooseSettings()
     return std::nullopt;
 }
 
-void BatchRun::importRecordings()
+void BatchRun::importRecordings(const QStringList &recordings)
 {
-    const QList<RecordingInput> inputs = recordingInputs(m_options, m_journal);
+    const QList<RecordingInput> inputs = recordingInputs(recordings, m_options, m_journal);
     Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(inputs.size()));
     QStringList missingImages;
     std::vector<ReadInput> read(static_cast<std::size_t>(inputs.size()));
@@ -194,7 +232,7 @@ void BatchRun::importRecordings()
             progress.advance();
         });
     reportMissingImages(missingImages);
-    m_state.model.allExaminations() = m_state.model.examinations();
+    followExaminations(m_state.model);
 }
 
 void BatchRun::takeRecording(const ImportedFile &file)

@@ -2,6 +2,7 @@
 
 #include "batch/CalculationRows.h"
 #include "batch/RunState.h"
+#include "recipe/Recipe.h"
 
 #include <memory>
 
@@ -30,7 +31,10 @@ private:
     std::optional<UsageError> checkInputs() const;
     std::optional<UsageError> chooseLayout();
     std::optional<UsageError> makeOutputFolder() const;
-    void importRecordings();
+    void importRecordings(const QStringList &recordings);
+    void runRecipe();
+    QMap<QString, QString> doOptions();
+    std::optional<UsageError> readRecipe();
     void takeRecording(const ImportedFile &file);
     void takeTable(const ImportedTable &table);
     void addSetFile(const ImportedFile &file);
@@ -40,7 +44,8 @@ private:
     void exportTables();
     void writeRecords(const QMap<QString, QString> &density);
 
-    const BatchOptions m_options;
+    BatchOptions m_options;
+    std::optional<recipe::Recipe> m_recipe;
     RunJournal m_journal;
     std::unique_ptr<const LayoutRequest> m_layout; ///< of the tables; null without
     QStringList m_failedRecordings;                ///< that could not be read

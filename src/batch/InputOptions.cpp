@@ -66,6 +66,8 @@ constexpr OptionValue millimetreImage{
 constexpr OptionValue timeFrame{.read = readTime, .show = shownTime};
 
 constexpr OptionRow rows[] = {
+    {Text("recipe"), Text("FILE"),
+     Text("does the steps that the window saved, with its recordings or with those given here"), &text<&O::recipeFile>},
     {Text("background"), Text("FILE"), Text("picture behind the drawing"), &text<&O::background>, Reported::Never},
     {Text("time"), Text("START:END"), Text("time frame in ms (default: 0 to the longest duration)"), &timeFrame},
     {Text("millimetre-image"), Text("FILE"),

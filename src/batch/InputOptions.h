@@ -8,7 +8,8 @@
 struct InputOptions {
     bool operator==(const InputOptions &) const = default;
 
-    QStringList recordings; ///< never empty unless help or version is asked for
+    QStringList recordings; ///< never empty unless there is a recipe, or help or version is asked for
+    QString recipeFile;     ///< its recordings are read where none are given
     QString background;
     std::optional<TimeFrame> time;  ///< else from 0 to the longest duration
     MillimetreStimulus millimetres; ///< of the recordings in millimetres

@@ -45,10 +45,10 @@ bool isMillimetreText(const QString &path)
     return hasExtension(path, ".txt"_L1);
 }
 
-QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &journal)
+QList<RecordingInput> recordingInputs(const QStringList &recordings, const BatchOptions &options, RunJournal &journal)
 {
     QList<RecordingInput> inputs;
-    for (const QString &path : withoutRepeatedRuns(options.recordings)) {
+    for (const QString &path : withoutRepeatedRuns(recordings)) {
         if (hasExtension(path, ".ini"_L1))
             inputs += recordingsOfIni(path, journal);
         else if (isMillimetreText(path) && options.millimetres.size.isComplete())

@@ -19,10 +19,10 @@ using ReadInput = std::variant<ImportedFile, ImportedTable>;
 /// Whether a file is a recording in millimetres if the options describe their stimulus.
 bool isMillimetreText(const QString &path);
 
-/// The recordings in the order of the command line. In the place of a correction ini stand the measured recording and
+/// The recordings in their order. In the place of a correction ini stand the measured recording and
 /// the corrected one; one that cannot be read, or lacks entries, fails the run. In the
 /// place of the folder of a BIDS data set stand its recordings, a file of each.
-QList<RecordingInput> recordingInputs(const BatchOptions &options, RunJournal &journal);
+QList<RecordingInput> recordingInputs(const QStringList &recordings, const BatchOptions &options, RunJournal &journal);
 
 /// Whether a file of the command line is read by the layout, where one is given: all but those in forms of our own.
 bool isTable(const QString &path, const BatchOptions &options);

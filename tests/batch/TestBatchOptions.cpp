@@ -200,6 +200,9 @@ void refusedArguments()
     refusedRow("empty value", "--out= a.data", "--out: the value is empty");
     refusedRow("areas of interest without a file", "a.data --aois", "--aois: needs a value, FILE");
     refusedRow("areas of interest with an empty name", "--aois= a.data", "--aois: the value is empty");
+    refusedRow("recipe beside a calculation", "--recipe r.json --calculate fixations",
+               "--calculate: a recipe has its own steps; with --recipe there are only --out, --report, --methods, "
+               "--jobs, --quiet");
     refusedRow("methods in an unknown form", "--methods m.pdf a.data",
                "--methods m.pdf: the name has to end with .md or .txt");
     refusedRow("empty report name", "--report= a.data", "--report: the value is empty");

@@ -20,6 +20,7 @@ public:
 
     /// The table by its word in the batch program.
     QString word() const;
+    const ExportTarget &target() const { return m_target; }
 
 private:
     const QLatin1StringView m_kind;

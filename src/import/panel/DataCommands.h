@@ -59,6 +59,9 @@ public:
     void undo() override;
     void redo() override;
 
+    /// What was listed at the last redo.
+    const QStringList &paths() const { return m_paths; }
+
 private:
     DataModel &m_model;
     IMainWindow &m_window;

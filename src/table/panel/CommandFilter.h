@@ -15,6 +15,8 @@ public:
     void undo() override;
     void redo() override;
 
+    const ExaminationFilter &filter() const { return m_newFilter; }
+
 private:
     ExaminationFilter m_oldFilter;
     ExaminationFilter m_newFilter;
