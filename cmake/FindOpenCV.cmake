@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The OpenCV modules asked for as COMPONENTS, each as the target opencv_NAME. OpenCV's own package file insists on all
 # sixty modules and with them on some 750 MB that nothing here uses; this one needs no more than the modules' own packages.
 find_path(OpenCV_INCLUDE_DIR opencv2/core/version.hpp PATH_SUFFIXES opencv4)

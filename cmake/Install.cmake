@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # cmake --install: programs, what they read at run time, and what a desktop shows of them.
 include(GNUInstallDirs)
 

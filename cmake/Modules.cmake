@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # One folder of src/ is one module. add_module(NAME) makes
 #   NAME         the core library: Qt Core and Gui only
 #   NAME_scene   graphics items, from SCENE sources: Widgets, no panel

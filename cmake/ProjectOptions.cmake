@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Everything that all targets share: language level, warnings, sanitizers.
 set(VISTRUM_SANITIZE "" CACHE STRING "Value of -fsanitize, such as address,undefined")
 option(VISTRUM_FUZZ "Build the fuzzing targets (clang only)" OFF)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # cmake -D VISTRUM_RELEASE=... -D SOURCE=Release.cpp.in -D TARGET=Release.cpp -P Release.cmake: writes the commit that the
 # sources stand at into TARGET; an unchanged file stays as it is, so that nothing is built anew.
 get_filename_component(folder ${SOURCE} DIRECTORY)

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Whether two builds give the same bytes.
 #
 #   scripts/compare-builds.sh OLD NEW [FOLDER...]

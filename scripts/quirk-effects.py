@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs two builds of vistrum-batch over the example study and tells in which files they differ, and by how much.
 
     scripts/quirk-effects.py OLD/vistrum-batch NEW/vistrum-batch [WORDS...]

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Renders the drawings in data/ to the pictures that the programs hold; run it after a change of a drawing.
 # Needs the Debian packages imagemagick, librsvg2-bin and fonts-dejavu-core.
 set -euo pipefail

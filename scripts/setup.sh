@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What ./run and ./check share: packages, configuration, build. Sourced, with `root` set to the top of the tree.
 
 # How the cache finds what other clones compiled stands in the presets.

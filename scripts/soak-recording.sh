@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Lets the tracker client listen to a simulated tracker that behaves badly in every way, at 1000 frames a second.
 #   scripts/soak-recording.sh [MINUTES]   (30)
 # Needs ./check or a release build before. Fails if a frame is lost or doubled, or if the memory of the client grows by

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Static analysis of sources: scripts/tidy.py [changed | FILE.cpp...], all of src/ and tools/ where none is named.
 
 "changed" stands for those since the last release, the commit that last changed CITATION.cff. Headers are not precompiled

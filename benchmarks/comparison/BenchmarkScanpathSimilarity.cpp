@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time of all measures over all pairs of recordings.
 
 #include "base/SideBySide.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "detection/GaussianMixtureScanpathBuilder.h"
 #include "detection/GeneratedGaze.h"
 #include "detection/PlainTwoGaussians.h"

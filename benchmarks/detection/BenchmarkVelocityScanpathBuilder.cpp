@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "detection/GeneratedGaze.h"
 #include "detection/PlainVelocityScanpathBuilder.h"
 #include "detection/VelocityScanpathBuilder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/OwnLibrary.h"
 #include "export/scene/VideoExport.h"
 #include "export/video/VideoFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of reading recordings, beside the plain form of the same reader: a text stream, split lines, converted strings.
 
 #include "import/DataImporter.h"

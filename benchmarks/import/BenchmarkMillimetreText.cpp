@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of reading recordings in millimetres, beside the plain form of the same reader.
 
 #include "import/ilmenau/MillimetreText.h"

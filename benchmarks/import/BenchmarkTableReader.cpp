@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of reading tables, beside the plain form of the same reader: a text stream, split lines, converted strings.
 //
 // With --write FILE it writes the plain table of the benchmark, for other readers to be measured with.

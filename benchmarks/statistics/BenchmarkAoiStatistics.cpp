@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Truncation.h"
 #include "statistics/AoiMeasures.h"
 #include "statistics/StatisticsCalculation.h"

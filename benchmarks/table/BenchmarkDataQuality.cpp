@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of measuring data quality, beside the plain form and beside the import of the same recording, which it must not
 // slow down.
 

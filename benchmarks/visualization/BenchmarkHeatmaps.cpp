@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "density/PlainFixations.h"
 #include "density/PlainGazePoints.h"
 #include "density/PlainSaccades.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/Canvas.h"
 #include "visualization/scene/DrawingPass.h"
 #include "visualization/shapes/AngleStar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compiled once for the libraries without widgets; see Modules.cmake.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compiled once for what knows widgets: items, panels, the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the transitions between areas of interest: an arc for each area, as long as its share of all transitions, and a
 // ribbon for each pair. The numbers are in matrix.json, names and colours in cities.csv, both beside the page; a page
 // that holds its data itself, or may not read files, takes those.

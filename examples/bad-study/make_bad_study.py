@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the files of the bad study into a folder (default: this one), the same bytes at every call.
 
 Each is a recording of a gaze that rests and jumps by turns, spoiled in one way; README.md tells which.

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Makes the example study: one picture and six people who look at it for ten seconds.
 #
 #   make_study.sh GAZE_SIMULATOR [FOLDER]

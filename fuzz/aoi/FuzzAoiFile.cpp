@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a file of areas of interest. What was read from them comes back unchanged when it is saved.
 
 #include "aoi/AoiFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as the descriptions and tables of one eye: two objects in JSON, samples and events, with a zero
 // between each two. What the descriptions allow is read, and never more than there is.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a correction ini: what is written from it reads as the same.
 
 #include "Check.h"

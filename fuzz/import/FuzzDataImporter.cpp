@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a recording. Run it in an empty folder: a log is written there.
 
 #include "Check.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a table of columns. The first byte chooses among layouts, the second the size of the pieces.
 
 #include "TableChecks.h"

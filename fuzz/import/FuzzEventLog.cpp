@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a log of samples and events. The first byte chooses whether it is split, the second the size of
 // the pieces.
 

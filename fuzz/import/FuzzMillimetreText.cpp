@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a recording in millimetres; the first four are the sizes of its picture.
 
 #include "Check.h"

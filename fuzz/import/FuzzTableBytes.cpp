@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a text that may be packed, or in two bytes a character: at once and in pieces it is the same.
 
 #include "Check.h"

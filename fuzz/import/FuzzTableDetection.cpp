@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a table whose layout is to be found; what is found is used.
 
 #include "import/tables/LayoutDetection.h"

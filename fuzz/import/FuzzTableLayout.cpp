@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a layout: what is read is written, and read again as the same.
 
 #include "Check.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a recipe. One that is read comes back unchanged when it is saved; one that is refused says why.
 
 #include "Check.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind from the tracker's server, cut into packets of any size: framing, and the messages that come of it.
 
 #include "Check.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a settings file. What was read from them comes back unchanged when it is saved.
 
 #include "Check.h"

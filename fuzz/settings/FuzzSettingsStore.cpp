@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as the file of a settings store, in the state in which a start of the program finds it. Its files
 // lie in the folder of the call, which is best one in memory. Most of the time goes into them: a thousandth of the
 // inputs of the other fuzzers is much here.

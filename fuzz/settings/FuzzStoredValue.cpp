@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as the text of a stored value, read as each type that parameters have. What a reading gives is a
 // value that comes back when it is stored.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures and charts: what the window writes for the export panel.
 
 #include "app/Vistrum.h"

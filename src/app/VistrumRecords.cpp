@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The record of what was done: as a methods section, and as a recipe.
 
 #include "app/Vistrum.h"

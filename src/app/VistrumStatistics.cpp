@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Statistics: what the window calculates and writes for its panels.
 
 #include "app/Vistrum.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Who hears whom: the connections of the main window.
 
 #include "app/Vistrum.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/OptionValues.h"
 
 WrongValue optionvalues::unknownWord(const QString &word, const QStringList &known)

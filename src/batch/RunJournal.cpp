@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/RunJournal.h"
 
 #include "base/FileReplacement.h"

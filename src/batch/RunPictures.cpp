@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/RunPictures.h"
 
 #include "aoi/AoiThumbnail.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "clustering/ClusterJson.h"
 
 #include "base/JsonFields.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// Mark of a command that changes what is drawn. After each step on the stack that ran such commands, the window draws.

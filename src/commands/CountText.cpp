@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "commands/CountText.h"
 
 EyeCounts countsOf(const QList<const Examination *> &examinations, qsizetype (*count)(const EyeData &))

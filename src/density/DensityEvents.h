@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// What densities count, as whole canvas pixels. A position may lie outside the canvas; one that is no number is 0, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "density/SaccadeDensity.h"
 
 #include "density/HeatmapWorker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// The fixed raster on which everything is drawn; its origin is the top left corner of the stimulus image. Gaze

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// How the gaze of one stream moved in a time frame, each value rounded to two decimals.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/CalibrationPoints.h"
 
 QList<QPoint> calibrationPoints(const QSize &area, std::minstd_rand &random)

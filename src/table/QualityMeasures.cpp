@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The columns of the tables of data quality.
 
 #include "table/DataQuality.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/panel/AOI_PopUp.h"
 #include "aoi/panel/AoiControl.h"
 #include "commands/CommandStack.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/generation/DiscDensity.h"
 #include "aoi/generation/RegionDensity.h"
 #include "density/FixationDensity.h"

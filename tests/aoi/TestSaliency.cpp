@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/saliency/IntegratedSaliency.h"
 #include "aoi/saliency/IttiSaliency.h"
 #include "aoi/saliency/PictureMatrix.h"

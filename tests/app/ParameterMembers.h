@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// A parameter command as users meet it: its class in the log, its text in the undo view, its key in the store and its

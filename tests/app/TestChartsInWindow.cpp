@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "diagram/panel/add_diagram.h"
 #include "export/panel/VisualizationExportBox.h"
 #include "WindowTest.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/StoredKeys.h"
 #include "table/panel/ExaminationTable.h"
 #include "visualization/parameters/VisualizationParameters.h"

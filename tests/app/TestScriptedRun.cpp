@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/panel/ExaminationTable.h"
 #include "visualization/panel/Timeline.h"
 #include "visualization/panel/VisualizationWidget.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AboutBox.h"
 #include "app/NoticeLine.h"
 #include "base/Release.h"

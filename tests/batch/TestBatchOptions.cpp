@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/BatchHelp.h"
 #include "batch/BatchOptions.h"
 #include "batch/CalculationRows.h"

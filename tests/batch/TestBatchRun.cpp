@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Release.h"
 #include "BatchRunTest.h"
 #include "settings/FirstStart.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Vistrum.h"
 #include "BatchProgram.h"
 #include "commands/CommandStack.h"

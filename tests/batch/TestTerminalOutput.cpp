@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Progress.h"
 #include "batch/TerminalMessages.h"
 #include "batch/TerminalProgress.h"

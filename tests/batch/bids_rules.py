@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The rules of BIDS 1.11 for eye tracking, as far as a data set can be checked without its purpose.
 
     bids_rules.py FOLDER

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What vistrum-batch writes as BIDS keeps the rules, and a data set that breaks one is found.
 
     test_bids_rules.py VISTRUM_BATCH SOURCE_DIR

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The Snakefile of examples/cluster gives what one run over all recordings gives, also after it was killed.
 
     test_cluster_example.py VISTRUM_BATCH SOURCE_DIR

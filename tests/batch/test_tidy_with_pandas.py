@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What vistrum-batch writes as tidy tables, as pandas reads it with its defaults. The required tables are read with the
 lines that the README gives.
 

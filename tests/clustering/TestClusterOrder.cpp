@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "clustering/ClusterOrder.h"
 #include "ClusterSamples.h"
 #include "model/DataModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "clustering/MeanShiftClustering.h"
 #include "clustering/OverlapClusters.h"
 #include "clustering/StandardClusterBuilder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "clustering/panel/SaccadeClusterControl.h"
 #include "commands/CommandStack.h"
 #include "model/DataModel.h"

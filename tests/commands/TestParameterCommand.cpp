@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "clustering/ClusterSettingsModel.h"
 #include "commands/CommandStack.h"
 #include "commands/ParameterCommand.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "detection/panel/FixationCommands.h"
 #include "detection/panel/FixationControl.h"
 #include "TestMessages.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The page that vistrum-batch writes for a diagram, in a browser without a display: its colours as pixels, and what the
 pointer does. Arguments: the program, the folder of the example study."""
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/ChartTable.h"
 #include "visualization/charts/Chart.h"
 #include "visualization/charts/ChartBins.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/EventExport.h"
 #include "ExportSamples.h"
 #include "model/ImageCache.h"

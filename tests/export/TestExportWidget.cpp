@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "commands/CommandStack.h"
 #include "export/panel/ExportWidget.h"
 #include "ExportSamples.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/StatisticsExport.h"
 #include "ExportSamples.h"
 #include "settings/StoredKeys.h"

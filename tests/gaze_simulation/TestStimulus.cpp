@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "gaze-simulator/SaliencyMap.h"
 #include "gaze-simulator/Stimulus.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "BidsFiles.h"
 #include "import/bids/BidsFiles.h"
 #include "import/bids/BidsRecording.h"

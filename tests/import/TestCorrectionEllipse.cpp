@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/ilmenau/CorrectionEllipse.h"
 
 #include "import/ilmenau/CorrectionExport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Logs in which samples stand among events and messages.
 
 #include "TableWriter.h"

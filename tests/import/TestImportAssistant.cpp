@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/ImportFiles.h"
 #include "import/panel/ImportAssistant.h"
 #include "import/panel/LayoutForm.h"

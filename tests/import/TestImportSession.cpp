@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/conversion/ImportSession.h"
 #include "import/ImportFiles.h"
 #include "import/TableTexts.h"

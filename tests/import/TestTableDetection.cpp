@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is found in a table by looking at it, what is asked, and what is refused.
 
 #include "import/tables/LayoutDetection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layouts on disk: written, read, refused, found.
 
 #include "import/tables/LayoutFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is odd in a table is told, what cannot be read is refused, in bounded memory.
 
 #include "TableWriter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From the samples of a table to those of a .data file, and to the streams of an examination.
 
 #include "import/DataImporter.h"

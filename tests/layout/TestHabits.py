@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 import unittest
 
 import habit_rules as rules
@@ -9,7 +10,7 @@ class TestHabits(LayoutTest):
         tree = self.real_tree()
         for rule in (rules.windows_below_panels, rules.connections_by_macro, rules.macros, rules.deletes,
                      rules.reminders, rules.settings_outside_their_module, rules.unguarded_headers,
-                     rules.ownerless_objects):
+                     rules.ownerless_objects, rules.sources_without_licence):
             with self.subTest(rule.__name__):
                 self.assert_clean(rule(tree))
 
@@ -48,6 +49,11 @@ class TestHabits(LayoutTest):
     def test_unguarded_headers(self):
         self.assert_complains(self.complaints(rules.unguarded_headers, "int a;\n", "src/aoi/A.h"), "src/aoi/A.h")
         self.assert_clean(self.complaints(rules.unguarded_headers, "#pragma once\nint a;\n", "src/aoi/A.h"))
+
+    def test_sources_without_licence(self):
+        self.assert_complains(self.complaints(rules.sources_without_licence, "#pragma once\n"), "first line")
+        self.assert_complains(self.complaints(rules.sources_without_licence, "\n" + rules.LICENCE), "first line")
+        self.assert_clean(self.complaints(rules.sources_without_licence, rules.LICENCE + "\nint a;\n"))
 
     def test_ownerless_objects(self):
         for code in ("auto *a = new Thing;", "Thing *a = new Thing();", "m_thing = new Thing(1, 2);",

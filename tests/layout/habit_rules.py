@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What we do not do, as far as a pattern can see it."""
 
 import re
@@ -82,3 +83,11 @@ def ownerless_objects(tree):
             if not has_owner(code, match.start(), match["arguments"]) and "// owned by" not in lines[line - 1]:
                 complaints.append(f"{file.path}:{line}: nobody owns {match[0].split('(')[0]}")
     return complaints
+
+
+LICENCE = "// SPDX-License-Identifier: GPL-3.0-or-later"
+
+
+def sources_without_licence(tree):
+    return [f"{file.path}:1: the first line is not {LICENCE}" for file in tree.files_of(*EVERYWHERE)
+            if file.text.split("\n", 1)[0] != LICENCE]

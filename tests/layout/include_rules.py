@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Who may include whom: along USES, downwards, without widgets in the core, never in a circle."""
 
 from pathlib import Path

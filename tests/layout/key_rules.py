@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Each settings key is declared in one row of one table, stands nowhere else, and has a factory value."""
 
 import re

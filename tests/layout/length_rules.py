@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """No file beyond 600 lines, no function beyond 60."""
 
 import ast

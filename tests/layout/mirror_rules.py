@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """tests/, benchmarks/ and fuzz/ mirror src/ and tools/, and nothing lies there that is not built."""
 
 import re

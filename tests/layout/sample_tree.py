@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What every layout test needs: the real tree, and small trees that break a rule on purpose."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The source tree as the layout rules see it: files, the module and layer each belongs to, and their code."""
 
 import re

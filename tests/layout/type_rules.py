@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """One type of one name: two that are linked into one program under the same name break it, without a message."""
 
 import re

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // For scripts/soak-recording.sh: listens to a simulated tracker for so many seconds, and tells each ten seconds how
 // many frames came, were lost or doubled, and the memory of this process. The simulated subject's clock counts the
 // frames.

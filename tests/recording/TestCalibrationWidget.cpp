@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/CalibrationPoints.h"
 #include "recording/client/Requests.h"
 #include "recording/panel/QCalibrationWidget.h"

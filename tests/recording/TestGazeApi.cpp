@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/client/GazeApi.h"
 #include "recording/client/Requests.h"
 #include "recording/RecordingListener.h"

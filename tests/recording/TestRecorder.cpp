@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/DataImporter.h"
 #include "recording/ModalAnswers.h"
 #include "recording/panel/QCalibrationWidget.h"

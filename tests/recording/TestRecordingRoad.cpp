@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "detection/FixationCalculation.h"
 #include "import/ExaminationImport.h"
 #include "recording/ModalAnswers.h"

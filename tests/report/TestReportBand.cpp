@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/scene/ReportBand.h"
 #include "visualization/scene/TemporaryItems.h"
 #include "visualization/ToyData.h"

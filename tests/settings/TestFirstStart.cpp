@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/FirstStart.h"
 #include "settings/StoredKeys.h"
 #include "TestMessages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "clustering/ClusterSettingsModel.h"
 #include "detection/FixationSettingsModel.h"
 #include "settings/Registry.h"

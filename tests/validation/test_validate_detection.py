@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Tests of the pure functions of tools/validation/validate_detection.py."""
 
 import pathlib

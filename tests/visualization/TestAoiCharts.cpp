@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "PlainChart.h"
 #include "ToyData.h"
 #include "visualization/charts/AoiCharts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ToyData.h"
 #include "visualization/modes/Picture.h"
 #include "visualization/shapes/ClusterShapes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/charts/ChartKinds.h"
 #include "visualization/charts/EventCharts.h"
 #include "visualization/modes/DrawingModes.h"

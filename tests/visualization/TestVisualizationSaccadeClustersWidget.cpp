@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "clustering/SaccadeClusterModel.h"
 #include "clustering/SaccadeSamples.h"
 #include "commands/CommandStack.h"

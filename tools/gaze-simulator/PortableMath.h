@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// Elementary functions whose last bit does not depend on the C library or the processor: only additions,

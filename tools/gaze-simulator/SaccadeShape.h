@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// Duration and speed of saccades by their amplitude, the "main sequence": Bahill, Clark & Stark (1975), Mathematical

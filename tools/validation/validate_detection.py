@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Compares the fixations of each detector with those of human coders.
 
     validate_detection.py DATA_FOLDER VISTRUM_BATCH [--write docs/validation.md]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/panel/AOI_PopUp.h"
 #include "ui_AOI_PopUp.h"
 

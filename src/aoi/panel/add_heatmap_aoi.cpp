@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/panel/add_heatmap_aoi.h"
 #include "ui_add_heatmap_aoi.h"
 

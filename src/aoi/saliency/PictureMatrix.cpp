@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/saliency/PictureMatrix.h"
 
 cv::Mat pictureMatrix(const QImage &picture)

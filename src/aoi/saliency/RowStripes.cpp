@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/saliency/RowStripes.h"
 
 #include "density/DrawingWorker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/saliency/SaliencyOverlay.h"
 
 QImage SaliencyOverlay::image(SaliencyMethod method, const QImage &picture, const SaliencyNumbers &numbers,

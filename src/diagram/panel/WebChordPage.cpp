@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The library of the web engine; see ChordPage.h.
 
 #include "diagram/panel/ChordPage.h"

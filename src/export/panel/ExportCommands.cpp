@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/panel/ExportCommands.h"
 
 ExportCommand::ExportCommand(QLatin1StringView kind, Export write, DataModel &model, const ExportTarget &target)

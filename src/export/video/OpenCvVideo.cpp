@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The library of video encoders; see VideoFile.h.
 
 #include "export/video/VideoFile.h"

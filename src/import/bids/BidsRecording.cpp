@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/bids/BidsRecording.h"
 
 #include "import/bids/BidsEvents.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the correction page does with outside programs.
 
 #include "import/panel/CorrectionControl.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The import of recordings in millimetres, on the panel of the files.
 
 #include "import/panel/DataWidget.h"

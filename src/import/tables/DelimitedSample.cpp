@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The part of the reader that makes a sample of the fields of a line.
 
 #include "import/tables/DelimitedReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The part of the detector that finds gaze: its columns, unit, codes for missing and validity.
 
 #include "import/tables/LayoutDetector.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The part of the detector that finds which columns separate recordings, and which describe them.
 
 #include "import/tables/LayoutDetector.h"

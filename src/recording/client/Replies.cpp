@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/client/Replies.h"
 
 #include <boost/property_tree/json_parser.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/panel/TheEyeTribeRecorder.h"
 #include "ui_TheEyeTribeRecorder.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/charts/ChartDrawing.h"
 
 #include "base/TextFormat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/modes/DrawingModes.h"
 
 #include "visualization/charts/ChartKinds.h"

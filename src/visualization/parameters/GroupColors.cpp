@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/parameters/GroupColors.h"
 
 Group::ColorTable groupColors(const DrawingRecords &records)

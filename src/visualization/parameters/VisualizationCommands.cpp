@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/parameters/VisualizationCommands.h"
 
 CommandChangeVisualizationMode::CommandChangeVisualizationMode(int mode, VisualizationParameters &record,

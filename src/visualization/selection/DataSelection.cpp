@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/selection/DataSelection.h"
 
 QList<ExaminationEye> eyesToDraw(const Examination &examination, EyeMode mode)
