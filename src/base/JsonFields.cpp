@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -56,6 +57,11 @@ qint64 JsonFields::whole(const QString &name, qint64 least, qint64 most)
         std::floor(read) == read && read >= static_cast<double>(least) && read <= static_cast<double>(most);
     expect(isRight, name, u"a whole number from %1 to %2"_s.arg(QString::number(least), QString::number(most)), value);
     return isRight ? value.toInteger() : least;
+}
+
+int JsonFields::count(const QString &name)
+{
+    return static_cast<int>(whole(name, 0, std::numeric_limits<int>::max()));
 }
 
 double JsonFields::number(const QString &name)

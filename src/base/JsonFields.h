@@ -17,6 +17,8 @@ public:
 
     /// A whole number of that range.
     qint64 whole(const QString &name, qint64 least, qint64 most);
+    /// A whole number that is not negative.
+    int count(const QString &name);
     /// Any number that is finite.
     double number(const QString &name);
     bool flag(const QString &name);

@@ -3,13 +3,10 @@
 
 #include "base/JsonFields.h"
 
-#include <limits>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int most = std::numeric_limits<int>::max();
 const QStringList methods{u"standard"_s, u"mean-shift"_s, u"overlap"_s}; // in the order of the alternatives
 
 QJsonObject json(const StandardClusterParameters &p)
@@ -35,31 +32,26 @@ QJsonObject json(const OverlapClusterParameters &p)
     return object;
 }
 
-int whole(JsonFields &fields, const QString &name)
-{
-    return static_cast<int>(fields.whole(name, 0, most));
-}
-
 StandardClusterParameters standardOf(JsonFields &fields)
 {
-    return {.minimumFixations = whole(fields, u"minimumFixations"_s),
-            .overlapAllowed = whole(fields, u"overlapAllowedPercent"_s),
-            .maximumRadiusPx = whole(fields, u"maximumRadiusPx"_s)};
+    return {.minimumFixations = fields.count(u"minimumFixations"_s),
+            .overlapAllowed = fields.count(u"overlapAllowedPercent"_s),
+            .maximumRadiusPx = fields.count(u"maximumRadiusPx"_s)};
 }
 
 MeanShiftClusterParameters meanShiftOf(JsonFields &fields)
 {
     return {.radiusPx = fields.number(u"radiusPx"_s),
             .rate = fields.number(u"rate"_s),
-            .iterations = whole(fields, u"iterations"_s),
-            .minimumFixations = whole(fields, u"minimumFixations"_s)};
+            .iterations = fields.count(u"iterations"_s),
+            .minimumFixations = fields.count(u"minimumFixations"_s)};
 }
 
 OverlapClusterParameters overlapOf(JsonFields &fields)
 {
-    OverlapClusterParameters p{.minimumFixations = whole(fields, u"minimumFixations"_s), .outliers = {}};
+    OverlapClusterParameters p{.minimumFixations = fields.count(u"minimumFixations"_s), .outliers = {}};
     if (fields.has(u"outliers"_s))
-        p.outliers = whole(fields, u"outliers"_s);
+        p.outliers = fields.count(u"outliers"_s);
     return p;
 }
 

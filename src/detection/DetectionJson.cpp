@@ -3,13 +3,10 @@
 
 #include "base/JsonFields.h"
 
-#include <limits>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int most = std::numeric_limits<int>::max();
 const QStringList detectors{u"standard"_s, u"gaussian"_s, u"velocity"_s};
 const QStringList units{u"px/ms"_s, u"deg/s"_s, u"percentile"_s}; // in the order of the enumeration
 
@@ -38,27 +35,22 @@ QJsonObject json(const VelocityParameters &p)
     return object;
 }
 
-int whole(JsonFields &fields, const QString &name)
-{
-    return static_cast<int>(fields.whole(name, 0, most));
-}
-
 StandardParameters standardOf(JsonFields &fields)
 {
-    return {.minimumDurationMs = whole(fields, u"minimumDurationMs"_s),
-            .maximumRadiusPx = whole(fields, u"maximumRadiusPx"_s),
-            .allowedOutliers = whole(fields, u"allowedOutliers"_s)};
+    return {.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
+            .maximumRadiusPx = fields.count(u"maximumRadiusPx"_s),
+            .allowedOutliers = fields.count(u"allowedOutliers"_s)};
 }
 
 MixtureParameters mixtureOf(JsonFields &fields)
 {
-    return {.minimumDurationMs = whole(fields, u"minimumDurationMs"_s),
+    return {.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
             .mergeSequential = fields.flag(u"mergeSequential"_s)};
 }
 
 VelocityParameters velocityOf(JsonFields &fields)
 {
-    VelocityParameters p{.minimumDurationMs = whole(fields, u"minimumDurationMs"_s),
+    VelocityParameters p{.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
                          .threshold = fields.number(u"threshold"_s),
                          .unit = static_cast<VelocityUnit>(fields.word(u"unit"_s, units))};
     if (p.unit != VelocityUnit::DegreePerS)
