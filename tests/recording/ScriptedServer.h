@@ -74,6 +74,8 @@ public:
     }
 
 private:
+    using Rule = std::pair<std::string, std::string>; ///< request and reply
+
     int occurrences(const std::string &text) const
     {
         int count = 0;
@@ -108,7 +110,7 @@ private:
 
     void take(const std::string &bytes)
     {
-        std::vector<std::pair<std::string, std::string>> rules;
+        std::vector<Rule> rules;
         {
             const std::lock_guard lock(m_mutex);
             m_received += bytes;
@@ -116,22 +118,31 @@ private:
         }
         m_changed.notify_all();
         m_request += bytes;
-        for (bool isAnswered = true; isAnswered;) {
-            isAnswered = false;
-            for (const auto &[request, reply] : rules) {
-                const auto at = m_request.find(request);
-                if (at == std::string::npos)
-                    continue;
-                m_request.erase(at, request.size());
-                isAnswered = true;
-                if (reply.empty()) {
-                    endConnection();
-                    return;
-                }
-                boost::system::error_code ignored;
-                boost::asio::write(m_socket, boost::asio::buffer(reply), ignored);
+        for (const auto *rule = firstOf(rules); rule; rule = firstOf(rules)) {
+            const auto &[request, reply] = *rule;
+            m_request.erase(m_request.find(request), request.size());
+            if (reply.empty()) {
+                endConnection();
+                return;
+            }
+            boost::system::error_code ignored;
+            boost::asio::write(m_socket, boost::asio::buffer(reply), ignored);
+        }
+    }
+
+    /// Whose request stands first in what came, for answers go out in the order of requests; null for none.
+    const Rule *firstOf(const std::vector<Rule> &rules) const
+    {
+        const Rule *first = nullptr;
+        auto place = std::string::npos;
+        for (const Rule &rule : rules) {
+            const auto at = m_request.find(rule.first);
+            if (at < place) {
+                place = at;
+                first = &rule;
             }
         }
+        return first;
     }
 
     void endConnection()
@@ -151,7 +162,7 @@ private:
     std::string m_request; ///< not answered
     std::mutex m_mutex;    ///< of the three below
     std::string m_received;
-    std::vector<std::pair<std::string, std::string>> m_rules;
+    std::vector<Rule> m_rules;
     std::condition_variable m_changed;
     std::thread m_thread;
 };
