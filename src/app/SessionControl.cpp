@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The record of what was done: as a methods section, and as a recipe.
+#include "app/SessionControl.h"
 
-#include "app/Vistrum.h"
-#include "ui_Vistrum.h"
-
-#include "app/SessionRecord.h"
+#include "app/PictureControl.h"
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/Release.h"
 #include "clustering/panel/ClusterCalculationCommands.h"
-#include "clustering/panel/SaccadeClusterControl.h"
+#include "clustering/SaccadeClusterModel.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationCommands.h"
 #include "detection/PixelSize.h"
 #include "export/panel/ExportCommands.h"
-#include "export/panel/ExportWidget.h"
+#include "export/TransitionExport.h"
 #include "report/panel/MethodsWindow.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsFile.h"
@@ -99,8 +96,23 @@ recipe::Export tableAt(const QString &word, const QString &stem)
 
 } // namespace
 
+SessionControl::SessionControl(const DataModel &model, const SaccadeClusterModel &saccades,
+                               const PictureControl &picture, QWidget &window)
+    : m_model(model)
+    , m_saccades(saccades)
+    , m_window(window)
+    , m_delivered(deliveredParameters())
+    , m_record(
+          CommandStack::instance(),
+          [this, &picture] {
+              return recipe::contextOf(m_model, picture.cutPicture().toSize(), currentParameters(m_delivered));
+          },
+          nullptr)
+{
+}
+
 /// By the commands that were not undone, the last of each kind.
-MethodsRun Vistrum::methodsRun() const
+MethodsRun SessionControl::methodsRun() const
 {
     MethodsRun run{.release = releaseText(),
                    .groupBy = m_model.comparedBy,
@@ -118,56 +130,47 @@ MethodsRun Vistrum::methodsRun() const
         else if (const auto *table = dynamic_cast<const ExportCommand *>(command))
             run.statistics << table->word();
     }
-    const auto saccades = m_ui->control->saccadeClusterControl().saccadeClusterModel();
-    if (saccades->stage() == SaccadeClusterModel::Stage::Done)
-        run.saccadeClusters = saccades->parameters();
+    if (m_saccades.stage() == SaccadeClusterModel::Stage::Done)
+        run.saccadeClusters = m_saccades.parameters();
     return run;
 }
 
-void Vistrum::sltShowMethods()
+void SessionControl::sltShowMethods()
 {
     const MethodsRun run = methodsRun();
     const QList<StreamQuality> quality =
         studyQuality(m_model, {.eyes = run.eyes, .pixelPerDistance = run.pixelPerDistance});
-    auto *window = new MethodsWindow(methodsRecord(m_model, run, quality), this); // deletes itself
+    auto *window = new MethodsWindow(methodsRecord(m_model, run, quality), &m_window); // deletes itself
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->show();
 }
 
-void Vistrum::makeSession()
+void SessionControl::noteTable(const QString &word, const QString &stem)
 {
-    const QMap<QString, QString> delivered = deliveredParameters();
-    const auto context = [this, delivered] {
-        return recipe::contextOf(m_model, m_cutPicture.toSize(), currentParameters(delivered));
-    };
-    m_session = new SessionRecord(CommandStack::instance(), context, this);
+    m_record.note(tableAt(word, stem));
 }
 
-void Vistrum::noteTable(const QString &word, const QString &stem)
-{
-    m_session->note(tableAt(word, stem));
-}
-
-void Vistrum::noteTransitions(const QString &stem)
+void SessionControl::noteTransitions(const QString &stem, const TransitionChoice &choice)
 {
     recipe::Export table = tableAt(QStringLiteral("transitions"), stem);
-    table.transitions = transitionsOf(m_ui->control->exportWidget().transitionChoice());
+    table.transitions = transitionsOf(choice);
     if (!table.transitions->of.isEmpty())
-        m_session->note(table);
+        m_record.note(table);
 }
 
-void Vistrum::sltSaveRecipe()
+void SessionControl::sltSaveRecipe()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Save recipe"), QStringLiteral("vistrum.recipe.json"), QStringLiteral("Recipe (*.json)"));
+    const QString path =
+        QFileDialog::getSaveFileName(&m_window, QStringLiteral("Save recipe"), QStringLiteral("vistrum.recipe.json"),
+                                     QStringLiteral("Recipe (*.json)"));
     if (!path.isEmpty())
         saveRecipe(path);
 }
 
-void Vistrum::saveRecipe(const QString &path)
+void SessionControl::saveRecipe(const QString &path)
 {
     const QString title = QStringLiteral("Recipe");
-    const recipe::Recipe recipe = m_session->recipe(releaseText(), deliveredParameters(), m_model);
+    const recipe::Recipe recipe = m_record.recipe(releaseText(), m_delivered, m_model);
     if (const std::optional<QString> problem = replaceFile(path, recipe::toBytes(recipe))) {
         messages::warning(title, writeFailure(path, *problem));
         return;

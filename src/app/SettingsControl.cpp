@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/SettingsDialogs.h"
+#include "app/SettingsControl.h"
 
 #include "base/Messages.h"
+#include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsFile.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -25,38 +27,52 @@ bool holdsSettings(const QList<SettingsLine> &lines)
 
 } // namespace
 
-void askAndSaveSettings(QWidget *parent, const Log &log)
+void SettingsControl::sltSaveRegistry()
 {
-    QFileDialog dialog(parent, QStringLiteral("Save Vistrum Settings"), QStringLiteral("."), settingsFilter);
+    QFileDialog dialog(&m_window, QStringLiteral("Save Vistrum Settings"), QStringLiteral("."), settingsFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("ini"));
     if (dialog.exec() == QDialog::Accepted && dialog.selectedFiles().size() == 1)
-        Registry(log).saveSettings(dialog.selectedFiles().constFirst());
+        Registry(m_log).saveSettings(dialog.selectedFiles().constFirst());
 }
 
-bool askAndLoadSettings(QWidget *parent, const Log &log)
+void SettingsControl::sltImportRegistry()
 {
-    QFileDialog dialog(parent, QStringLiteral("Select Vistrum settings"), QString(), settingsFilter);
+    QFileDialog dialog(&m_window, QStringLiteral("Select Vistrum settings"), QString(), settingsFilter);
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().size() != 1)
-        return false;
-    const QString path = dialog.selectedFiles().constFirst();
+        return;
+    if (load(dialog.selectedFiles().constFirst()))
+        Q_EMIT sigUpdateSettings();
+}
+
+/// @return whether the store may have changed.
+bool SettingsControl::load(const QString &path) const
+{
     if (const auto lines = readSettingsFile(path); lines && !holdsSettings(*lines)) {
         messages::warning(QStringLiteral("Settings"),
                           QStringLiteral("\"%1\" holds no settings of this program.").arg(path));
         return false;
     }
     const QString version = readStored(keys::version);
-    const bool isLoaded = Registry(log).loadSettings(path);
+    const bool isLoaded = Registry(m_log).loadSettings(path);
     writeStored(keys::version, version); // another one would reset everything at the next start
     return isLoaded;
 }
 
-bool askForReset(QWidget *parent)
+void SettingsControl::sltLoadDefaultSettings()
+{
+    Registry(m_log).loadSettings(
+        findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
+    Q_EMIT sigUpdateSettings();
+}
+
+void SettingsControl::sltResetSettings()
 {
     const auto answer = QMessageBox::question(
-        parent, QStringLiteral("Settings"),
+        &m_window, QStringLiteral("Settings"),
         QStringLiteral("All parameters get the values of the delivery. This cannot be undone. Go on?"),
         QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    return answer == QMessageBox::Yes;
+    if (answer == QMessageBox::Yes)
+        sltLoadDefaultSettings();
 }

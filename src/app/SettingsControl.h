@@ -1,15 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
+
 class Log;
 class QWidget;
 
-/// Asks for a file and saves the settings there.
-void askAndSaveSettings(QWidget *parent, const Log &log);
+/// Settings as a file, and back to those of the delivery.
+class SettingsControl : public QObject {
+    Q_OBJECT
+public:
+    /// Both outlive this.
+    /// @param window  parent of dialogs.
+    SettingsControl(QWidget &window, const Log &log) : m_window(window), m_log(log) {}
 
-/// Asks for a file of settings and takes them over; a file that holds none is told.
-/// @return whether the store may have changed.
-bool askAndLoadSettings(QWidget *parent, const Log &log);
+public Q_SLOTS:
+    /// Asks for a file and saves the settings there.
+    void sltSaveRegistry();
+    /// Asks for a file of settings and takes them over; a file that holds none is told.
+    void sltImportRegistry();
+    void sltLoadDefaultSettings();
+    /// Asks first.
+    void sltResetSettings();
 
-/// Asks whether all parameters are to be reset.
-bool askForReset(QWidget *parent);
+Q_SIGNALS:
+    /// The store may have changed: panels show it.
+    void sigUpdateSettings();
+
+private:
+    bool load(const QString &path) const;
+
+    QWidget &m_window;
+    const Log &m_log;
+};

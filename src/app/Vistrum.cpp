@@ -5,49 +5,34 @@
 #include "aoi/generation/GridAois.h"
 #include "aoi/panel/add_heatmap_aoi.h"
 #include "aoi/panel/AoiControl.h"
-#include "aoi/panel/CancellableProgress.h"
+#include "app/AboutBox.h"
+#include "app/CalculationControl.h"
+#include "app/DiagramControl.h"
 #include "app/NoticeLine.h"
+#include "app/PanelWiring.h"
+#include "app/PictureControl.h"
 #include "app/Recorders.h"
-#include "app/SettingsDialogs.h"
+#include "app/SessionControl.h"
+#include "app/SettingsControl.h"
+#include "app/WheelGuard.h"
+#include "app/WindowExports.h"
 #include "app/WindowPlace.h"
-#include "base/Messages.h"
-#include "commands/ChangesPicture.h"
+#include "clustering/panel/SaccadeClusterControl.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
-#include "diagram/panel/add_diagram.h"
 #include "export/panel/ExportWidget.h"
-#include "export/TransitionTables.h"
-#include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
-#include "model/OutlierCut.h"
 #include "settings/FirstStart.h"
-#include "settings/Registry.h"
-#include "settings/SettingsStore.h"
-#include "settings/StoredKeys.h"
 #include "table/panel/ExaminationTableControl.h"
 #include "visualization/panel/VisualizationAOIWidget.h"
-#include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
-#include "visualization/scene/DrawingPass.h"
-#include "visualization/timeline/ActivityCurves.h"
+#include "visualization/parameters/GroupColors.h"
 
 #include <QCloseEvent>
-#include <QDesktopServices>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QGraphicsPixmapItem>
-#include <QImageReader>
 #include <QMessageBox>
 #include <QMimeData>
 
-#include <algorithm>
-
-Vistrum::Vistrum(QWidget *parent)
-    : QMainWindow(parent)
-    , m_regionDialog(std::make_unique<add_heatmap_aoi>())
-    , m_diagram(std::make_unique<add_diagram>())
-    , m_openPage([](const QUrl &page) { QDesktopServices::openUrl(page); })
-    , m_ui(std::make_unique<Ui::Vistrum>())
+Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Vistrum>())
 {
     m_log.clear();
     m_log.write(QStringLiteral("Starting program"));
@@ -55,24 +40,17 @@ Vistrum::Vistrum(QWidget *parent)
     m_notice = new NoticeLine(this);
     m_ui->statusBar->addWidget(m_notice, 1);
     dividePanes(*m_ui->splitter, width());
-    constexpr QSize leastPanels(330,
-                                380); // pages scroll; without this the widest would keep the window from small screens
+    constexpr QSize leastPanels(330, 380); // pages scroll; the widest would keep the window from small screens
     m_ui->control->setMinimumSize(leastPanels);
-    m_ui->control->setModel(&m_model);
-    m_ui->control->setMainWindow(this);
-    m_ui->control->setLog(&m_log);
-    m_ui->visualization->setScene(&m_scene);
-    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
-    m_recorders = std::make_unique<Recorders>(*m_ui->visualization, m_log, [this] {
-        return m_model.images().paths().value(m_ui->image_comboBox->currentIndex() - 1);
-    });
+    makeControls();
     makeTable();
-    connectForm();
-    connectPanels();
-    connectAreas();
-    connectExports();
-    connectCorrection();
-    makeSession();
+    makeMenus();
+    makeRegionDialog();
+    connectControls();
+    (new WheelGuard(this))->guard(*this);
+    setAcceptDrops(true);
+    m_ui->visualization->setAcceptDrops(false); // the window takes them
+    m_ui->visualization->viewport()->setAcceptDrops(false);
 }
 
 Vistrum::~Vistrum()
@@ -86,16 +64,116 @@ Timeline &Vistrum::timeline() const
     return *m_ui->timeline_widget;
 }
 
-DrawingRecords Vistrum::drawingRecords() const
+// ---- what the window is made of
+
+void Vistrum::makeControls()
 {
-    DrawingRecords records;
-    const auto panels = m_ui->control->visualizationWidgets();
-    std::transform(panels.begin(), panels.end(), records.values.begin(),
-                   [](const VisualizationWidget *panel) { return &panel->parameters(); });
-    return records;
+    controlWidget &control = *m_ui->control;
+    m_picture = std::make_unique<PictureControl>(*m_ui, m_model, *this);
+    control.setModel(&m_model);
+    control.setMainWindow(this);
+    control.setLog(&m_log);
+    m_picture->sltUpdateImageView(m_ui->image_comboBox->currentIndex());
+    m_recorders =
+        std::make_unique<Recorders>(*m_ui->visualization, m_log, [this] { return m_picture->chosenPicture(); });
+    m_diagram = std::make_unique<DiagramControl>([this] { return m_picture->context(); }, control);
+    m_settings = std::make_unique<SettingsControl>(*this, m_log);
+    m_regionDialog = std::make_unique<add_heatmap_aoi>();
+    m_session = std::make_unique<SessionControl>(m_model, *control.saccadeClusterControl().saccadeClusterModel(),
+                                                 *m_picture, *this);
+    m_exports = std::make_unique<WindowExports>(
+        WindowExports::Sources{*m_picture, *m_session, control, *m_regionDialog, m_log, *this});
+    m_calculations = std::make_unique<CalculationControl>(
+        CalculationControl::Sources{m_model, *m_picture, *m_session, control, m_log});
 }
 
-// ---- table and images
+void Vistrum::makeTable()
+{
+    using Control = ExaminationTableControl;
+    m_table = new Control(*m_ui->tableWidget, *m_ui->groupByComboBox, m_model, *this, this);
+    m_table->setColorTable([this] { return groupColors(m_picture->records()); });
+    connect(m_ui->check_Button, &QPushButton::clicked, m_table, &Control::sltCheck);
+    connect(m_ui->uncheck_Button, &QPushButton::clicked, m_table, &Control::sltUncheck);
+    connect(m_ui->filterButton, &QPushButton::clicked, m_table, &Control::sltShowFilterDialog);
+    connect(m_ui->clearFilterButton, &QPushButton::clicked, m_table, &Control::sltClearFilter);
+    connect(m_ui->qualityButton, &QPushButton::clicked, m_table, &Control::sltShowQuality);
+    connect(m_ui->manageGroupsButton, &QPushButton::clicked, m_table, &Control::sltManageGroups);
+    connect(m_table, &Control::rowsAdded, m_picture.get(), &PictureControl::rebuildImageList);
+    connect(m_table, &Control::rowsAdded, &m_ui->control->exportWidget(), &ExportWidget::sltEnableQualityExport);
+    connect(m_table, &Control::timeSpanWanted, &timeline(), &Timeline::setTimeSpan);
+    connect(m_table, &Control::groupsChanged, this, &Vistrum::refreshGroups);
+    connect(m_table, &Control::sigSetSaccadeClusterStatusNone, m_calculations.get(),
+            &CalculationControl::sigSetSaccadeClusterStatusNone);
+}
+
+void Vistrum::makeMenus()
+{
+    CommandStack &stack = CommandStack::instance();
+    QAction *undo = stack.createUndoAction(this, QStringLiteral("&Undo"));
+    QAction *redo = stack.createRedoAction(this, QStringLiteral("&Redo"));
+    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    m_ui->menuEdit->insertActions(m_ui->action_UndoView, {undo, redo});
+    m_ui->menuEdit->insertSeparator(m_ui->action_UndoView);
+    connect(m_ui->action_UndoView, &QAction::triggered, m_ui->control, &controlWidget::sltShowCommandProcessor);
+    connect(m_ui->action_ImportOther, &QAction::triggered, this,
+            [this] { m_ui->control->dataWidget().importOther({}); });
+    connect(m_ui->action_Quit, &QAction::triggered, this, &Vistrum::close);
+    connect(m_ui->action_Methods, &QAction::triggered, m_session.get(), &SessionControl::sltShowMethods);
+    connect(m_ui->action_SaveRecipe, &QAction::triggered, m_session.get(), &SessionControl::sltSaveRecipe);
+    connect(m_ui->action_About, &QAction::triggered, this, [this] { showAbout(this); });
+    connect(m_ui->action_Help, &QAction::triggered, this, [this] {
+        showPage(this, findDocumentation(QStringLiteral("README.md"), QCoreApplication::applicationDirPath()));
+    });
+    connect(m_ui->action_Recorder, &QAction::triggered, this, &Vistrum::sltEyeTribeRecorder);
+    connect(m_ui->action_SaveSettings, &QAction::triggered, m_settings.get(), &SettingsControl::sltSaveRegistry);
+    connect(m_ui->action_ImportSettings, &QAction::triggered, m_settings.get(), &SettingsControl::sltImportRegistry);
+    connect(m_ui->action_LoadDefaultSettings, &QAction::triggered, m_settings.get(),
+            &SettingsControl::sltResetSettings);
+}
+
+void Vistrum::makeRegionDialog()
+{
+    controlWidget &control = *m_ui->control;
+    m_regionDialog->setModel(&m_model);
+    m_regionDialog->setMainWindow(this);
+    m_regionDialog->setLog(&m_log);
+    m_regionDialog->setInsert([&control](const QList<AreaOfInterest> &aois) { control.aoiControl().insertAll(aois); });
+    m_regionDialog->setAttribute(Qt::WA_QuitOnClose, false); // the program ends with its main window
+    connect(&control, &controlWidget::sigAddAOIsHeatmap, this, &Vistrum::sltAddAOIsHeatmap);
+    connect(&control, &controlWidget::sigAddAOIsGrid, this, &Vistrum::sltAddAOIsGrid);
+    connect(m_regionDialog.get(), &add_heatmap_aoi::sigGenAOIs, m_picture.get(), &PictureControl::sltUpdateAndRedraw);
+}
+
+/// Who hears whom.
+void Vistrum::connectControls()
+{
+    controlWidget &control = *m_ui->control;
+    connectPanels(control);
+    connect(m_picture.get(), &PictureControl::told, this, &Vistrum::tell);
+    connect(m_picture.get(), &PictureControl::aboutToDraw, m_diagram.get(), &DiagramControl::hide);
+    connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
+    connect(&control, &controlWidget::sigShowTable, this, &Vistrum::sltShowTable);
+    connect(&control, &controlWidget::sigShowTimeline, this, &Vistrum::sltShowTimeline);
+    connect(&timeline(), &Timeline::timespanChanged, &control, &controlWidget::sltTimespanHasChanged);
+    connect(&timeline(), &Timeline::reinsert_widget, this, &Vistrum::slt_reinsert_timeline);
+    connect(&control, &controlWidget::sigUpdateTimeframe, &timeline(), &Timeline::setSliderTimeframe);
+    const SettingsControl *settings = m_settings.get();
+    connect(settings, &SettingsControl::sigUpdateSettings, &control, &controlWidget::sltUpdateSettings);
+    connect(settings, &SettingsControl::sigUpdateSettings, &control.fixationControl(),
+            &FixationControl::sltUpdateSettings);
+    connect(settings, &SettingsControl::sigUpdateSettings, &control.areasWidget(),
+            &VisualizationAOIWidget::sltUpdateSettings);
+    for (VisualizationWidget *panel : control.visualizationWidgets())
+        connect(settings, &SettingsControl::sigUpdateSettings, panel, &VisualizationWidget::sltUpdateSettings);
+}
+
+void Vistrum::setPageOpener(const std::function<void(const QUrl &)> &open)
+{
+    m_diagram->setPageOpener(open);
+}
+
+// ---- what commands and panels need of the window
 
 void Vistrum::addTableRow(const Examination &examination)
 {
@@ -107,31 +185,61 @@ void Vistrum::removeTableRows(const QList<int> &numbers)
     m_ui->tableWidget->removeSortedExaminations(numbers);
 }
 
-/// A list that is as it was stays, and so does the background chosen from it.
-void Vistrum::rebuildImageList()
+void Vistrum::refreshPlainBackground()
 {
-    QComboBox &box = *m_ui->image_comboBox;
-    const QStringList names = m_model.images().names();
-    QStringList shown;
-    for (int i = 1; i < box.count(); ++i)
-        shown << box.itemText(i);
-    if (shown == names)
-        return;
-    while (box.count() > 1)
-        box.removeItem(1);
-    box.addItems(names);
+    m_picture->refreshPlain();
 }
 
-void Vistrum::sltImportPicture()
+void Vistrum::showImported()
 {
-    QFileDialog dialog(this, tr("Select Image File"), QString(), QStringLiteral("Image (*.jpg)"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().size() != 1)
-        return;
-    const QString path = dialog.selectedFiles().constFirst();
-    CommandStack::instance().push(new CommandPictureImport(m_model, path));
-    rebuildImageList();
+    m_picture->sltDrawPaths();
 }
+
+int Vistrum::stimulusWidthPx() const
+{
+    return m_picture->background().width();
+}
+
+QPixmap Vistrum::stimulus() const
+{
+    return m_picture->background();
+}
+
+bool Vistrum::hasStimulus() const
+{
+    return m_picture->hasStimulus();
+}
+
+void Vistrum::holdRedraw()
+{
+    m_picture->hold();
+}
+
+void Vistrum::releaseRedraw()
+{
+    m_picture->release();
+}
+
+void Vistrum::redraw()
+{
+    m_picture->redraw();
+}
+
+void Vistrum::updateAndRedraw()
+{
+    m_picture->redraw();
+}
+
+/// Data that no mode shows would be missed in the picture.
+void Vistrum::tell(const Notice &notice)
+{
+    Notice told = notice;
+    if (told.kind && m_picture->records()[*told.kind]->visualizationMode == 0)
+        told.text += QStringLiteral("; not drawn: mode none");
+    m_notice->tell(told);
+}
+
+// ---- areas and recorders
 
 void Vistrum::refreshGroups()
 {
@@ -155,255 +263,16 @@ void Vistrum::sltEyeTribeRecorder()
     m_recorders->open();
 }
 
+// ---- place and files
+
 void Vistrum::sltShowTable(bool shown)
 {
     m_ui->tableWidget->setVisible(shown);
 }
 
-// ---- background
-
-void Vistrum::showImported()
+void Vistrum::sltShowTimeline(bool shown)
 {
-    sltDrawPaths();
-}
-
-int Vistrum::stimulusWidthPx() const
-{
-    return m_backgroundPixmap.width();
-}
-
-bool Vistrum::hasStimulus() const
-{
-    return m_ui->image_comboBox->currentIndex() > 0 && !m_backgroundPixmap.isNull();
-}
-
-void Vistrum::refreshPlainBackground()
-{
-    if (m_ui->image_comboBox->currentIndex() == 0)
-        sltUpdateImageView(0);
-}
-
-void Vistrum::sltUpdateImageView(int index)
-{
-    chooseBackground(index);
-    if (m_background)
-        m_background->setPixmap(m_backgroundPixmap);
-    else
-        m_background = addBackground(m_scene, m_backgroundPixmap);
-}
-
-void Vistrum::chooseBackground(int index)
-{
-    m_ui->visualization->setUpOnce();
-    const QStringList images = m_model.images().paths();
-    if (index <= images.size())
-        m_backgroundPixmap = m_pictures.pixmap(index < 1 ? QString() : images[index - 1]);
-    if (m_ui->showBorderCheckBox->isChecked())
-        drawBorder(m_backgroundPixmap);
-    followPicture(index >= 1 && index <= images.size() ? images[index - 1] : QString());
-    if (!m_skipOutlierCut)
-        cutOrRestoreOutliers();
-}
-
-/// A picture that cannot be shown is told once; a redraw must not repeat it.
-void Vistrum::followPicture(const QString &path)
-{
-    m_ui->control->fixationControl().showStimulusWidth(stimulusWidthPx());
-    const bool isMissed = !path.isEmpty() && m_backgroundPixmap.isNull();
-    const QString before = std::exchange(m_missedPicture, isMissed ? path : QString());
-    if (!isMissed || before == path)
-        return;
-    QImageReader reader(path);
-    reader.read();
-    tell({QStringLiteral("The picture cannot be shown: %1").arg(QFileInfo(path).fileName()),
-          {QStringLiteral(
-               "%1: %2. Without a picture there is no size, and nothing is removed at its edge. Save it anew, "
-               "as PNG or JPEG, and choose it again.")
-               .arg(path, reader.errorString())},
-          {}});
-}
-
-void Vistrum::cutOrRestoreOutliers()
-{
-    if (m_ui->remove_outlier->isChecked())
-        cutOutliers(m_model, m_cutPicture = m_backgroundPixmap.size());
-    else
-        restoreOutliers(m_model);
-    for (const Examination &examination : std::as_const(m_model).examinations())
-        m_ui->tableWidget->showChoices(examination);
-}
-
-/// What commands changed outside of any panel is seen in the picture and in the list of images.
-void Vistrum::followCommands(int index)
-{
-    const CommandStack &stack = CommandStack::instance();
-    const auto [from, to] = std::minmax({index, std::exchange(m_commandIndex, index)});
-    bool isChanged = false;
-    for (int i = from; i < std::min(to, stack.count()); ++i)
-        isChanged = isChanged || dynamic_cast<const ChangesPicture *>(stack.command(i));
-    if (!isChanged)
-        return;
-    rebuildImageList();
-    redraw();
-}
-
-void Vistrum::sltCutData(int)
-{
-    m_skipOutlierCut = false;
-    sltUpdateAndRedraw();
-    m_skipOutlierCut = true;
-}
-
-void Vistrum::sltUpdateBorder()
-{
-    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
-}
-
-void Vistrum::sltFitToScreen()
-{
-    m_ui->visualization->fit(m_backgroundPixmap.rect());
-}
-
-void Vistrum::sltOriginalSize()
-{
-    m_ui->visualization->fit(QRectF(QPointF(0, 0), m_ui->visualization->size()));
-}
-
-// ---- drawing
-
-void Vistrum::sltCalculateFixations()
-{
-    Q_EMIT sigEnable_fixation_export();
-    Q_EMIT sigEnable_event_export();
-    Q_EMIT sigSetSaccadeClusterStatusNone();
-    redraw();
-}
-
-void Vistrum::sltCalculateClusters()
-{
-    Q_EMIT sigEnable_fixationcluster_export();
-    redraw();
-}
-
-void Vistrum::sltCalculateCumulativeClusters()
-{
-    if (!m_model.checkedExaminations().isEmpty())
-        Q_EMIT sigEnable_cumulativecluster_export();
-    redraw();
-}
-
-void Vistrum::sltDrawPaths()
-{
-    m_skipOutlierCut = false;
-    sltUpdateImageView(m_ui->image_comboBox->currentIndex());
-    m_skipOutlierCut = true;
-    if (m_model.checkedExaminations().isEmpty()) {
-        messages::information(QStringLiteral("No examination selected"),
-                              QStringLiteral("Please select an examination first"));
-        return;
-    }
-    // Not unique: after a second import each move of the timeline draws twice, and so on.
-    connect(&timeline(), &Timeline::sliderChanged, this, &Vistrum::redraw);
-    connect(&timeline(), &Timeline::sliderChanged, m_ui->control, &controlWidget::sltTimelineHasChanged);
-    timeline().setTimeSpan(m_model.longestCheckedDuration());
-}
-
-void Vistrum::holdRedraw()
-{
-    ++m_redrawHolds;
-}
-
-void Vistrum::releaseRedraw()
-{
-    if (--m_redrawHolds == 0 && std::exchange(m_redrawMissed, false))
-        redraw();
-}
-
-void Vistrum::redraw()
-{
-    if (m_redrawHolds > 0) {
-        m_redrawMissed = true;
-        return;
-    }
-    if (hasAreasAndFixations(m_model))
-        Q_EMIT sigEnable_trans_matrix_export();
-    m_diagram->hide();
-    const QImage saliency = saliencyOverlay();
-    update_timeline_widget();
-    chooseBackground(m_ui->image_comboBox->currentIndex());
-    SettingsStore().sync();
-    VisualizationSaccadeClustersWidget &saccadeClusters = m_ui->control->saccadeClustersWidget();
-    const DrawnScene drawn =
-        runDrawingPass(m_scene, m_model, drawingContext(),
-                       {m_backgroundPixmap, saliency, saccadeClusters.arrows(), correctionOverlay()});
-    m_background = drawn.background;
-    m_figures = drawn.figures;
-    saccadeClusters.adoptGroup(drawn.saccadeClusters);
-    const auto panels = m_ui->control->visualizationWidgets();
-    for (const HeatmapFigures &figures : drawn.figures)
-        panels[static_cast<std::size_t>(figures.kind)]->showFigures(figures);
-}
-
-/// Null without a method, and without a picture, which is told once. Nothing is drawn meanwhile: the caller is about
-/// to.
-QImage Vistrum::saliencyOverlay()
-{
-    const int method = m_ui->control->saliencyMethod();
-    const bool isMissing = method > 0 && !hasStimulus();
-    if (isMissing && !std::exchange(m_toldMissingPicture, true))
-        messages::information(tr("No picture"), tr("Saliency is that of a picture. Please choose one as background."));
-    if (method < 1 || isMissing)
-        return {};
-    m_toldMissingPicture = false;
-    ++m_redrawHolds;
-    const CancellableProgress progress(this);
-    const QImage overlay = m_saliency.image(static_cast<SaliencyMethod>(method), m_backgroundPixmap.toImage(),
-                                            m_model.saliencyParameters, progress.token());
-    --m_redrawHolds;
-    return overlay;
-}
-
-DrawingContext Vistrum::drawingContext() const
-{
-    return {.model = m_model,
-            .eyeMode = eyeMode(),
-            .frame = {timeline().start(), timeline().end()},
-            .records = drawingRecords(),
-            .areas = m_ui->control->areasWidget().parameters()};
-}
-
-void Vistrum::sltExportheatmap(int id)
-{
-    drawHeatmapOnTop(m_scene, static_cast<DataKind>(id), drawingContext());
-}
-
-/// Data that no mode shows would be missed in the picture.
-void Vistrum::tell(const Notice &notice)
-{
-    Notice told = notice;
-    if (told.kind && drawingRecords()[*told.kind]->visualizationMode == 0)
-        told.text += QStringLiteral("; not drawn: mode none");
-    m_notice->tell(told);
-}
-
-void Vistrum::updateAndRedraw()
-{
-    sltUpdateAndRedraw();
-}
-
-void Vistrum::sltUpdateAndRedraw()
-{
-    redraw();
-}
-
-// ---- timeline
-
-void Vistrum::update_timeline_widget()
-{
-    const ActivityCurves curves = activityCurves(m_model, eyeMode(), timeline().width(),
-                                                 [this](qint64 timeMs) { return timeline().timeToPixel(timeMs); });
-    timeline().setCurve1(curves.samples);
-    timeline().setCurve2(curves.distances);
+    timeline().setVisible(shown);
 }
 
 void Vistrum::slt_reinsert_timeline(QWidget *timeline)
@@ -412,52 +281,17 @@ void Vistrum::slt_reinsert_timeline(QWidget *timeline)
     timeline->show();
 }
 
-void Vistrum::sltShowTimeline(bool shown)
+bool Vistrum::restorePlace()
 {
-    timeline().setVisible(shown);
+    return ::restorePlace(*this, *m_ui->splitter);
 }
 
 void Vistrum::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
     if (m_model.examinations().isEmpty())
-        sltFitToScreen(); // the window gets its size after the start, in steps; later the user's own zoom stays
+        m_picture->sltFitToScreen(); // the window gets its size in steps; later the user's own zoom stays
     redraw();
-}
-
-// ---- settings, place and files
-
-void Vistrum::sltSaveRegistry()
-{
-    askAndSaveSettings(this, m_log);
-}
-
-void Vistrum::sltImportRegistry()
-{
-    if (askAndLoadSettings(this, m_log))
-        Q_EMIT sigUpdateSettings();
-}
-
-void Vistrum::sltResetSettings()
-{
-    if (askForReset(this))
-        sltLoadDefaultSettings();
-}
-
-void Vistrum::sltLoadDefaultSettings()
-{
-    Registry(m_log).loadSettings(
-        findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
-    for (VisualizationWidget *panel : m_ui->control->visualizationWidgets())
-        panel->sltUpdateSettings();
-    m_ui->control->areasWidget().sltUpdateSettings();
-    m_ui->control->fixationControl().sltUpdateSettings();
-    m_ui->control->sltUpdateSettings();
-}
-
-bool Vistrum::restorePlace()
-{
-    return ::restorePlace(*this, *m_ui->splitter);
 }
 
 void Vistrum::importFiles(const QStringList &paths)

@@ -130,3 +130,11 @@ void installWindowFeedback()
     messages::install(std::make_unique<MessageBoxes>());
     Progress::install(std::make_unique<ProgressDialogs>());
 }
+
+void tellOutcome(const QString &title, const QString &text, const std::optional<QString> &problem)
+{
+    if (problem)
+        messages::warning(title, *problem);
+    else
+        messages::information(title, text);
+}

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/PictureControl.h"
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
 #include "base/ArgumentTexts.h"
@@ -59,7 +60,7 @@ int main(int argc, char *argv[])
     window.show();
     if (!isPlaced)
         window.setWindowState(Qt::WindowMaximized);
-    window.sltFitToScreen();
+    window.picture().sltFitToScreen();
     splash.finish(&window);
     ArgumentTexts arguments; // has links to files until the program ends
     window.importFiles(arguments.texts(QByteArrayList(argv + 1, argv + argc)));

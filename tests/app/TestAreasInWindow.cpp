@@ -63,7 +63,7 @@ void TestAreasInWindow::gridIsDrawnAtOnce()
     QVERIFY(picture() != before);
     CommandStack::instance().setIndex(CommandStack::instance().count() - 25);
     QCOMPARE(find<QListWidget>("listViewAOI")->count(), 0);
-    m_window->sltUpdateAndRedraw();
+    m_window->picture().sltUpdateAndRedraw();
     QCOMPARE(picture(), before);
 }
 
@@ -156,7 +156,7 @@ void TestAreasInWindow::saliencyOfThePlainBackgroundIsToldOnce()
 {
     find<QComboBox>("comboBox_sal")->setCurrentIndex(1);
     find<QAbstractButton>("page_sal", "stat_calc")->click();
-    m_window->sltUpdateAndRedraw();
+    m_window->picture().sltUpdateAndRedraw();
     QCOMPARE(m_messages->texts().size(), 1);
 }
 

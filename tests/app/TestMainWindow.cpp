@@ -142,7 +142,7 @@ void TestMainWindow::importsCalculatesAndStepsBack()
     if (const QString file = qEnvironmentVariable("VISTRUM_SCREENSHOT"); !file.isEmpty()) {
         find<QComboBox>("image_comboBox")->setCurrentIndex(1);
         m_window->redraw();
-        m_window->sltFitToScreen();
+        m_window->picture().sltFitToScreen();
         QTest::qWait(500);
         m_window->screen()->grabWindow(m_window->winId()).save(file); // a grab would leave the OpenGL viewport empty
     }
@@ -339,7 +339,7 @@ void TestMainWindow::anIndexBeyondTheImagesDrawsTheBorder()
     border->click();
     QCOMPARE(picture().pixelColor(2, 800), QColor(Qt::white));
     border->setChecked(true); // no click: nothing is drawn yet
-    m_window->sltUpdateImageView(99);
+    m_window->picture().sltUpdateImageView(99);
     QCOMPARE(picture().pixelColor(2, 800), QColor(Qt::black));
     QCOMPARE(find<QGraphicsView>("visualization")->scene()->items().size(), 1);
 }
@@ -347,15 +347,15 @@ void TestMainWindow::anIndexBeyondTheImagesDrawsTheBorder()
 void TestMainWindow::anIndexBeyondTheImagesKeepsThePicture()
 {
     importExamples();
-    m_window->sltUpdateImageView(1);
+    m_window->picture().sltUpdateImageView(1);
     const QImage before = picture();
-    m_window->sltUpdateImageView(99);
+    m_window->picture().sltUpdateImageView(99);
     QCOMPARE(picture(), before);
 }
 
 void TestMainWindow::drawingWithoutCheckedExaminationTellsTheUser()
 {
-    m_window->sltDrawPaths();
+    m_window->picture().sltDrawPaths();
     QCOMPARE(m_messages->texts(),
              QStringList{QStringLiteral("No examination selected|Please select an examination first")});
 }
@@ -368,7 +368,7 @@ void TestMainWindow::drawingWithoutCheckedExaminationKeepsTheTimeSpan()
     constexpr qint64 shortestSpan = 1000; // ms, of a table without a checked row
     QCOMPARE(m_window->model().timeFrame().endMs, shortestSpan);
     const qsizetype told = m_messages->texts().size();
-    m_window->sltDrawPaths();
+    m_window->picture().sltDrawPaths();
     QCOMPARE(m_messages->texts().sliced(told),
              QStringList{QStringLiteral("No examination selected|Please select an examination first")});
     QCOMPARE(m_window->model().timeFrame().endMs, shortestSpan);

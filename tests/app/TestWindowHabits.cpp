@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AboutBox.h"
 #include "app/NoticeLine.h"
+#include "app/SettingsControl.h"
 #include "base/Release.h"
 #include "import/TableTexts.h"
 #include "settings/StoredKeys.h"
@@ -238,7 +239,7 @@ void TestWindowHabits::settingsShowTheEyeMode()
     chooseInNextDialog(path("mine.ini"));
     find<QAction>("action_ImportSettings")->trigger();
     QCOMPARE(eyes->currentIndex(), other);
-    m_window->sltLoadDefaultSettings();
+    m_window->settings().sltLoadDefaultSettings();
     QCOMPARE(eyes->currentIndex(), factory);
 }
 

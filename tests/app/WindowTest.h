@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/PictureControl.h"
 #include "app/Vistrum.h"
 #include "commands/CommandStack.h"
 #include "import/panel/DataWidget.h"
@@ -49,7 +50,7 @@ protected:
         m_window->resize(1600, 900);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        m_window->sltFitToScreen();
+        m_window->picture().sltFitToScreen();
     }
 
     void closeWindow()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/SessionControl.h"
 #include "app/Vistrum.h"
 #include "BatchProgram.h"
 #include "commands/CommandStack.h"
@@ -89,7 +90,7 @@ private:
     }
     QJsonObject saved() const
     {
-        m_window->saveRecipe(u"r.recipe.json"_s);
+        m_window->session().saveRecipe(u"r.recipe.json"_s);
         return QJsonDocument::fromJson(m_batch->contents(u"r.recipe.json"_s)).object();
     }
     auto replay(const QStringList &further = {}) const
