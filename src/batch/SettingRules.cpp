@@ -134,7 +134,9 @@ std::optional<ParameterValue> SettingRule::value(const QString &text) const
     const double read = type == Type::WholeNumber ? text.toInt(&ok) : text.toDouble(&ok);
     if (!ok || !std::isfinite(read) || read < least || read > most)
         return std::nullopt;
-    return type == Type::WholeNumber ? ParameterValue(static_cast<int>(read)) : ParameterValue(read);
+    if (type == Type::WholeNumber)
+        return static_cast<int>(read);
+    return read;
 }
 
 QString SettingRule::expected() const
