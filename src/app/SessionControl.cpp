@@ -12,6 +12,7 @@
 #include "detection/PixelSize.h"
 #include "export/panel/ExportCommands.h"
 #include "export/TransitionExport.h"
+#include "import/panel/DataCommands.h"
 #include "report/panel/MethodsWindow.h"
 #include "settings/FirstStart.h"
 #include "settings/SettingsFile.h"
@@ -121,7 +122,9 @@ MethodsRun SessionControl::methodsRun() const
     const CommandStack &stack = CommandStack::instance();
     for (int i = 0; i < stack.index(); ++i) {
         const QUndoCommand *command = stack.command(i);
-        if (const auto *fixations = dynamic_cast<const CommandCalculateFixations *>(command))
+        if (const auto *import = dynamic_cast<const CommandDataImport *>(command))
+            run.failed += import->notRead();
+        else if (const auto *fixations = dynamic_cast<const CommandCalculateFixations *>(command))
             run.detector = fixations->parameters();
         else if (const auto *clusters = dynamic_cast<const CommandCalculateClusters *>(command))
             run.clusters = clusters->parameters();

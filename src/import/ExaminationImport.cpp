@@ -155,11 +155,11 @@ void reportMissingImages(const QStringList &paths)
                     QStringLiteral("The other missing images:\n") + paths.sliced(listed).join(u'\n')});
 }
 
-QList<int> importRecordings(const QStringList &paths, DataModel &model, const Log *log,
-                            const ExaminationCallback &added, RecordingReader read)
+ImportOutcome importRecordings(const QStringList &paths, DataModel &model, const Log *log,
+                               const ExaminationCallback &added, RecordingReader read)
 {
     Progress progress(QStringLiteral("Loading data, please wait."), static_cast<int>(paths.size()));
-    QList<int> numbers;
+    ImportOutcome outcome;
     QStringList missingImages;
     QStringList doubts;
     {
@@ -168,8 +168,10 @@ QList<int> importRecordings(const QStringList &paths, DataModel &model, const Lo
             if (!file.examination.missingImagePath.isEmpty())
                 missingImages << file.examination.missingImagePath;
             if (const auto number = addToModel(file, model)) {
-                numbers << *number;
+                outcome.numbers << *number;
                 added(model.examinations().constLast());
+            } else {
+                outcome.notRead << RecordingPath(file.path).baseName;
             }
             doubts += doubtsWithName(file);
             progress.advance();
@@ -179,7 +181,7 @@ QList<int> importRecordings(const QStringList &paths, DataModel &model, const Lo
     reportMissingImages(missingImages);
     reportDoubts(doubts);
     followExaminations(model);
-    return numbers;
+    return outcome;
 }
 
 void removeFromModel(const QList<int> &numbers, DataModel &model)

@@ -69,13 +69,17 @@ void reportMissingImages(const QStringList &paths);
 
 using ExaminationCallback = std::function<void(const Examination &)>;
 
+struct ImportOutcome {
+    QList<int> numbers;  ///< running numbers of the new examinations
+    QStringList notRead; ///< base names of the other recordings
+};
+
 /// Reads the recordings into the model in the order of the paths, with progress. At the end it reports what went wrong,
 /// missing images and, in one message for all files, what is doubtful in them.
 ///
 /// @param added  called for each examination as soon as it stands in the model.
-/// @return the running numbers of the new examinations; recordings that were not read have none.
-QList<int> importRecordings(const QStringList &paths, DataModel &model, const Log *log,
-                            const ExaminationCallback &added, RecordingReader read = readRecording);
+ImportOutcome importRecordings(const QStringList &paths, DataModel &model, const Log *log,
+                               const ExaminationCallback &added, RecordingReader read = readRecording);
 
 /// Takes the examinations with these running numbers out of the model again.
 void removeFromModel(const QList<int> &numbers, DataModel &model);

@@ -115,7 +115,7 @@ Value hullArea(QList<QPoint> points)
     return std::abs(doubled) / 2;
 }
 
-/// 2 k pi sx sy sqrt(1 - r^2) with the deviations of a sample (Crossland & Rubin 2002, OVS 79(9)).
+/// 2 k pi sx sy sqrt(1 - r^2) with the deviations of a sample (Crossland & Rubin 2002, OVS 79(11)).
 Value bcea(const QList<QPointF> &places)
 {
     constexpr double share = 0.682;

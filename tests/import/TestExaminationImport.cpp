@@ -352,13 +352,14 @@ void TestExaminationImport::importing()
     QStringList progress;
     const auto before = Progress::install(std::make_unique<RecordedProgress>(progress));
     QStringList added;
-    const QList<int> numbers =
+    const ImportOutcome outcome =
         importRecordings({good, bad, other}, model, nullptr, [&](const Examination &examination) {
             added
                 << u"%1 of %2: %3"_s.arg(examination.number).arg(model.examinations().size()).arg(examination.baseName);
         });
     Progress::install(nullptr);
-    QCOMPARE(numbers, (QList<int>{2, 3}));
+    QCOMPARE(outcome.numbers, (QList<int>{2, 3}));
+    QCOMPARE(outcome.notRead, QStringList{u"p02"_s});
     QCOMPARE(added, (QStringList{u"2 of 2: p01"_s, u"3 of 3: p03"_s}));
     QCOMPARE(progress,
              (QStringList{u"open Loading data, please wait. 3"_s, u"show 1"_s, u"show 2"_s, u"show 3"_s, u"close"_s}));
@@ -378,7 +379,7 @@ void TestExaminationImport::importingNothing()
     DataModel model;
     RecordedMessages shown;
     const auto neverCalled = [](const Examination &) { QFAIL("no examination was read"); };
-    QCOMPARE(importRecordings({}, model, nullptr, neverCalled), QList<int>());
+    QCOMPARE(importRecordings({}, model, nullptr, neverCalled).numbers, QList<int>());
     QCOMPARE(shown.texts(), QStringList());
 }
 

@@ -135,7 +135,7 @@ void TestRecordingRoad::samplesArrive()
     }
 
     DataModel model;
-    QCOMPARE(importRecordings({saved}, model, nullptr, [](const Examination &) {}).size(), 1);
+    QCOMPARE(importRecordings({saved}, model, nullptr, [](const Examination &) {}).numbers.size(), 1);
     const Examination &examination = std::as_const(model).examinations().constFirst();
     QCOMPARE(examination.subjectId, QStringLiteral("road"));
     QCOMPARE(examination.leftEye.gazePoints.size(), received.size());

@@ -114,8 +114,8 @@ void CommandDataImport::undo()
 {
     m_files.clear();
     m_files.addItems(m_paths);
-    removeFromModel(m_numbers, m_model);
-    m_window.removeTableRows(m_numbers);
+    removeFromModel(m_outcome.numbers, m_model);
+    m_window.removeTableRows(m_outcome.numbers);
     if (m_log)
         m_log->write(
             QStringLiteral("CommandDataImport:undo The import of %1 files has been undone!").arg(m_paths.size()));
@@ -125,10 +125,10 @@ void CommandDataImport::undo()
 void CommandDataImport::redo()
 {
     m_paths = textsOf(m_files);
-    m_numbers = importRecordings(
+    m_outcome = importRecordings(
         m_paths, m_model, m_log, [this](const Examination &examination) { m_window.addTableRow(examination); },
         readRecordingOrBids);
-    if (!m_numbers.isEmpty())
+    if (!m_outcome.numbers.isEmpty())
         m_window.refreshPlainBackground();
     m_files.clear();
     if (m_log)

@@ -4,6 +4,7 @@
 #include "base/Log.h"
 #include "commands/ChangesPicture.h"
 #include "commands/IMainWindow.h"
+#include "import/ExaminationImport.h"
 #include "model/DataModel.h"
 
 #include <QListWidget>
@@ -62,6 +63,8 @@ public:
 
     /// What was listed at the last redo.
     const QStringList &paths() const { return m_paths; }
+    /// Base names of those that could not be read.
+    const QStringList &notRead() const { return m_outcome.notRead; }
 
 private:
     DataModel &m_model;
@@ -70,7 +73,7 @@ private:
     const Log *m_log;
     bool m_firstRun = true;
     QStringList m_paths;
-    QList<int> m_numbers; ///< running numbers of the examinations that came of the paths
+    ImportOutcome m_outcome; ///< of these paths
 };
 
 /// Adds a stimulus image that belongs to no examination. The list of images is rebuilt by whoever pushes it.
