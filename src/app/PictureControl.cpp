@@ -237,14 +237,19 @@ void PictureControl::sltDrawPaths()
     timeline().setTimeSpan(m_model.longestCheckedDuration());
 }
 
+/// The columns of the table would be fitted anew for each row.
 void PictureControl::hold()
 {
-    ++m_holds;
+    if (m_holds++ == 0)
+        m_form.tableWidget->setUpdatesEnabled(false);
 }
 
 void PictureControl::release()
 {
-    if (--m_holds == 0 && std::exchange(m_isMissed, false))
+    if (--m_holds > 0)
+        return;
+    m_form.tableWidget->setUpdatesEnabled(true);
+    if (std::exchange(m_isMissed, false))
         redraw();
 }
 

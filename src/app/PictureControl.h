@@ -48,7 +48,7 @@ public:
     SceneLayers layers();
 
     void redraw();
-    /// From here to as many calls of `release` nothing is drawn.
+    /// From here to as many calls of `release` nothing is drawn, the table of examinations included.
     void hold();
     void release();
     /// The background is made anew if it is the plain one.

@@ -55,8 +55,8 @@ public:
     /// Examinations, groups or colours have changed: the picture is drawn anew.
     virtual void updateAndRedraw() = 0;
 
-    /// From here to as many calls of `releaseRedraw` the picture waits; then it is drawn once, if it was to be drawn at
-    /// all. A window without a picture may leave both out.
+    /// From here to as many calls of `releaseRedraw` picture and table wait; then the picture is drawn once, if it was
+    /// to be drawn at all. A window without a picture may leave both out.
     virtual void holdRedraw() {}
     virtual void releaseRedraw() {}
 };

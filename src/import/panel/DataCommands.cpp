@@ -125,9 +125,12 @@ void CommandDataImport::undo()
 void CommandDataImport::redo()
 {
     m_paths = textsOf(m_files);
-    m_outcome = importRecordings(
-        m_paths, m_model, m_log, [this](const Examination &examination) { m_window.addTableRow(examination); },
-        readRecordingOrBids);
+    {
+        const RedrawHold hold(m_window);
+        m_outcome = importRecordings(
+            m_paths, m_model, m_log, [this](const Examination &examination) { m_window.addTableRow(examination); },
+            readRecordingOrBids);
+    }
     if (!m_outcome.numbers.isEmpty())
         m_window.refreshPlainBackground();
     m_files.clear();

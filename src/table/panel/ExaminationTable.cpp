@@ -28,7 +28,7 @@ QTableWidgetItem *numberItem(int number)
 /// cannot be undone.
 class GroupBox : public QComboBox {
 public:
-    explicit GroupBox(QWidget *parent) : QComboBox(parent) { setFocusPolicy(Qt::StrongFocus); }
+    GroupBox() { setFocusPolicy(Qt::StrongFocus); }
 
 protected:
     void wheelEvent(QWheelEvent *event) override
@@ -97,7 +97,7 @@ void ExaminationTable::fillRow(int row, const Examination &examination, const QL
 
 void ExaminationTable::addCheckBox(int row, bool checked)
 {
-    auto *box = new QCheckBox(this); // owned by the table
+    auto *box = new QCheckBox; // owned by the table; a style that is inherited twice costs twice
     box->setChecked(checked);
     box->setToolTip(tr("Takes part in calculations, drawings and exports"));
     setCellWidget(row, CheckBoxColumn, box);
@@ -106,7 +106,7 @@ void ExaminationTable::addCheckBox(int row, bool checked)
 
 void ExaminationTable::addGroupBox(int row, const Examination &examination, const QList<Group> &groups)
 {
-    auto *box = new GroupBox(this); // owned by the table
+    auto *box = new GroupBox; // owned by the table
     box->addItem(Group::none);
     for (const Group &group : groups)
         box->addItem(group.name);
