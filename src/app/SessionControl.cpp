@@ -136,10 +136,12 @@ void SessionControl::saveRecipe(const QString &path)
         return;
     }
     QString text =
-        QStringLiteral("%1 steps saved to: %2\n\nvistrum-batch --recipe FILE does them again. Pictures, charts, "
+        QStringLiteral("%1 saved to: %2\n\nvistrum-batch --recipe FILE does them again. Pictures, charts, "
                        "videos and diagrams, and what the pages of saccade clusters, comparison and correction "
                        "do, are no steps of a recipe.")
-            .arg(QString::number(recipe.steps.size()), path);
+            .arg(recipe.steps.size() == 1 ? QStringLiteral("1 step")
+                                          : QStringLiteral("%1 steps").arg(recipe.steps.size()),
+                 path);
     if (!recipe.notReplayed.isEmpty())
         text += QStringLiteral("\n\nNot replayed either:\n") + recipe.notReplayed.join(u'\n');
     messages::information(title, text);
