@@ -53,6 +53,9 @@ private Q_SLOTS:
     void asked_data();
     void asked();
     void missingCodes();
+    void longMissingCode();
+    void confidenceInPercent();
+    void assumedScreenIsTold();
     void validityCodes();
     void recordings();
     void knownLayout();
@@ -225,6 +228,52 @@ void TestTableDetection::missingCodes()
     QVERIFY(guess.layout.missing.contains(QStringLiteral("-32768")));
     QVERIFY(guess.layout.missing.contains(QStringLiteral("?")));
     QVERIFY(!guess.refusal());
+}
+
+/// Ten digits: six would be another number, and the places valid.
+void TestTableDetection::longMissingCode()
+{
+    QByteArray bytes = "time,left_x,left_y\n";
+    for (int i = 0; i < 100; ++i)
+        bytes += QByteArray::number(5000 + 2 * i) + (i % 5 == 0 ? ",-2147483648,-2147483648\n" : ",512,300.5\n");
+    const LayoutGuess guess = guessOf(bytes);
+    QVERIFY(guess.layout.missing.contains(QStringLiteral("-2147483648")));
+    const TableContent content = table_writer::content(table_writer::read(bytes, guess.layout));
+    QCOMPARE(content.recordings[0].facts.leftValid, 80);
+}
+
+void TestTableDetection::confidenceInPercent()
+{
+    const auto table = [](double scale) {
+        QByteArray bytes = "time,left_x,left_y,confidence\n";
+        for (int i = 0; i < 100; ++i)
+            bytes += QByteArray::number(5000 + 2 * i) + ",512," + QByteArray::number(300 + i % 7) + ',' +
+                     QByteArray::number(scale * (i % 5 == 0 ? 0.105 : 0.985)) + '\n';
+        return bytes;
+    };
+    const LayoutGuess ones = guessOf(table(1));
+    QCOMPARE(ones.layout.valid.limit, 0.6);
+    QVERIFY(!ones.refusal());
+    const LayoutGuess percent = guessOf(table(100));
+    QCOMPARE(percent.layout.valid.limit, 60.0);
+    QVERIFY(percent.refusal()); // what it counts in is a guess that decides which samples are valid
+}
+
+void TestTableDetection::assumedScreenIsTold()
+{
+    NamedLayout known{QStringLiteral("maker"), QStringLiteral(":/layouts/maker.layout.json"), table_writer::layout()};
+    known.layout.place.unit = TablePlaceUnit::Normalised;
+    known.layout.match = {QStringLiteral("time"), QStringLiteral("lx")};
+    const QByteArray bytes = table_writer::tableText({{QStringLiteral("a"), table_writer::gaze(200, 3)}}, known.layout);
+    const auto tells = [&](const NamedLayout &layout) {
+        return detectLayout(extractOf(bytes), {layout}).doubts.join(u'\n').contains(QStringLiteral("takes the screen"));
+    };
+    QVERIFY(tells(known));
+    known.path = QStringLiteral("mine/maker.layout.json"); // the user has said how large it is
+    QVERIFY(!tells(known));
+    known.path = QStringLiteral(":/layouts/maker.layout.json");
+    known.layout.place.unit = TablePlaceUnit::Pixels;
+    QVERIFY(!tells(known));
 }
 
 void TestTableDetection::validityCodes()

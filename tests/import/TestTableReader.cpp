@@ -20,6 +20,9 @@ private Q_SLOTS:
     void timesWithManyDigits();
     void headerAgain();
     void gzipMembers();
+    void codesInTheFilesOwnEncoding();
+    void missingWithADecimalComma();
+    void nameThatIsNoUtf8Behind();
 };
 
 void TestTableReader::sameSamples_data()
@@ -337,6 +340,59 @@ void TestTableReader::gzipMembers()
     const TableContent content = table_writer::content(table_writer::read(file, layout));
     QCOMPARE(content.recordings.size(), 1);
     QVERIFY(content.recordings[0].samples == samples);
+}
+
+void TestTableReader::codesInTheFilesOwnEncoding()
+{
+    TableLayout layout;
+    layout.time = TableColumn::named(QStringLiteral("time"));
+    layout.left = {.x = TableColumn::named(QStringLiteral("x")),
+                   .y = TableColumn::named(QStringLiteral("y")),
+                   .pupil = {},
+                   .pupilHeight = {},
+                   .validity = TableColumn::named(QStringLiteral("state"))};
+    layout.valid.codes = {QStringLiteral("gültig")};
+    layout.commentPrefix = QStringLiteral("§");
+    const QString text = QStringLiteral("time,x,y,state\n0,1,2,gültig\n§ 2,1,2,gültig\n4,3,4,ungültig\n");
+    for (const QByteArray &bytes : {text.toLatin1(), text.toUtf8()}) {
+        const TableContent content = table_writer::content(table_writer::read(bytes, layout));
+        QCOMPARE(content.recordings.size(), 1);
+        const QList<TableSample> &samples = content.recordings[0].samples;
+        QCOMPARE(samples.size(), 2);
+        QVERIFY(samples[0].leftValid);
+        QVERIFY(!samples[1].leftValid);
+    }
+}
+
+void TestTableReader::missingWithADecimalComma()
+{
+    TableLayout layout = table_writer::with([](TableLayout &with) {
+        with.delimiter = ';';
+        with.decimalSign = ',';
+    });
+    for (const QString &code : {QStringLiteral("-99,9"), QStringLiteral("-99.9"), QStringLiteral("-9,99e1")}) {
+        layout.missing = {code};
+        const TableContent content = table_writer::content(
+            table_writer::read("recording;time;lx;ly;lp;rx;ry;rp\na;1;-99,9;-99,9;1;20,5;21;1\n", layout));
+        QCOMPARE(content.recordings.size(), 1);
+        QVERIFY(!content.recordings[0].samples[0].leftValid);
+        QVERIFY(content.recordings[0].samples[0].rightValid);
+    }
+}
+
+/// The first 64 KB say that the file is UTF-8; what comes behind them may not be.
+void TestTableReader::nameThatIsNoUtf8Behind()
+{
+    TableLayout layout = table_writer::layout();
+    layout.split << TableColumn::named(QStringLiteral("recording"));
+    QByteArray bytes = "recording,time,lx,ly,lp,rx,ry,rp\n";
+    for (int i = 0; i < 5000; ++i)
+        bytes += "a," + QByteArray::number(i) + ",10,11,1,20,21,1\n";
+    bytes += "M\xE4x,1,10,11,1,20,21,1\nM\xFCx,1,10,11,1,20,21,1\n";
+    const TableContent content = table_writer::content(table_writer::read(bytes, layout));
+    QCOMPARE(content.recordings.size(), 3);
+    QVERIFY2(content.recordings[1].name.contains(QStringLiteral("Mäx")), qPrintable(content.recordings[1].name));
+    QVERIFY2(content.recordings[2].name.contains(QStringLiteral("Müx")), qPrintable(content.recordings[2].name));
 }
 
 QTEST_GUILESS_MAIN(TestTableReader)

@@ -21,6 +21,14 @@ QString shortText(const QString &text)
     return text.size() > shown ? text.first(shown) + QStringLiteral("...") : text;
 }
 
+QList<QByteArray> missingIn(const TableBytes &bytes, const TableLayout &layout)
+{
+    QList<QByteArray> codes;
+    for (const QString &code : layout.missing)
+        codes << bytes.encoded(code);
+    return codes;
+}
+
 } // namespace
 
 DelimitedReader::DelimitedReader(TableBytes &bytes, const QString &file, const TableLayout &layout,
@@ -29,8 +37,8 @@ DelimitedReader::DelimitedReader(TableBytes &bytes, const QString &file, const T
     , m_file(file)
     , m_layout(layout)
     , m_options(options)
-    , m_comment(layout.commentPrefix.toUtf8())
-    , m_numbers(layout.decimalSign, layout.missing, layout.timeUnit)
+    , m_comment(bytes.encoded(layout.commentPrefix))
+    , m_numbers(layout.decimalSign, missingIn(bytes, layout), layout.timeUnit)
     , m_place(layout.place)
     , m_recordings(file, layout, options)
 {
@@ -38,7 +46,7 @@ DelimitedReader::DelimitedReader(TableBytes &bytes, const QString &file, const T
     m_hasNames = std::ranges::any_of(columnsOf(layout), [](const TableColumn &column) { return column.number == 0; });
     const NumberFields codes('.', {}, TableTimeUnit::Milliseconds);
     for (const QString &code : layout.valid.codes) {
-        m_codeTexts << code.toUtf8();
+        m_codeTexts << bytes.encoded(code);
         m_codes << codes.read(m_codeTexts.constLast());
     }
 }

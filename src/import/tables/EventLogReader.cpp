@@ -59,8 +59,8 @@ EventLogReader::EventLogReader(TableBytes &bytes, const QString &file, const Tab
     , m_file(file)
     , m_layout(layout)
     , m_place(layout.place)
-    , m_begin(layout.beginMessage.toUtf8())
-    , m_end(layout.endMessage.toUtf8())
+    , m_begin(bytes.encoded(layout.beginMessage))
+    , m_end(bytes.encoded(layout.endMessage))
     , m_screenPx(layout.place.screenPx)
     , m_recordings(file, layout, options)
 {

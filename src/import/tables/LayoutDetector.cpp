@@ -262,6 +262,20 @@ LayoutGuess LayoutDetector::detect()
     return m_guess;
 }
 
+/// Parts of a screen say nothing of its size; who saved a layout has told it.
+void LayoutDetector::tellAssumedScreen(const NamedLayout &known)
+{
+    const TableGeometry &place = known.layout.place;
+    if (!known.path.startsWith(QLatin1StringView(":/")) || place.unit != TablePlaceUnit::Normalised)
+        return;
+    m_guess.doubts << QStringLiteral(
+                          "The layout %1 takes the screen to be %2 x %3 pixels, which the file does not tell; "
+                          "give the size of yours, or save a layout that has it.")
+                          .arg(known.name)
+                          .arg(place.screenPx.width())
+                          .arg(place.screenPx.height());
+}
+
 LayoutGuess LayoutDetector::check(const NamedLayout &known)
 {
     using namespace layout_words;
@@ -286,6 +300,7 @@ LayoutGuess LayoutDetector::check(const NamedLayout &known)
     m_guess.layout.encoding = TableEncoding::ByMark;
     choose(QStringLiteral("columns"), known.name, sure,
            QStringLiteral("the header is that of the layout %1").arg(known.name));
+    tellAssumedScreen(known);
     const qsizetype time = layout.time.isGiven() ? placeOf(layout.time) : -1;
     if (time < 0 || time >= m_contents.size() || layout.timeUnit == TableTimeUnit::Samples)
         return m_guess;

@@ -41,6 +41,7 @@ private:
     void giveMatch();
     void refuse();
 
+    void tellAssumedScreen(const NamedLayout &known);
     void choose(const QString &key, const QString &value, double certainty, const QString &reason,
                 ChoiceRisk risk = ChoiceRisk::Form);
     TableColumn columnAt(qsizetype column) const;

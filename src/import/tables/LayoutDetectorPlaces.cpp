@@ -4,6 +4,7 @@
 #include "import/tables/LayoutDetector.h"
 #include "import/tables/LayoutWords.h"
 
+#include <QLocale>
 #include <QMap>
 #include <QSet>
 
@@ -237,11 +238,12 @@ void LayoutDetector::chooseMissing()
     }
     for (auto pair = pairs.constBegin(); pair != pairs.constEnd(); ++pair) {
         const bool isAll = others == 0;
+        const QString code = QString::number(pair.key(), 'g', QLocale::FloatingPointShortest); // it has to be met
         if (!isAll)
-            layout.missing << QString::number(pair.key());
-        choose(QStringLiteral("missing"), QString::number(pair.key()), isAll ? doubtful : likely,
-               isAll ? QStringLiteral("every place is %1, %1, and is read as a place").arg(pair.key())
-                     : QStringLiteral("%1 places are %2, %2").arg(pair.value()).arg(pair.key()));
+            layout.missing << code;
+        choose(QStringLiteral("missing"), code, isAll ? doubtful : likely,
+               isAll ? QStringLiteral("every place is %1, %1, and is read as a place").arg(code)
+                     : QStringLiteral("%1 places are %2, %2").arg(QString::number(pair.value()), code));
     }
     std::ranges::sort(layout.missing);
 }
@@ -259,11 +261,17 @@ void LayoutDetector::chooseValidity()
         chooseCodes(column);
         return;
     }
-    constexpr double usualLimit = 0.6;
+    constexpr double usualLimit = 0.6; // of 1
+    constexpr double all = 100;        // percent
+    const bool isPercent = contents.largest > 1;
     layout.valid.kind = TableValidityRule::Kind::AtLeast;
-    layout.valid.limit = usualLimit;
-    choose(QStringLiteral("valid.atLeast"), QString::number(usualLimit), justEnough,
-           QStringLiteral("%1 is a confidence from 0 to 1; this is a usual limit").arg(nameAt(column)));
+    layout.valid.limit = isPercent ? usualLimit * all : usualLimit;
+    const QString range = QStringLiteral("%1 to %2").arg(contents.smallest).arg(contents.largest);
+    choose(QStringLiteral("valid.atLeast"), QString::number(layout.valid.limit), isPercent ? doubtful : justEnough,
+           isPercent
+               ? QStringLiteral("%1 is a confidence of %2, which nobody says to be percent").arg(nameAt(column), range)
+               : QStringLiteral("%1 is a confidence from 0 to 1; this is a usual limit").arg(nameAt(column)),
+           isPercent ? ChoiceRisk::Numbers : ChoiceRisk::Form);
 }
 
 /// A code is valid where the gaze is mostly there.

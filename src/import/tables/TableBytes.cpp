@@ -74,6 +74,7 @@ TableBytes::TableBytes(QIODevice &device, TableEncoding encoding, qsizetype piec
     constexpr qint64 markBytes = 2;
     if (GzipUnpacker::isGzip(m_device.peek(markBytes)))
         m_unpacker = std::make_unique<GzipUnpacker>();
+    lookAhead();
 }
 
 TableBytes::~TableBytes() = default;
@@ -104,7 +105,8 @@ QByteArray TableBytes::readPiece()
 
 void TableBytes::decideEncoding(const QByteArray &piece)
 {
-    if (m_fileEncoding == TableEncoding::ByMark)
+    m_isFoundOut = m_fileEncoding == TableEncoding::ByMark;
+    if (m_isFoundOut)
         m_fileEncoding = encodingOf(piece);
     if (const auto wide = wideEncoding(m_fileEncoding))
         m_decoder = std::make_unique<QStringDecoder>(*wide);
@@ -115,7 +117,6 @@ void TableBytes::decideEncoding(const QByteArray &piece)
 void TableBytes::lookAhead()
 {
     constexpr qsizetype enough = qsizetype(64) << 10;
-    m_isFirst = false;
     while (m_ahead.size() < enough) {
         const QByteArray piece = readPiece();
         if (piece.isEmpty())
@@ -131,8 +132,6 @@ void TableBytes::lookAhead()
 
 QByteArray TableBytes::nextPiece()
 {
-    if (m_isFirst)
-        lookAhead();
     if (m_ahead.isEmpty())
         return readPiece();
     const QByteArray piece = m_ahead.first(std::min(m_pieceBytes, m_ahead.size()));
@@ -169,7 +168,13 @@ std::optional<TableProblem> TableBytes::readProblem() const
 
 QString TableBytes::decoded(QByteArrayView part) const
 {
-    return m_textEncoding == TableEncoding::Latin1 ? QString::fromLatin1(part) : QString::fromUtf8(part);
+    const bool isLatin1 = m_textEncoding == TableEncoding::Latin1 || (m_isFoundOut && !part.isValidUtf8());
+    return isLatin1 ? QString::fromLatin1(part) : QString::fromUtf8(part);
+}
+
+QByteArray TableBytes::encoded(const QString &text) const
+{
+    return m_textEncoding == TableEncoding::Latin1 ? text.toLatin1() : text.toUtf8();
 }
 
 double TableBytes::part() const

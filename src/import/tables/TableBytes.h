@@ -16,6 +16,7 @@ class GzipUnpacker;
 /// become "\n" where the first 64 KB have no other.
 class TableBytes {
 public:
+    /// The first 64 KB are read at once.
     /// @param device  open for reading; not owned.
     /// @param pieceBytes  how much is read at a time; 0: as suits.
     TableBytes(QIODevice &device, TableEncoding encoding, qsizetype pieceBytes);
@@ -28,12 +29,14 @@ public:
     /// @return null if all is well.
     const std::optional<TableProblem> &problem() const { return m_problem; }
 
-    /// How the bytes become text: UTF-8 or Latin-1. Known from the first piece on.
+    /// How the bytes become text: UTF-8 or Latin-1.
     TableEncoding textEncoding() const { return m_textEncoding; }
     /// As the file has it.
     TableEncoding fileEncoding() const { return m_fileEncoding; }
-    /// Text of a part of the bytes.
+    /// Text of a part of the bytes. Where the file does not say that it is UTF-8, a part that is not is Latin-1.
     QString decoded(QByteArrayView part) const;
+    /// A text as the bytes have it.
+    QByteArray encoded(const QString &text) const;
 
     bool isPacked() const { return m_unpacker != nullptr; }
     /// Bytes of the device that were not read yet.
@@ -57,7 +60,7 @@ private:
     std::unique_ptr<GzipUnpacker> m_unpacker;
     std::unique_ptr<QStringDecoder> m_decoder;
     std::optional<TableProblem> m_problem;
-    bool m_isFirst = true;
+    bool m_isFoundOut = false; ///< the encoding, by the first bytes
     bool m_hasOldLineEnds = false;
 };
 

@@ -120,19 +120,19 @@ QList<QByteArrayView> splitFields(QByteArrayView line, char delimiter, qsizetype
     return fields;
 }
 
-NumberFields::NumberFields(char decimalSign, const QStringList &missing, TableTimeUnit timeUnit)
+NumberFields::NumberFields(char decimalSign, const QList<QByteArray> &missing, TableTimeUnit timeUnit)
     : m_decimalSign(decimalSign)
     , m_isClock(timeUnit == TableTimeUnit::Clock)
     , m_timeShift(shiftOf(timeUnit))
 {
-    for (const QString &code : missing) {
-        const QByteArray bytes = code.toUtf8();
-        bool isNumber = false;
-        const double value = code.toDouble(&isNumber);
-        if (isNumber && std::isfinite(value))
-            m_missingNumbers << value;
+    for (const QByteArray &code : missing) {
+        auto value = anyNumber(code, m_decimalSign);
+        if (!value)
+            value = anyNumber(code, '.');
+        if (value)
+            m_missingNumbers << *value;
         else
-            m_missingTexts << bytes;
+            m_missingTexts << code;
     }
 }
 

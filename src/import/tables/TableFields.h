@@ -38,7 +38,8 @@ struct FieldValue {
 /// Turns fields into numbers by the decimal sign of a layout.
 class NumberFields {
 public:
-    NumberFields(char decimalSign, const QStringList &missing, TableTimeUnit timeUnit);
+    /// @param missing  codes as the fields have them; numbers may have a point, too.
+    NumberFields(char decimalSign, const QList<QByteArray> &missing, TableTimeUnit timeUnit);
 
     /// Any field: exponents, a plus sign and codes for missing included.
     /// @param shift  see PlainNumber::value.

@@ -17,10 +17,9 @@ bool isNumberOrMissing(const NumberFields &numbers, QByteArrayView field)
     return numbers.read(field).state != FieldState::Text;
 }
 
-QStringList usualMissing()
+QList<QByteArray> usualMissing()
 {
-    return {QStringLiteral("nan"),  QStringLiteral("na"),   QStringLiteral("."),
-            QStringLiteral("null"), QStringLiteral("none"), QStringLiteral("-")};
+    return {"nan", "na", ".", "null", "none", "-"};
 }
 
 } // namespace
