@@ -13,6 +13,7 @@
 #include "export/panel/ExportCommands.h"
 #include "export/TransitionExport.h"
 #include "import/panel/DataCommands.h"
+#include "import/panel/TableImportCommand.h"
 #include "report/panel/MethodsWindow.h"
 #include "settings/ParameterTexts.h"
 #include "settings/StoredKeys.h"
@@ -81,6 +82,8 @@ MethodsRun SessionControl::methodsRun() const
         const QUndoCommand *command = stack.command(i);
         if (const auto *import = dynamic_cast<const CommandDataImport *>(command))
             run.failed += import->notRead();
+        else if (const auto *tables = dynamic_cast<const TableImportCommand *>(command))
+            run.failed += tables->notRead();
         else if (const auto *fixations = dynamic_cast<const CommandCalculateFixations *>(command))
             run.detector = fixations->parameters();
         else if (const auto *clusters = dynamic_cast<const CommandCalculateClusters *>(command))

@@ -4,6 +4,7 @@
 #include "clustering/panel/ClusterCalculationCommands.h"
 #include "detection/panel/FixationCommands.h"
 #include "export/panel/ExportCommands.h"
+#include "import/bids/BidsFiles.h"
 #include "import/panel/DataCommands.h"
 #include "table/panel/CommandFilter.h"
 
@@ -37,6 +38,17 @@ std::optional<recipe::Step> stepOf(const QUndoCommand *command)
                               .folder = table->target().folder,
                               .transitions = {}};
     return {};
+}
+
+/// Folder and name of the examination that an imported file gives.
+QString placeOf(const QString &path)
+{
+    if (isBidsSamples(path)) {
+        const BidsRun run = bidsRun(path);
+        return run.directory + run.name;
+    }
+    const RecordingPath recording(path);
+    return recording.directory + recording.baseName;
 }
 
 /// A folder of the window as one below that of a replay: the first one is that itself, others have their own names.
@@ -128,14 +140,13 @@ void SessionRecord::leaveOutForeign(recipe::RecipeBuilder &builder, const DataMo
     for (const recipe::Step &step : builder.recipe().steps) {
         if (const auto *import = std::get_if<recipe::Import>(&step)) {
             for (const QString &path : import->recordings)
-                imported.insert(path);
+                imported.insert(placeOf(path));
         }
     }
     for (const Examination &examination : model.examinations()) {
-        const QString path = examination.directory + examination.baseName + QStringLiteral(".data");
-        if (!imported.contains(path))
-            builder.leaveOut(QStringLiteral("the recording %1: it was not imported from a .data file of the list")
-                                 .arg(examination.baseName));
+        if (!imported.contains(examination.directory + examination.baseName))
+            builder.leaveOut(
+                QStringLiteral("the recording %1: it was not imported by the list of files").arg(examination.baseName));
     }
 }
 

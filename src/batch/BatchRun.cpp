@@ -265,8 +265,7 @@ void BatchRun::takeTable(const ImportedTable &table)
         messages::show(message);
     if (!table.messages.isEmpty())
         m_journal.fail();
-    if (table.recordings.isEmpty())
-        m_failedRecordings << RecordingPath(table.path).baseName;
+    m_failedRecordings += table.notRead;
     for (const QString &doubt : table.doubts)
         messages::warning(name, doubt);
     for (const ImportedFile &file : table.recordings) {

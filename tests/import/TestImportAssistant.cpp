@@ -33,6 +33,7 @@ private Q_SLOTS:
     void cancelClosesAndImportsNothing();
     void cancelStopsTheReading();
     void savedLayoutIsFoundAgain();
+    void layoutThatCannotBeReadIsTold();
     void layoutIsChosenFromTheList();
     void badNamesAreRefused();
     void filesAreAddedAndDropped();
@@ -194,11 +195,22 @@ void TestImportAssistant::savedLayoutIsFoundAgain()
     click("save");
     QVERIFY2(text("note").startsWith(u"Saved as "_s), qPrintable(text("note")));
     QVERIFY(QFile::exists(m_files->path(u"layouts/our lab.layout.json"_s)));
+    m_assistant->add({m_files->write(u"second.csv"_s, tabletexts::table({.samples = 700}))});
+    find<QListWidget>("files")->setCurrentRow(1);
+    QCOMPARE(find<QComboBox>("layouts")->currentText(), u"our lab"_s);
 
     open();
     m_assistant->add({m_files->write(u"next.csv"_s, tabletexts::table({.samples = 900}))});
     QCOMPARE(find<QComboBox>("layouts")->currentText(), u"our lab"_s);
     QCOMPARE(find<QLineEdit>("place.screenPx")->text(), u"1280 x 1024"_s);
+}
+
+void TestImportAssistant::layoutThatCannotBeReadIsTold()
+{
+    QDir().mkpath(m_files->path(u"layouts"_s));
+    m_files->write(u"layouts/broken.layout.json"_s, "{");
+    open();
+    QVERIFY2(text("note").contains(u"broken.layout.json"_s), qPrintable(text("note")));
 }
 
 void TestImportAssistant::layoutIsChosenFromTheList()

@@ -16,6 +16,8 @@ private Q_SLOTS:
     void changesAreSeenInThePreview();
     void equalLayoutsChangeTogether();
     void sureOfWhatTheUserSaid();
+    void oneChoiceAnswersNoOtherQuestion();
+    void savedSplitIsKept();
     void wrongTextIsRefused();
     void foldersHoldTables();
     void unreadableAndUselessFiles();
@@ -91,6 +93,37 @@ void TestImportSession::sureOfWhatTheUserSaid()
     QVERIFY(session.change(0, field("time.unit"), u"ms"_s));
     QVERIFY(!session.choice(0, "time.unit"_L1));
     QCOMPARE(session.state(0), u"ready"_s);
+}
+
+void TestImportSession::oneChoiceAnswersNoOtherQuestion()
+{
+    QByteArray bytes = "t,gaze_x,gaze_y\n"; // whose eye, and in which unit of time?
+    for (int i = 0; i < 200; ++i)
+        bytes += QByteArray::number(7 * i) + ',' + QByteArray::number(300 + i % 50) + ",200\n";
+    ImportSession session({});
+    session.add({m_files->write(u"p01.csv"_s, bytes)});
+    const QStringList before = session.doubts(0);
+    QVERIFY(!before.isEmpty());
+    QVERIFY(session.change(0, field("place.screenPx"), u"1280 x 1024"_s));
+    for (const QString &doubt : before)
+        QVERIFY2(session.doubts(0).contains(doubt) || doubt.contains(u"place.screenPx"_s), qPrintable(doubt));
+}
+
+void TestImportSession::savedSplitIsKept()
+{
+    ImportSession first({});
+    first.add({write(u"a.csv"_s, {.subjects = 2})});
+    QVERIFY(first.change(0, field("split"), u"subject"_s));
+    TableLayout layout = first.tables()[0].layout;
+    layout.match = first.tables()[0].guess.header;
+    ImportSession second({});
+    second.remember({u"lab"_s, m_files->path(u"lab.layout.json"_s), layout});
+    second.add({write(u"b.csv"_s, {.subjects = 3})});
+    QCOMPARE(second.preview(0).content.recordings.size(), 3);
+    ImportSession third({});
+    third.remember({u"lab"_s, u":/layouts/lab.layout.json"_s, layout});
+    third.add({write(u"c.csv"_s, {.subjects = 3})});
+    QCOMPARE(third.preview(0).content.recordings.size(), 1);
 }
 
 void TestImportSession::wrongTextIsRefused()

@@ -2,6 +2,7 @@
 #include "import/conversion/ImportSession.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -44,12 +45,36 @@ QString stimulusOf(const QString &table, const TableContent &content)
     return {};
 }
 
+/// Of a table without samples the limit would be its end: nobody waits longer for a look.
+TableReadOptions lookOptions(bool &isStopped)
+{
+    constexpr qint64 longestLookMs = 1000;
+    TableReadOptions options;
+    options.sampleLimit = previewSamples;
+    QElapsedTimer time;
+    time.start();
+    options.progress = [&isStopped, time](double) {
+        isStopped = time.elapsed() > longestLookMs;
+        return !isStopped;
+    };
+    return options;
+}
+
+/// What was found stays one recording until somebody asks for more.
+void joinRecordings(TableToImport &table)
+{
+    for (const TableColumn &column : std::as_const(table.layout.split))
+        table.guess.doubts << u"%1 could separate recordings, and the table is read as one; choose it at \"A recording "
+                              "for each\" to split it."_s.arg(column.text());
+    table.layout.split.clear();
+}
+
 QStringList messagesOf(const QString &path, const TableLayout &layout)
 {
     if (layout.kind != TableKind::EventLog)
         return {};
-    TableReadOptions options;
-    options.sampleLimit = previewSamples;
+    bool isStopped = false;
+    const TableReadOptions options = lookOptions(isStopped);
     const auto read = readTable(path, layout, options);
     const auto *content = std::get_if<TableContent>(&read);
     return content ? content->messageWords : QStringList();
@@ -79,6 +104,19 @@ void ImportSession::add(const QStringList &paths)
     }
 }
 
+/// Who saved a layout has said what separates recordings.
+bool ImportSession::isOfUser(const QString &layoutName) const
+{
+    const NamedLayout *known = layoutByName(layoutName, m_known);
+    return known && !known->path.startsWith(":/"_L1);
+}
+
+void ImportSession::remember(const NamedLayout &layout)
+{
+    m_known.removeIf([&](const NamedLayout &known) { return known.name == layout.name; });
+    m_known << layout;
+}
+
 void ImportSession::addFile(const QString &path)
 {
     if (std::ranges::any_of(m_tables, [&](const TableToImport &table) { return table.path == path; }))
@@ -92,11 +130,8 @@ void ImportSession::addFile(const QString &path)
         table.extract = std::get<TableExtract>(extract);
         table.guess = detectLayout(table.extract, m_known);
         table.layout = table.guess.layout;
-        for (const TableColumn &column : std::as_const(table.layout.split))
-            table.guess.doubts
-                << u"%1 could separate recordings, and the table is read as one; choose it at \"A recording "
-                   "for each\" to split it."_s.arg(column.text());
-        table.layout.split.clear();
+        if (!isOfUser(table.guess.layoutName))
+            joinRecordings(table);
         table.messages = messagesOf(path, table.layout);
     }
     m_tables << table;
@@ -127,7 +162,14 @@ void ImportSession::setLayout(qsizetype table, const TableLayout &layout)
         each.layout = layout;
         each.isSeen = true;
         each.guess.choices.clear();
+        each.guess.doubts.clear();
     }
+}
+
+QStringList ImportSession::doubts(qsizetype table) const
+{
+    const LayoutGuess &guess = m_tables[table].guess;
+    return guess.questions() + guess.doubts;
 }
 
 const LayoutChoice *ImportSession::choice(qsizetype table, QLatin1StringView key) const
@@ -168,8 +210,6 @@ QString ImportSession::state(qsizetype table) const
         return u"no samples found"_s;
     if (layoutProblem(each.layout))
         return u"needs choices"_s;
-    if (each.isSeen)
-        return u"ready"_s;
     const qsizetype questions = each.guess.questions().size();
     return questions == 0 ? u"ready"_s : u"ready, %1 to look at"_s.arg(questions);
 }
@@ -186,9 +226,8 @@ TablePreview ImportSession::preview(qsizetype table) const
         preview.problem = each.guess.problem->text();
         return preview;
     }
-    TableReadOptions options;
-    options.sampleLimit = previewSamples;
-    auto read = readTable(each.path, each.layout, options);
+    bool isStopped = false;
+    auto read = readTable(each.path, each.layout, lookOptions(isStopped));
     if (const auto *problem = std::get_if<TableProblem>(&read)) {
         preview.problem = problem->text();
         return preview;
@@ -197,7 +236,7 @@ TablePreview ImportSession::preview(qsizetype table) const
     qsizetype samples = 0;
     for (const TableRecording &recording : std::as_const(preview.content.recordings))
         samples += recording.facts.samples;
-    preview.isPart = samples >= previewSamples;
+    preview.isPart = isStopped || samples >= previewSamples;
     for (const TableRecording &recording : std::as_const(preview.content.recordings)) {
         preview.recordings << recordingSummary(recording, preview.isPart);
         for (const TableOddity &oddity : recording.oddities)

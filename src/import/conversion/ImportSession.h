@@ -22,7 +22,7 @@ struct TableToImport {
     LayoutGuess guess;
     QStringList messages; ///< first words of the messages of a log, the most frequent first
     TableLayout layout;   ///< as it was found and changed since
-    bool isSeen = false;  ///< the user has changed or confirmed a choice: what was uncertain is the user's word
+    bool isSeen = false;  ///< the user has changed a choice: no table is refused for what was found
     std::optional<TableProblem> unreadable;
 };
 
@@ -44,6 +44,12 @@ public:
 
     /// Reads a table, and all those that had the same layout, by another one.
     void setLayout(qsizetype table, const TableLayout &layout);
+
+    /// What the user should look at and has not changed, a sentence each.
+    QStringList doubts(qsizetype table) const;
+
+    /// Tables that are added from now on are compared with this layout, too; it takes the place of one of its name.
+    void remember(const NamedLayout &layout);
 
     /// How sure a choice is, with the reason; null where nothing was said of it, or the user has changed it.
     const LayoutChoice *choice(qsizetype table, QLatin1StringView key) const;
@@ -67,6 +73,7 @@ public:
 
 private:
     void addFile(const QString &path);
+    bool isOfUser(const QString &layoutName) const;
     static std::optional<TableProblem> problemOf(const TableToImport &table);
 
     QList<NamedLayout> m_known;

@@ -101,6 +101,13 @@ std::variant<ChosenLayout, TableProblem> chooseLayout(const QString &path, const
     else
         result = foundLayout(path, request.known);
     auto *chosen = std::get_if<ChosenLayout>(&result);
+    if (chosen && chosen->layout.kind == TableKind::EventLog && request.split.size() > 1)
+        return TableProblem{path,
+                            0,
+                            0,
+                            u"an event log that is to be split at %1"_s.arg(request.split.join(u" and at "_s)),
+                            u"one message at which a recording begins"_s,
+                            u"Give --split once."_s};
     if (chosen && !request.split.isEmpty())
         split(chosen->layout, request.split);
     else if (chosen && !request.layout)

@@ -127,6 +127,7 @@ WrittenRecording writeRecording(ConvertedTable &table, qsizetype index, const QS
         result.problem = claim(folder, name + u".set"_s, path, used, setFile);
     if (!result.problem.isEmpty())
         return result;
+    const bool isReplaced = QFileInfo::exists(dataFile);
     if (const auto problem = writeLines(table, index, dataFile)) {
         result.problem = writeFailure(dataFile, *problem);
         return result;
@@ -134,6 +135,8 @@ WrittenRecording writeRecording(ConvertedTable &table, qsizetype index, const QS
     result.files << dataFile;
     const RecordingSetFile entries = recordingSetFile(recording, path, folder);
     result.notes = entries.notes;
+    if (isReplaced)
+        result.notes << u"%1 was there before, and is replaced."_s.arg(dataFile);
     if (entries.origin == RecordingSetFile::Origin::Kept) {
         result.notes << u"%1 is kept as it is; remove it to have it written anew."_s.arg(setFile);
         return result;

@@ -35,6 +35,7 @@ public:
     ImportedTable refused(const QString &reason)
     {
         m_result.layout.reset();
+        m_result.notRead << RecordingPath(m_result.path).baseName;
         m_result.messages << corruptRecording(m_result.path, reason);
         return std::move(m_result);
     }
@@ -67,6 +68,7 @@ private:
         file.examination.importOk = putSamples(recording, file.examination);
         const auto line = [&](const QString &sentence) { return recordingLine(name(), content, recording, sentence); };
         if (!file.examination.importOk) {
+            m_result.notRead << file.examination.baseName;
             m_result.messages << corruptRecording(
                 m_result.path, line(u"none of its %1 samples is valid"_s.arg(recording.facts.samples)));
             return;

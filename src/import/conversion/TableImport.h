@@ -11,6 +11,7 @@
 struct ImportedTable {
     QString path;
     QList<ImportedFile> recordings;     ///< those with a valid sample; their doubts name table and recording
+    QStringList notRead;                ///< names of those without, or the table's where it could not be read
     QList<ImportMessage> messages;      ///< about recordings that are none, or the table if it could not be read
     QString note;                       ///< how it was read; empty where it was not
     QStringList doubts;                 ///< about the table as a whole, a line each that names it

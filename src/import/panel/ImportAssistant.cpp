@@ -22,6 +22,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -30,11 +32,6 @@ constexpr qsizetype shownLines = 200;
 constexpr qsizetype shownRecordings = 8;
 constexpr qsizetype longestShownLine = 2000;
 constexpr QSize preferredSize(1240, 640);
-
-QList<NamedLayout> knownLayouts(const QString &folder)
-{
-    return readyLayouts().layouts + layoutsIn(folder).layouts;
-}
 
 QPlainTextEdit *makeText(const char *name, QWidget *parent)
 {
@@ -63,7 +60,7 @@ QVBoxLayout *paneLayout(QWidget *pane)
 ImportAssistant::ImportAssistant(const QString &layoutFolder, QWidget *parent)
     : QDialog(parent)
     , m_layoutFolder(layoutFolder)
-    , m_session(knownLayouts(layoutFolder))
+    , m_session(readyLayouts().layouts)
     , m_choose([this] { return askForTables(this); })
 {
     setObjectName(u"ImportAssistant"_s);
@@ -83,20 +80,56 @@ ImportAssistant::ImportAssistant(const QString &layoutFolder, QWidget *parent)
     m_lines->setAcceptDrops(false); // the assistant takes them
     m_oddities->setAcceptDrops(false);
     connect(&m_reading, &TableReading::progressed, m_progress, &QProgressBar::setValue);
-    connect(&m_reading, &TableReading::finished, this, [this](const QList<ImportedTable> &tables) {
-        setReading(false);
-        accept();
-        QList<ImportedTable> all = tables;
-        for (const TableProblem &problem : m_session.leftOut()) {
-            ImportedTable table;
-            table.path = problem.file;
-            table.messages << corruptRecording(problem.file, problem.text());
-            all << table;
-        }
-        Q_EMIT imported(all);
-    });
+    connect(&m_reading, &TableReading::finished, this, &ImportAssistant::finish);
     setReading(false);
     showTable();
+    readLayouts();
+}
+
+/// Those that cannot be read are told: whoever saved one expects it to be found.
+void ImportAssistant::readLayouts()
+{
+    const LayoutList saved = layoutsIn(m_layoutFolder);
+    QStringList problems;
+    for (const TableProblem &problem : saved.problems)
+        problems << problem.text();
+    for (const NamedLayout &layout : saved.layouts)
+        m_session.remember(layout);
+    showLayouts();
+    m_layoutProblems = problems.join(u'\n');
+    say({});
+}
+
+void ImportAssistant::showLayouts()
+{
+    const QString shown = m_layouts->currentText();
+    m_layouts->clear();
+    for (const NamedLayout &known : m_session.known())
+        m_layouts->addItem(known.name);
+    m_layouts->setCurrentIndex(-1);
+    m_layouts->setEditText(shown);
+}
+
+/// What nobody has looked at is told beside what the tables hold.
+void ImportAssistant::finish(QList<ImportedTable> tables)
+{
+    setReading(false);
+    accept();
+    for (ImportedTable &table : tables) {
+        const auto asked = std::ranges::find(m_session.tables(), table.path, &TableToImport::path);
+        QStringList doubts;
+        for (const QString &doubt : m_session.doubts(asked - m_session.tables().begin()))
+            doubts << u"%1: %2"_s.arg(QFileInfo(table.path).fileName(), doubt);
+        table.doubts = doubts + table.doubts;
+    }
+    for (const TableProblem &problem : m_session.leftOut()) {
+        ImportedTable table;
+        table.path = problem.file;
+        table.notRead << RecordingPath(problem.file).baseName;
+        table.messages << corruptRecording(problem.file, problem.text());
+        tables << table;
+    }
+    Q_EMIT imported(tables);
 }
 
 ImportAssistant::~ImportAssistant() = default;
@@ -139,9 +172,6 @@ QWidget *ImportAssistant::makeChoicePane()
     m_save->setObjectName(u"save"_s);
     m_save->setAutoDefault(false);
     m_save->setToolTip(u"Files with the same names of columns will be read so from now on"_s);
-    for (const NamedLayout &known : m_session.known())
-        m_layouts->addItem(known.name);
-    m_layouts->setCurrentIndex(-1);
     auto *line = new QHBoxLayout; // owned by the layout around it
     line->addWidget(m_layouts, 1);
     line->addWidget(m_save);
@@ -311,9 +341,7 @@ void ImportAssistant::showPreview()
     if (preview.recordings.size() > shownRecordings)
         recordings << u"and %1 more"_s.arg(preview.recordings.size() - shownRecordings);
     m_recordings->setText(recordings.join(u'\n'));
-    const TableToImport &table = m_session.tables()[current()];
-    const QStringList doubts = table.isSeen ? QStringList() : table.guess.questions() + table.guess.doubts;
-    m_oddities->setPlainText((doubts + preview.oddities).join(u'\n'));
+    m_oddities->setPlainText((m_session.doubts(current()) + preview.oddities).join(u'\n'));
     if (preview.content.recordings.isEmpty())
         return;
     m_samples->show(preview.content.recordings.constFirst(), preview.stimulus);
@@ -355,16 +383,25 @@ void ImportAssistant::saveLayout()
     layout.match = layout.header == TableHeader::None ? QStringList() : table.guess.header;
     if (layout.description.isEmpty())
         layout.description = u"Saved with the import assistant for %1"_s.arg(QFileInfo(table.path).fileName());
+    const auto read = layoutFromJson(layoutJson(layout), name);
+    if (const auto *problem = std::get_if<TableProblem>(&read)) { // it could not be found again
+        say(problem->text());
+        return;
+    }
     QDir().mkpath(m_layoutFolder);
     const std::optional<QString> place = placeInside(m_layoutFolder, name + u".layout.json"_s);
     const auto problem = place ? writeLayoutFile(*place, layout)
                                : TableProblem{name, 0, 0, u"a name that leads elsewhere"_s, u"a plain name"_s, {}};
+    if (!problem) {
+        m_session.remember({name, *place, layout});
+        showLayouts();
+    }
     say(problem ? problem->text() : u"Saved as %1."_s.arg(QDir::cleanPath(*place)));
 }
 
 void ImportAssistant::say(const QString &text)
 {
-    m_note->setText(text);
+    m_note->setText(text.isEmpty() ? m_layoutProblems : text);
 }
 
 void ImportAssistant::import()

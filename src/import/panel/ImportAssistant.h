@@ -58,11 +58,15 @@ private:
     void change(const LayoutField &field, const QString &text);
     void chooseLayout(int index);
     void saveLayout();
+    void readLayouts();
+    void showLayouts();
     void say(const QString &text);
     void import();
+    void finish(QList<ImportedTable> tables);
     void setReading(bool isReading);
 
     const QString m_layoutFolder;
+    QString m_layoutProblems; ///< of saved layouts that cannot be read; shown where there is nothing else to say
     ImportSession m_session;
     Chooser m_choose;
     TableReading m_reading;

@@ -25,6 +25,19 @@ void TableImportCommand::undo()
 
 void TableImportCommand::redo()
 {
+    addRecordings();
+    followExaminations(m_model);
+    if (!m_numbers.isEmpty())
+        m_window.refreshPlainBackground();
+    if (std::exchange(m_firstRun, false))
+        tell();
+    else
+        m_window.showImported();
+}
+
+void TableImportCommand::addRecordings()
+{
+    const RedrawHold hold(m_window);
     m_numbers.clear();
     for (const ImportedTable &table : m_tables) {
         for (const ImportedFile &file : table.recordings) {
@@ -34,13 +47,14 @@ void TableImportCommand::redo()
             }
         }
     }
-    followExaminations(m_model);
-    if (!m_numbers.isEmpty())
-        m_window.refreshPlainBackground();
-    if (std::exchange(m_firstRun, false))
-        tell();
-    else
-        m_window.showImported();
+}
+
+QStringList TableImportCommand::notRead() const
+{
+    QStringList names;
+    for (const ImportedTable &table : m_tables)
+        names += table.notRead;
+    return names;
 }
 
 void TableImportCommand::tell() const

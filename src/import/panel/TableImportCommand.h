@@ -17,7 +17,11 @@ public:
     /// The first time tells what went wrong, missing pictures and, in one message, what is doubtful.
     void redo() override;
 
+    /// Names of recordings and tables that could not be read.
+    QStringList notRead() const;
+
 private:
+    void addRecordings();
     void tell() const;
 
     DataModel &m_model;
