@@ -13,8 +13,8 @@ add_library(vistrum_panels INTERFACE)
 target_link_libraries(vistrum_scene INTERFACE vistrum_core)
 target_link_libraries(vistrum_panels INTERFACE vistrum_scene)
 
-# Headers of Qt and of the language took half of all processor time: each set is compiled once. No header of ours is in a
-# set, so that a change of ours never builds everything anew.
+# Headers of Qt and of the language are most of what a source includes: each set is compiled once. No header of ours is in
+# a set, so that a change of ours never builds everything anew.
 function(_without_test_folders target)
   # Qt's test library defines them anew for each folder, and headers are shared only among equal definitions.
   target_compile_options(${target} PRIVATE -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)

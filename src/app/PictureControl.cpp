@@ -231,7 +231,8 @@ void PictureControl::sltDrawPaths()
                               QStringLiteral("Please select an examination first"));
         return;
     }
-    // Not unique: after a second import each move of the timeline draws twice, and so on.
+    // Kept: not unique, so that after a second import each move of the timeline draws twice, after a third three times.
+    // The plain form is Qt::UniqueConnection; the picture is the same.
     connect(&timeline(), &Timeline::sliderChanged, this, &PictureControl::redraw);
     connect(&timeline(), &Timeline::sliderChanged, m_form.control, &controlWidget::sltTimelineHasChanged);
     timeline().setTimeSpan(m_model.longestCheckedDuration());

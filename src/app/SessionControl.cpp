@@ -139,7 +139,7 @@ void SessionControl::saveRecipe(const QString &path)
         return;
     }
     QString text =
-        QStringLiteral("%1 saved to: %2\n\nvistrum-batch --recipe FILE does them again. Pictures, charts, "
+        QStringLiteral("%1 saved to: %2\n\nvistrum-batch --recipe FILE does the same again. Pictures, charts, "
                        "videos and diagrams, and what the pages of saccade clusters, comparison and correction "
                        "do, are no steps of a recipe.")
             .arg(recipe.steps.size() == 1 ? QStringLiteral("1 step")

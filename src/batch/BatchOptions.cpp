@@ -23,7 +23,7 @@ std::optional<UsageError> besideRecipe(const BatchOptions &options)
         return {};
     for (const OptionGroup &group : optionGroups()) {
         for (const OptionRow &row : group.rows) {
-            if (beside.contains(row.name) || !row.value || row.value->show(options) == row.value->show(defaults))
+            if (beside.contains(row.name) || row.value->show(options) == row.value->show(defaults))
                 continue;
             return UsageError{u"--%1: a recipe has its own steps; with --recipe there are only --%2"_qs.arg(
                 row.name, beside.mid(1).join(u", --"_qs))};

@@ -26,6 +26,6 @@ struct BatchOptions : InputOptions,
 };
 
 /// Reads the arguments behind the program's name, from left to right, until the first error. A value follows its option
-/// as the next argument or after "="; "--" ends the options. Options and list entries of what this version cannot do
-/// are refused by name, and so is a second value for an option that takes one.
+/// as the next argument or after "="; "--" ends the options. A second value for an option that takes one is
+/// refused.
 std::variant<BatchOptions, UsageError> parseBatchOptions(const QStringList &arguments);

@@ -10,10 +10,8 @@ struct RunState;
 
 /// A word of `--calculate` and what it does. A new calculation is a row in the list of its subject.
 struct CalculationRow {
-    bool built() const { return run != nullptr; }
-
     QLatin1StringView word;
-    void (*run)(RunState &) = nullptr; ///< called with at least one recording; null: this version cannot do it
+    void (*run)(RunState &); ///< called with at least one recording
 };
 
 inline constexpr QLatin1StringView fixationWord("fixations");

@@ -14,20 +14,18 @@ QString wrapped(const QString &text);
 /// A name that reaches into the help column has a line of its own.
 QString line(const QString &call, const QString &help);
 
-/// The options of a subject, a line or more each; empty where this version has none of them.
+/// The options of a subject, a line or more each.
 template <class Options>
 QString ofGroup(const OptionGroupOf<Options> &group)
 {
     QString lines;
     for (const OptionRowOf<Options> &row : group.rows) {
-        if (!row.value)
-            continue;
         const QString help(row.help);
         const bool hasWords = row.value->words;
         lines += line(QStringLiteral("  --%1 %2").arg(row.name, row.placeholder),
                       hasWords ? help.arg(row.value->words().join(QLatin1StringView(", "))) : help);
     }
-    return lines.isEmpty() ? lines : u'\n' + group.subject + QLatin1StringView(":\n") + lines;
+    return u'\n' + group.subject + QLatin1StringView(":\n") + lines;
 }
 
 } // namespace optionhelp

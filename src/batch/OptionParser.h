@@ -10,8 +10,8 @@
 #include <variant>
 
 /// Reads a command line by the rows of its options, from left to right, until the first error. A value follows its
-/// option as the next argument or after "="; "--" ends the options. Options of what this version cannot do are refused
-/// by name, and so is a second value for an option that takes one.
+/// option as the next argument or after "="; "--" ends the options. A second value for an option that takes one is
+/// refused.
 template <class Options>
 class OptionParser {
 public:
@@ -66,8 +66,6 @@ private:
         if (place < 0)
             return UsageError{QStringLiteral("unknown option %1").arg(name) + didYouMean(name, known)};
         const OptionRowOf<Options> &row = m_rows[place];
-        if (!row.value)
-            return UsageError{QStringLiteral("--%1: not available in this version").arg(row.name)};
         if (row.value->given == Given::Once && m_seen.contains(name))
             return UsageError{QStringLiteral("--%1: given twice").arg(row.name)};
         m_seen << name;

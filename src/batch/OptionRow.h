@@ -53,10 +53,10 @@ struct OptionValueOf {
 /// One option of the command line: all that the parser, the help and the report know of it.
 template <class Options>
 struct OptionRowOf {
-    QLatin1StringView name;                        ///< without the dashes
-    QLatin1StringView placeholder;                 ///< of the value; empty where the option takes none
-    QLatin1StringView help = {};                   ///< one line
-    const OptionValueOf<Options> *value = nullptr; ///< null: known, but this version cannot do it
+    QLatin1StringView name;              ///< without the dashes
+    QLatin1StringView placeholder;       ///< of the value; empty where the option takes none
+    QLatin1StringView help = {};         ///< one line
+    const OptionValueOf<Options> *value; ///< how it is read and told again; each row has one
     Reported reported = Reported::IfGiven;
 };
 
@@ -75,7 +75,7 @@ QMap<QString, QString> reportedOptionsOf(const QList<OptionGroupOf<Options>> &gr
     QMap<QString, QString> reported;
     for (const OptionGroupOf<Options> &group : groups) {
         for (const OptionRowOf<Options> &row : group.rows) {
-            if (!row.value || row.reported == Reported::Never)
+            if (row.reported == Reported::Never)
                 continue;
             const QString text = row.value->show(options);
             const bool stated = row.reported == Reported::Always || text != row.value->show(defaults);

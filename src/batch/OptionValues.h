@@ -46,38 +46,29 @@ struct WholeNumber {
 };
 WholeNumber wholeNumber(const QString &text, int least, int most);
 
-/// The words of a comma-separated list, each once, in the order of the rows. Rows have a `word` and tell whether they
-/// are `built`.
+template <class Row>
+QStringList wordsOf(const QList<Row> &rows)
+{
+    QStringList words;
+    std::transform(rows.begin(), rows.end(), std::back_inserter(words), [](const Row &row) { return row.word; });
+    return words;
+}
+
+/// The words of a comma-separated list, each once, in the order of the rows. Rows have a `word`.
 template <class Row>
 std::optional<WrongValue> readWords(const QString &list, const QList<Row> &rows, QStringList &words)
 {
-    QStringList known;
-    for (const Row &row : rows)
-        known << row.word;
+    const QStringList known = wordsOf(rows);
     QStringList wanted;
     for (const QString &entry : list.split(u',')) {
         wanted << entry.trimmed();
-        const qsizetype place = known.indexOf(wanted.last());
-        if (place < 0)
+        if (!known.contains(wanted.last()))
             return unknownWord(wanted.last(), known);
-        if (!rows[place].built())
-            return WrongValue{wanted.last(), QStringLiteral("not available in this version")};
     }
     words.clear();
     std::copy_if(known.begin(), known.end(), std::back_inserter(words),
                  [&](const QString &each) { return wanted.contains(each); });
     return std::nullopt;
-}
-
-template <class Row>
-QStringList builtWords(const QList<Row> &rows)
-{
-    QStringList words;
-    for (const Row &row : rows) {
-        if (row.built())
-            words << row.word;
-    }
-    return words;
 }
 
 template <auto Member, class Options = BatchOptions>
@@ -152,7 +143,7 @@ template <auto Member, auto Rows>
 inline constexpr OptionValue someOf{
     .read = [](const QString &value, BatchOptions &options) { return readWords(value, Rows(), options.*Member); },
     .show = [](const BatchOptions &options) { return QLatin1StringView("") + (options.*Member).join(u','); },
-    .words = [] { return builtWords(Rows()); },
+    .words = [] { return wordsOf(Rows()); },
 };
 
 } // namespace optionvalues

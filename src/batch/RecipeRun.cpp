@@ -4,6 +4,7 @@
 #include "base/Messages.h"
 #include "base/NamedPlace.h"
 #include "batch/CalculationRows.h"
+#include "batch/OptionValues.h"
 #include "batch/SettingInput.h"
 #include "batch/SettingRules.h"
 #include "batch/StatisticsRows.h"
@@ -26,25 +27,7 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-
-template <class Row>
-QStringList wordsOf(const QList<Row> &rows)
-{
-    QStringList words;
-    for (const Row &row : rows) {
-        if (row.built())
-            words << row.word;
-    }
-    return words;
-}
-
-QStringList transitionWords(const QList<TransitionRow> &rows)
-{
-    QStringList words;
-    for (const TransitionRow &row : rows)
-        words << row.word;
-    return words;
-}
+using optionvalues::wordsOf;
 
 /// Such as "general-statistics is none of a, b"; nothing where all are.
 std::optional<QString> unknownAmong(const QStringList &wanted, const QStringList &known)
@@ -77,9 +60,9 @@ std::optional<QString> exportComplaint(const recipe::Export &step, const QString
         return u"folder: \"%1\" is no folder below that of the run"_s.arg(step.folder);
     if (!step.transitions)
         return {};
-    if (const auto unknown = unknownAmong(step.transitions->of, transitionWords(transitionRows())))
+    if (const auto unknown = unknownAmong(step.transitions->of, wordsOf(transitionRows())))
         return u"of: "_s + *unknown;
-    return unknownAmong(step.transitions->values, transitionWords(transitionValueRows()));
+    return unknownAmong(step.transitions->values, wordsOf(transitionValueRows()));
 }
 
 QString nameOf(const Examination &examination)

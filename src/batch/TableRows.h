@@ -10,12 +10,9 @@ struct RunState;
 
 /// A word of `--export` and what it writes. A new table is a row in the list of its subject.
 struct TableRow {
-    bool built() const { return write != nullptr; }
-
     QLatin1StringView word;
-    /// Called with at least one recording; null: this version cannot do it.
-    ExportResult (*write)(RunState &, const ExportTarget &) = nullptr;
-    QLatin1StringView needs = {}; ///< the calculation without which it is empty
+    ExportResult (*write)(RunState &, const ExportTarget &); ///< called with at least one recording
+    QLatin1StringView needs = {};                            ///< the calculation without which it is empty
 };
 
 /// All tables in the order in which they are written.

@@ -6,10 +6,8 @@
 
 /// A word of `--transitions` or `--transition-values` and what it adds to a choice.
 struct TransitionRow {
-    bool built() const { return add != nullptr; }
-
     QLatin1StringView word;
-    void (*add)(TransitionChoice &) = nullptr;
+    void (*add)(TransitionChoice &);
 };
 
 QList<TransitionRow> transitionRows();

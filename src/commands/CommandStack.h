@@ -3,8 +3,8 @@
 
 #include <QUndoStack>
 
-/// The one undo stack of the process. Every change of a parameter and every calculation is a command on it; commands
-/// never merge, there is no undo limit, and the stack is never cleared.
+/// The one undo stack of the process. Changes of parameters and the calculations of fixations and clusters are commands
+/// on it; commands never merge, there is no undo limit, and the stack is never cleared.
 class CommandStack : public QUndoStack {
     Q_OBJECT
 public:

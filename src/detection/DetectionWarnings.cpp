@@ -65,7 +65,7 @@ Warning percentileWarning(const QList<GazePoint> &samples)
     const qsizetype speeds = samples.size() - 1;
     if (speeds >= fewestSpeeds)
         return {};
-    return QStringLiteral("A percentile of fewer than %1 speeds finds no fixation; there are %2.")
+    return QStringLiteral("A percentile of fewer than %1 speeds finds no fixation; this recording has %2.")
         .arg(fewestSpeeds)
         .arg(speeds);
 }
@@ -78,7 +78,7 @@ Warning equalTimesWarning(const QList<GazePoint> &samples, QLatin1StringView con
         equal += samples[i].validFlag && samples[i].time == samples[i - 1].time ? 1 : 0;
     if (equal == 0)
         return {};
-    return QStringLiteral("%1 of %2 samples have the time of the sample before them; %3.")
+    return QStringLiteral("Samples with the time of the sample before them: %1 of %2; %3.")
         .arg(equal)
         .arg(samples.size())
         .arg(consequence);

@@ -13,8 +13,8 @@
 /// Reads the samples of one recording (.data) into an examination; lives for the length of one call.
 ///
 /// The file is text: sample lines begin with a digit and have eleven fields with a tab between each two (time in ms,
-/// then x, y, pupil width, pupil height and validity of the left eye and of the right), all other lines are passed by.
-/// Lines end at "\n" or "\r\n". A field that is no number counts as 0. Times are counted from the first sample,
+/// then x, y, pupil width, pupil height and validity of the left eye and of the right), all other lines are passed
+/// over. Lines end at "\n" or "\r\n". A field that is no number counts as 0. Times are counted from the first sample,
 /// usable or not; a difference beyond 64 bits becomes the nearest 64-bit number.
 ///
 /// Errors go to the log: a file that cannot be read, and each sample line of wrong length, which is left out.

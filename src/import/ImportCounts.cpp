@@ -14,25 +14,24 @@ struct LineCountRow {
 
 constexpr LineCountRow lineCounts[] = {
     {&ImportCounts::wrongLength, "lines of wrong length"_L1,
-     "left out %1 of the sample lines, which do not have eleven fields; the first is line %2. Fields are separated by "
-     "one tab each."_L1},
+     "sample lines without eleven fields, left out: %1; the first is line %2. Fields are separated by one tab each."_L1},
     {&ImportCounts::shifted, "lines that begin with no digit"_L1,
-     "passed by %1 lines that look like samples but do not begin with a digit; the first is line %2. No blank, quote "
-     "or "
-     "sign stands before the time."_L1},
+     "lines that look like samples but do not begin with a digit, passed over: %1; the first is line %2. No blank, "
+     "quote or sign stands before the time."_L1},
     {&ImportCounts::noNumbers, "fields that are no numbers"_L1,
-     "%1 fields are no numbers and count as 0; the first is in line %2. Times are whole numbers, decimals have a "
+     "fields that are no numbers and count as 0: %1; the first is in line %2. Times are whole numbers, decimals have a "
      "point."_L1},
     {&ImportCounts::decimalCommas, "decimal commas"_L1,
-     "%1 fields have a decimal comma and count as 0; the first is in line %2. Write a point, or use \"Import other "
+     "fields with a decimal comma, which count as 0: %1; the first is in line %2. Write a point, or use \"Import other "
      "formats...\" or vistrum-import, which read commas."_L1},
     {&ImportCounts::decimalTimes, "decimal times"_L1,
-     "%1 times have decimals and count as 0; the first is in line %2. Write whole milliseconds, or use \"Import other "
+     "times with decimals, which count as 0: %1; the first is in line %2. Write whole milliseconds, or use \"Import "
+     "other "
      "formats...\" or vistrum-import, which round them."_L1},
     {&ImportCounts::backwardTimes, "backward times"_L1,
-     "%1 samples are earlier than the sample before them; the first is line %2."_L1},
+     "samples earlier than the sample before them: %1; the first is line %2."_L1},
     {&ImportCounts::repeatedTimes, "repeated times"_L1,
-     "%1 samples have the time of the sample before them; the first is line %2."_L1},
+     "samples with the time of the sample before them: %1; the first is line %2."_L1},
 };
 
 /// Below this nothing can be said of a rate.

@@ -54,7 +54,7 @@ struct ImportCounts {
 
     qsizetype samples = 0;
     LineCount wrongLength = {};   ///< sample lines without exactly 11 fields; they are left out
-    LineCount shifted = {};       ///< lines like samples that do not begin with a digit; they are passed by
+    LineCount shifted = {};       ///< lines like samples that do not begin with a digit; they are passed over
     LineCount noNumbers = {};     ///< fields that are no numbers and count as 0; without those below
     LineCount decimalCommas = {}; ///< fields with a decimal comma, which count as 0
     LineCount decimalTimes = {};  ///< times with decimals, which count as 0

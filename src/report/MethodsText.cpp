@@ -101,7 +101,7 @@ void sayQuality(Part &part, const MethodsRecord &record)
     if (record.validPercent)
         part.say(u"Valid samples made up %1."_s.arg(spread(*record.validPercent, "%")));
     if (record.lossPercent)
-        part.say(u"Data loss, of the samples that the measured rate lets expect, was %1 %2."_s.arg(
+        part.say(u"Data loss, as a share of the samples to be expected at the measured rate, was %1 %2."_s.arg(
             spread(*record.lossPercent, "%"), part.cite({Source::Holmqvist2012})));
     if (record.precisionPx) {
         const QString degrees =
@@ -189,7 +189,7 @@ MethodsPart events(const MethodsRecord &record)
         return part.part();
     std::visit([&](const auto &p) { sayDetector(part, record, p); }, *record.run.detector);
     if (record.fixations)
-        part.say(u"This gave %1 in each recording and eye."_s.arg(spread(*record.fixations, "fixations")));
+        part.say(u"The number of fixations in each recording and eye was %1."_s.arg(spread(*record.fixations)));
     if (record.fixationMs)
         part.say(u"Their mean duration was %1."_s.arg(spread(*record.fixationMs, "ms")));
     return part.part();
@@ -207,7 +207,7 @@ QString methodOf(Part &, const MethodsRecord &record, const StandardClusterParam
 
 QString methodOf(Part &part, const MethodsRecord &record, const MeanShiftClusterParameters &p)
 {
-    return u"by mean shift %1: a Gaussian kernel of %2 px%3, a rate of %4 of each step, at most %5 steps, at least %6"_s
+    return u"by mean shift %1: a Gaussian kernel of %2 px%3, steps of %4 of the way to the mean, at most %5 steps, at least %6"_s
         .arg(part.cite({Source::ComaniciuMeer2002}), number(p.radiusPx), angleOf(p.radiusPx, record), number(p.rate),
              QString::number(p.iterations), counted(p.minimumFixations, "fixation"));
 }
@@ -247,7 +247,7 @@ MethodsPart clusters(const MethodsRecord &record)
         part.say(u"Fixations of each recording and eye were clustered %1."_s.arg(
             methodOf(part, record, *record.run.clusters)));
         if (record.clusterNumber)
-            part.say(u"This gave %1 in each."_s.arg(spread(*record.clusterNumber, "clusters")));
+            part.say(u"The number of clusters in each was %1."_s.arg(spread(*record.clusterNumber)));
     }
     if (record.run.pooledClusters)
         part.say(u"Fixations of all recordings together were clustered %1."_s.arg(
@@ -269,7 +269,8 @@ MethodsPart areas(const MethodsRecord &record)
     QStringList names;
     for (const MethodsRecord::Area &area : record.areas)
         names << u"%1 (%2 px2)"_s.arg(area.name, number(area.sizePx2));
-    part.say(u"There were %1 of interest: %2."_s.arg(counted(record.areas.size(), "area"), names.join(u", "_s)));
+    part.say(u"There %1 %2 of interest: %3."_s.arg(wasOrWere(record.areas.size()), counted(record.areas.size(), "area"),
+                                                   names.join(u", "_s)));
     part.say(u"[How they were chosen, and with what margin.] A fixation lies in an area if its mean position does; of "
              "the edge, the left and upper side belong to the area."_s);
     return part.part();

@@ -33,7 +33,7 @@ QString listed(const QStringList &items)
 
 QString spread(const MethodsRange &range, const char *unit)
 {
-    const QString name = u' ' + QString::fromUtf8(unit);
+    const QString name = *unit ? u' ' + QString::fromUtf8(unit) : QString();
     const QString median = number(range.median) + name;
     if (number(range.least) == number(range.most))
         return median;

@@ -18,7 +18,7 @@ QString wasOrWere(qsizetype count);
 QString listed(const QStringList &items);
 
 /// "250 Hz", or "250 Hz (median; 249 to 251 Hz)" where the ends differ as they are written.
-QString spread(const MethodsRange &range, const char *unit);
+QString spread(const MethodsRange &range, const char *unit = "");
 
 /// "both eyes, each by itself", "the left eye" and so on.
 QString eyesText(EyeMode eyes);

@@ -94,7 +94,7 @@ inline constexpr StoredKey<bool> numberOfGlances{"Statistics/AOI/NumberOfGlances
 inline constexpr StoredKey<bool> timeOfFirstGlance{"Statistics/AOI/TimeOfFirstGlance"_L1};
 inline constexpr StoredKey<bool> totalGlanceTime{"Statistics/AOI/TotalGlanceTime"_L1};
 
-// Two panels that are no longer shown; saved settings files still carry their values.
+// Of two panels that no form shows. The keys are kept, so that settings files have them.
 inline constexpr StoredKey<int> clusterOptionsEyeMode{"Visualization/Cluster/EyeMode"_L1};
 inline constexpr StoredKey<int> clusterOptionsMode{"Visualization/Cluster/VisualizationMode"_L1};
 inline constexpr StoredKey<QColor> clusterOptionsFillColor{"Visualization/Cluster/FillColor"_L1};

@@ -327,8 +327,8 @@ void TestBatchFailures::linesOfWrongLengthAreTold()
     const Outcome outcome = m_batch->run(words("--quiet --report report.json study/%2.data"));
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.errors,
-             QStringList{QStringLiteral("%2.data: study/%2.data: left out 2 of the sample lines, which do not have "
-                                        "eleven fields; the first is line 3. Fields are separated by one tab each.")});
+             QStringList{QStringLiteral("%2.data: study/%2.data: sample lines without eleven fields, left out: 2; "
+                                        "the first is line 3. Fields are separated by one tab each.")});
     const QJsonValue recording = reportedInputs()[0];
     QCOMPARE(recording[QStringLiteral("counts")][QStringLiteral("samples")].toInteger(), 3);
     QCOMPARE(recording[QStringLiteral("counts")][QStringLiteral("lines of wrong length")].toInteger(), 2);

@@ -94,7 +94,8 @@ void TestBatchMillimetres::whatIsWrongIsALineEach()
     const Outcome outcome = m_batch->run(arguments("study/a.txt study/b.txt study/c.txt"));
     QCOMPARE(outcome.status, 1); // b has no sample, c is not there
     QCOMPARE(outcome.errors.filter(u"a.txt"_s).size(), 1);
-    QVERIFY(outcome.errors.filter(u"a.txt"_s)[0].startsWith(u"a.txt: study/a.txt: left out 1 lines"_s));
+    QVERIFY(outcome.errors.filter(u"a.txt"_s)[0].startsWith(
+        u"a.txt: study/a.txt: lines with another number of fields than the header, left out: 1;"_s));
     QVERIFY(outcome.errors.filter(u"b.txt"_s)[0].startsWith(u"b.txt: study/b.txt: no sample was read"_s));
     QVERIFY(!outcome.errors.filter(u"c.txt"_s).isEmpty());
     QVERIFY(!outcome.errors.filter(u"there is no such file"_s).isEmpty());

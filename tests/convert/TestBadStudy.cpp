@@ -121,7 +121,7 @@ void TestBadStudy::faultsAreTold_data()
     };
     row("decimal commas are read", "vistrum-import 01-decimal-commas.csv", 0, "read as a delimited table");
     row("three lines with letters in two fields",
-        "vistrum-import --layout screen.layout.json 02-letters-among-digits.csv", 0, "\\b6 fields.*\\bline 42\\b");
+        "vistrum-import --layout screen.layout.json 02-letters-among-digits.csv", 0, ": 6; the first is in line 42\\.");
     row("one equal time", "vistrum-import 03-odd-times.csv", 0, "\\b1\\b.*\\bline 102\\b");
     row("one time backwards", "vistrum-import 03-odd-times.csv", 0, "\\b1\\b.*\\bline 152\\b");
     row("a gap", "vistrum-import 03-odd-times.csv", 0, "\\b1\\b.*\\bline 202\\b");
@@ -130,10 +130,12 @@ void TestBadStudy::faultsAreTold_data()
     row("no samples", "vistrum-import 09-words-read.csv", 1, "09-words-read\\.csv");
     row("a damaged file", "vistrum-import 10-cut-short.csv.gz", 1, "10-cut-short\\.csv\\.gz");
     row("fifty lines with eight commas", "vistrum-batch 12-decimal-commas.data", 0,
-        "400 fields have a decimal comma.*line 203");
-    row("250 decimal times", "vistrum-batch 13-decimal-times.data", 0, "250 times have decimals.*line 3\\b");
-    row("one short line", "vistrum-batch 14-lost-lines.data", 0, "left out 1 of the sample lines.*line 13");
-    row("one shifted line", "vistrum-batch 14-lost-lines.data", 0, "passed by 1 lines.*line 23");
+        "fields with a decimal comma, which count as 0: 400;.*line 203");
+    row("250 decimal times", "vistrum-batch 13-decimal-times.data", 0,
+        "times with decimals, which count as 0: 250;.*line 3\\b");
+    row("one short line", "vistrum-batch 14-lost-lines.data", 0,
+        "sample lines without eleven fields, left out: 1;.*line 13");
+    row("one shifted line", "vistrum-batch 14-lost-lines.data", 0, "passed over: 1;.*line 23");
     row("250 Hz in microseconds are 250 samples in 996 seconds", "vistrum-batch 15-microseconds.data", 0,
         "250 samples in 996000 ms are no rate");
     row("no tabs", "vistrum-batch 16-semicolons.data", 1, "separated by \";\" instead of tabs");

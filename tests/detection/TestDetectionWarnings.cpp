@@ -82,7 +82,8 @@ void durations()
 
 void percentiles()
 {
-    const QString text = QStringLiteral("A percentile of fewer than 100 speeds finds no fixation; there are %1.");
+    const QString text =
+        QStringLiteral("A percentile of fewer than 100 speeds finds no fixation; this recording has %1.");
     row("100 speeds", recording(101, 1), velocity(VelocityUnit::Percentile));
     row("99 speeds", recording(100, 1), velocity(VelocityUnit::Percentile), {text.arg(99)});
     row("no speed", recording(1, 1), velocity(VelocityUnit::Percentile), {text.arg(0)});
@@ -140,9 +141,9 @@ void TestDetectionWarnings::warnings_data()
     hasty[90].time = hasty[89].time;
     hasty[90].validFlag = false; // it is passed over
     row("equal times", hasty, velocity(VelocityUnit::PixelPerMs),
-        {QStringLiteral("2 of 120 samples have the time of the sample before them; each ends a fixation.")});
+        {QStringLiteral("Samples with the time of the sample before them: 2 of 120; each ends a fixation.")});
     row("equal times, standard", hasty, standard,
-        {QStringLiteral("2 of 120 samples have the time of the sample before them; times are coarser than the "
+        {QStringLiteral("Samples with the time of the sample before them: 2 of 120; times are coarser than the "
                         "recording.")});
     row("equal times, mixture", hasty, mixture);
     thresholds();

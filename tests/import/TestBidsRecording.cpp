@@ -278,8 +278,8 @@ void TestBidsRecording::events()
     QCOMPARE(shown(eye.saccades[0].samples), list("10 12 10 1 1|20 50 50 1 1"));
     QCOMPARE(shown(eye.invalids[0].samples), list("30 0 0 0 0"));
     QCOMPARE(file.doubts,
-             QStringList(QStringLiteral("2 fixations, 1 saccades and 1 losses of its eyes were read with the "
-                                        "samples. They stand until fixations are calculated: the "
+             QStringList(QStringLiteral("fixations, saccades and losses of its eyes, read with the samples: "
+                                        "2, 1 and 1. They stand until fixations are calculated: the "
                                         "calculation replaces them.")));
     QCOMPARE(file.examination.calculationInfo.fixationLines(),
              QStringLiteral("Read from sub-1_task-look_recording-eye1_physioevents.tsv.gz\n"));
@@ -300,7 +300,7 @@ void TestBidsRecording::eventsThatCannotBeRead()
     writeEvents("0\tlong\tfixation\n0\t10\tfixation\n", description);
     file = read();
     QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(1));
-    QVERIFY2(file.doubts[0].contains(QStringLiteral("1 events have no onset or no duration")),
+    QVERIFY2(file.doubts[0].contains(QStringLiteral("events without onset or duration, left out: 1.")),
              qPrintable(file.doubts[0]));
 }
 

@@ -120,7 +120,7 @@ void TestCorrectionControl::settingPoints()
     m_model->setTimeFrame({0, 1000});
     click("set_ellipses");
     QCOMPARE(m_control->pairs()[0].original.points.size(), 4);
-    QCOMPARE(m_window->told.last(), u"4 points lie in the selected ellipses"_s);
+    QCOMPARE(m_window->told.last(), u"Points in the selected ellipses: 4"_s);
 }
 
 void TestCorrectionControl::settingWithoutSelection()

@@ -399,10 +399,11 @@ void TestExaminationImport::boxesOfOneImport()
     QCOMPARE(model.examinations().size(), 2);
     QStringList doubts;
     for (const QString &file : {u"p01.data"_s, u"p02.data"_s}) {
-        doubts << file + u": 1 fields have a decimal comma and count as 0; the first is in line 1. Write a point, or "
-                         "use \"Import other formats...\" or vistrum-import, which read commas."_s
-               << file + u": 1 samples are earlier than the sample before them; the first is line 2."_s
-               << file + u": 1 samples have the time of the sample before them; the first is line 3."_s;
+        doubts << file +
+                      u": fields with a decimal comma, which count as 0: 1; the first is in line 1. Write a point, or "
+                      "use \"Import other formats...\" or vistrum-import, which read commas."_s
+               << file + u": samples earlier than the sample before them: 1; the first is line 2."_s
+               << file + u": samples with the time of the sample before them: 1; the first is line 3."_s;
     }
     QCOMPARE(shown.texts(),
              (QStringList{u"Error opening set file|No such file or directory\n%1\n%2"_s.arg(

@@ -280,7 +280,7 @@ void TestMillimetreImport::doubtsOfAllFilesInOneBox()
     const QStringList lines = m_messages->texts().constFirst().split(u'\n');
     QCOMPARE(lines.size(), 3);
     QCOMPARE(lines[0], u"Import|Some recordings hold what is doubtful. They were loaded all the same."_s);
-    QVERIFY(lines[1].startsWith(u"a.txt: left out 1 lines, which have another number of fields than the header; the "
+    QVERIFY(lines[1].startsWith(u"a.txt: lines with another number of fields than the header, left out: 1; the "
                                 "first is line 4."_s));
     QVERIFY(lines[2].startsWith(u"c.txt: no sample was read, since the first line lacks the columns sits"_s));
 }

@@ -170,7 +170,7 @@ void TestMillimetreText::minusOneMillimetreIsAPlace()
     QCOMPARE(importDoubts(read.counts).size(), 1);
     QVERIFY(importDoubts(read.counts)
                 .first()
-                .startsWith(u"4 positions are -1, \"nan\" or empty; the first is in line 2"_s));
+                .startsWith(u"positions that are -1, \"nan\" or empty: 4; the first is in line 2"_s));
 }
 
 void TestMillimetreText::linesOfOtherLengthAreLeftOut()
@@ -185,7 +185,7 @@ void TestMillimetreText::linesOfOtherLengthAreLeftOut()
     QCOMPARE(read.counts.wrongLength, (LineCount{2, 3}));
     QCOMPARE(
         importDoubts(read.counts),
-        QStringList{u"left out 2 lines, which have another number of fields than the header; the first is line 3. "
+        QStringList{u"lines with another number of fields than the header, left out: 2; the first is line 3. "
                     "The header has 5 fields; found the columns sits, Lspx, Lspy, Rspx, Rspy. Fields are separated "
                     "by one tab each."_s});
 }

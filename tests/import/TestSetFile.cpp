@@ -147,7 +147,7 @@ void TestSetFile::subjectLines_data()
     row("a line without = is key and value", "pilot", one("pilot", "pilot"));
     row("a later entry replaces an earlier one", "age=30\nage=31", one("age", "31"));
     row("a group replaces the default", "group=novice", one("group", "novice"));
-    row("empty lines are passed by", "\n\nage=30\n\n", one("age", "30"));
+    row("empty lines are passed over", "\n\nage=30\n\n", one("age", "30"));
     row("a line of semicolons is empty", ";;", {});
     row("no line end at the end", "age=30", one("age", "30"));
     row("lines with carriage returns", "age=30\r\nsex=f\r\n",

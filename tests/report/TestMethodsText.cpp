@@ -188,7 +188,7 @@ void TestMethodsText::quality_data()
     record = bare();
     record.lossPercent = equal;
     QTest::newRow("loss") << record
-                          << u"Data loss, of the samples that the measured rate lets expect, was 3 % "
+                          << u"Data loss, as a share of the samples to be expected at the measured rate, was 3 % "
                              "(Holmqvist et al., 2012)."_s;
     record = bare();
     record.precisionPx = equal;
@@ -278,10 +278,12 @@ void TestMethodsText::results()
     record.run.detector = StandardParameters{};
     record.fixations = MethodsRange{.least = 4, .median = 10.5, .most = 30};
     record.fixationMs = MethodsRange{.least = 200, .median = 200, .most = 200};
-    QVERIFY(
-        part(record, u"Event detection"_s)
-            .endsWith(u" This gave 10.5 fixations (median; 4 to 30 fixations) in each recording and eye. Their mean "
-                      "duration was 200 ms."_s));
+    QVERIFY(part(record, u"Event detection"_s)
+                .endsWith(u" The number of fixations in each recording and eye was 10.5 (median; 4 to 30). Their mean "
+                          "duration was 200 ms."_s));
+    record.fixations = MethodsRange{.least = 1, .median = 1, .most = 1};
+    QVERIFY(part(record, u"Event detection"_s)
+                .contains(u" The number of fixations in each recording and eye was 1. Their mean"_s));
 }
 
 void TestMethodsText::clusters_data()
@@ -296,14 +298,14 @@ void TestMethodsText::clusters_data()
         << record
         << u"Fixations of each recording and eye were clustered by growing circles: at least 3 "
            "fixations within a radius of 100 px, circles overlapping by at most 10 % of the distance "
-           "of their centres. This gave 2 clusters in each."_s;
+           "of their centres. The number of clusters in each was 2."_s;
     record = bare();
     record.run.clusters =
         MeanShiftClusterParameters{.radiusPx = 80, .rate = 0.25, .iterations = 50, .minimumFixations = 1};
     QTest::newRow("mean shift")
         << record
         << u"Fixations of each recording and eye were clustered by mean shift (Comaniciu & Meer, "
-           "2002): a Gaussian kernel of 80 px, a rate of 0.25 of each step, at most 50 steps, at "
+           "2002): a Gaussian kernel of 80 px, steps of 0.25 of the way to the mean, at most 50 steps, at "
            "least 1 fixation."_s;
     record = bare();
     record.run.pooledClusters = OverlapClusterParameters{.minimumFixations = 2, .outliers = 1};
@@ -338,6 +340,8 @@ void TestMethodsText::areas()
     record.areas = {{u"face %1"_s, 1234.0}, {u"sky"_s, 5.5}};
     QVERIFY(part(record, u"Areas of interest"_s)
                 .startsWith(u"There were 2 areas of interest: face %1 (1234 px2), sky (5.5 px2). [How they were"_s));
+    record.areas = {{u"sky"_s, 5.5}};
+    QVERIFY(part(record, u"Areas of interest"_s).startsWith(u"There was 1 area of interest: sky (5.5 px2). [How"_s));
 }
 
 void TestMethodsText::statistics_data()

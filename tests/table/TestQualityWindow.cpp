@@ -205,7 +205,7 @@ void TestQualityWindow::uncheckingIsUndone()
 void TestQualityWindow::staleDataAreTold()
 {
     const auto *state = m_window->findChild<QLabel *>(QStringLiteral("stateLabel"));
-    QVERIFY(state->text().startsWith(QStringLiteral("4 recordings from 0 to 1000 ms.")));
+    QVERIFY(state->text().startsWith(QStringLiteral("Recordings: 4, from 0 to 1000 ms.")));
     m_fixture->table->setChecked(0, false);
     QVERIFY(state->text().contains(QStringLiteral("Measure again")));
     m_fixture->model.examinations().removeLast();

@@ -180,7 +180,7 @@ void TrackerServer::Client::run(const PlannedEvent &event)
         break;
     case PlannedEvent::Kind::Stop:
         m_hasStopped = true;
-        m_server.m_tell(QStringLiteral("stopped after %1 frames").arg(m_sentFrames));
+        m_server.m_tell(QStringLiteral("stopped, frames sent: %1").arg(m_sentFrames));
         break;
     }
 }
@@ -248,7 +248,7 @@ void TrackerServer::Client::close(const QString &reason, int pauseMs)
     m_frameTimer.cancel();
     m_heartTimer.cancel();
     m_packetTimer.cancel();
-    m_server.m_tell(QStringLiteral("disconnected after %1 frames: %2").arg(m_sentFrames).arg(reason));
+    m_server.m_tell(QStringLiteral("disconnected, frames sent: %1, %2").arg(m_sentFrames).arg(reason));
     m_server.clientLeft(pauseMs);
 }
 

@@ -15,7 +15,7 @@ struct FrequencyTunedNumbers {
 /// Saliency as the distance of each blurred pixel from the picture's mean colour, in Lab.
 ///
 /// The colours are taken at 0 to 1 and with red and blue exchanged: the picture comes as blue, green, red and is read
-/// as red, green, blue. The published model does not exchange them; maps would not be comparable with older ones.
+/// as red, green, blue. That is kept; the published model does not exchange them and gives other maps.
 /// @param picture  CV_8UC3 in the order blue, green, red; not empty.
 /// @return CV_64F of the picture's size with values from 0 to 255; empty when stopped.
 /// Source: Achanta, Hemami, Estrada & Suesstrunk (2009), CVPR.

@@ -88,7 +88,7 @@ public Q_SLOTS:
     void sltEnableCUMMClusterstatsExport();
     void sltEnableAnglestarExport();
     void sltEnableQualityExport();
-    /// Stores a choice, a Qt::CheckState, for which the form has no control any more.
+    /// Stores a choice, a Qt::CheckState, for which the form has no control.
     void sltExportAppendInfo(int state);
 
 private:

@@ -235,8 +235,8 @@ void readEvents(const EyeTable &table, qint64 timeZeroMs, ImportedFile &file, Bi
     EyeData &stream = file.examination.stream(table.description.eye);
     const BidsSections made = putSections(list.events, timeZeroMs, stream);
     if (list.unreadable > 0)
-        file.doubts << u"%1: %2 events have no onset or no duration and were left out."_s.arg(fileName(path))
-                           .arg(list.unreadable);
+        file.doubts
+            << u"%1: events without onset or duration, left out: %2."_s.arg(fileName(path)).arg(list.unreadable);
     if (made.fixations == 0)
         return;
     stream.calculationInfo = u"Read from %1\n"_s.arg(fileName(path));
@@ -250,10 +250,11 @@ void tellSections(const BidsSections &sections, ImportedFile &file)
 {
     file.furtherCounts = reportedCounts(file.counts);
     file.furtherCounts[u"fixations"_s] = sections.fixations;
-    file.doubts << u"%1 fixations, %2 saccades and %3 losses of its eyes were read with the samples. They stand until "
-                   "fixations are calculated: the calculation replaces them."_s.arg(sections.fixations)
-                       .arg(sections.saccades)
-                       .arg(sections.losses);
+    file.doubts
+        << u"fixations, saccades and losses of its eyes, read with the samples: %1, %2 and %3. They stand until "
+           "fixations are calculated: the calculation replaces them."_s.arg(sections.fixations)
+               .arg(sections.saccades)
+               .arg(sections.losses);
 }
 
 // ---- who was recorded

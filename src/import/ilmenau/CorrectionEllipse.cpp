@@ -14,7 +14,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr std::size_t mostPlacesWithoutFit = 10;
-constexpr double radiansPerDegree = 0.0174533; // as the programs that compute corrections have it
+constexpr double radiansPerDegree = 0.0174533; // kept; the textbook form is pi / 180
 constexpr double firstShiftPx = 100;
 
 /// The numbers of a line, in its order.

@@ -218,16 +218,15 @@ struct LineCountRow {
 
 constexpr LineCountRow lineCounts[] = {
     {&MillimetreCounts::wrongLength, "lines of wrong length"_L1,
-     "left out %1 lines, which have another number of fields than the header; the first is line %2. %3 Fields are "
+     "lines with another number of fields than the header, left out: %1; the first is line %2. %3 Fields are "
      "separated by one tab each."_L1},
     {&MillimetreCounts::noTimes, "lines without time"_L1,
-     "left out %1 lines without a time of day; the first is line %2. %3 Times are written as hh:mm:ss.zzz."_L1},
+     "lines without a time of day, left out: %1; the first is line %2. %3 Times are written as hh:mm:ss.zzz."_L1},
     {&MillimetreCounts::lossMarks, "marks of loss"_L1,
-     "%1 positions are -1, \"nan\" or empty; the first is in line %2. They count as places on the stimulus, in mm: "
-     "leave "
-     "out such lines if they mean that the eye was lost."_L1},
+     "positions that are -1, \"nan\" or empty: %1; the first is in line %2. They count as places on the stimulus, in "
+     "mm: leave out such lines if they mean that the eye was lost."_L1},
     {&MillimetreCounts::dayEnds, "ends of a day"_L1,
-     "the clock jumps back by a day %1 times; the first is line %2. What comes after is not joined to what comes "
+     "jumps of the clock back by a day: %1; the first is line %2. What comes after is not joined to what comes "
      "before: write hours on beyond 24."_L1},
 };
 

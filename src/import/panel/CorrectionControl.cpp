@@ -154,7 +154,7 @@ void CorrectionControl::sltSetEllipsis()
         assignPoints(m_pairs[row], *m_model, eyeMode(), frame);
         points += std::as_const(m_pairs)[row].original.points.size();
     }
-    tell(u"%1 points lie in the selected ellipses"_s.arg(points));
+    tell(u"Points in the selected ellipses: %1"_s.arg(points));
     Q_EMIT sigGraphicsParametersChanged();
 }
 

@@ -26,20 +26,19 @@ struct SentenceRow {
 
 constexpr SentenceRow sentences[] = {
     {TableOddityKind::NotANumber,
-     "%1 fields are neither numbers nor codes for missing, and count as missing; the first is in line %2."_L1},
-    {TableOddityKind::TimeNotANumber, "%1 lines have no time and are left out; the first is line %2."_L1},
-    {TableOddityKind::RepeatedTime, "%1 samples have the time of the sample before them; the first is line %2."_L1},
-    {TableOddityKind::BackwardTime, "%1 samples are earlier than the sample before them; the first is line %2."_L1},
-    {TableOddityKind::TimeJump,
-     "%1 samples come more than 100 ms after the sample before them; the first is line %2."_L1},
-    {TableOddityKind::OutsideTrial, "%1 samples lie between two trials and are left out; the first is line %2."_L1},
-    {TableOddityKind::RecordingPause, "the recording was stopped and started again %1 times, first in line %2."_L1},
-    {TableOddityKind::OutsideScreen, "%1 samples lie outside the screen; the first is line %2."_L1},
+     "fields that are neither numbers nor codes for missing, and count as missing: %1; the first is in line %2."_L1},
+    {TableOddityKind::TimeNotANumber, "lines without a time, left out: %1; the first is line %2."_L1},
+    {TableOddityKind::RepeatedTime, "samples with the time of the sample before them: %1; the first is line %2."_L1},
+    {TableOddityKind::BackwardTime, "samples earlier than the sample before them: %1; the first is line %2."_L1},
+    {TableOddityKind::TimeJump, "samples more than 100 ms after the sample before them: %1; the first is line %2."_L1},
+    {TableOddityKind::OutsideTrial, "samples between two trials, left out: %1; the first is line %2."_L1},
+    {TableOddityKind::RecordingPause, "pauses of the recording: %1; the first is in line %2."_L1},
+    {TableOddityKind::OutsideScreen, "samples outside the screen: %1; the first is line %2."_L1},
     {TableOddityKind::ColumnsChanged,
-     "%1 lines are another header, or have too few or too many columns and are left out; the first is line %2."_L1},
+     "lines that are another header, or have too few or too many columns, left out: %1; the first is line %2."_L1},
     {TableOddityKind::FewerColumns,
-     "%1 lines end before the last column, but have all that is needed and are read; the first is line %2."_L1},
-    {TableOddityKind::UnknownLine, "%1 lines are of no known kind and are passed over; the first is line %2."_L1},
+     "lines that end before the last column, but have all that is needed and are read: %1; the first is line %2."_L1},
+    {TableOddityKind::UnknownLine, "lines of no known kind, passed over: %1; the first is line %2."_L1},
 };
 
 QString eyeName(bool isLeft)
@@ -185,7 +184,7 @@ void RecordingBuilder::addEyeOddities()
                  QStringLiteral("the file has no %1 eye; its samples are not valid.").arg(eyeName(isLeft)));
         else if (facts.samples > 0 && lost.count == facts.samples)
             tell(TableOddityKind::EyeNeverValid, lost.count, lost.firstLine,
-                 QStringLiteral("none of the %1 samples of the %2 eye is valid; the first is line %3.")
+                 QStringLiteral("no sample of the %2 eye is valid, of %1; the first is line %3.")
                      .arg(QString::number(lost.count), eyeName(isLeft), QString::number(lost.firstLine)));
         else if (lost.count > 0)
             tell(TableOddityKind::EyeLost, lost.count, lost.firstLine,

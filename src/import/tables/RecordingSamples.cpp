@@ -83,15 +83,15 @@ QList<TableOddity> DataSampleMaker::oddities() const
 {
     QList<TableOddity> oddities;
     if (m_rounded > 0)
-        oddities << TableOddity{TableOddityKind::RoundedTime, m_rounded, 0,
-                                QStringLiteral("%1 times are no whole milliseconds and were rounded, by up to %2 ms.")
-                                    .arg(m_rounded)
-                                    .arg(m_largestRoundingMs, 0, 'g', 3)};
+        oddities << TableOddity{
+            TableOddityKind::RoundedTime, m_rounded, 0,
+            QStringLiteral("times that are no whole milliseconds and were rounded, by up to %2 ms: %1.")
+                .arg(m_rounded)
+                .arg(m_largestRoundingMs, 0, 'g', 3)};
     if (m_beforeZero > 0)
         oddities << TableOddity{
             TableOddityKind::BeforeZeroTime, m_beforeZero, 0,
-            QStringLiteral("%1 samples lie before the first one, below zero of the clock, or beyond its end, and are "
-                           "left out.")
+            QStringLiteral("samples before the first one, below zero of the clock, or beyond its end, left out: %1.")
                 .arg(m_beforeZero)};
     return oddities;
 }

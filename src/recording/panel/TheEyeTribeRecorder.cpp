@@ -368,12 +368,13 @@ void TheEyeTribeRecorder::offerInterruptedRecordings()
         return;
     for (const QString &journal : RecordingJournal::interrupted(m_setup.journalFolder)) {
         const auto frames = RecordingJournal::read(journal).frames.size();
-        QMessageBox box(QMessageBox::Question, QStringLiteral("Interrupted recording"),
-                        QStringLiteral("A recording of %1 frames, last written %2, was not saved before the program "
-                                       "ended.\nShall it be recovered, to be saved now?")
-                            .arg(frames)
-                            .arg(QFileInfo(journal).lastModified().toString(Qt::ISODate)),
-                        QMessageBox::NoButton, this);
+        QMessageBox box(
+            QMessageBox::Question, QStringLiteral("Interrupted recording"),
+            QStringLiteral("A recording, last written %2, was not saved before the program ended. Frames in "
+                           "it: %1.\nShall it be recovered, to be saved now?")
+                .arg(frames)
+                .arg(QFileInfo(journal).lastModified().toString(Qt::ISODate)),
+            QMessageBox::NoButton, this);
         const QPushButton *recover = box.addButton(tr("Recover"), QMessageBox::AcceptRole);
         const QPushButton *remove = box.addButton(tr("Delete it"), QMessageBox::DestructiveRole);
         box.setEscapeButton(box.addButton(tr("Later"), QMessageBox::RejectRole));
@@ -395,7 +396,7 @@ bool TheEyeTribeRecorder::mayClose()
     if (unsaved == 0)
         return true;
     const auto answer =
-        QMessageBox::question(this, windowTitle(), tr("%1 recorded frames are not saved.").arg(unsaved),
+        QMessageBox::question(this, windowTitle(), tr("Recorded frames that are not saved: %1.").arg(unsaved),
                               QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     if (answer == QMessageBox::Save && m_frames.isRecording())
         sltRecord();

@@ -158,7 +158,7 @@ void QualityWindow::measure()
     m_state->setText(
         m_rows.isEmpty()
             ? tr("There are no recordings: import some, and measure again.")
-            : tr("%1 recordings from %2 to %3 ms. A row for each eye that is shown; docs/measures.md tells "
+            : tr("Recordings: %1, from %2 to %3 ms. A row for each eye that is shown; docs/measures.md tells "
                  "what each column means.")
                   .arg(QString::number(m_model.examinations().size()), QString::number(frame.startMs),
                        QString::number(frame.endMs)));

@@ -50,10 +50,10 @@ public:
 public Q_SLOTS:
     // Each keeps the value and draws anew.
     void sltVisualizationModeChanged(int mode);
-    /// In percent. No mode fills anything so far.
+    /// In percent. Kept for the interface: no mode fills anything.
     void sltFillOpacityChanged(int percent);
     void sltLineWidthChanged(int widthPx);
-    /// No mode draws points so far.
+    /// Kept for the interface: no mode draws points.
     void sltShowGazePointsChanged(bool shown);
     void sltShowArrowTipsChanged(bool shown);
     void sltMinQuantityChanged(int quantity);
