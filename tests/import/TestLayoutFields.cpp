@@ -43,6 +43,10 @@ void TestLayoutFields::whatIsWrittenIsRead_data()
     row("delimiter", "~");
     row("header", "no");
     row("header", "7");
+    row("header", "no, after line 3");
+    row("eye.left", "L links");
+    row("eye.right", "R rechts");
+    row("set.dominant", "dom");
     row("comment", "#");
     row("time.column", "Recording timestamp");
     row("time.column", "column 3");
@@ -104,6 +108,11 @@ void TestLayoutFields::whatIsNothingChangesNothing_data()
     row("kind", "picture");
     row("delimiter", "");
     row("delimiter", "two");
+    row("delimiter", "x");
+    row("delimiter", "\"");
+    row("delimiter", "7");
+    row("header", "no, after line ");
+    row("header", "no, after line 0");
     row("header", "0");
     row("header", "perhaps");
     row("time.unit", "hours");

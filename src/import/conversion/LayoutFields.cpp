@@ -157,30 +157,32 @@ QString delimiterText(const TableLayout &layout)
 
 bool writeDelimiter(TableLayout &layout, const QString &text)
 {
-    if (const auto known = layout_words::choiceOf(layout_words::delimiters, text)) {
-        layout.delimiter = *known;
-        return true;
-    }
-    const bool isCharacter = text.size() == 1 && text[0].unicode() > 0 && text[0].unicode() < 0x80;
-    if (isCharacter)
-        layout.delimiter = text[0].toLatin1();
-    return isCharacter;
+    const auto delimiter = layout_words::delimiterOf(text);
+    if (delimiter)
+        layout.delimiter = *delimiter;
+    return delimiter.has_value();
 }
+
+constexpr auto linesAbove = "no, after line "_L1;
 
 QString headerText(const TableLayout &layout)
 {
     if (layout.header == TableHeader::Line)
         return QString::number(layout.headerLine);
+    if (layout.header == TableHeader::None && layout.headerLine > 0)
+        return linesAbove + QString::number(layout.headerLine);
     return layout.header == TableHeader::Named ? u"yes"_s : u"no"_s;
 }
 
 bool writeHeader(TableLayout &layout, const QString &text)
 {
+    const bool isWord = text == "yes"_L1 || text == "no"_L1;
+    const bool isNone = text == "no"_L1 || text.startsWith(linesAbove);
     bool isNumber = false;
-    const qsizetype line = text.toLongLong(&isNumber);
-    if (text != "yes"_L1 && text != "no"_L1 && !(isNumber && line > 0))
+    const qsizetype line = (isNone && !isWord ? text.sliced(linesAbove.size()) : text).toLongLong(&isNumber);
+    if (!isWord && !(isNumber && line > 0))
         return false;
-    layout.header = text == "no"_L1 ? TableHeader::None : isNumber ? TableHeader::Line : TableHeader::Named;
+    layout.header = isNone ? TableHeader::None : isNumber ? TableHeader::Line : TableHeader::Named;
     layout.headerLine = isNumber ? line : 0;
     return true;
 }
@@ -211,15 +213,21 @@ bool writeValid(TableLayout &layout, const QString &text)
     return isNumber;
 }
 
-QString missingText(const TableLayout &layout)
+/// Texts with blanks between.
+template <auto Member>
+constexpr Field textsField(QLatin1StringView key, QLatin1StringView label, QLatin1StringView help)
 {
-    return layout.missing.join(u' ');
-}
-
-bool writeMissing(TableLayout &layout, const QString &text)
-{
-    layout.missing = text.split(u' ', Qt::SkipEmptyParts);
-    return true;
+    return {.key = key,
+            .label = label,
+            .help = help,
+            .kind = Kind::Text,
+            .of = Of::Tables,
+            .read = [](const TableLayout &layout) { return QStringList(Member(layout)).join(u' '); },
+            .write =
+                [](TableLayout &layout, const QString &text) {
+                    Member(layout) = text.split(u' ', Qt::SkipEmptyParts);
+                    return true;
+                }};
 }
 
 QString splitText(const TableLayout &layout)
@@ -269,6 +277,7 @@ constexpr Field setField(QLatin1StringView key, QLatin1StringView label, QLatin1
 constexpr QLatin1StringView subjectKey("subject");
 constexpr QLatin1StringView groupKey("group");
 constexpr QLatin1StringView stimulusKey("stimulus");
+constexpr QLatin1StringView dominantKey("dominant");
 
 const QList<Field> fields{
     wordField<layout_words::kinds, at<&TableLayout::kind>>(
@@ -287,7 +296,8 @@ const QList<Field> fields{
                                                                          "Of the numbers."_L1, Of::Tables),
     Field{.key = "header"_L1,
           .label = "Names of columns"_L1,
-          .help = "yes: in the first line with these names; no; or the number of the line."_L1,
+          .help = "yes: in the first line with these names; the number of the line; no; or no, after line 3, where "
+                  "other lines stand above the samples."_L1,
           .kind = Kind::Text,
           .of = Of::Tables,
           .read = headerText,
@@ -326,13 +336,9 @@ const QList<Field> fields{
     columnField<at<&TableLayout::right, &TableEyeColumns::validity>>(
         "right.validity"_L1, "Right validity"_L1,
         "Says whether the right eye was seen; none: it was where there are numbers."_L1),
-    Field{.key = "missing"_L1,
-          .label = "Missing is written"_L1,
-          .help = "Texts that stand for no value, with blanks between; an empty field is one always."_L1,
-          .kind = Kind::Text,
-          .of = Of::Tables,
-          .read = missingText,
-          .write = writeMissing},
+    textsField<at<&TableLayout::missing>>(
+        "missing"_L1, "Missing is written"_L1,
+        "Texts that stand for no value, with blanks between; an empty field is one always."_L1),
     Field{.key = "valid"_L1,
           .label = "Valid is"_L1,
           .help = "Codes with blanks between, or a limit such as >= 0.6."_L1,
@@ -342,6 +348,10 @@ const QList<Field> fields{
           .write = writeValid},
     columnField<at<&TableLayout::eye, &TableEyeColumn::column>>("eye.column"_L1, "Eye of the line"_L1,
                                                                 "Where each line belongs to one eye."_L1),
+    textsField<at<&TableLayout::eye, &TableEyeColumn::left>>("eye.left"_L1, "Left is written"_L1,
+                                                             "In the column of the eye, with blanks between."_L1),
+    textsField<at<&TableLayout::eye, &TableEyeColumn::right>>("eye.right"_L1, "Right is written"_L1,
+                                                              "In the column of the eye, with blanks between."_L1),
     wordField<layout_words::placeUnits, at<&TableLayout::place, &TableGeometry::unit>>(
         "place.unit"_L1, "Unit of place"_L1,
         "normalised: 0 to 1 of the screen; degrees: of visual angle from its middle."_L1, Of::Both),
@@ -370,7 +380,8 @@ const QList<Field> fields{
                                                "The beginning of a message; none: where the next one begins."_L1),
     setField<subjectKey>("set.subject"_L1, "Subject"_L1, "Column of who was looking."_L1),
     setField<groupKey>("set.group"_L1, "Group"_L1, "Column of the group of subjects."_L1),
-    setField<stimulusKey>("set.stimulus"_L1, "Picture"_L1, "Column of the name of the picture that was looked at."_L1)};
+    setField<stimulusKey>("set.stimulus"_L1, "Picture"_L1, "Column of the name of the picture that was looked at."_L1),
+    setField<dominantKey>("set.dominant"_L1, "Dominant eye"_L1, "Column of left or right."_L1)};
 
 } // namespace
 

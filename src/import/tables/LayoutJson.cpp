@@ -315,13 +315,8 @@ void readDelimiter(JsonFields &json, TableLayout &layout)
     if (value.isUndefined())
         return;
     const QString word = value.toString();
-    constexpr char16_t firstPrinted = u'!';
-    constexpr char16_t lastPrinted = u'~';
-    if (const auto choice = layout_words::choiceOf(layout_words::delimiters, word))
-        layout.delimiter = *choice;
-    else if (word.size() == 1 && word[0] >= firstPrinted && word[0] <= lastPrinted && !word[0].isLetterOrNumber() &&
-             word[0] != u'"')
-        layout.delimiter = word[0].toLatin1();
+    if (const auto delimiter = layout_words::delimiterOf(word))
+        layout.delimiter = *delimiter;
     else
         json.fail(QStringLiteral("delimiter"), value,
                   layout_words::listOf(layout_words::delimiters) + QStringLiteral(", or a single sign"));

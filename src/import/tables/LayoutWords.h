@@ -63,6 +63,17 @@ std::optional<Choice> choiceOf(const std::array<LayoutWord<Choice>, count> &word
     return std::nullopt;
 }
 
+/// A delimiter by its word, or by itself: any printed sign but a letter, a digit and the quote.
+inline std::optional<char> delimiterOf(const QString &word)
+{
+    constexpr char16_t firstPrinted = u'!';
+    constexpr char16_t lastPrinted = u'~';
+    const auto choice = choiceOf(delimiters, word);
+    const bool isSign = word.size() == 1 && word[0] >= firstPrinted && word[0] <= lastPrinted &&
+                        !word[0].isLetterOrNumber() && word[0] != u'"';
+    return choice || !isSign ? choice : word[0].toLatin1();
+}
+
 /// "one of "s", "ms"".
 template <class Choice, std::size_t count>
 QString listOf(const std::array<LayoutWord<Choice>, count> &words)
