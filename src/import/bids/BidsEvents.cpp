@@ -45,6 +45,12 @@ std::optional<QPoint> placeOf(QByteArrayView line, const BidsEventColumns &colum
     return QPoint(static_cast<int>(*x), static_cast<int>(*y));
 }
 
+/// As the times of samples are rounded: halves upwards, before zero as well.
+double nearestMs(double timeMs)
+{
+    return std::floor(timeMs + 0.5);
+}
+
 /// The samples of a time, both ends included. Their times ascend, or the search finds some of them.
 QList<GazePoint> samplesBetween(const QList<GazePoint> &samples, double startMs, double endMs)
 {
@@ -115,8 +121,8 @@ BidsSections putSections(const QList<BidsEvent> &events, qint64 timeZeroMs, EyeD
     stream.invalids.clear();
     BidsSections made;
     for (const BidsEvent &event : events) {
-        const double startMs = std::round(event.onsetMs) - static_cast<double>(timeZeroMs);
-        const double endMs = std::round(event.onsetMs + event.durationMs) - static_cast<double>(timeZeroMs);
+        const double startMs = nearestMs(event.onsetMs) - static_cast<double>(timeZeroMs);
+        const double endMs = nearestMs(event.onsetMs + event.durationMs) - static_cast<double>(timeZeroMs);
         const QList<GazePoint> all = samplesBetween(stream.gazePoints, startMs, endMs);
         const QList<GazePoint> valid = withValidity(all, true);
         if (event.type == "fixation"_L1 && !valid.isEmpty()) {

@@ -13,13 +13,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-/// The samples of one eye in whole ms of the file's clock, and what describes them.
+/// The samples of one eye in whole ms of the clock that all eyes and their events share, and what describes them.
 struct EyeTable {
     QString path;
     BidsEyeTable description;
@@ -67,6 +68,18 @@ void takeOddities(const QList<TableOddity> &oddities, EyeTable &table)
     }
 }
 
+/// What to add to times before zero, as few as there are, so that a .data file could hold them. Whole ms: the rounding
+/// stays the same for all eyes and events.
+double shiftMs(const TableContent &content, double startMs)
+{
+    constexpr double most = 9e15; // beyond this a number of ms has no exact double
+    for (const TableRecording &recording : content.recordings) {
+        if (!recording.samples.isEmpty())
+            return std::clamp(std::ceil(-(recording.samples[0].timeMs + startMs)), 0.0, most);
+    }
+    return 0;
+}
+
 EyeTableOrProblem readSamples(EyeTable table)
 {
     const auto read = readTable(table.path, table.description.layout);
@@ -74,13 +87,18 @@ EyeTableOrProblem readSamples(EyeTable table)
         return *problem;
     const auto &content = std::get<TableContent>(read);
     takeOddities(content.oddities, table);
+    const double shift = shiftMs(content, table.description.startMs);
     DataSampleMaker maker;
     for (const TableRecording &recording : content.recordings) {
         takeOddities(recording.oddities, table);
         table.samples.reserve(table.samples.size() + recording.samples.size());
-        for (const TableSample &sample : recording.samples) {
-            if (const auto made = maker.next(sample))
-                table.samples << gazePoint(table.description.eye, *made);
+        for (TableSample sample : recording.samples) {
+            sample.timeMs += table.description.startMs + shift;
+            auto made = maker.next(sample);
+            if (!made)
+                continue;
+            made->timeMs -= static_cast<qint64>(shift);
+            table.samples << gazePoint(table.description.eye, *made);
         }
     }
     takeOddities(maker.oddities(), table);
