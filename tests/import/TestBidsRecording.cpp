@@ -53,6 +53,7 @@ private Q_SLOTS:
     void events();
     void eventsBeforeZero();
     void eventsThatCannotBeRead();
+    void eventsThatOverlap();
     void participants();
     void runsOfAFolder();
     void damagedFiles_data();
@@ -371,6 +372,31 @@ void TestBidsRecording::eventsThatCannotBeRead()
     QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(1));
     QVERIFY2(file.doubts[0].contains(QStringLiteral("1 events have no onset or no duration")),
              qPrintable(file.doubts[0]));
+}
+
+/// Each event has all samples of its time: a small packed file could ask for more memory than there is.
+void TestBidsRecording::eventsThatOverlap()
+{
+    constexpr int samples = 1000;
+    QByteArray rows;
+    for (int i = 0; i < samples; ++i)
+        rows += QByteArray::number(10 * i) + "\t1\t1\t1\n";
+    m_folder->writeEye(1, QStringLiteral("left"), rows);
+    writeEvents(QByteArray("0\t1e12\tfixation\n").repeated(200000), shortEvents());
+    ImportedFile file = read();
+    QVERIFY(file.examination.importOk);
+    QCOMPARE(file.examination.leftEye.gazePoints.size(), qsizetype(samples));
+    QVERIFY(file.examination.leftEye.scanpath.isEmpty());
+    QCOMPARE(file.doubts,
+             QStringList(QStringLiteral("sub-1_task-look_recording-eye1_physioevents.tsv.gz: the events were not read, "
+                                        "because events overlap: together they have many times the samples of the "
+                                        "recording.")));
+    writeEvents(QByteArray("0\t1e12\tfixation\n").repeated(8), shortEvents()); // odd, and harmless
+    file = read();
+    QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(8));
+    writeEvents(QByteArray("0\t1e12\tblock\n").repeated(200000) + "0\t10\tfixation\n", shortEvents());
+    file = read();
+    QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(1)); // others have no samples
 }
 
 void TestBidsRecording::participants()

@@ -251,17 +251,19 @@ void readEvents(const EyeTable &table, qint64 timeZeroMs, ImportedFile &file, Bi
         return refuse(reason + u'.');
     const BidsEventList list = bidsEvents(*text, std::get<BidsEventColumns>(columns));
     EyeData &stream = file.examination.stream(table.description.eye);
-    const BidsSections made = putSections(list.events, timeZeroMs, stream);
+    const std::optional<BidsSections> made = putSections(list.events, timeZeroMs, stream);
+    if (!made)
+        return refuse(u"events overlap: together they have many times the samples of the recording."_s);
     if (list.unreadable > 0)
         file.doubts << u"%1: %2 events have no onset or no duration and were left out."_s.arg(fileName(path))
                            .arg(list.unreadable);
-    if (made.fixations == 0)
+    if (made->fixations == 0)
         return;
     stream.calculationInfo = u"Read from %1\n"_s.arg(fileName(path));
     file.examination.calculationInfo.fixationCalculationInfo = stream.calculationInfo;
-    sections.fixations += made.fixations;
-    sections.saccades += made.saccades;
-    sections.losses += made.losses;
+    sections.fixations += made->fixations;
+    sections.saccades += made->saccades;
+    sections.losses += made->losses;
 }
 
 void tellSections(const BidsSections &sections, ImportedFile &file)
