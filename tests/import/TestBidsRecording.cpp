@@ -116,6 +116,9 @@ void TestBidsRecording::eyesOfOtherTimes()
     const ImportedFile file = read();
     QCOMPARE(shown(file.examination.leftEye.gazePoints), list("0 1 1 1 1|10 2 2 1 1|15 0 0 0 0|20 3 3 1 1"));
     QCOMPARE(shown(file.examination.rightEye.gazePoints), list("0 0 0 0 0|10 5 5 1 1|15 6 6 1 1|20 0 0 0 0"));
+    QCOMPARE(file.doubts,
+             QStringList(QStringLiteral("at 3 of 4 times not every eye has a sample: one without counts as "
+                                        "lost then.")));
 }
 
 /// Each eye begins before the zero of the clock, at a time of its own.

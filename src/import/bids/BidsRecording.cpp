@@ -170,13 +170,19 @@ public:
         constexpr Eye eyes[] = {Eye::Left, Eye::Right, Eye::Mean};
         while (const std::optional<qint64> time = nextTime()) {
             std::array<GazePoint, 3> samples;
+            bool isComplete = true;
             for (size_t i = 0; i < samples.size(); ++i) {
                 const bool isHere = hasNext(i) && (*m_lists[i])[m_next[i]].time == *time;
+                isComplete &= isHere || !m_lists[i];
                 samples[i] = isHere ? (*m_lists[i])[m_next[i]++] : missingSample(eyes[i], *time);
             }
+            m_incomplete += isComplete ? 0 : 1;
             take(*time, samples);
         }
     }
+
+    /// Times so far at which one of several eyes has no sample.
+    qsizetype incomplete() const { return m_incomplete; }
 
 private:
     bool hasNext(size_t i) const { return m_lists[i] && m_next[i] < m_lists[i]->size(); }
@@ -193,11 +199,16 @@ private:
 
     std::array<const QList<GazePoint> *, 3> m_lists{};
     std::array<qsizetype, 3> m_next{};
+    qsizetype m_incomplete = 0;
+};
+
+struct JoinedTimes {
+    qint64 zeroMs = 0; ///< that of the samples, on the files' clock
+    qsizetype incomplete = 0;
 };
 
 /// Puts the samples into the examination.
-/// @return the time zero of the samples on the files' clock.
-qint64 joinEyes(const QList<EyeTable> &tables, ImportedFile &file)
+JoinedTimes joinEyes(const QList<EyeTable> &tables, ImportedFile &file)
 {
     EyeJoin join(tables);
     EyeStreams streams;
@@ -224,7 +235,7 @@ qint64 joinEyes(const QList<EyeTable> &tables, ImportedFile &file)
         if (join.has(Eye::Mean))
             file.examination.meanEye.gazePoints = mean;
     }
-    return zero.value_or(0);
+    return {zero.value_or(0), join.incomplete()};
 }
 
 // ---- events
@@ -349,16 +360,20 @@ void read(const BidsRun &run, ImportedFile &file)
     }
     const auto &tables = std::get<QList<EyeTable>>(eyes);
     describe(run, tables.constFirst().description, file);
-    const qint64 timeZeroMs = joinEyes(tables, file);
+    const JoinedTimes times = joinEyes(tables, file);
     if (!file.examination.importOk) {
         file.messages << corruptRecording(file.path, u"none of its samples is valid"_s);
         return;
     }
     file.doubts = importDoubts(file.counts);
+    if (times.incomplete > 0)
+        file.doubts << u"at %1 of %2 times not every eye has a sample: one without counts as lost then."_s
+                           .arg(times.incomplete)
+                           .arg(file.counts.samples);
     BidsSections sections;
     for (const EyeTable &table : tables) {
         file.doubts += table.doubts;
-        readEvents(table, timeZeroMs, file, sections);
+        readEvents(table, times.zeroMs, file, sections);
     }
     if (sections.fixations > 0)
         tellSections(sections, file);
