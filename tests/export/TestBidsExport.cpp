@@ -62,6 +62,8 @@ private Q_SLOTS:
     void rate();
     void filesOfTheStudy();
     void screenWithAndWithoutGeometry();
+    void timeOfThePicture_data();
+    void timeOfThePicture();
     void participantsHaveWhatIsTheSameInAllTheirRecordings();
     void sameFilesWithAnyNumberOfThreads();
     void importGivesWhatWasExported();
@@ -230,6 +232,33 @@ void TestBidsExport::screenWithAndWithoutGeometry()
     exportBids(model, target, {.geometry = ViewingGeometry{0.6, 0.512, 2560}});
     QCOMPARE(presentation()[QStringLiteral("ScreenSize")], QJsonValue(QJsonArray{0.512, 0.0002 * 1600}));
     QCOMPARE(presentation()[QStringLiteral("ScreenDistance")].toDouble(), 0.6);
+}
+
+void TestBidsExport::timeOfThePicture_data()
+{
+    QTest::addColumn<qint64>("startMs");
+    QTest::addColumn<qint64>("endMs");
+    QTest::addColumn<QString>("seconds");
+    QTest::newRow("short") << qint64(0) << qint64(9996) << "0\t9.996";
+    QTest::newRow("whole seconds") << qint64(10000) << qint64(30000) << "10\t20";
+    QTest::newRow("hours to the millisecond") << qint64(12345678) << qint64(98765432) << "12345.678\t86419.754";
+    QTest::newRow("weeks") << qint64(2000000000) << qint64(3234567001) << "2000000\t1234567.001";
+}
+
+void TestBidsExport::timeOfThePicture()
+{
+    QFETCH(qint64, startMs);
+    QFETCH(qint64, endMs);
+    QFETCH(QString, seconds);
+    const QTemporaryDir folder;
+    DataModel model;
+    model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
+    model.examinations()[0].meanEye.gazePoints << samples::valid(startMs) << samples::valid(endMs);
+    model.setTimeFrame({0, endMs});
+    exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showMean}, {});
+    const QString path = folder.filePath(QStringLiteral("p_bids/sub-1/beh/sub-1_task-viewing_run-1_events.tsv"));
+    const QString row = QString::fromUtf8(samples::bytesOf(path)).section(u'\n', 1, 1);
+    QCOMPARE(row.section(QStringLiteral("\tpicture"), 0, 0), seconds);
 }
 
 void TestBidsExport::participantsHaveWhatIsTheSameInAllTheirRecordings()

@@ -12,14 +12,13 @@
 
 #include <QDir>
 #include <QImageReader>
+#include <QLocale>
 
 #include <vector>
 
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-constexpr double msPerSecond = 1000;
 
 /// A file of the data set; its name is relative to the folder of that.
 struct BidsFile {
@@ -66,6 +65,13 @@ QSize pictureSize(const Examination &examination)
     return examination.image ? QImageReader(examination.image->path).size() : QSize();
 }
 
+/// To the ms, without zeros at the end.
+QString secondsText(qint64 timeMs)
+{
+    constexpr double msPerSecond = 1000;
+    return QString::number(static_cast<double>(timeMs) / msPerSecond, 'f', QLocale::FloatingPointShortest);
+}
+
 BidsFiles streamFiles(const Examination &examination, const BidsName &name, Eye eye, TimeFrame frame)
 {
     const RecordedEye recorded(eye, examination);
@@ -90,10 +96,8 @@ BidsFiles recordingFiles(const Examination &examination, const BidsName &name, c
         files += streamFiles(examination, name, eye, frame);
     const TimeFrame shown = sampledTime(examination.meanEye.gazePoints, frame).value_or(TimeFrame{});
     const QString picture = examination.imageName.simplified();
-    const QString row =
-        u"%1\t%2\tpicture\t%3\n"_s.arg(QString::number(static_cast<double>(shown.startMs) / msPerSecond),
-                                       QString::number(static_cast<double>(shown.endMs - shown.startMs) / msPerSecond),
-                                       picture.isEmpty() ? u"n/a"_s : picture);
+    const QString row = u"%1\t%2\tpicture\t%3\n"_s.arg(
+        secondsText(shown.startMs), secondsText(shown.endMs - shown.startMs), picture.isEmpty() ? u"n/a"_s : picture);
     const QString stem = name.folder() + name.stem() + "_events"_L1;
     files << BidsFile{stem + ".tsv"_L1, "onset\tduration\ttrial_type\tpicture\n" + row.toUtf8()}
           << BidsFile{stem + ".json"_L1, sidecarBytes(stimulusSidecar(pictureSize(examination), geometry))};
