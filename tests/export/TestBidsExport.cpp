@@ -68,6 +68,7 @@ private Q_SLOTS:
     void sameFilesWithAnyNumberOfThreads();
     void importGivesWhatWasExported();
     void strangersAreTold();
+    void filesOfAnOlderExportAreTold();
 };
 
 void TestBidsExport::labels_data()
@@ -336,6 +337,38 @@ void TestBidsExport::strangersAreTold()
     model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
     exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
     QVERIFY(messages.texts()[0].contains(QStringLiteral("older data set: sub-old")));
+}
+
+/// A smaller export into the folder of a larger one leaves files that it did not write.
+void TestBidsExport::filesOfAnOlderExportAreTold()
+{
+    const QTemporaryDir folder;
+    DataModel model;
+    model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"))
+                         << person(QStringLiteral("1"), QStringLiteral("s"));
+    const auto told = [&](EyeMode eyes) {
+        const RecordedMessages messages;
+        exportBids(model, {folder.path(), QStringLiteral("p"), eyes}, {});
+        return messages.texts().size() == 2 ? messages.texts()[0] : QString();
+    };
+    QCOMPARE(told(EyeMode::showLeft), QString());
+    QCOMPARE(told(EyeMode::showLeft), QString()); // the same files
+    model.examinations().removeLast();
+    QCOMPARE(told(EyeMode::showLeft),
+             QStringLiteral("BIDS Export|The folder holds what is left of an older data set: "
+                            "sub-1/beh/sub-1_task-viewing_run-2_events.json, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_events.tsv, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physio.json, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physio.tsv.gz, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physioevents.json, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physioevents.tsv.gz. "
+                            "Choose a new folder or prefix."));
+    const QString others = told(EyeMode::showRight); // the left eye's four files more
+    QVERIFY2(others.contains(QStringLiteral("run-1_recording-eye1_physio.json, ")), qPrintable(others));
+    QVERIFY2(others.contains(QStringLiteral("set: sub-1/")) && !others.contains(QStringLiteral("more")),
+             qPrintable(others));
+    told(EyeMode::showMean);
+    QVERIFY(told(EyeMode::showLeft).contains(QStringLiteral(" and 4 more. Choose")));
 }
 
 QTEST_GUILESS_MAIN(TestBidsExport)
