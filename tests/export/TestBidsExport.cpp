@@ -64,6 +64,7 @@ private Q_SLOTS:
     void screenWithAndWithoutGeometry();
     void timeOfThePicture_data();
     void timeOfThePicture();
+    void parametersOfAllRecordings();
     void participantsHaveWhatIsTheSameInAllTheirRecordings();
     void sameFilesWithAnyNumberOfThreads();
     void importGivesWhatWasExported();
@@ -260,6 +261,28 @@ void TestBidsExport::timeOfThePicture()
     const QString path = folder.filePath(QStringLiteral("p_bids/sub-1/beh/sub-1_task-viewing_run-1_events.tsv"));
     const QString row = QString::fromUtf8(samples::bytesOf(path)).section(u'\n', 1, 1);
     QCOMPARE(row.section(QStringLiteral("\tpicture"), 0, 0), seconds);
+}
+
+/// One text where all recordings have the same, all of them where they differ.
+void TestBidsExport::parametersOfAllRecordings()
+{
+    const QTemporaryDir folder;
+    DataModel model;
+    for (const char *duration : {"80", "80", "120", "80"}) {
+        model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
+        model.examinations().last().calculationInfo.fixationCalculationInfo =
+            QStringLiteral("Minimum Duration:%1\nFixations found: 7\n").arg(QLatin1StringView(duration));
+    }
+    const auto written = [&] {
+        exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
+        const QJsonObject description = objectIn(folder.filePath(QStringLiteral("p_bids/dataset_description.json")));
+        const QJsonObject generator = description[QStringLiteral("GeneratedBy")].toArray()[0].toObject();
+        return generator[QStringLiteral("Parameters")].toObject()[QStringLiteral("Fixations")];
+    };
+    const QString first = QStringLiteral("Minimum Duration:80");
+    QCOMPARE(written(), QJsonValue(QJsonArray{first, QStringLiteral("Minimum Duration:120")}));
+    model.examinations()[2].calculationInfo.fixationCalculationInfo.clear();
+    QCOMPARE(written(), QJsonValue(first));
 }
 
 void TestBidsExport::participantsHaveWhatIsTheSameInAllTheirRecordings()
