@@ -4,6 +4,7 @@
     test_cluster_example.py VISTRUM_BATCH SOURCE_DIR
 """
 
+import gzip
 import json
 import os
 import pathlib
@@ -124,6 +125,44 @@ class Cluster(unittest.TestCase):
         fixations = self.check_joined("own.layout.json", status=1)
         self.assertEqual({row.split(",")[0] for row in fixations[1:]}, {"first_A", "second_C"})
         self.assertEqual((self.out / "left_out.txt").read_text(), f"{self.recordings}/first.csv (in part)\n")
+
+    def pack(self, name):
+        path = self.recordings / f"{name}.csv"
+        with gzip.open(f"{path}.gz", "wt") as packed:
+            packed.write(path.read_text())
+        path.unlink()
+
+    def changed_by(self, path, text):
+        """The recordings that are calculated anew when the file has this text."""
+        before = {each: each.stat().st_mtime_ns for each in self.finished()}
+        path.write_text(text)
+        self.run_all()
+        return [each.parent.name for each in self.finished() if each.stat().st_mtime_ns != before.get(each)]
+
+    def test_tables_that_are_looked_at(self):
+        self.use_tables(one=table_rows("A", 100), two=table_rows("B", 200), three=table_rows("C", 300))
+        self.config = ["layout=auto", "pattern=*.csv"]
+        self.run_all()
+        fixations = self.check_joined("auto")
+        self.assertEqual(len(fixations), 1 + 3 * 2 * 2)
+        self.assertEqual((self.out / "left_out.txt").read_text(), "")
+
+    def test_all_that_a_recording_is_made_of(self):
+        self.use_tables(one=table_rows("A", 100), two=table_rows("B", 200))
+        self.pack("one")
+        (self.recordings / "one.set").write_text("[subject]\nsubjectID=11\n")
+        (self.place / "lab.txt").write_text("")
+        (self.place / "areas.txt").write_text("")
+        self.write_layout()
+        self.config = ["pattern=*.csv*", "layout=own.layout.json", "depends=lab.txt,areas.txt"]
+        self.run_all()
+        self.check_joined("own.layout.json")
+        self.assertEqual(self.changed_by(self.recordings / "one.set", "[subject]\nsubjectID=12\n"), ["one.csv.gz"])
+        fixations = self.check_joined("own.layout.json")
+        self.assertEqual(fixations[1].split(",")[:2], ["one", "12"])
+        self.assertEqual(self.changed_by(self.place / "areas.txt", "#"), ["one.csv.gz", "two.csv"])
+        layout = self.place / "own.layout.json"
+        self.assertEqual(self.changed_by(layout, layout.read_text() + "\n"), ["one.csv.gz", "two.csv"])
 
 
 if __name__ == "__main__":
