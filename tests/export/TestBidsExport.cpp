@@ -62,10 +62,14 @@ private Q_SLOTS:
     void rate();
     void filesOfTheStudy();
     void screenWithAndWithoutGeometry();
+    void timeOfThePicture_data();
+    void timeOfThePicture();
+    void parametersOfAllRecordings();
     void participantsHaveWhatIsTheSameInAllTheirRecordings();
     void sameFilesWithAnyNumberOfThreads();
     void importGivesWhatWasExported();
     void strangersAreTold();
+    void filesOfAnOlderExportAreTold();
 };
 
 void TestBidsExport::labels_data()
@@ -232,6 +236,55 @@ void TestBidsExport::screenWithAndWithoutGeometry()
     QCOMPARE(presentation()[QStringLiteral("ScreenDistance")].toDouble(), 0.6);
 }
 
+void TestBidsExport::timeOfThePicture_data()
+{
+    QTest::addColumn<qint64>("startMs");
+    QTest::addColumn<qint64>("endMs");
+    QTest::addColumn<QString>("seconds");
+    QTest::newRow("short") << qint64(0) << qint64(9996) << "0\t9.996";
+    QTest::newRow("whole seconds") << qint64(10000) << qint64(30000) << "10\t20";
+    QTest::newRow("hours to the millisecond") << qint64(12345678) << qint64(98765432) << "12345.678\t86419.754";
+    QTest::newRow("weeks") << qint64(2000000000) << qint64(3234567001) << "2000000\t1234567.001";
+}
+
+void TestBidsExport::timeOfThePicture()
+{
+    QFETCH(qint64, startMs);
+    QFETCH(qint64, endMs);
+    QFETCH(QString, seconds);
+    const QTemporaryDir folder;
+    DataModel model;
+    model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
+    model.examinations()[0].meanEye.gazePoints << samples::valid(startMs) << samples::valid(endMs);
+    model.setTimeFrame({0, endMs});
+    exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showMean}, {});
+    const QString path = folder.filePath(QStringLiteral("p_bids/sub-1/beh/sub-1_task-viewing_run-1_events.tsv"));
+    const QString row = QString::fromUtf8(samples::bytesOf(path)).section(u'\n', 1, 1);
+    QCOMPARE(row.section(QStringLiteral("\tpicture"), 0, 0), seconds);
+}
+
+/// One text where all recordings have the same, all of them where they differ.
+void TestBidsExport::parametersOfAllRecordings()
+{
+    const QTemporaryDir folder;
+    DataModel model;
+    for (const char *duration : {"80", "80", "120", "80"}) {
+        model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
+        model.examinations().last().calculationInfo.fixationCalculationInfo =
+            QStringLiteral("Minimum Duration:%1\nFixations found: 7\n").arg(QLatin1StringView(duration));
+    }
+    const auto written = [&] {
+        exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
+        const QJsonObject description = objectIn(folder.filePath(QStringLiteral("p_bids/dataset_description.json")));
+        const QJsonObject generator = description[QStringLiteral("GeneratedBy")].toArray()[0].toObject();
+        return generator[QStringLiteral("Parameters")].toObject()[QStringLiteral("Fixations")];
+    };
+    const QString first = QStringLiteral("Minimum Duration:80");
+    QCOMPARE(written(), QJsonValue(QJsonArray{first, QStringLiteral("Minimum Duration:120")}));
+    model.examinations()[2].calculationInfo.fixationCalculationInfo.clear();
+    QCOMPARE(written(), QJsonValue(first));
+}
+
 void TestBidsExport::participantsHaveWhatIsTheSameInAllTheirRecordings()
 {
     const QTemporaryDir folder;
@@ -307,6 +360,38 @@ void TestBidsExport::strangersAreTold()
     model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
     exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
     QVERIFY(messages.texts()[0].contains(QStringLiteral("older data set: sub-old")));
+}
+
+/// A smaller export into the folder of a larger one leaves files that it did not write.
+void TestBidsExport::filesOfAnOlderExportAreTold()
+{
+    const QTemporaryDir folder;
+    DataModel model;
+    model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"))
+                         << person(QStringLiteral("1"), QStringLiteral("s"));
+    const auto told = [&](EyeMode eyes) {
+        const RecordedMessages messages;
+        exportBids(model, {folder.path(), QStringLiteral("p"), eyes}, {});
+        return messages.texts().size() == 2 ? messages.texts()[0] : QString();
+    };
+    QCOMPARE(told(EyeMode::showLeft), QString());
+    QCOMPARE(told(EyeMode::showLeft), QString()); // the same files
+    model.examinations().removeLast();
+    QCOMPARE(told(EyeMode::showLeft),
+             QStringLiteral("BIDS Export|The folder holds what is left of an older data set: "
+                            "sub-1/beh/sub-1_task-viewing_run-2_events.json, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_events.tsv, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physio.json, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physio.tsv.gz, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physioevents.json, "
+                            "sub-1/beh/sub-1_task-viewing_run-2_recording-eye1_physioevents.tsv.gz. "
+                            "Choose a new folder or prefix."));
+    const QString others = told(EyeMode::showRight); // the left eye's four files more
+    QVERIFY2(others.contains(QStringLiteral("run-1_recording-eye1_physio.json, ")), qPrintable(others));
+    QVERIFY2(others.contains(QStringLiteral("set: sub-1/")) && !others.contains(QStringLiteral("more")),
+             qPrintable(others));
+    told(EyeMode::showMean);
+    QVERIFY(told(EyeMode::showLeft).contains(QStringLiteral(" and 4 more. Choose")));
 }
 
 QTEST_GUILESS_MAIN(TestBidsExport)

@@ -34,11 +34,15 @@ private Q_SLOTS:
     void init() { m_folder = std::make_unique<BidsFolder>(); }
     void twoEyes();
     void eyesOfOtherTimes();
+    void clockBeforeZero();
+    void clockThroughZero();
     void cyclopeanAlone();
     void units_data();
     void units();
     void degreesOfTheScreen();
     void withoutTimestamps();
+    void startTimes();
+    void startTimeBesideTimestamps();
     void missingKeys_data();
     void missingKeys();
     void wrongKeys_data();
@@ -47,7 +51,9 @@ private Q_SLOTS:
     void inheritedDescription();
     void otherSignalsAreLeftOut();
     void events();
+    void eventsBeforeZero();
     void eventsThatCannotBeRead();
+    void eventsThatOverlap();
     void participants();
     void runsOfAFolder();
     void damagedFiles_data();
@@ -68,6 +74,21 @@ private:
     {
         m_folder->writeRun(QStringLiteral("recording-eye1_physioevents.tsv.gz"), gzipped(rows));
         m_folder->writeRun(QStringLiteral("recording-eye1_physioevents.json"), QJsonDocument(description).toJson());
+    }
+    /// A description of events with what each of them needs.
+    static QJsonObject shortEvents()
+    {
+        return {{QStringLiteral("Columns"),
+                 QJsonArray{QStringLiteral("onset"), QStringLiteral("duration"), QStringLiteral("trial_type")}}};
+    }
+    void writeUntimedEye(int number, const QString &eye, const QByteArray &rows, double startSeconds) const
+    {
+        m_folder->writeEye(number, eye, rows);
+        QJsonObject description = BidsFolder::description(eye);
+        description[QStringLiteral("Columns")] =
+            QJsonArray{QStringLiteral("x_coordinate"), QStringLiteral("y_coordinate"), QStringLiteral("pupil_size")};
+        description[QStringLiteral("StartTime")] = startSeconds;
+        m_folder->writeDescription(QStringLiteral("recording-eye%1").arg(number), description);
     }
 
     std::unique_ptr<BidsFolder> m_folder;
@@ -95,6 +116,29 @@ void TestBidsRecording::eyesOfOtherTimes()
     const ImportedFile file = read();
     QCOMPARE(shown(file.examination.leftEye.gazePoints), list("0 1 1 1 1|10 2 2 1 1|15 0 0 0 0|20 3 3 1 1"));
     QCOMPARE(shown(file.examination.rightEye.gazePoints), list("0 0 0 0 0|10 5 5 1 1|15 6 6 1 1|20 0 0 0 0"));
+    QCOMPARE(file.doubts,
+             QStringList(QStringLiteral("at 3 of 4 times not every eye has a sample: one without counts as "
+                                        "lost then.")));
+}
+
+/// Each eye begins before the zero of the clock, at a time of its own.
+void TestBidsRecording::clockBeforeZero()
+{
+    m_folder->writeEye(1, QStringLiteral("left"), "-4\t1\t1\t1\n6\t2\t2\t1\n");
+    m_folder->writeEye(2, QStringLiteral("right"), "-2.5\t5\t5\t1\n8\t6\t6\t1\n");
+    const ImportedFile file = read();
+    QCOMPARE(shown(file.examination.leftEye.gazePoints), list("0 1 1 1 1|2 0 0 0 0|10 2 2 1 1|12 0 0 0 0"));
+    QCOMPARE(shown(file.examination.rightEye.gazePoints), list("0 0 0 0 0|2 5 5 1 1|10 0 0 0 0|12 6 6 1 1"));
+}
+
+/// One eye begins before zero, the other one behind it.
+void TestBidsRecording::clockThroughZero()
+{
+    m_folder->writeEye(1, QStringLiteral("left"), "-10\t1\t1\t1\n0\t2\t2\t1\n10\t3\t3\t1\n");
+    m_folder->writeEye(2, QStringLiteral("right"), "0\t5\t5\t1\n10\t6\t6\t1\n");
+    const ImportedFile file = read();
+    QCOMPARE(shown(file.examination.leftEye.gazePoints), list("0 1 1 1 1|10 2 2 1 1|20 3 3 1 1"));
+    QCOMPARE(shown(file.examination.rightEye.gazePoints), list("0 0 0 0 0|10 5 5 1 1|20 6 6 1 1"));
 }
 
 void TestBidsRecording::cyclopeanAlone()
@@ -147,12 +191,32 @@ void TestBidsRecording::degreesOfTheScreen()
 
 void TestBidsRecording::withoutTimestamps()
 {
-    m_folder->writeEye(1, QStringLiteral("left"), "1\t1\t1\n2\t2\t1\n");
-    QJsonObject description = BidsFolder::description(QStringLiteral("left"));
-    description[QStringLiteral("Columns")] =
-        QJsonArray{QStringLiteral("x_coordinate"), QStringLiteral("y_coordinate"), QStringLiteral("pupil_size")};
-    m_folder->writeDescription(QStringLiteral("recording-eye1"), description);
+    writeUntimedEye(1, QStringLiteral("left"), "1\t1\t1\n2\t2\t1\n", 0);
     QCOMPARE(shown(read().examination.leftEye.gazePoints), list("0 1 1 1 1|10 2 2 1 1")); // 100 Hz
+}
+
+/// The eyes begin at different times, which only their descriptions tell.
+void TestBidsRecording::startTimes()
+{
+    writeUntimedEye(1, QStringLiteral("left"), "1\t1\t1\n2\t2\t1\n3\t3\t1\n", -0.01);
+    writeUntimedEye(2, QStringLiteral("right"), "5\t5\t1\n6\t6\t1\n", 0.01);
+    writeEvents("10\t10\tfixation\n", shortEvents());
+    const ImportedFile file = read();
+    QCOMPARE(shown(file.examination.leftEye.gazePoints), list("0 1 1 1 1|10 2 2 1 1|20 3 3 1 1|30 0 0 0 0"));
+    QCOMPARE(shown(file.examination.rightEye.gazePoints), list("0 0 0 0 0|10 0 0 0 0|20 5 5 1 1|30 6 6 1 1"));
+    QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(1));
+    QCOMPARE(file.examination.leftEye.scanpath[0].firstTime(), qint64(20));
+}
+
+/// Where samples have times, these tell when they were; the start is that of the first one.
+void TestBidsRecording::startTimeBesideTimestamps()
+{
+    m_folder->writeEye(1, QStringLiteral("left"), "500\t1\t1\t1\n510\t2\t2\t1\n");
+    QJsonObject description = BidsFolder::description(QStringLiteral("left"));
+    description[QStringLiteral("StartTime")] = 0.5;
+    m_folder->writeDescription(QStringLiteral("recording-eye1"), description);
+    writeEvents("510\t0\tfixation\n", shortEvents());
+    QCOMPARE(read().examination.leftEye.scanpath[0].firstTime(), qint64(10));
 }
 
 void TestBidsRecording::missingKeys_data()
@@ -285,6 +349,18 @@ void TestBidsRecording::events()
              QStringLiteral("Read from sub-1_task-look_recording-eye1_physioevents.tsv.gz\n"));
 }
 
+/// Their onsets are on the clock of the samples, which begins before its zero.
+void TestBidsRecording::eventsBeforeZero()
+{
+    m_folder->writeEye(1, QStringLiteral("left"),
+                       "-4000\t10\t10\t1\n-3990.5\t12\t10\t1\n-3980\t50\t50\t1\n0\t60\t60\t1\n10\t70\t70\t1\n");
+    writeEvents("-3990.5\t10.5\tfixation\n0\t10\tfixation\n", shortEvents());
+    const EyeData eye = read().examination.leftEye;
+    QCOMPARE(eye.scanpath.size(), qsizetype(2));
+    QCOMPARE(shown(eye.scanpath[0].samples), list("10 12 10 1 1|20 50 50 1 1"));
+    QCOMPARE(shown(eye.scanpath[1].samples), list("4000 60 60 1 1|4010 70 70 1 1"));
+}
+
 void TestBidsRecording::eventsThatCannotBeRead()
 {
     m_folder->writeEye(1, QStringLiteral("left"), "0\t1\t1\t1\n10\t1\t1\t1\n");
@@ -294,14 +370,36 @@ void TestBidsRecording::eventsThatCannotBeRead()
     QCOMPARE(file.doubts.size(), qsizetype(1));
     QVERIFY2(file.doubts[0].contains(QStringLiteral("physioevents.json: found no key Columns")),
              qPrintable(file.doubts[0]));
-    const QJsonObject description{
-        {QStringLiteral("Columns"),
-         QJsonArray{QStringLiteral("onset"), QStringLiteral("duration"), QStringLiteral("trial_type")}}};
-    writeEvents("0\tlong\tfixation\n0\t10\tfixation\n", description);
+    writeEvents("0\tlong\tfixation\n0\t10\tfixation\n", shortEvents());
     file = read();
     QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(1));
     QVERIFY2(file.doubts[0].contains(QStringLiteral("events without onset or duration, left out: 1.")),
              qPrintable(file.doubts[0]));
+}
+
+/// Each event has all samples of its time: a small packed file could ask for more memory than there is.
+void TestBidsRecording::eventsThatOverlap()
+{
+    constexpr int samples = 1000;
+    QByteArray rows;
+    for (int i = 0; i < samples; ++i)
+        rows += QByteArray::number(10 * i) + "\t1\t1\t1\n";
+    m_folder->writeEye(1, QStringLiteral("left"), rows);
+    writeEvents(QByteArray("0\t1e12\tfixation\n").repeated(200000), shortEvents());
+    ImportedFile file = read();
+    QVERIFY(file.examination.importOk);
+    QCOMPARE(file.examination.leftEye.gazePoints.size(), qsizetype(samples));
+    QVERIFY(file.examination.leftEye.scanpath.isEmpty());
+    QCOMPARE(file.doubts,
+             QStringList(QStringLiteral("sub-1_task-look_recording-eye1_physioevents.tsv.gz: the events were not read, "
+                                        "because events overlap: together they have many times the samples of the "
+                                        "recording.")));
+    writeEvents(QByteArray("0\t1e12\tfixation\n").repeated(8), shortEvents()); // odd, and harmless
+    file = read();
+    QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(8));
+    writeEvents(QByteArray("0\t1e12\tblock\n").repeated(200000) + "0\t10\tfixation\n", shortEvents());
+    file = read();
+    QCOMPARE(file.examination.leftEye.scanpath.size(), qsizetype(1)); // others have no samples
 }
 
 void TestBidsRecording::participants()

@@ -11,15 +11,18 @@
 #include "export/TextTable.h"
 
 #include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
 #include <QImageReader>
+#include <QLocale>
+#include <QSet>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-constexpr double msPerSecond = 1000;
 
 /// A file of the data set; its name is relative to the folder of that.
 struct BidsFile {
@@ -66,6 +69,13 @@ QSize pictureSize(const Examination &examination)
     return examination.image ? QImageReader(examination.image->path).size() : QSize();
 }
 
+/// To the ms, without zeros at the end.
+QString secondsText(qint64 timeMs)
+{
+    constexpr double msPerSecond = 1000;
+    return QString::number(static_cast<double>(timeMs) / msPerSecond, 'f', QLocale::FloatingPointShortest);
+}
+
 BidsFiles streamFiles(const Examination &examination, const BidsName &name, Eye eye, TimeFrame frame)
 {
     const RecordedEye recorded(eye, examination);
@@ -90,10 +100,8 @@ BidsFiles recordingFiles(const Examination &examination, const BidsName &name, c
         files += streamFiles(examination, name, eye, frame);
     const TimeFrame shown = sampledTime(examination.meanEye.gazePoints, frame).value_or(TimeFrame{});
     const QString picture = examination.imageName.simplified();
-    const QString row =
-        u"%1\t%2\tpicture\t%3\n"_s.arg(QString::number(static_cast<double>(shown.startMs) / msPerSecond),
-                                       QString::number(static_cast<double>(shown.endMs - shown.startMs) / msPerSecond),
-                                       picture.isEmpty() ? u"n/a"_s : picture);
+    const QString row = u"%1\t%2\tpicture\t%3\n"_s.arg(
+        secondsText(shown.startMs), secondsText(shown.endMs - shown.startMs), picture.isEmpty() ? u"n/a"_s : picture);
     const QString stem = name.folder() + name.stem() + "_events"_L1;
     files << BidsFile{stem + ".tsv"_L1, "onset\tduration\ttrial_type\tpicture\n" + row.toUtf8()}
           << BidsFile{stem + ".json"_L1, sidecarBytes(stimulusSidecar(pictureSize(examination), geometry))};
@@ -137,20 +145,37 @@ void write(const BidsFiles &files, const QString &folder, ExportResult &result)
     }
 }
 
-/// Subjects of an older data set in the same folder would be in it without being in its table of participants.
-QStringList strangers(const QString &folder, const QList<BidsName> &names)
+/// Subjects, and files of the subjects, of an older data set in the same folder: they would be in this one without
+/// being in its table of participants, or as runs and eyes that it does not have.
+QStringList strangers(const QString &folder, const QList<BidsName> &names, const ExportResult &result)
 {
-    QStringList found = QDir(folder).entryList({u"sub-*"_s}, QDir::Dirs, QDir::Name);
+    QStringList subjects = QDir(folder).entryList({u"sub-*"_s}, QDir::Dirs, QDir::Name);
     for (const BidsName &name : names)
-        found.removeAll(u"sub-"_s + name.subject);
-    return found;
+        subjects.removeAll(u"sub-"_s + name.subject);
+    const QDir root(QDir(folder).absolutePath());
+    const auto nameOf = [&](const QString &path) { return root.relativeFilePath(QFileInfo(path).absoluteFilePath()); };
+    QSet<QString> own;
+    for (const QString &path : result.written + result.failed)
+        own << nameOf(path);
+    QStringList files;
+    for (QDirIterator entry(folder, QDir::Files, QDirIterator::Subdirectories); entry.hasNext();) {
+        const QString name = nameOf(entry.next());
+        const bool isOfSubject = name.startsWith("sub-"_L1) && name.contains(u'/');
+        if (isOfSubject && !own.contains(name) && !subjects.contains(name.section(u'/', 0, 0)))
+            files << name;
+    }
+    files.sort();
+    return subjects + files;
 }
 
 void tellRemarks(QStringList remarks, const QStringList &strangers)
 {
+    constexpr qsizetype mostNames = 10;
+    const qsizetype others = strangers.size() - mostNames;
     if (!strangers.isEmpty())
-        remarks << u"The folder has subjects of an older data set: %1. Choose a new folder or prefix."_s.arg(
-            strangers.join(u", "_s));
+        remarks << u"The folder holds what is left of an older data set: %1%2. Choose a new folder or prefix."_s.arg(
+            strangers.first(std::min(strangers.size(), mostNames)).join(u", "_s),
+            others > 0 ? u" and %1 more"_s.arg(others) : QString());
     if (!remarks.isEmpty())
         messages::warning(u"BIDS Export"_s, remarks.join(u'\n'));
 }
@@ -162,7 +187,6 @@ ExportResult exportBids(const DataModel &model, const ExportTarget &target, cons
     const QString folder = pathStem(target) + "_bids"_L1;
     const QList<const Examination *> examinations = model.checkedExaminations();
     const BidsNames named = bidsNames(examinations);
-    tellRemarks(named.remarks, strangers(folder, named.names));
     ExportResult result;
     Progress progress(u"Exporting BIDS. Please wait."_s, static_cast<int>(examinations.size()) + 1);
     write(datasetFiles(examinations, named.names, model, target, form), folder, result);
@@ -177,6 +201,7 @@ ExportResult exportBids(const DataModel &model, const ExportTarget &target, cons
             write(std::exchange(files[static_cast<std::size_t>(i)], {}), folder, result);
             progress.advance();
         });
+    tellRemarks(named.remarks, strangers(folder, named.names, result));
     tellExported(u"BIDS Export"_s, u"BIDS data set exported to: "_s + folder, result);
     return result;
 }

@@ -94,6 +94,19 @@ QJsonObject textsOf(const QString &keys, const QStringList &texts)
     return object;
 }
 
+/// The text on the fixations, or a list of the texts where recordings differ, in their order. Recordings without a text
+/// do not count beside such with one.
+QJsonValue fixationParameters(const QList<const Examination *> &examinations)
+{
+    QStringList texts;
+    for (const Examination *examination : examinations)
+        texts << examination->calculationInfo.fixationLines().section(u"Fixations found"_s, 0, 0).trimmed();
+    texts.removeDuplicates();
+    if (texts.size() > 1)
+        texts.removeAll(QString());
+    return texts.size() == 1 ? QJsonValue(texts.constFirst()) : QJsonArray::fromStringList(texts);
+}
+
 using Entries = QMap<QString, QString>;
 
 Entries entriesOf(const Examination &examination)
@@ -165,8 +178,7 @@ QJsonObject datasetDescription(const QList<const Examination *> &examinations, T
 {
     QJsonObject parameters{{u"Eyes"_s, eyeModeWord(eyes)}, {u"TimeFrameMs"_s, QJsonArray{frame.startMs, frame.endMs}}};
     if (!examinations.isEmpty())
-        parameters[u"Fixations"_s] =
-            examinations.constFirst()->calculationInfo.fixationLines().section(u"Fixations found"_s, 0, 0).trimmed();
+        parameters[u"Fixations"_s] = fixationParameters(examinations);
     QJsonObject generator =
         textsOf(u"Name,Version,Description"_s,
                 {u"Vistrum"_s, releaseText(), u"Gaze samples with the fixations, saccades and losses in them"_s});

@@ -45,6 +45,12 @@ std::optional<QPoint> placeOf(QByteArrayView line, const BidsEventColumns &colum
     return QPoint(static_cast<int>(*x), static_cast<int>(*y));
 }
 
+/// As the times of samples are rounded: halves upwards, before zero as well.
+double nearestMs(double timeMs)
+{
+    return std::floor(timeMs + 0.5);
+}
+
 /// The samples of a time, both ends included. Their times ascend, or the search finds some of them.
 QList<GazePoint> samplesBetween(const QList<GazePoint> &samples, double startMs, double endMs)
 {
@@ -62,6 +68,29 @@ QList<GazePoint> withValidity(const QList<GazePoint> &samples, bool isValid)
     return chosen;
 }
 
+bool isSection(const QString &type)
+{
+    return type == "fixation"_L1 || type == "saccade"_L1 || type == "loss"_L1;
+}
+
+/// @param all  the samples of its time.
+void putSection(const BidsEvent &event, const QList<GazePoint> &all, EyeData &stream, BidsSections &made)
+{
+    const QList<GazePoint> valid = withValidity(all, true);
+    if (event.type == "fixation"_L1 && !valid.isEmpty()) {
+        const int number = static_cast<int>(++made.fixations);
+        const bool countsValid = event.samples == valid.size();
+        stream.scanpath << Fixation(countsValid ? valid : all, u"fixation"_s, event.place.value_or(meanOf(valid)),
+                                    number);
+    } else if (event.type == "saccade"_L1 && !valid.isEmpty()) {
+        stream.saccades << Saccade(valid, u"saccade"_s, static_cast<int>(++made.saccades), nullptr);
+    } else if (event.type == "loss"_L1 && valid.size() < all.size()) {
+        stream.invalids << Invalid(withValidity(all, false), u"invalid"_s, static_cast<int>(++made.losses), nullptr);
+    } else {
+        ++made.others;
+    }
+}
+
 } // namespace
 
 BidsEventList bidsEvents(QByteArrayView text, const BidsEventColumns &columns)
@@ -72,9 +101,8 @@ BidsEventList bidsEvents(QByteArrayView text, const BidsEventColumns &columns)
         const std::optional<double> onset = numberOf(*line, columns.onset);
         const std::optional<double> duration = numberOf(*line, columns.duration);
         const QString type = QString::fromUtf8(fieldOf(*line, columns.type)).trimmed().toLower();
-        const bool isSection = type == "fixation"_L1 || type == "saccade"_L1 || type == "loss"_L1;
         if (!onset || !duration || *duration < 0) {
-            list.unreadable += isSection ? 1 : 0; // messages have no duration
+            list.unreadable += isSection(type) ? 1 : 0; // messages have no duration
             continue;
         }
         constexpr double most = 1e9;
@@ -108,30 +136,30 @@ std::optional<QByteArray> unpackedFile(const QString &path, QString &problem)
     return bytes;
 }
 
-BidsSections putSections(const QList<BidsEvent> &events, qint64 timeZeroMs, EyeData &stream)
+std::optional<BidsSections> putSections(const QList<BidsEvent> &events, qint64 timeZeroMs, EyeData &stream)
 {
     stream.scanpath.clear();
     stream.saccades.clear();
     stream.invalids.clear();
+    const qsizetype mostCopies = 8 * stream.gazePoints.size() + 10000;
+    qsizetype copies = 0;
     BidsSections made;
     for (const BidsEvent &event : events) {
-        const double startMs = std::round(event.onsetMs) - static_cast<double>(timeZeroMs);
-        const double endMs = std::round(event.onsetMs + event.durationMs) - static_cast<double>(timeZeroMs);
-        const QList<GazePoint> all = samplesBetween(stream.gazePoints, startMs, endMs);
-        const QList<GazePoint> valid = withValidity(all, true);
-        if (event.type == "fixation"_L1 && !valid.isEmpty()) {
-            const int number = static_cast<int>(++made.fixations);
-            const bool countsValid = event.samples == valid.size();
-            stream.scanpath << Fixation(countsValid ? valid : all, u"fixation"_s, event.place.value_or(meanOf(valid)),
-                                        number);
-        } else if (event.type == "saccade"_L1 && !valid.isEmpty()) {
-            stream.saccades << Saccade(valid, u"saccade"_s, static_cast<int>(++made.saccades), nullptr);
-        } else if (event.type == "loss"_L1 && valid.size() < all.size()) {
-            stream.invalids << Invalid(withValidity(all, false), u"invalid"_s, static_cast<int>(++made.losses),
-                                       nullptr);
-        } else {
+        if (!isSection(event.type)) {
             ++made.others;
+            continue;
         }
+        const double startMs = nearestMs(event.onsetMs) - static_cast<double>(timeZeroMs);
+        const double endMs = nearestMs(event.onsetMs + event.durationMs) - static_cast<double>(timeZeroMs);
+        const QList<GazePoint> samples = samplesBetween(stream.gazePoints, startMs, endMs);
+        copies += samples.size();
+        if (copies > mostCopies) {
+            stream.scanpath.clear();
+            stream.saccades.clear();
+            stream.invalids.clear();
+            return std::nullopt;
+        }
+        putSection(event, samples, stream, made);
     }
     return made;
 }

@@ -39,6 +39,9 @@ struct BidsSections {
 
 /// Makes fixations, saccades and losses of the stream's samples at the times of the events, in the place of those that
 /// it has. Samples of a fixation are all of its time, or the valid ones alone where the event counts so many.
+/// Each section holds a copy of its samples: from events that overlap so often that the copies are many times the
+/// stream, nothing is made.
 ///
 /// @param timeZeroMs  of the samples on the clock of the events.
-BidsSections putSections(const QList<BidsEvent> &events, qint64 timeZeroMs, EyeData &stream);
+/// @return nothing for such events.
+std::optional<BidsSections> putSections(const QList<BidsEvent> &events, qint64 timeZeroMs, EyeData &stream);

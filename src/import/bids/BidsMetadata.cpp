@@ -255,12 +255,13 @@ std::variant<BidsEyeTable, TableProblem> bidsEyeTable(const QJsonObject &samples
     const QStringList columns = reader.words(u"Columns"_s);
     if (columns.isEmpty())
         reader.refuse(u"Columns"_s, samples[u"Columns"_s], u"the names of the columns in their order"_s);
-    reader.number(u"StartTime"_s, u"the start of the samples in seconds"_s);
+    const double start = reader.number(u"StartTime"_s, u"the start of the samples in seconds"_s);
     TableLayout &layout = table.layout;
     layout.delimiter = '\t';
     layout.header = TableHeader::None;
     layout.missing = {u"n/a"_s, u"nan"_s};
     readTime(reader, columns, layout);
+    table.startMs = layout.time.isGiven() ? 0 : start * lengthMs(TableTimeUnit::Seconds);
     readPlaces(reader, columns, layout);
     readScreen(reader, screen, layout.place);
     table.recordingName = samples[u"RecordingName"_s].toString();

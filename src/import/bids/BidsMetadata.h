@@ -13,6 +13,7 @@ struct BidsEyeTable {
     Eye eye = Eye::Left; ///< mean stands for "cyclopean"
     /// The samples are those of its left eye; what was recorded while there was no gaze, those of its right eye.
     TableLayout layout;
+    double startMs = 0;    ///< of the first sample where samples have no times; 0 where they have, since those tell it
     QString recordingName; ///< as Vistrum writes it; empty in data sets of others
     QStringList setFile;   ///< the same
 };

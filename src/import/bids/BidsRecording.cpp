@@ -13,13 +13,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-/// The samples of one eye in whole ms of the file's clock, and what describes them.
+/// The samples of one eye in whole ms of the clock that all eyes and their events share, and what describes them.
 struct EyeTable {
     QString path;
     BidsEyeTable description;
@@ -67,6 +68,18 @@ void takeOddities(const QList<TableOddity> &oddities, EyeTable &table)
     }
 }
 
+/// What to add to times before zero, as few as there are, so that a .data file could hold them. Whole ms: the rounding
+/// stays the same for all eyes and events.
+double shiftMs(const TableContent &content, double startMs)
+{
+    constexpr double most = 9e15; // beyond this a number of ms has no exact double
+    for (const TableRecording &recording : content.recordings) {
+        if (!recording.samples.isEmpty())
+            return std::clamp(std::ceil(-(recording.samples[0].timeMs + startMs)), 0.0, most);
+    }
+    return 0;
+}
+
 EyeTableOrProblem readSamples(EyeTable table)
 {
     const auto read = readTable(table.path, table.description.layout);
@@ -74,13 +87,18 @@ EyeTableOrProblem readSamples(EyeTable table)
         return *problem;
     const auto &content = std::get<TableContent>(read);
     takeOddities(content.oddities, table);
+    const double shift = shiftMs(content, table.description.startMs);
     DataSampleMaker maker;
     for (const TableRecording &recording : content.recordings) {
         takeOddities(recording.oddities, table);
         table.samples.reserve(table.samples.size() + recording.samples.size());
-        for (const TableSample &sample : recording.samples) {
-            if (const auto made = maker.next(sample))
-                table.samples << gazePoint(table.description.eye, *made);
+        for (TableSample sample : recording.samples) {
+            sample.timeMs += table.description.startMs + shift;
+            auto made = maker.next(sample);
+            if (!made)
+                continue;
+            made->timeMs -= static_cast<qint64>(shift);
+            table.samples << gazePoint(table.description.eye, *made);
         }
     }
     takeOddities(maker.oddities(), table);
@@ -152,13 +170,19 @@ public:
         constexpr Eye eyes[] = {Eye::Left, Eye::Right, Eye::Mean};
         while (const std::optional<qint64> time = nextTime()) {
             std::array<GazePoint, 3> samples;
+            bool isComplete = true;
             for (size_t i = 0; i < samples.size(); ++i) {
                 const bool isHere = hasNext(i) && (*m_lists[i])[m_next[i]].time == *time;
+                isComplete &= isHere || !m_lists[i];
                 samples[i] = isHere ? (*m_lists[i])[m_next[i]++] : missingSample(eyes[i], *time);
             }
+            m_incomplete += isComplete ? 0 : 1;
             take(*time, samples);
         }
     }
+
+    /// Times so far at which one of several eyes has no sample.
+    qsizetype incomplete() const { return m_incomplete; }
 
 private:
     bool hasNext(size_t i) const { return m_lists[i] && m_next[i] < m_lists[i]->size(); }
@@ -175,11 +199,16 @@ private:
 
     std::array<const QList<GazePoint> *, 3> m_lists{};
     std::array<qsizetype, 3> m_next{};
+    qsizetype m_incomplete = 0;
+};
+
+struct JoinedTimes {
+    qint64 zeroMs = 0; ///< that of the samples, on the files' clock
+    qsizetype incomplete = 0;
 };
 
 /// Puts the samples into the examination.
-/// @return the time zero of the samples on the files' clock.
-qint64 joinEyes(const QList<EyeTable> &tables, ImportedFile &file)
+JoinedTimes joinEyes(const QList<EyeTable> &tables, ImportedFile &file)
 {
     EyeJoin join(tables);
     EyeStreams streams;
@@ -206,7 +235,7 @@ qint64 joinEyes(const QList<EyeTable> &tables, ImportedFile &file)
         if (join.has(Eye::Mean))
             file.examination.meanEye.gazePoints = mean;
     }
-    return zero.value_or(0);
+    return {zero.value_or(0), join.incomplete()};
 }
 
 // ---- events
@@ -233,17 +262,19 @@ void readEvents(const EyeTable &table, qint64 timeZeroMs, ImportedFile &file, Bi
         return refuse(reason + u'.');
     const BidsEventList list = bidsEvents(*text, std::get<BidsEventColumns>(columns));
     EyeData &stream = file.examination.stream(table.description.eye);
-    const BidsSections made = putSections(list.events, timeZeroMs, stream);
+    const std::optional<BidsSections> made = putSections(list.events, timeZeroMs, stream);
+    if (!made)
+        return refuse(u"events overlap: together they have many times the samples of the recording."_s);
     if (list.unreadable > 0)
         file.doubts
             << u"%1: events without onset or duration, left out: %2."_s.arg(fileName(path)).arg(list.unreadable);
-    if (made.fixations == 0)
+    if (made->fixations == 0)
         return;
     stream.calculationInfo = u"Read from %1\n"_s.arg(fileName(path));
     file.examination.calculationInfo.fixationCalculationInfo = stream.calculationInfo;
-    sections.fixations += made.fixations;
-    sections.saccades += made.saccades;
-    sections.losses += made.losses;
+    sections.fixations += made->fixations;
+    sections.saccades += made->saccades;
+    sections.losses += made->losses;
 }
 
 void tellSections(const BidsSections &sections, ImportedFile &file)
@@ -330,16 +361,20 @@ void read(const BidsRun &run, ImportedFile &file)
     }
     const auto &tables = std::get<QList<EyeTable>>(eyes);
     describe(run, tables.constFirst().description, file);
-    const qint64 timeZeroMs = joinEyes(tables, file);
+    const JoinedTimes times = joinEyes(tables, file);
     if (!file.examination.importOk) {
         file.messages << corruptRecording(file.path, u"none of its samples is valid"_s);
         return;
     }
     file.doubts = importDoubts(file.counts);
+    if (times.incomplete > 0)
+        file.doubts << u"at %1 of %2 times not every eye has a sample: one without counts as lost then."_s
+                           .arg(times.incomplete)
+                           .arg(file.counts.samples);
     BidsSections sections;
     for (const EyeTable &table : tables) {
         file.doubts += table.doubts;
-        readEvents(table, timeZeroMs, file, sections);
+        readEvents(table, times.zeroMs, file, sections);
     }
     if (sections.fixations > 0)
         tellSections(sections, file);
