@@ -273,7 +273,7 @@ void TestBidsExport::parametersOfAllRecordings()
         model.examinations().last().calculationInfo.fixationCalculationInfo =
             QStringLiteral("Minimum Duration:%1\nFixations found: 7\n").arg(QLatin1StringView(duration));
     }
-    const auto written = [&] {
+    const auto written = [&]() -> QJsonValue {
         exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
         const QJsonObject description = objectIn(folder.filePath(QStringLiteral("p_bids/dataset_description.json")));
         const QJsonObject generator = description[QStringLiteral("GeneratedBy")].toArray()[0].toObject();
