@@ -37,7 +37,6 @@ void TestSessionInWindow::namesWhatCouldNotBeRead()
     const QString wanted = QStringLiteral("1 recording could not be read: S99.");
     QVERIFY2(methods().contains(wanted), qPrintable(methods()));
     CommandStack::instance().undo();
-    importExamples();
     QVERIFY(!methods().contains(QStringLiteral("could not be read")));
 }
 

@@ -245,7 +245,7 @@ void TestTableDetection::longMissingCode()
 void TestTableDetection::confidenceInPercent()
 {
     const auto table = [](double scale) {
-        QByteArray bytes = "time,left_x,left_y,confidence\n";
+        QByteArray bytes = "time,left_x,left_y,left_confidence\n";
         for (int i = 0; i < 100; ++i)
             bytes += QByteArray::number(5000 + 2 * i) + ",512," + QByteArray::number(300 + i % 7) + ',' +
                      QByteArray::number(scale * (i % 5 == 0 ? 0.105 : 0.985)) + '\n';

@@ -212,7 +212,7 @@ void TestQualityWindow::staleDataAreTold()
     limit("valid_sample_share")->setValue(1); // what was measured is shown on
     QCOMPARE(texts(Column::NumberColumn).size(), 8);
     click("measureButton");
-    QVERIFY(state->text().startsWith(QStringLiteral("3 recordings")));
+    QVERIFY(state->text().startsWith(QStringLiteral("Recordings: 3, ")));
     QCOMPARE(texts(Column::NumberColumn).size(), 6);
 }
 
