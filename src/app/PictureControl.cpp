@@ -238,18 +238,17 @@ void PictureControl::sltDrawPaths()
     timeline().setTimeSpan(m_model.longestCheckedDuration());
 }
 
-/// The columns of the table would be fitted anew for each row.
 void PictureControl::hold()
 {
     if (m_holds++ == 0)
-        m_form.tableWidget->setUpdatesEnabled(false);
+        m_form.tableWidget->setHeld(true);
 }
 
 void PictureControl::release()
 {
     if (--m_holds > 0)
         return;
-    m_form.tableWidget->setUpdatesEnabled(true);
+    m_form.tableWidget->setHeld(false);
     if (std::exchange(m_isMissed, false))
         redraw();
 }

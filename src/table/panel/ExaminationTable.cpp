@@ -77,6 +77,12 @@ void ExaminationTable::setExaminations(const QList<Examination> &examinations, c
     setSortingEnabled(true);
 }
 
+void ExaminationTable::setHeld(bool isHeld)
+{
+    setUpdatesEnabled(!isHeld);
+    horizontalHeader()->setSectionResizeMode(isHeld ? QHeaderView::Fixed : QHeaderView::ResizeToContents);
+}
+
 void ExaminationTable::fillRow(int row, const Examination &examination, const QList<Group> &groups)
 {
     addCheckBox(row, examination.checked);

@@ -42,6 +42,9 @@ public:
     /// Shows check mark and group as they are now, without signals.
     void showChoices(const Examination &examination);
 
+    /// While held, nothing is painted and no column fits itself to its cells, which costs time with each row.
+    void setHeld(bool isHeld);
+
     /// The labels of all columns.
     const QStringList &labels() const { return m_labels; }
 
