@@ -48,8 +48,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     if (std::holds_alternative<TableProblem>(columns))
         return 0;
     const BidsEventList list = bidsEvents(parts.value(3), std::get<BidsEventColumns>(columns));
-    const BidsSections made = putSections(list.events, 0, eye);
-    check(made.fixations + made.saccades + made.losses + made.others == list.events.size());
+    const auto made = putSections(list.events, 0, eye);
+    check(made ? made->fixations + made->saccades + made->losses + made->others == list.events.size()
+               : eye.scanpath.isEmpty() && eye.saccades.isEmpty() && eye.invalids.isEmpty());
     for (const Fixation &fixation : eye.scanpath)
         check(!fixation.samples.isEmpty() && fixation.samples.size() <= eye.gazePoints.size());
     return 0;
