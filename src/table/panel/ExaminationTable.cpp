@@ -59,6 +59,8 @@ ExaminationTable::ExaminationTable(QWidget *parent)
 
 void ExaminationTable::addExamination(const Examination &examination, const QList<Group> &groups)
 {
+    if (!updatesEnabled())
+        horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setSortingEnabled(false); // a half filled row must not wander
     const int row = rowCount();
     insertRow(row);
@@ -80,7 +82,8 @@ void ExaminationTable::setExaminations(const QList<Examination> &examinations, c
 void ExaminationTable::setHeld(bool isHeld)
 {
     setUpdatesEnabled(!isHeld);
-    horizontalHeader()->setSectionResizeMode(isHeld ? QHeaderView::Fixed : QHeaderView::ResizeToContents);
+    if (!isHeld && horizontalHeader()->sectionResizeMode(CheckBoxColumn) == QHeaderView::Fixed)
+        horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
 void ExaminationTable::fillRow(int row, const Examination &examination, const QList<Group> &groups)

@@ -42,7 +42,8 @@ public:
     /// Shows check mark and group as they are now, without signals.
     void showChoices(const Examination &examination);
 
-    /// While held, nothing is painted and no column fits itself to its cells, which costs time with each row.
+    /// While held, nothing is painted, and after a row was added no column fits itself to its cells, which would cost
+    /// time with each further row.
     void setHeld(bool isHeld);
 
     /// The labels of all columns.
