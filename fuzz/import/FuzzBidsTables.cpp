@@ -2,12 +2,9 @@
 // Bytes of any kind as the descriptions and tables of one eye: two objects in JSON, samples and events, with a zero
 // between each two. What the descriptions allow is read, and never more than there is.
 
-#include "Check.h"
 #include "import/bids/BidsEvents.h"
-#include "import/tables/RecordingSamples.h"
-#include "import/tables/TableFile.h"
+#include "TableChecks.h"
 
-#include <QBuffer>
 #include <QJsonDocument>
 
 namespace {
@@ -21,7 +18,7 @@ EyeData readSamples(const TableLayout &layout, QByteArray bytes)
 {
     QBuffer buffer(&bytes);
     check(buffer.open(QIODevice::ReadOnly));
-    auto read = readTable(buffer, QStringLiteral("eye1"), layout);
+    auto read = readTable(buffer, QStringLiteral("eye1"), layout, {.pieceBytes = wholePiece});
     Examination examination;
     if (auto *content = std::get_if<TableContent>(&read)) {
         for (TableRecording &recording : content->recordings)
