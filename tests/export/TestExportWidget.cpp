@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "commands/CommandStack.h"
 #include "export/panel/ExportWidget.h"
 #include "ExportSamples.h"
 #include "model/DataModel.h"
 #include "settings/SettingsStore.h"
 #include "TestMessages.h"
+#include "TestPanel.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,7 +18,7 @@
 #include <QTimer>
 #include <QToolButton>
 
-class TestExportWidget : public QObject {
+class TestExportWidget : public PanelTest<ExportWidget> {
     Q_OBJECT
 private Q_SLOTS:
     void init();
@@ -39,15 +39,6 @@ private Q_SLOTS:
     void appendedInformationIsStored();
 
 private:
-    template <class Widget>
-    Widget *child(const char *name)
-    {
-        auto *found = m_widget->findChild<Widget *>(QLatin1StringView(name));
-        if (!found)
-            qFatal("The form has no %s", name);
-        return found;
-    }
-    void click(const char *name) { QTest::mouseClick(child<QAbstractButton>(name), Qt::LeftButton); }
     /// Clicks at the left end, where the box is: the rest of the widget's width does not react.
     void tick(const char *name) { QTest::mouseClick(child<QCheckBox>(name), Qt::LeftButton, {}, {8, 8}); }
     void type(const char *name, const QString &text)
@@ -64,8 +55,8 @@ private:
     QStringList newCommands() const
     {
         QStringList texts;
-        for (int i = m_commandsBefore; i < CommandStack::instance().count(); ++i)
-            texts << CommandStack::instance().text(i);
+        for (int i = m_commandsBefore; i < stack().count(); ++i)
+            texts << stack().text(i);
         return texts;
     }
     static QString storedFolder()
@@ -75,31 +66,27 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<DataModel> m_model;
-    std::unique_ptr<ExportWidget> m_widget;
     int m_commandsBefore = 0;
 };
 
 void TestExportWidget::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    SettingsStore::useFile(m_folder->filePath(QStringLiteral("settings.ini")));
+    openSettings();
     SettingsStore().setValue(QStringLiteral("Visualization/Export/pathdata"), m_folder->path());
     m_model = std::make_unique<DataModel>();
     m_model->examinations() << samples::examination(QStringLiteral("A"), QString());
     m_model->examinations()[0].leftEye.gazePoints << samples::valid(0);
     m_model->examinations()[0].leftEye.scanpath << samples::fixation({0}, {1, 2});
-    m_widget = std::make_unique<ExportWidget>();
-    m_widget->setModel(m_model.get());
-    m_widget->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_widget.get()));
-    m_commandsBefore = CommandStack::instance().count();
+    openPanel();
+    m_panel->setModel(m_model.get());
+    showPanel();
+    m_commandsBefore = stack().count();
 }
 
 void TestExportWidget::cleanup()
 {
-    CommandStack::instance().clear(); // its commands hold on to this test's model
-    m_widget.reset();
-    SettingsStore::useFile(QString());
+    closePanel();
 }
 
 void TestExportWidget::startsWithTheStoredFolderAndNothingToExport()
@@ -116,11 +103,11 @@ void TestExportWidget::startsWithTheStoredFolderAndNothingToExport()
 void TestExportWidget::buttonFollowsTheCheckBoxes()
 {
     auto *button = child<QPushButton>("dataExportButton");
-    m_widget->sltEnableFixationExport();
+    m_panel->sltEnableFixationExport();
     QVERIFY(child<QCheckBox>("fixationCheckBox")->isEnabled());
     QVERIFY(!child<QCheckBox>("eventCheckBox")->isEnabled());
     QVERIFY(!button->isEnabled());
-    m_widget->sltEnableEventExport();
+    m_panel->sltEnableEventExport();
     QVERIFY(child<QCheckBox>("eventCheckBox")->isEnabled());
     tick("fixationCheckBox");
     QVERIFY(button->isEnabled());
@@ -134,10 +121,10 @@ void TestExportWidget::buttonFollowsTheCheckBoxes()
 void TestExportWidget::clusterKindsAreEnabledOnTheirOwn()
 {
     auto *button = child<QPushButton>("dataExportButton");
-    m_widget->sltEnableFixationClusterExport();
+    m_panel->sltEnableFixationClusterExport();
     QVERIFY(child<QCheckBox>("clusterCheckBox")->isEnabled());
     QVERIFY(!child<QCheckBox>("cumulativeClusterCheckBox")->isEnabled());
-    m_widget->sltEnableCumulativeClusterExport();
+    m_panel->sltEnableCumulativeClusterExport();
     QVERIFY(child<QCheckBox>("cumulativeClusterCheckBox")->isEnabled());
     QVERIFY(!child<QCheckBox>("fixationCheckBox")->isEnabled());
     QVERIFY(!button->isEnabled());
@@ -155,13 +142,13 @@ void TestExportWidget::tidyTablesFollowTheirBoxes()
 {
     const RecordedMessages messages;
     QVERIFY(!child<QCheckBox>("tidySamplesCheckBox")->isEnabled());
-    m_widget->sltEnableSampleExport();
+    m_panel->sltEnableSampleExport();
     QVERIFY(child<QCheckBox>("tidySamplesCheckBox")->isEnabled());
     QVERIFY(!child<QCheckBox>("tidyCheckBox")->isEnabled());
     tick("tidySamplesCheckBox");
     click("dataExportButton");
     QCOMPARE(exportedNames(), QStringList(QStringLiteral("vistrum_tidy_samples.csv")));
-    m_widget->sltEnableFixationExport();
+    m_panel->sltEnableFixationExport();
     tick("tidySamplesCheckBox");
     tick("tidyCheckBox");
     QVERIFY(QFile::remove(m_folder->filePath(QStringLiteral("vistrum_tidy_samples.csv"))));
@@ -178,10 +165,10 @@ void TestExportWidget::tidyTablesFollowTheirBoxes()
 void TestExportWidget::exportsEachCheckedKindInOrder()
 {
     const RecordedMessages messages;
-    m_widget->sltEnableFixationExport();
-    m_widget->sltEnableFixationClusterExport();
-    m_widget->sltEnableEventExport();
-    m_widget->sltEnableCumulativeClusterExport();
+    m_panel->sltEnableFixationExport();
+    m_panel->sltEnableFixationClusterExport();
+    m_panel->sltEnableEventExport();
+    m_panel->sltEnableCumulativeClusterExport();
     for (const char *kind : {"cumulativeClusterCheckBox", "eventCheckBox", "fixationCheckBox", "clusterCheckBox"})
         tick(kind);
     type("dataPrefixLineEdit", QStringLiteral("study"));
@@ -202,11 +189,11 @@ void TestExportWidget::exportsEachCheckedKindInOrder()
     QCOMPARE(titles, QStringList({QStringLiteral("Fixation Export"), QStringLiteral("Fixation cluster Export"),
                                   QStringLiteral("Event Export"), QStringLiteral("Cumulative clusters Export")}));
     for (int i = 0; i < 4; ++i)
-        CommandStack::instance().undo();
+        stack().undo();
     QCOMPARE(exportedNames().size(), 4);
     QVERIFY(QFile::remove(m_folder->filePath(QStringLiteral("study_fixationclusters__clusters_left.csv"))));
     for (int i = 0; i < 4; ++i)
-        CommandStack::instance().redo();
+        stack().redo();
     QCOMPARE(exportedNames().size(), 4);
 }
 
@@ -236,7 +223,7 @@ void TestExportWidget::eyeSelection()
     if (eyes->findText(text) < 0)
         eyes->addItem(text);
     eyes->setCurrentText(text);
-    m_widget->sltEnableEventExport();
+    m_panel->sltEnableEventExport();
     tick("eventCheckBox");
     click("dataExportButton");
     QStringList names;
@@ -248,22 +235,22 @@ void TestExportWidget::eyeSelection()
 void TestExportWidget::undoLeavesTheFilesAndRedoWritesThemAnew()
 {
     child<QComboBox>("dataEyeComboBox")->setCurrentText(QStringLiteral("left only"));
-    m_widget->sltEnableFixationExport();
+    m_panel->sltEnableFixationExport();
     tick("fixationCheckBox");
     click("dataExportButton");
     const QString path = m_folder->filePath(QStringLiteral("vistrum_fixations__fixations_left.csv"));
     const QByteArray written = samples::bytesOf(path);
     QVERIFY(written.size() > 2);
-    CommandStack::instance().undo();
+    stack().undo();
     QCOMPARE(samples::bytesOf(path), written);
     QVERIFY(QFile::remove(path));
-    CommandStack::instance().redo();
+    stack().redo();
     QCOMPARE(samples::bytesOf(path), written);
 }
 
 void TestExportWidget::emptyFolderIsAskedFor()
 {
-    m_widget->sltEnableFixationExport();
+    m_panel->sltEnableFixationExport();
     tick("fixationCheckBox");
     child<QLineEdit>("dataFolderLineEdit")->clear();
     QString text;
@@ -320,8 +307,8 @@ void TestExportWidget::typedFolderIsStored()
 
 void TestExportWidget::withoutModelNothingHappens()
 {
-    m_widget->setModel(nullptr);
-    m_widget->sltEnableFixationExport();
+    m_panel->setModel(nullptr);
+    m_panel->sltEnableFixationExport();
     tick("fixationCheckBox");
     click("dataExportButton");
     QCOMPARE(newCommands(), QStringList());
@@ -329,7 +316,7 @@ void TestExportWidget::withoutModelNothingHappens()
 
 void TestExportWidget::appendedInformationIsStored()
 {
-    m_widget->sltExportAppendInfo(Qt::Checked);
+    m_panel->sltExportAppendInfo(Qt::Checked);
     QCOMPARE(SettingsStore().value(QStringLiteral("Export/Data/AppendInfo")).toInt(), 2);
 }
 
