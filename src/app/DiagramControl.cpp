@@ -42,7 +42,7 @@ void DiagramControl::followAreas()
     if (context.areas.drawMode == diagramMode)
         show();
     else if (const auto reason =
-                 mode && mode->options.testFlag(AoiOption::TimeWindow) ? emptyAoiChart(context.model) : std::nullopt)
+                 mode && mode->options.testFlag(AoiModeOption::TimeWindow) ? emptyAoiChart(context.model) : std::nullopt)
         messages::information(QString(), *reason);
 }
 

@@ -93,7 +93,7 @@ QString borders(const Record &record)
            line("Border type:", borderTypeName(record.borderType)) + colors(record);
 }
 
-QString fixationCircles(const Record &record)
+QString fixationCirclesRemark(const Record &record)
 {
     return borders(record) + line("Circle size:", record.size) + line("Duration dependent:", record.durationDependent);
 }
@@ -152,7 +152,7 @@ constexpr Block gazePointBlocks[] = {{"GazePoint Visualisationmode:Point", point
                                      {"GazePoint Visualisationmode:Shadowmap", shadowMap}};
 constexpr Block fixationBlocks[] = {
     {"Fixations Visualisationmode:Elliptic", borders},
-    {"Fixations Visualisationmode:Circular", fixationCircles},
+    {"Fixations Visualisationmode:Circular", fixationCirclesRemark},
     {"Fixations Visualisationmode:Heatmap", fixationHeatmap},
     {"Fixations Visualisationmode:Shadowmap", shadowMap},
     {"Fixations Visualisationmode:Histogram", chart},
@@ -215,7 +215,7 @@ QString areaBlock(const AoiVisualizationParameters &record)
     const auto place = static_cast<std::size_t>(record.drawMode);
     const QString name = place < std::size(names) ? QString::fromLatin1(names[place]) : QString(mode->name);
     const QString window =
-        mode->options.testFlag(AoiOption::TimeWindow) ? line("Time window:", record.timeWindowMs, " ms") : QString();
+        mode->options.testFlag(AoiModeOption::TimeWindow) ? line("Time window:", record.timeWindowMs, " ms") : QString();
     return line("AOI Visualisationmode:", name) + window + line("Display names:", record.displayNames) +
            line("Border width:", record.borderWidth) + line("Fill opacity:", record.fillOpacity) +
            line("Color (red|green|blue):", record.color);

@@ -3,6 +3,7 @@
 
 #include "visualization/charts/AoiCharts.h"
 #include "visualization/charts/ChartKinds.h"
+#include "visualization/modes/StoredMode.h"
 #include "visualization/shapes/AoiOutlines.h"
 #include "visualization/shapes/AoiTransitionShapes.h"
 
@@ -17,10 +18,11 @@ Drawing aoiChart(const DrawingContext &context)
     return context.model.checkedAois().isEmpty() ? Drawing() : drawnChart<Build>(context);
 }
 
-constexpr AoiOptions outlineOptions = AoiOption::Names | AoiOption::Opacity | AoiOption::Border;
-constexpr AoiOptions transitionOptions = AoiOption::Names | AoiOption::Opacity | AoiOption::TransitionType |
-                                         AoiOption::Transitions | AoiOption::Outlines | AoiOption::MixedColors;
-constexpr AoiOptions chartOptions = AoiOption::Names | AoiOption::TimeWindow | AoiOption::LinesOnly;
+constexpr AoiModeOptions outlineOptions = AoiModeOption::Names | AoiModeOption::Opacity | AoiModeOption::Border;
+constexpr AoiModeOptions transitionOptions = AoiModeOption::Names | AoiModeOption::Opacity |
+                                             AoiModeOption::TransitionType | AoiModeOption::Transitions |
+                                             AoiModeOption::Outlines | AoiModeOption::MixedColors;
+constexpr AoiModeOptions chartOptions = AoiModeOption::Names | AoiModeOption::TimeWindow | AoiModeOption::LinesOnly;
 
 Drawing outlinesAndShares(const DrawingContext &context)
 {
@@ -30,12 +32,12 @@ Drawing outlinesAndShares(const DrawingContext &context)
 constexpr AoiMode modes[] = {
     {"none"_L1},
     {"Outlined"_L1, aoiOutlineDrawing, outlineOptions},
-    {"Transition Diagramm"_L1, aoiOutlineDrawing, outlineOptions | AoiOption::TransitionType}, // sic
+    {"Transition Diagramm"_L1, aoiOutlineDrawing, outlineOptions | AoiModeOption::TransitionType}, // sic
     {"Transitions"_L1, aoiTransitionDrawing, transitionOptions},
-    {"Time dependent transitions"_L1, aoiChart<aoiTransitionChart>, chartOptions | AoiOption::TransitionType},
+    {"Time dependent transitions"_L1, aoiChart<aoiTransitionChart>, chartOptions | AoiModeOption::TransitionType},
     {"Fixations over time"_L1, aoiChart<aoiFixationChart>, chartOptions},
     {"Transitions over time"_L1, aoiChart<aoiTransitionPairChart>,
-     chartOptions | AoiOption::TransitionType | AoiOption::MixedColors},
+     chartOptions | AoiModeOption::TransitionType | AoiModeOption::MixedColors},
     {"FixationsRelativeToTimeWindow"_L1, outlinesAndShares, outlineOptions | chartOptions},
 };
 
@@ -48,7 +50,7 @@ std::span<const AoiMode> aoiModes()
 
 const AoiMode *aoiMode(int number)
 {
-    return number >= 0 && static_cast<std::size_t>(number) < std::size(modes) ? &modes[number] : nullptr;
+    return modeAt(aoiModes(), number);
 }
 
 Drawing aoiDrawing(const DrawingContext &context)

@@ -10,7 +10,7 @@
 #include <span>
 
 /// What the panel shows for a mode.
-enum class AoiOption : unsigned {
+enum class AoiModeOption : unsigned {
     Names = 1,
     Opacity = 2,
     Border = 4,
@@ -22,14 +22,14 @@ enum class AoiOption : unsigned {
     LinesOnly = 256, ///< the same control under another name
     MixedColors = 512,
 };
-Q_DECLARE_FLAGS(AoiOptions, AoiOption)
-Q_DECLARE_OPERATORS_FOR_FLAGS(AoiOptions)
+Q_DECLARE_FLAGS(AoiModeOptions, AoiModeOption)
+Q_DECLARE_OPERATORS_FOR_FLAGS(AoiModeOptions)
 
 /// One way of drawing the areas of interest. The place in the table is the stored number of the mode.
 struct AoiMode {
     QLatin1StringView name;                             ///< as the panel's combo box shows it
     Drawing (*build)(const DrawingContext &) = nullptr; ///< null where nothing is drawn
-    AoiOptions options = {};
+    AoiModeOptions options = {};
 };
 
 std::span<const AoiMode> aoiModes();

@@ -3,6 +3,7 @@
 
 #include "visualization/heatmap/HeatmapLook.h"
 #include "visualization/modes/ShownOption.h"
+#include "visualization/modes/StoredMode.h"
 #include "visualization/selection/DataSelection.h"
 #include "visualization/selection/DrawingContext.h"
 #include "visualization/shapes/Drawing.h"
@@ -37,26 +38,15 @@ struct DrawnWords {
 
 /// One way of drawing what a record describes; all that is known of it. The place in its table is the stored number of
 /// the mode.
-template <class Record>
-struct DrawingMode {
+struct DataMode {
     QLatin1StringView name; ///< as the panel's combo box shows it
     ModeBuild build{};      ///< empty where nothing is drawn
     DrawnWords words{};
-    QList<ShownOption> (*options)(const Record &) = nullptr; ///< what the panel shows; null: nothing
+    QList<ShownOption> (*options)(const VisualizationParameters &) = nullptr; ///< what the panel shows; null: nothing
 };
-
-using DataMode = DrawingMode<VisualizationParameters>;
 
 /// The modes of a kind of data.
 std::span<const DataMode> drawingModes(DataKind kind);
-
-/// The row of a stored mode; null for one that the table does not have.
-template <class Record>
-const DrawingMode<Record> *modeAt(std::span<const DrawingMode<Record>> modes, int number)
-{
-    return number >= 0 && static_cast<std::size_t>(number) < modes.size() ? &modes[static_cast<std::size_t>(number)]
-                                                                          : nullptr;
-}
 
 /// What the record's mode draws of the kind.
 ModeBuild buildOf(DataKind kind, const VisualizationParameters &record);

@@ -7,7 +7,7 @@ namespace {
 
 using Qt::StringLiterals::operator""_L1;
 
-constexpr VisualizationKind kinds[] = {
+constexpr VisualizationKind kindRows[] = {
     {DataKind::GazePoints, gazePointParameters, "GazepointVisualization"_L1, "Points size:"_L1},
     {DataKind::Fixations, fixationParameters, "FixationVisualization"_L1, "Circle size:"_L1},
     {DataKind::Clusters, clusterParameters, "FixationclusterVisualization"_L1, "Circles size:"_L1},
@@ -26,12 +26,12 @@ QStringList VisualizationKind::modeNames() const
 
 std::span<const VisualizationKind, allDataKinds.size()> visualizationKinds()
 {
-    return kinds;
+    return kindRows;
 }
 
 DataKind visualizationKindOf(const QString &settingsName)
 {
-    const auto found = std::find_if(std::begin(kinds), std::end(kinds),
+    const auto found = std::find_if(std::begin(kindRows), std::end(kindRows),
                                     [&](const VisualizationKind &row) { return row.settingsName == settingsName; });
-    return found == std::end(kinds) ? DataKind::GazePoints : found->kind;
+    return found == std::end(kindRows) ? DataKind::GazePoints : found->kind;
 }

@@ -82,22 +82,22 @@ void VisualizationAOIWidget::bindUnstored()
 void VisualizationAOIWidget::showOptions(int number)
 {
     const AoiMode *mode = aoiMode(number);
-    const AoiOptions shown = mode ? mode->options : AoiOptions();
-    const std::pair<AoiOptions, QList<QWidget *>> controls[] = {
-        {AoiOption::TransitionType, {m_ui->comboBox_transtype}},
-        {AoiOption::TimeWindow, {m_ui->spinBox_timewindow}},
-        {AoiOption::Transitions,
+    const AoiModeOptions shown = mode ? mode->options : AoiModeOptions();
+    const std::pair<AoiModeOptions, QList<QWidget *>> controls[] = {
+        {AoiModeOption::TransitionType, {m_ui->comboBox_transtype}},
+        {AoiModeOption::TimeWindow, {m_ui->spinBox_timewindow}},
+        {AoiModeOption::Transitions,
          {m_ui->transminSpinBox, m_ui->line_size, m_ui->checkBox_as_line, m_ui->checkBox_global,
           m_ui->checkBox_show_all, m_ui->one_color, m_ui->no_text, m_ui->color_left, m_ui->color_right,
           m_ui->color_aoi}},
-        {AoiOption::Outlines | AoiOption::LinesOnly, {m_ui->outlines}},
-        {AoiOption::MixedColors, {m_ui->mix_color}},
-        {AoiOption::Names, {m_ui->checkBox_display_names}},
-        {AoiOption::Opacity, {m_ui->fillOpacitySpinBox_aoi}},
-        {AoiOption::Border, {m_ui->borderWidthSpinBox_aoi, m_ui->bordertype_comboBox_aoi}},
-        {AoiOption::Color, {m_ui->colorButton_dominant}},
+        {AoiModeOption::Outlines | AoiModeOption::LinesOnly, {m_ui->outlines}},
+        {AoiModeOption::MixedColors, {m_ui->mix_color}},
+        {AoiModeOption::Names, {m_ui->checkBox_display_names}},
+        {AoiModeOption::Opacity, {m_ui->fillOpacitySpinBox_aoi}},
+        {AoiModeOption::Border, {m_ui->borderWidthSpinBox_aoi, m_ui->bordertype_comboBox_aoi}},
+        {AoiModeOption::Color, {m_ui->colorButton_dominant}},
     };
-    const bool isChart = shown.testFlag(AoiOption::LinesOnly);
+    const bool isChart = shown.testFlag(AoiModeOption::LinesOnly);
     m_ui->outlines->setText(isChart ? tr("Lines only") : tr("outlines"));
     m_ui->outlines->setToolTip(isChart ? tr("Curves without filling") : tr("Areas without filling"));
     for (const auto &[option, widgets] : controls) {
