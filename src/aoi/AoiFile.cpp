@@ -19,8 +19,8 @@ using Text = QLatin1StringView;
 
 constexpr Text header("AOI FILE");
 constexpr Text typeKey("type=");
-constexpr Text colorKey("color=");
-constexpr Text nameKey("name=");
+constexpr Text colorLine("color=");
+constexpr Text nameLine("name=");
 
 /// What stands behind the key, up to the next occurrence of the key: a name that has "name=" in it is cut there, which
 /// is kept. Nothing where the key does not occur. A value may be empty, but is never null.
@@ -99,9 +99,9 @@ private:
             return takeHeader(line);
         if (line.startsWith(typeKey))
             return startBlock();
-        if (line.startsWith(nameKey))
+        if (line.startsWith(nameLine))
             return takeName(line);
-        if (line.startsWith(colorKey))
+        if (line.startsWith(colorLine))
             return takeColor(line);
         takeVertex(line, number);
         return std::nullopt;
@@ -128,7 +128,7 @@ private:
     {
         if (!m_current.polygon.isEmpty())
             return wrongStructure("The AOI named already contains polygon points. Abort.");
-        if (const std::optional<QString> name = valueOf(line, nameKey))
+        if (const std::optional<QString> name = valueOf(line, nameLine))
             m_current.name = *name;
         else
             messages::warning(Text("AOI name undefined!"), Text("The AOI name was not specified correctly."));
@@ -139,7 +139,7 @@ private:
     {
         if (!m_current.polygon.isEmpty())
             return wrongStructure("The AOI already contains polygon points. Abort.");
-        const std::optional<QString> value = valueOf(line, colorKey);
+        const std::optional<QString> value = valueOf(line, colorLine);
         if (const std::optional<QColor> color = value ? colorOf(*value) : std::nullopt)
             m_current.color = *color;
         else

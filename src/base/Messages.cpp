@@ -13,7 +13,7 @@ std::unique_ptr<IHandler> &handler()
     return installed;
 }
 
-Collector *&innermost()
+Collector *&innermostCollector()
 {
     static thread_local Collector *current = nullptr;
     return current;
@@ -38,7 +38,7 @@ std::unique_ptr<IHandler> install(std::unique_ptr<IHandler> next)
 
 void show(const Message &message)
 {
-    if (Collector *collector = innermost())
+    if (Collector *collector = innermostCollector())
         collector->m_messages << message;
     else if (handler() && message.details.isEmpty())
         handler()->show(message.severity, message.title, message.text);
@@ -66,7 +66,7 @@ void critical(const QString &title, const QString &text)
     show(Severity::Critical, title, text);
 }
 
-Collector::Collector() : m_outer(std::exchange(innermost(), this)) {}
+Collector::Collector() : m_outer(std::exchange(innermostCollector(), this)) {}
 
 Collector::~Collector()
 {
@@ -75,8 +75,8 @@ Collector::~Collector()
 
 void Collector::leave()
 {
-    if (innermost() == this)
-        innermost() = m_outer;
+    if (innermostCollector() == this)
+        innermostCollector() = m_outer;
 }
 
 QList<Message> Collector::take()

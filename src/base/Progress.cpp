@@ -21,7 +21,7 @@ Progress::IDisplay *display()
     return hiddenDepth() > 0 ? nullptr : installedDisplay().get();
 }
 
-Progress *&innermost()
+Progress *&innermostProgress()
 {
     static thread_local Progress *current = nullptr;
     return current;
@@ -44,18 +44,18 @@ Progress::Hidden::~Hidden()
     --hiddenDepth();
 }
 
-Progress::Progress(const QString &label, int steps) : m_label(label), m_steps(steps), m_outer(innermost())
+Progress::Progress(const QString &label, int steps) : m_label(label), m_steps(steps), m_outer(innermostProgress())
 {
     if (m_outer)
         m_outer->close();
-    innermost() = this;
+    innermostProgress() = this;
     open();
 }
 
 Progress::~Progress()
 {
     close();
-    innermost() = m_outer;
+    innermostProgress() = m_outer;
 }
 
 void Progress::advance()
@@ -72,8 +72,8 @@ void Progress::tick()
 
 void Progress::refresh()
 {
-    if (innermost())
-        innermost()->showIfDue();
+    if (innermostProgress())
+        innermostProgress()->showIfDue();
 }
 
 void Progress::open()

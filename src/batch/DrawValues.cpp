@@ -19,7 +19,7 @@ struct Range {
 };
 
 /// One of the two setters is there.
-struct Row {
+struct DrawRow {
     Text name;
     Text words; ///< with commas in between, each standing for its place; empty for a number
     void (*set)(V &, double) = nullptr;
@@ -38,7 +38,7 @@ constexpr Text flags("no,yes");
 constexpr Text transitionTypes("scanpath,saccades");
 constexpr Range windowMs{10, 1e9};
 
-constexpr Row drawingRows[] = {
+constexpr DrawRow drawingRows[] = {
     {Text("gaussian-saccades"), flags, set<&V::gaussianSaccades>},
     {Text("length-dependent"), flags, set<&V::lengthDependent>},
     {Text("fixation-duration-dependent"), flags, set<&V::fixationDurationDependent>},
@@ -50,15 +50,15 @@ constexpr Row drawingRows[] = {
     {Text("aoi-global-widths"), flags, nullptr, set<&A::normTransGlobal>},
 };
 
-const Row *rowOf(const QString &assignment)
+const DrawRow *rowOf(const QString &assignment)
 {
     const QString name = assignment.section(u'=', 0, 0);
-    const auto *found =
-        std::find_if(std::begin(drawingRows), std::end(drawingRows), [&](const Row &row) { return row.name == name; });
+    const auto *found = std::find_if(std::begin(drawingRows), std::end(drawingRows),
+                                     [&](const DrawRow &row) { return row.name == name; });
     return found == std::end(drawingRows) ? nullptr : found;
 }
 
-std::optional<double> valueOf(const Row &row, const QString &text)
+std::optional<double> valueOf(const DrawRow &row, const QString &text)
 {
     if (!row.words.isEmpty()) {
         const qsizetype place = QString(row.words).split(u',').indexOf(text);
@@ -72,7 +72,7 @@ std::optional<double> valueOf(const Row &row, const QString &text)
 void applyTo(auto &parameters, const QStringList &assignments, auto setter)
 {
     for (const QString &assignment : assignments) {
-        const Row *row = rowOf(assignment);
+        const DrawRow *row = rowOf(assignment);
         const auto value = row && row->*setter ? valueOf(*row, assignment.section(u'=', 1)) : std::nullopt;
         if (value)
             (row->*setter)(parameters, *value);
@@ -84,7 +84,7 @@ void applyTo(auto &parameters, const QStringList &assignments, auto setter)
 QStringList drawvalues::names()
 {
     QStringList names;
-    for (const Row &row : drawingRows)
+    for (const DrawRow &row : drawingRows)
         names << row.name;
     return names;
 }
@@ -94,7 +94,7 @@ std::optional<QString> drawvalues::problemOf(const QString &assignment)
     if (assignment.indexOf(u'=') < 1)
         return QStringLiteral("not of the form NAME=VALUE");
     const QString name = assignment.section(u'=', 0, 0);
-    const Row *row = rowOf(assignment);
+    const DrawRow *row = rowOf(assignment);
     if (!row)
         return QStringLiteral("%1 is not one of %2").arg(name, names().join(QLatin1StringView(", "))) +
                didYouMean(name, names());
@@ -109,10 +109,10 @@ std::optional<QString> drawvalues::problemOf(const QString &assignment)
 
 void drawvalues::apply(const QStringList &assignments, VisualizationParameters &parameters)
 {
-    applyTo(parameters, assignments, &Row::set);
+    applyTo(parameters, assignments, &DrawRow::set);
 }
 
 void drawvalues::apply(const QStringList &assignments, AoiVisualizationParameters &parameters)
 {
-    applyTo(parameters, assignments, &Row::setOfAreas);
+    applyTo(parameters, assignments, &DrawRow::setOfAreas);
 }

@@ -55,7 +55,7 @@ QString shownSize(const BatchOptions &options)
     return QStringLiteral("%1,%2,%3,%4").arg(size.widthPx).arg(size.heightPx).arg(size.widthMm).arg(size.heightMm);
 }
 
-std::optional<WrongValue> readImage(const QString &value, BatchOptions &options)
+std::optional<WrongValue> readMillimetreImage(const QString &value, BatchOptions &options)
 {
     options.millimetres.imagePath = value;
     return std::nullopt;
@@ -63,7 +63,7 @@ std::optional<WrongValue> readImage(const QString &value, BatchOptions &options)
 
 constexpr OptionValue millimetreSize{.read = readSize, .show = shownSize};
 constexpr OptionValue millimetreImage{
-    .read = readImage, .show = [](const BatchOptions &options) { return options.millimetres.imagePath; }};
+    .read = readMillimetreImage, .show = [](const BatchOptions &options) { return options.millimetres.imagePath; }};
 constexpr OptionValue timeFrame{.read = readTime, .show = shownTime};
 
 constexpr OptionRow rows[] = {

@@ -27,14 +27,14 @@ auto &field(O &options)
         return options.*Member;
 }
 
-struct Row {
+struct ClusterRow {
     NumberRange range;
     int (*get)(const Options &);
     void (*set)(Options &, int);
 };
 
 template <auto Member>
-constexpr Row row(const NumberRange &range)
+constexpr ClusterRow row(const NumberRange &range)
 {
     return {range, [](const Options &options) { return static_cast<int>(field<Member>(options)); },
             [](Options &options, int value) {
@@ -59,7 +59,7 @@ constexpr auto allRows(std::index_sequence<I...>)
 
 constexpr auto rows = allRows(std::make_index_sequence<std::tuple_size_v<decltype(stagedrows::all)>>());
 
-QStringList wordsOf(const Row &row)
+QStringList wordsOf(const ClusterRow &row)
 {
     return row.range.words.isEmpty() ? QStringList() : QString(row.range.words).split(u',');
 }
@@ -70,7 +70,7 @@ QString notOneOf(const QString &word, const QStringList &words)
            didYouMean(word, words);
 }
 
-std::variant<int, QString> valueOf(const Row &row, const QString &text)
+std::variant<int, QString> valueOf(const ClusterRow &row, const QString &text)
 {
     if (const QStringList words = wordsOf(row); !words.isEmpty()) {
         const qsizetype place = words.indexOf(text);
@@ -92,11 +92,12 @@ std::variant<SaccadeClusterOptions, QString> withAssignment(const SaccadeCluster
     if (equals < 1)
         return QStringLiteral("not of the form NAME=VALUE");
     const QString name = assignment.left(equals);
-    const auto row = std::find_if(rows.begin(), rows.end(), [&](const Row &each) { return each.range.name == name; });
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [&](const ClusterRow &each) { return each.range.name == name; });
     if (row == rows.end()) {
         QStringList names;
         std::transform(rows.begin(), rows.end(), std::back_inserter(names),
-                       [](const Row &each) { return each.range.name; });
+                       [](const ClusterRow &each) { return each.range.name; });
         return notOneOf(name, names);
     }
     const std::variant<int, QString> value = valueOf(*row, assignment.mid(equals + 1));
@@ -110,7 +111,7 @@ std::variant<SaccadeClusterOptions, QString> withAssignment(const SaccadeCluster
 QString assignments(const SaccadeClusterOptions &options)
 {
     QStringList texts;
-    for (const Row &row : rows) {
+    for (const ClusterRow &row : rows) {
         const QStringList words = wordsOf(row);
         const int value = row.get(options);
         texts << row.range.name + u'=' + (words.isEmpty() ? QString::number(value) : words.value(value));

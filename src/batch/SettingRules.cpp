@@ -14,14 +14,14 @@ namespace {
 using Rules = QHash<QString, SettingRule>;
 using Type = SettingRule::Type;
 
-struct Range {
+struct KeyRange {
     QLatin1StringView key; ///< of a row
     double least;
     double most;
 };
 
 /// As the forms have them; of options that mean something else in each mode, the widest.
-constexpr Range ranges[] = {
+constexpr KeyRange keyRanges[] = {
     {keys::eyeMode.key, 0, 4},
     {rows::standardMinimumDuration.key, 0, 5000},
     {rows::standardMaximumRadius.key, 10, 1000},
@@ -93,7 +93,7 @@ SettingRule ruleOf(const Row &row)
         rule.least = std::numeric_limits<int>::lowest();
         rule.most = std::numeric_limits<int>::max();
     }
-    for (const Range &range : ranges) {
+    for (const KeyRange &range : keyRanges) {
         if (range.key == row.key) {
             rule.least = range.least;
             rule.most = range.most;
@@ -109,7 +109,7 @@ void addRules(const QString &path, const Table &table, Rules &rules)
     std::apply(add, table);
 }
 
-QString number(double value)
+QString shortNumber(double value)
 {
     return QString::number(value, 'g', 10);
 }
@@ -155,7 +155,7 @@ QString SettingRule::expected() const
     const QString kind =
         type == Type::WholeNumber ? QStringLiteral("a whole number") : QStringLiteral("a number with a decimal point");
     const bool bounded = most < (type == Type::WholeNumber ? std::numeric_limits<int>::max() : 1e300);
-    return bounded ? QStringLiteral("%1 from %2 to %3").arg(kind, number(least), number(most)) : kind;
+    return bounded ? QStringLiteral("%1 from %2 to %3").arg(kind, shortNumber(least), shortNumber(most)) : kind;
 }
 
 QHash<QString, SettingRule> settingRules()

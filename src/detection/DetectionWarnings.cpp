@@ -14,7 +14,7 @@ using Warning = std::optional<QString>;
 
 /// The lower one of the middle two where their number is even.
 template <class T>
-T medianOf(std::vector<T> &values)
+T lowerMedianOf(std::vector<T> &values)
 {
     const auto middle = values.begin() + (std::ssize(values) - 1) / 2;
     std::nth_element(values.begin(), middle, values.end());
@@ -27,7 +27,7 @@ qint64 samplingIntervalMs(const QList<GazePoint> &samples)
     steps.reserve(static_cast<size_t>(samples.size()));
     for (qsizetype i = 1; i < samples.size(); ++i)
         steps.push_back(elapsedMs(samples[i - 1].time, samples[i].time));
-    return steps.empty() ? 0 : medianOf(steps);
+    return steps.empty() ? 0 : lowerMedianOf(steps);
 }
 
 /// Counting is far cheaper than a median, so that recordings without a fault pay little.
@@ -157,7 +157,7 @@ double noisePx(const QList<GazePoint> &samples)
             stretches.push_back(std::sqrt(squares / steps));
         steps = 0;
     }
-    return stretches.empty() ? 0 : medianOf(stretches);
+    return stretches.empty() ? 0 : lowerMedianOf(stretches);
 }
 
 QStringList detectionWarnings(const QList<GazePoint> &samples, const FixationCalculationParameters &parameters)

@@ -201,16 +201,16 @@ FixationCalculationParameters velocityParameters(const FixationSettingsModel &se
 }
 
 /// How the parameters of each detector are taken from the settings; the index is the calculation type.
-constexpr FixationCalculationParameters (*detectors[])(const FixationSettingsModel &) = {
+constexpr FixationCalculationParameters (*detectorParameters[])(const FixationSettingsModel &) = {
     standardParameters, mixtureParameters, velocityParameters};
-static_assert(std::size(detectors) == std::size(calculationTypeNames));
+static_assert(std::size(detectorParameters) == std::size(calculationTypeNames));
 
 } // namespace
 
 FixationCalculationParameters calculationParameters(int calculationType, const FixationSettingsModel &settings)
 {
-    const bool isKnown = calculationType >= 0 && calculationType < static_cast<int>(std::size(detectors));
-    return detectors[isKnown ? calculationType : 0](settings);
+    const bool isKnown = calculationType >= 0 && calculationType < static_cast<int>(std::size(detectorParameters));
+    return detectorParameters[isKnown ? calculationType : 0](settings);
 }
 
 std::optional<FixationCalculationOutcome>

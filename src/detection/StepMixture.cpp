@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype fewestSamples = 3;
+constexpr qsizetype fewestForTwo = 3;
 
 /// Puts the generator of this thread to a fixed state while it lives, and back to what it was.
 class FixedRandomNumbers {
@@ -53,7 +53,7 @@ std::variant<StepLabels, FitFailure> fitted(const std::vector<float> &lengths)
 
 std::variant<StepLabels, FitFailure> labelSteps(const QList<GazePoint> &samples)
 {
-    if (samples.size() < fewestSamples)
+    if (samples.size() < fewestForTwo)
         return FitFailure{QStringLiteral("fewer than three usable samples")};
     const std::vector<float> lengths = stepLengths(samples);
     if (!std::all_of(lengths.begin(), lengths.end(), [](float length) { return std::isfinite(length); }))

@@ -6,7 +6,7 @@
 namespace {
 
 /// Below this, measuring all samples is as quick as keeping the list.
-constexpr std::size_t fewestSamples = 64;
+constexpr std::size_t fewestWorthwhile = 64;
 
 /// Share of the radius that covers the rounding of distances, with plenty to spare.
 constexpr double roundingShare = 1e-9;
@@ -27,7 +27,7 @@ void SuspectList::clear()
 void SuspectList::build(QPointF anchor, const std::vector<double> &squares, std::size_t first)
 {
     clear();
-    if (squares.size() < fewestSamples || !std::isfinite(anchor.x()) || !std::isfinite(anchor.y()))
+    if (squares.size() < fewestWorthwhile || !std::isfinite(anchor.x()) || !std::isfinite(anchor.y()))
         return;
     const auto wanted = 16 + static_cast<std::size_t>(std::sqrt(static_cast<double>(squares.size())) / 2);
     std::vector<double> ordered = squares;

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
-
 bool isAscii(QByteArrayView bytes)
 {
     return std::all_of(bytes.cbegin(), bytes.cend(), [](char byte) { return (byte & 0x80) == 0; });

@@ -8,6 +8,13 @@
 #include <cstring>
 #include <optional>
 
+inline constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
+
+constexpr bool isDigit(char byte)
+{
+    return byte >= '0' && byte <= '9';
+}
+
 /// The UTF-8 form of a text that begins with the byte order mark of UTF-16 or UTF-32; nothing for any other text.
 std::optional<QByteArray> utf8OfWideText(QByteArrayView bytes);
 

@@ -9,11 +9,6 @@
 
 namespace {
 
-bool isDigit(char byte)
-{
-    return byte >= '0' && byte <= '9';
-}
-
 /// Digits with an optional sign before and an optional point between them.
 std::optional<double> plainDecimal(QByteArrayView field)
 {

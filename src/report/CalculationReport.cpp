@@ -41,7 +41,7 @@ QString linesOf(const AreaOfInterest &area)
         .arg(center.y());
 }
 
-QString eyesText(EyeMode mode)
+QString eyesWord(EyeMode mode)
 {
     constexpr const char *words[] = {"ALL", "DOMINANT", "LEFT", "RIGHT", "MEAN"};
     return QString::fromLatin1(words[static_cast<std::size_t>(mode)]);
@@ -137,7 +137,7 @@ QString reportData(const DataModel &model, EyeMode eyes, TimeFrame frame)
 {
     const QLatin1StringView rule("<br>-------------<br>");
     const auto clock = [](qint64 timeMs) { return text::clockTime(timeMs, QStringLiteral("hh:mm:ss.zzz")); };
-    QString text = QStringLiteral("Eye: ") + eyesText(eyes) + rule +
+    QString text = QStringLiteral("Eye: ") + eyesWord(eyes) + rule +
                    QStringLiteral("Timespan (ms): %1ms to %2ms ").arg(frame.startMs).arg(frame.endMs) + rule +
                    QStringLiteral("Timespan (h:m:s.ms): %1 to %2 ").arg(clock(frame.startMs), clock(frame.endMs)) +
                    rule + QStringLiteral("DATA:<br>-------------");

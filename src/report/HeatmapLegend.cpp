@@ -10,7 +10,6 @@
 namespace {
 
 constexpr int barHeight = 50; // px
-constexpr double rowHeight = 60;
 
 struct KindOfLegend {
     const char *caption;
@@ -49,7 +48,8 @@ public:
     Drawing classes(QPointF top, const HeatmapFigures &figures) const
     {
         return row(top, "Percentage of fixations in color range:", classPercentageTexts(figures)) +
-               row(top + QPointF(0, 2 * rowHeight), "Fixations per minute over color range:", colorRangeTexts(figures));
+               row(top + QPointF(0, 2 * legendRowHeight),
+                   "Fixations per minute over color range:", colorRangeTexts(figures));
     }
 
 private:
@@ -58,7 +58,7 @@ private:
         Drawing drawing{text(top, QString::fromLatin1(caption))};
         const double width = m_look.widthPx / 5.0;
         for (qsizetype i = 0; i < texts.size(); ++i)
-            drawing << text(top + QPointF(width * (static_cast<double>(i) + 0.5), rowHeight), texts[i],
+            drawing << text(top + QPointF(width * (static_cast<double>(i) + 0.5), legendRowHeight), texts[i],
                             TextAnchor::Middle);
         return drawing;
     }
@@ -94,13 +94,13 @@ HeatmapLegend heatmapLegend(const QList<HeatmapFigures> &figures, const DrawingC
         const QPointF corner = top + QPointF(0, legend.height);
         legend.drawing << writer.text(corner, QString::fromLatin1(kind.caption))
                        << RasterShape{colorsOnWhite(context.of(each.kind), look.widthPx), std::nullopt,
-                                      corner + QPointF(0, rowHeight)};
-        legend.drawing << writer.scale(corner + QPointF(0, 2 * rowHeight), std::max(0.0, each.maximum),
+                                      corner + QPointF(0, legendRowHeight)};
+        legend.drawing << writer.scale(corner + QPointF(0, 2 * legendRowHeight), std::max(0.0, each.maximum),
                                        hasUnit ? QString::fromLatin1(kind.unit) : QString());
-        legend.height += 3 * rowHeight;
+        legend.height += 3 * legendRowHeight;
         if (look.classes && each.classPercentages) {
             legend.drawing << writer.classes(top + QPointF(0, legend.height), each);
-            legend.height += 4 * rowHeight;
+            legend.height += 4 * legendRowHeight;
         }
     }
     return legend;

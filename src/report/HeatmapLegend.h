@@ -5,6 +5,8 @@
 #include "visualization/selection/DrawingContext.h"
 #include "visualization/shapes/Drawing.h"
 
+constexpr double legendRowHeight = 60; ///< px
+
 /// The colours of each heatmap that was drawn and what they stand for, one below the other.
 struct HeatmapLegend {
     Drawing drawing;

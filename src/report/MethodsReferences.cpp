@@ -3,14 +3,14 @@
 
 namespace {
 
-struct Entry {
+struct Reference {
     Source source;
     const char *cited;
     const char *listed; ///< "%1" is the version of Vistrum
 };
 
 /// By the alphabet, which is the order of the list.
-constexpr Entry entries[] = {
+constexpr Reference references[] = {
     {Source::Anderson2013, "Anderson et al., 2013",
      "Anderson, N. C., Bischof, W. F., Laidlaw, K. E. W., Risko, E. F., & Kingstone, A. (2013). Recurrence "
      "quantification "
@@ -68,20 +68,20 @@ constexpr Entry entries[] = {
      "The Vistrum developers (2026). Vistrum: analysis of gaze recordings (Version %1) [Computer software]."},
 };
 
-const Entry &entryOf(Source source)
+const Reference &referenceOf(Source source)
 {
-    return entries[static_cast<size_t>(source)];
+    return references[static_cast<size_t>(source)];
 }
 
 } // namespace
 
 QString citation(Source source)
 {
-    return QString::fromUtf8(entryOf(source).cited);
+    return QString::fromUtf8(referenceOf(source).cited);
 }
 
 QString reference(Source source, const QString &release)
 {
-    const QString listed = QString::fromUtf8(entryOf(source).listed);
+    const QString listed = QString::fromUtf8(referenceOf(source).listed);
     return source == Source::Vistrum ? listed.arg(release.section(u' ', 0, 0)) : listed;
 }

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr double margin = 10; // px
-constexpr double rowHeight = 60;
 
 struct Entry {
     QColor color;
@@ -76,13 +75,13 @@ double addEntries(Drawing &drawing, QPointF top, double width, const QList<Entry
     constexpr double patchSize = 30;
     const auto columns = std::max<qsizetype>(1, static_cast<qsizetype>(width / columnWidth));
     for (qsizetype i = 0; i < found.size(); ++i) {
-        const QPointF corner =
-            top + QPointF(static_cast<double>(i % columns) * columnWidth, static_cast<double>(i / columns) * rowHeight);
+        const QPointF corner = top + QPointF(static_cast<double>(i % columns) * columnWidth,
+                                             static_cast<double>(i / columns) * legendRowHeight);
         const QRectF patch(corner + QPointF(0, margin), QSizeF(patchSize, patchSize));
         drawing << PolygonShape{QPolygonF(patch), QPen(Qt::black), QBrush(found[i].color)}
                 << legendText(corner + QPointF(patchSize + margin, 0), found[i].name);
     }
-    return static_cast<double>((found.size() + columns - 1) / columns) * rowHeight;
+    return static_cast<double>((found.size() + columns - 1) / columns) * legendRowHeight;
 }
 
 /// Samples per ms of the first recording that has any.
@@ -117,7 +116,7 @@ double addCircles(Drawing &drawing, QPointF top, double width, const DrawingCont
     if (buildOf(DataKind::Fixations, record) != circles || !growWithTime || !(rate > 0))
         return 0;
     double x = top.x();
-    double height = rowHeight;
+    double height = legendRowHeight;
     for (const int durationMs : durationsMs) {
         constexpr double roomForText = 200;
         const int diameter = diameterOf(durationMs, rate, record);

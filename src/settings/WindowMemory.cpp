@@ -7,7 +7,7 @@
 
 namespace {
 
-QString filePath()
+QString memoryFile()
 {
     const QFileInfo store(SettingsStore::path());
     return store.path() + u'/' + store.completeBaseName() + QStringLiteral(" window.ini");
@@ -19,12 +19,12 @@ namespace windowmemory {
 
 QByteArray recall(const QString &name)
 {
-    return QSettings(filePath(), QSettings::IniFormat).value(name).toByteArray();
+    return QSettings(memoryFile(), QSettings::IniFormat).value(name).toByteArray();
 }
 
 void keep(const QString &name, const QByteArray &state)
 {
-    QSettings(filePath(), QSettings::IniFormat).setValue(name, state);
+    QSettings(memoryFile(), QSettings::IniFormat).setValue(name, state);
 }
 
 } // namespace windowmemory

@@ -7,7 +7,7 @@ using V = AoiVisits;
 using Text = QLatin1StringView;
 using Value = std::optional<double>;
 
-Value quotient(double value, double count)
+Value quotientOrNone(double value, double count)
 {
     return count == 0 ? Value() : value / count;
 }
@@ -25,12 +25,12 @@ constexpr Measure<V> measures[] = {
     {Text("time_to_first_fixation_ms"), number<&V::firstFixationMs>},
     {Text("first_fixation_duration_ms"), number<&V::firstFixationDurationMs>},
     {Text("dwell_time_ms"), number<&V::dwellMs>},
-    {Text("dwell_time_share"), [](const V &v) { return quotient(double(v.dwellMs), double(v.allFixationsMs)); }},
+    {Text("dwell_time_share"), [](const V &v) { return quotientOrNone(double(v.dwellMs), double(v.allFixationsMs)); }},
     {Text("fixations"), number<&V::fixations>},
-    {Text("mean_fixation_duration_ms"), [](const V &v) { return quotient(double(v.dwellMs), v.fixations); }},
-    {Text("mean_visit_duration_ms"), [](const V &v) { return quotient(double(v.visitMs), v.visits); }},
+    {Text("mean_fixation_duration_ms"), [](const V &v) { return quotientOrNone(double(v.dwellMs), v.fixations); }},
+    {Text("mean_visit_duration_ms"), [](const V &v) { return quotientOrNone(double(v.visitMs), v.visits); }},
     {Text("hit_samples"), number<&V::hitSamples>},
-    {Text("hit_sample_share"), [](const V &v) { return quotient(v.hitSamples, v.validSamples); }},
+    {Text("hit_sample_share"), [](const V &v) { return quotientOrNone(v.hitSamples, v.validSamples); }},
     {Text("saccades_into"), number<&V::saccadesInto>},
     {Text("saccades_out_of"), number<&V::saccadesOutOf>},
 };

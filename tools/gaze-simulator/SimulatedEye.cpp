@@ -17,7 +17,7 @@ constexpr double lidFlattening = 0.8;   // part of the pupil's height that a shu
 constexpr double pupilRoundness = 0.97; // height over width
 constexpr double pupilNoisePx = 0.08;
 
-double length(const QPointF &way)
+double distanceOf(const QPointF &way)
 {
     return std::sqrt(QPointF::dotProduct(way, way));
 }
@@ -36,7 +36,7 @@ SimulatedEye::SimulatedEye(const SimulationParameters &parameters, const QPointF
     , m_offset(offset)
     , m_tremor(tremorOf(parameters))
     , m_wanderKept(portable::exponential(-1000 / parameters.rateHz / wanderMs))
-    , m_wanderFresh(wanderPart * length(offset) * std::sqrt(1 - m_wanderKept * m_wanderKept))
+    , m_wanderFresh(wanderPart * distanceOf(offset) * std::sqrt(1 - m_wanderKept * m_wanderKept))
     , m_noise(parameters.noiseDeg * parameters.pixelsPerDegree)
     , m_lidPull(lidPullDeg * parameters.pixelsPerDegree)
 {

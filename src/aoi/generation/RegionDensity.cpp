@@ -17,7 +17,6 @@ namespace {
 
 constexpr Eye eyes[] = {Eye::Left, Eye::Right};
 constexpr double msPerMinute = 60000;
-constexpr double wholeInPercent = 100;
 
 struct SourceRow {
     RegionSource source;

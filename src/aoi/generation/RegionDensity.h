@@ -12,6 +12,8 @@
 
 class DataModel;
 
+inline constexpr double wholeInPercent = 100;
+
 /// A density over the canvas in which regions are searched.
 struct RegionDensity {
     Grid<double> cells;

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr double wholeInPercent = 100;
-
 constexpr int stepCount = 4;
 
 constexpr QLatin1StringView progressLabel("Searching for regions, please wait.");

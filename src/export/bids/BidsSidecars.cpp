@@ -15,13 +15,13 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr double msPerSecond = 1000;
 
-struct Column {
+struct ColumnText {
     QLatin1StringView name;
     QLatin1StringView description;
     QLatin1StringView unit; ///< empty: none
 };
 
-constexpr Column sampleColumns[] = {
+constexpr ColumnText sampleColumnTexts[] = {
     {"timestamp"_L1, "Time since the first sample of the recording"_L1, "ms"_L1},
     {"x_coordinate"_L1, "Horizontal place of the gaze in the picture, from its left edge to the right"_L1, "pixel"_L1},
     {"y_coordinate"_L1, "Vertical place of the gaze in the picture, from its upper edge downwards"_L1, "pixel"_L1},
@@ -33,7 +33,7 @@ constexpr Column sampleColumns[] = {
     {"lost_pupil_height"_L1, "What was recorded for the pupil of such a sample"_L1, "arbitrary"_L1},
 };
 
-constexpr Column eventColumns[] = {
+constexpr ColumnText eventColumns[] = {
     {"onset"_L1, "First sample of a fixation or loss; of a saccade the last sample of the fixation before it"_L1,
      "ms"_L1},
     {"duration"_L1,
@@ -48,10 +48,10 @@ constexpr Column eventColumns[] = {
 };
 
 template <size_t N>
-void describe(QJsonObject &sidecar, const Column (&known)[N], const QStringList &columns)
+void describe(QJsonObject &sidecar, const ColumnText (&known)[N], const QStringList &columns)
 {
     sidecar[u"Columns"_s] = QJsonArray::fromStringList(columns);
-    for (const Column &column : known) {
+    for (const ColumnText &column : known) {
         if (!columns.contains(column.name))
             continue;
         QJsonObject description{{u"Description"_s, QString(column.description)}};
@@ -131,7 +131,7 @@ QJsonObject samplesSidecar(const Examination &examination, const BidsName &name,
                         {u"TaskName"_s, name.task},
                         {u"RecordingName"_s, examination.baseName},
                         {u"SetFile"_s, setFileLines(examination)}};
-    describe(sidecar, sampleColumns, stream.columns);
+    describe(sidecar, sampleColumnTexts, stream.columns);
     return sidecar;
 }
 

@@ -53,7 +53,7 @@ ExportResult writeQuality(const DataModel &model, const ExportTarget &target)
 }
 
 template <auto Write>
-QUndoCommand *newCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
+QUndoCommand *newTableCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
 {
     return new TableExportCommand<Write>(kind, model, target);
 }
@@ -66,15 +66,15 @@ struct CommandKind {
 };
 
 constexpr CommandKind requiredTables[] = {
-    {&Form::generalCheckBox, QLatin1StringView("general statistics"), newCommand<exportGeneralStatistics>},
-    {&Form::aoiCheckBox, QLatin1StringView("AOI statistics"), newCommand<exportAoiStatistics>},
+    {&Form::generalCheckBox, QLatin1StringView("general statistics"), newTableCommand<exportGeneralStatistics>},
+    {&Form::aoiCheckBox, QLatin1StringView("AOI statistics"), newTableCommand<exportAoiStatistics>},
 };
 
 constexpr CommandKind tidyTables[] = {
-    {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newCommand<writeAoiMeasures>},
-    {&Form::scanpathMeasuresCheckBox, QLatin1StringView("scanpath measures"), newCommand<writeScanpathMeasures>},
-    {&Form::groupComparisonCheckBox, QLatin1StringView("group comparison"), newCommand<writeGroupComparison>},
-    {&Form::qualityCheckBox, QLatin1StringView("data quality"), newCommand<writeQuality>},
+    {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newTableCommand<writeAoiMeasures>},
+    {&Form::scanpathMeasuresCheckBox, QLatin1StringView("scanpath measures"), newTableCommand<writeScanpathMeasures>},
+    {&Form::groupComparisonCheckBox, QLatin1StringView("group comparison"), newTableCommand<writeGroupComparison>},
+    {&Form::qualityCheckBox, QLatin1StringView("data quality"), newTableCommand<writeQuality>},
 };
 
 template <size_t N>

@@ -13,9 +13,9 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-class Reader {
+class TableImportReader {
 public:
-    Reader(const QString &path, const LayoutRequest &request) : m_request(request) { m_result.path = path; }
+    TableImportReader(const QString &path, const LayoutRequest &request) : m_request(request) { m_result.path = path; }
 
     ImportedTable run(const TableProgress &progress)
     {
@@ -92,8 +92,8 @@ private:
 ImportedTable importTable(const QString &path, const LayoutRequest &request, const TableProgress &progress)
 {
     try {
-        return Reader(path, request).run(progress);
+        return TableImportReader(path, request).run(progress);
     } catch (const std::bad_alloc &) {
-        return Reader(path, request).refused(u"it does not fit into the memory"_s);
+        return TableImportReader(path, request).refused(u"it does not fit into the memory"_s);
     }
 }

@@ -72,9 +72,9 @@ bool isLossMark(QByteArrayView field)
            (field.isEmpty() || field == "-1" || field.compare("nan", Qt::CaseInsensitive) == 0);
 }
 
-class Reader {
+class MillimetreReader {
 public:
-    Reader(QByteArrayView bytes, const StimulusSize &size)
+    MillimetreReader(QByteArrayView bytes, const StimulusSize &size)
         : m_text(bytes)
         , m_fields(m_text)
         , m_halfWidth(size.widthPx / 2)
@@ -210,13 +210,13 @@ private:
     qint64 m_lastTime = 0;
 };
 
-struct LineCountRow {
+struct MillimetreCountRow {
     LineCount MillimetreCounts::*member;
     QLatin1StringView name;
     QLatin1StringView text; ///< "%1" is the count, "%2" the first line, "%3" what was found
 };
 
-constexpr LineCountRow lineCounts[] = {
+constexpr MillimetreCountRow millimetreLineCounts[] = {
     {&MillimetreCounts::wrongLength, "lines of wrong length"_L1,
      "lines with another number of fields than the header, left out: %1; the first is line %2. %3 Fields are "
      "separated by one tab each."_L1},
@@ -257,7 +257,7 @@ QStringList millimetreColumns()
 MillimetreSamples readMillimetreText(QByteArrayView bytes, const StimulusSize &size)
 {
     const std::optional<QByteArray> wide = utf8OfWideText(bytes);
-    return Reader(wide ? QByteArrayView(*wide) : bytes, size).run();
+    return MillimetreReader(wide ? QByteArrayView(*wide) : bytes, size).run();
 }
 
 QStringList importDoubts(const MillimetreCounts &counts)
@@ -265,7 +265,7 @@ QStringList importDoubts(const MillimetreCounts &counts)
     if (counts.columns.size() < columnCount)
         return {missingColumns(counts)};
     QStringList doubts;
-    for (const LineCountRow &row : lineCounts) {
+    for (const MillimetreCountRow &row : millimetreLineCounts) {
         const LineCount &found = counts.*row.member;
         if (found.count > 0)
             doubts << QString(row.text)
@@ -280,7 +280,7 @@ QStringList importDoubts(const MillimetreCounts &counts)
 QMap<QString, qint64> reportedCounts(const MillimetreCounts &counts)
 {
     QMap<QString, qint64> reported = reportedCounts(counts.samples);
-    for (const LineCountRow &row : lineCounts) {
+    for (const MillimetreCountRow &row : millimetreLineCounts) {
         const LineCount &found = counts.*row.member;
         reported.insert(row.name, found.count);
         if (found.count > 0)

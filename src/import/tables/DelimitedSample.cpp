@@ -10,7 +10,7 @@ namespace {
 constexpr double msPerSecond = 1000;
 /// Of the values that separate recordings, in bytes; they are names of subjects and trials.
 constexpr qsizetype longestKey = 1000;
-constexpr qsizetype longestEntry = 1000; ///< bytes
+constexpr qsizetype longestSetEntry = 1000; ///< bytes
 
 bool isOneOf(const QStringList &words, const QString &text)
 {
@@ -157,7 +157,7 @@ qsizetype DelimitedReader::newRecording(std::array<bool, 2> eyes)
 {
     const auto textOf = [&](int place) {
         const QByteArrayView text = bareField(m_kept[static_cast<std::size_t>(place)].text);
-        return m_bytes.decoded(text.first(std::min(text.size(), longestEntry)));
+        return m_bytes.decoded(text.first(std::min(text.size(), longestSetEntry)));
     };
     QStringList parts;
     for (const int place : std::as_const(m_plan->split))

@@ -10,18 +10,13 @@
 
 namespace {
 
-constexpr qsizetype mostWords = 1000;   ///< of messages, of entries of a trial
-constexpr qsizetype longestEntry = 200; ///< bytes
+constexpr qsizetype mostWords = 1000;          ///< of messages, of entries of a trial
+constexpr qsizetype longestMessageEntry = 200; ///< bytes
 
 /// What lines that are no samples begin with, beside MSG, START, END and SAMPLES.
 constexpr QByteArrayView passedOver[] = {"EVENTS", "PRESCALER", "VPRESCALER", "PUPIL",  "INPUT",  "BUTTON",
                                          "SFIX",   "EFIX",      "SSACC",      "ESACC",  "SBLINK", "EBLINK",
                                          "**",     ">>>",       "LTARGET",    "RTARGET"};
-
-bool isDigit(char byte)
-{
-    return byte >= '0' && byte <= '9';
-}
 
 /// The first word of a text, taken off its front with the blanks behind it.
 QByteArrayView takeWord(QByteArrayView &text)
@@ -197,7 +192,7 @@ void EventLogReader::readSampleKind(QByteArrayView line)
     if (!line.contains("GAZE"))
         m_problem = TableProblem{.line = m_line,
                                  .found = QStringLiteral("samples that are no places on the screen: ") +
-                                          m_bytes.decoded(line.first(std::min(line.size(), longestEntry))),
+                                          m_bytes.decoded(line.first(std::min(line.size(), longestMessageEntry))),
                                  .expected = QStringLiteral("SAMPLES GAZE"),
                                  .remedy = QStringLiteral("Write the log anew with gaze positions as samples.")};
     const qsizetype rate = line.indexOf("RATE");
@@ -222,7 +217,7 @@ void EventLogReader::readMessage(QByteArrayView text)
         readScreen(text);
     if (!m_begin.isEmpty() && text.startsWith(m_begin)) {
         const QByteArrayView name = text.sliced(m_begin.size());
-        beginTrial(m_bytes.decoded(bareField(name.first(std::min(name.size(), longestEntry)))));
+        beginTrial(m_bytes.decoded(bareField(name.first(std::min(name.size(), longestMessageEntry)))));
     } else if (m_isInTrial && !m_end.isEmpty() && text.startsWith(m_end)) {
         m_isInTrial = false;
     } else if (m_current >= 0 && !m_begin.isEmpty() && text.startsWith("!V TRIAL_VAR ")) {
@@ -246,10 +241,10 @@ void EventLogReader::readTrialVariable(QByteArrayView text)
     takeWord(text);
     const QByteArrayView key = takeWord(text);
     QList<TableEntry> &entries = m_recordings[m_current].recording.entries;
-    if (key.isEmpty() || key.size() > longestEntry || entries.size() >= mostWords)
+    if (key.isEmpty() || key.size() > longestMessageEntry || entries.size() >= mostWords)
         return;
     entries << TableEntry{m_bytes.decoded(key),
-                          m_bytes.decoded(bareField(text.first(std::min(text.size(), longestEntry))))};
+                          m_bytes.decoded(bareField(text.first(std::min(text.size(), longestMessageEntry))))};
 }
 
 void EventLogReader::readScreen(QByteArrayView text)
@@ -275,7 +270,7 @@ void EventLogReader::readScreen(QByteArrayView text)
 void EventLogReader::countWord(QByteArrayView text)
 {
     const QByteArray word = takeWord(text).toByteArray();
-    if (!word.isEmpty() && word.size() <= longestEntry && (m_words.size() < mostWords || m_words.contains(word)))
+    if (!word.isEmpty() && word.size() <= longestMessageEntry && (m_words.size() < mostWords || m_words.contains(word)))
         ++m_words[word];
 }
 

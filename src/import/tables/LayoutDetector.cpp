@@ -8,13 +8,9 @@
 
 namespace {
 
-constexpr double sure = 0.97;
-constexpr double likely = 0.85;
-constexpr double doubtful = 0.5;
-
 /// Rates of eye trackers, Hz.
-constexpr double slowestRateHz = 20;
-constexpr double fastestRateHz = 2500;
+constexpr double slowestTrackerHz = 20;
+constexpr double fastestTrackerHz = 2500;
 
 struct UnitRow {
     TableTimeUnit unit;
@@ -32,7 +28,7 @@ double rateOf(const ColumnContents &time, double perSecond)
 
 bool isPlausible(double rate)
 {
-    return rate >= slowestRateHz && rate <= fastestRateHz;
+    return rate >= slowestTrackerHz && rate <= fastestTrackerHz;
 }
 
 QString word(TableTimeUnit unit)
@@ -88,30 +84,34 @@ void LayoutDetector::chooseForm()
     m_guess.header = m_shape.names;
     const double share = m_shape.alikeShare;
     choose(QStringLiteral("delimiter"), wordOf(delimiters, layout.delimiter),
-           share * (m_shape.secondShare < m_shape.alikeShare * m_shape.numberShare ? sure : likely),
+           share *
+               (m_shape.secondShare < m_shape.alikeShare * m_shape.numberShare ? certainty::sure : certainty::likely),
            QStringLiteral("%1% of the lines have %2 columns with it").arg(100 * share, 0, 'f', 0).arg(m_shape.columns));
-    choose(QStringLiteral("decimal"), wordOf(decimalSigns, layout.decimalSign), m_shape.hasDecimals ? sure : likely,
+    choose(QStringLiteral("decimal"), wordOf(decimalSigns, layout.decimalSign),
+           m_shape.hasDecimals ? certainty::sure : certainty::likely,
            m_shape.hasDecimals ? QStringLiteral("numbers are written with it")
                                : QStringLiteral("no number has decimals"));
-    choose(QStringLiteral("encoding"), wordOf(encodings, m_extract.encoding), sure,
+    choose(QStringLiteral("encoding"), wordOf(encodings, m_extract.encoding), certainty::sure,
            QStringLiteral("by the mark at the start and the bytes of the first lines"));
     if (!m_shape.commentPrefix.isEmpty())
-        choose(QStringLiteral("comment"), m_shape.commentPrefix, likely, QStringLiteral("the file begins with it"));
+        choose(QStringLiteral("comment"), m_shape.commentPrefix, certainty::likely,
+               QStringLiteral("the file begins with it"));
     if (hasName()) {
         layout.header = TableHeader::Named;
-        choose(QStringLiteral("header"), QStringLiteral("yes"), sure,
+        choose(QStringLiteral("header"), QStringLiteral("yes"), certainty::sure,
                QStringLiteral("line %1 has names, the lines below it numbers").arg(m_shape.headerLine));
     } else {
         layout.header = TableHeader::None;
         layout.headerLine = m_shape.linesBefore;
-        choose(QStringLiteral("header"), QStringLiteral("no"), likely, QStringLiteral("the first lines have numbers"));
+        choose(QStringLiteral("header"), QStringLiteral("no"), certainty::likely,
+               QStringLiteral("the first lines have numbers"));
     }
     if (share < 1)
         m_guess.doubts << QStringLiteral("%1% of the lines looked at have another number of columns than %2.")
                               .arg(100 * (1 - share), 0, 'f', 1)
                               .arg(m_shape.columns);
     if (hasName() && m_shape.names.size() < m_shape.columns)
-        choose(QStringLiteral("header"), QStringLiteral("yes"), doubtful,
+        choose(QStringLiteral("header"), QStringLiteral("yes"), certainty::doubtful,
                QStringLiteral("the lines have %1 columns, the header %2 names: which column has which name?")
                    .arg(m_shape.columns)
                    .arg(m_shape.names.size()),
@@ -127,7 +127,7 @@ void LayoutDetector::chooseTime()
         const ColumnContents &contents = m_contents[column];
         const ColumnRole role = m_meanings[column].role;
         const bool isNamed = role == ColumnRole::Time || role == ColumnRole::SampleCount;
-        if (contents.numbers == 0 || contents.forwardShare < likely || (hasName() && !isNamed))
+        if (contents.numbers == 0 || contents.forwardShare < certainty::likely || (hasName() && !isNamed))
             continue;
         if (contents.medianStep <= 0 && !(isNamed && m_shape.rows.size() < 2))
             continue;
@@ -146,7 +146,7 @@ void LayoutDetector::chooseTime()
     }
     if (best < 0) {
         m_guess.layout.timeUnit = TableTimeUnit::Samples;
-        choose(QStringLiteral("time.column"), {}, hasName() ? doubtful : likely,
+        choose(QStringLiteral("time.column"), {}, hasName() ? certainty::doubtful : certainty::likely,
                QStringLiteral("no column has numbers that grow like times"));
         choose(QStringLiteral("time.rateHz"), {}, 0,
                QStringLiteral("without times, the samples a second have to be told"), ChoiceRisk::Numbers);
@@ -156,7 +156,7 @@ void LayoutDetector::chooseTime()
     if (!others.isEmpty())
         m_guess.doubts << QStringLiteral("There are other columns of times, which are not used: %1.")
                               .arg(others.join(QStringLiteral(", ")));
-    choose(QStringLiteral("time.column"), nameAt(best), hasName() ? sure : likely,
+    choose(QStringLiteral("time.column"), nameAt(best), hasName() ? certainty::sure : certainty::likely,
            hasName() ? QStringLiteral("its name says so, and its numbers grow")
                      : QStringLiteral("its numbers grow from line to line"),
            ChoiceRisk::Numbers);
@@ -168,7 +168,7 @@ void LayoutDetector::chooseTimeUnit(qsizetype column)
     const ColumnContents &time = m_contents[column];
     if (time.isClock) {
         m_guess.layout.timeUnit = TableTimeUnit::Clock;
-        choose(QStringLiteral("time.unit"), word(TableTimeUnit::Clock), sure,
+        choose(QStringLiteral("time.unit"), word(TableTimeUnit::Clock), certainty::sure,
                QStringLiteral("it has times of day such as 12:34:56.789"), ChoiceRisk::Numbers);
         return;
     }
@@ -177,7 +177,7 @@ void LayoutDetector::chooseTimeUnit(qsizetype column)
     const bool canBeCount = time.medianStep == 1 && time.meanStep == 1 && !time.hasFractions &&
                             !m_meanings[column].timeUnit && (isCount || time.firstNumber <= 1);
     if (canBeCount)
-        choose(QStringLiteral("time.unit"), word(m_guess.layout.timeUnit), doubtful,
+        choose(QStringLiteral("time.unit"), word(m_guess.layout.timeUnit), certainty::doubtful,
                QStringLiteral("%1 counts 0, 1, 2, ...: these can be milliseconds or numbers of samples")
                    .arg(nameAt(column)),
                ChoiceRisk::Numbers);
@@ -198,16 +198,16 @@ void LayoutDetector::chooseUnitByRate(const ColumnContents &time, std::optional<
     const QString chosen = word(m_guess.layout.timeUnit);
     const QString measured = QStringLiteral("%1 samples a second").arg(fittingRate, 0, 'g', 4);
     if (named && fitting && *named != *fitting)
-        choose(QStringLiteral("time.unit"), chosen, doubtful,
+        choose(QStringLiteral("time.unit"), chosen, certainty::doubtful,
                QStringLiteral("the name says %1, but only in %2 they are a rate of eye trackers, %3")
                    .arg(chosen, word(*fitting), measured),
                ChoiceRisk::Numbers);
     else if (!fitting)
-        choose(QStringLiteral("time.unit"), chosen, doubtful,
+        choose(QStringLiteral("time.unit"), chosen, certainty::doubtful,
                QStringLiteral("in no unit the steps of %1 are a rate of eye trackers").arg(time.medianStep),
                ChoiceRisk::Numbers);
     else
-        choose(QStringLiteral("time.unit"), chosen, named ? sure : 0.9,
+        choose(QStringLiteral("time.unit"), chosen, named ? certainty::sure : 0.9,
                (named ? QStringLiteral("the name says so, and they are %1")
                       : QStringLiteral("only so they are a rate of eye trackers, %1"))
                    .arg(measured),
@@ -288,7 +288,7 @@ LayoutGuess LayoutDetector::check(const NamedLayout &known)
             m_guess.doubts << QStringLiteral(
                                   "The layout %1 has another %2 than this file; that of the file, %3, is used.")
                                   .arg(known.name, key, value);
-        choose(key, value, sure, QStringLiteral("the content shows it"));
+        choose(key, value, certainty::sure, QStringLiteral("the content shows it"));
     };
     follow(QStringLiteral("delimiter"), wordOf(delimiters, m_shape.delimiter), layout.delimiter != m_shape.delimiter);
     const bool isOtherSign = m_shape.hasDecimals && layout.decimalSign != m_shape.decimalSign;
@@ -298,7 +298,7 @@ LayoutGuess LayoutDetector::check(const NamedLayout &known)
     if (isOtherSign)
         m_guess.layout.decimalSign = m_shape.decimalSign;
     m_guess.layout.encoding = TableEncoding::ByMark;
-    choose(QStringLiteral("columns"), known.name, sure,
+    choose(QStringLiteral("columns"), known.name, certainty::sure,
            QStringLiteral("the header is that of the layout %1").arg(known.name));
     tellAssumedScreen(known);
     const qsizetype time = layout.time.isGiven() ? placeOf(layout.time) : -1;
@@ -310,7 +310,7 @@ LayoutGuess LayoutDetector::check(const NamedLayout &known)
     const bool fits =
         isClock ? contents.isClock
                 : row == std::end(units) || contents.meanStep <= 0 || isPlausible(rateOf(contents, row->perSecond));
-    choose(QStringLiteral("time.unit"), word(layout.timeUnit), fits ? sure : doubtful,
+    choose(QStringLiteral("time.unit"), word(layout.timeUnit), fits ? certainty::sure : certainty::doubtful,
            fits ? QStringLiteral("the layout %1 says so, and the rate is that of an eye tracker").arg(known.name)
                 : QStringLiteral("the layout %1 says so, but then the rate is that of no eye tracker").arg(known.name),
            ChoiceRisk::Numbers);

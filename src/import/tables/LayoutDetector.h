@@ -5,6 +5,13 @@
 #include "import/tables/ColumnNames.h"
 #include "import/tables/LayoutDetection.h"
 
+/// How sure a choice is, from 0 to 1, where its reason gives no number of its own.
+namespace certainty {
+inline constexpr double sure = 0.97;
+inline constexpr double likely = 0.85;
+inline constexpr double doubtful = 0.5;
+} // namespace certainty
+
 /// Finds the layout of a table of columns by its names and contents; lives for the length of one call.
 class LayoutDetector {
 public:

@@ -13,10 +13,7 @@
 
 namespace {
 
-constexpr double sure = 0.97;
-constexpr double likely = 0.85;
 constexpr double justEnough = 0.8;
-constexpr double doubtful = 0.5;
 
 QString eyeKey(NamedEye eye)
 {
@@ -63,7 +60,7 @@ void LayoutDetector::chooseEye(NamedEye eye, TableEyeColumns &columns, QStringLi
     const bool isContested = pairs.size() > 1 && pairs[1].rank == pairs[0].rank;
     for (const Pair &pair : pairs.sliced(1))
         others << nameAt(pair.x);
-    choose(eyeKey(eye) + QStringLiteral(".x"), columns.x.text(), isContested ? doubtful : sure,
+    choose(eyeKey(eye) + QStringLiteral(".x"), columns.x.text(), isContested ? certainty::doubtful : certainty::sure,
            isContested ? QStringLiteral("%1 could be it, too").arg(nameAt(pairs[1].x))
                        : QStringLiteral("the names %1 and %2 say so").arg(columns.x.text(), columns.y.text()),
            ChoiceRisk::Numbers);
@@ -139,7 +136,7 @@ void LayoutDetector::choosePlacesByOrder()
     TableLayout &layout = m_guess.layout;
     layout.right.x = columnAt(numeric[0]);
     layout.right.y = columnAt(numeric[1]);
-    choose(QStringLiteral("right.x"), layout.right.x.text(), doubtful,
+    choose(QStringLiteral("right.x"), layout.right.x.text(), certainty::doubtful,
            QStringLiteral("it is the first column of numbers that are no times"), ChoiceRisk::Numbers);
     m_guess.doubts << QStringLiteral(
         "There is no header that says which eye the file has; it is taken as the right one.");
@@ -188,14 +185,16 @@ void LayoutDetector::choosePlaceUnit()
     const QString chosen = wordOf(placeUnits, layout.place.unit);
     const QString key = QStringLiteral("place.unit");
     if (named)
-        choose(key, chosen, sure, QStringLiteral("the name %1 says so").arg(eye.x.text()), ChoiceRisk::Numbers);
-    else if (values.isEmpty())
-        choose(key, chosen, doubtful, QStringLiteral("the lines looked at have no gaze"), ChoiceRisk::Numbers);
-    else if (isUnit || isPixels)
-        choose(key, chosen, likely, shown, ChoiceRisk::Numbers);
-    else
-        choose(key, chosen, doubtful, shown + QStringLiteral(", which can be degrees, millimetres or pixels"),
+        choose(key, chosen, certainty::sure, QStringLiteral("the name %1 says so").arg(eye.x.text()),
                ChoiceRisk::Numbers);
+    else if (values.isEmpty())
+        choose(key, chosen, certainty::doubtful, QStringLiteral("the lines looked at have no gaze"),
+               ChoiceRisk::Numbers);
+    else if (isUnit || isPixels)
+        choose(key, chosen, certainty::likely, shown, ChoiceRisk::Numbers);
+    else
+        choose(key, chosen, certainty::doubtful,
+               shown + QStringLiteral(", which can be degrees, millimetres or pixels"), ChoiceRisk::Numbers);
     if (layout.place.unit != TablePlaceUnit::Pixels)
         choose(QStringLiteral("place.screenPx"), {}, 0,
                QStringLiteral("places that are no pixels need the size of the screen, and the file does not tell it"),
@@ -241,7 +240,7 @@ void LayoutDetector::chooseMissing()
         const QString code = QString::number(pair.key(), 'g', QLocale::FloatingPointShortest); // it has to be met
         if (!isAll)
             layout.missing << code;
-        choose(QStringLiteral("missing"), code, isAll ? doubtful : likely,
+        choose(QStringLiteral("missing"), code, isAll ? certainty::doubtful : certainty::likely,
                isAll ? QStringLiteral("every place is %1, %1, and is read as a place").arg(code)
                      : QStringLiteral("%1 places are %2, %2").arg(QString::number(pair.value()), code));
     }
@@ -267,7 +266,8 @@ void LayoutDetector::chooseValidity()
     layout.valid.kind = TableValidityRule::Kind::AtLeast;
     layout.valid.limit = isPercent ? usualLimit * all : usualLimit;
     const QString range = QStringLiteral("%1 to %2").arg(contents.smallest).arg(contents.largest);
-    choose(QStringLiteral("valid.atLeast"), QString::number(layout.valid.limit), isPercent ? doubtful : justEnough,
+    choose(QStringLiteral("valid.atLeast"), QString::number(layout.valid.limit),
+           isPercent ? certainty::doubtful : justEnough,
            isPercent
                ? QStringLiteral("%1 is a confidence of %2, which nobody says to be percent").arg(nameAt(column), range)
                : QStringLiteral("%1 is a confidence from 0 to 1; this is a usual limit").arg(nameAt(column)),
@@ -309,7 +309,8 @@ void LayoutDetector::chooseCodes(qsizetype column)
             QStringList{codes.contains(QStringLiteral("Valid")) ? QStringLiteral("Valid") : QStringLiteral("valid")};
     layout.valid.codes = valid.isEmpty() ? QStringList{QStringLiteral("1")} : valid;
     const bool isClear = isWord || (isSeparated && valid.size() < codes.size());
-    choose(QStringLiteral("valid.codes"), layout.valid.codes.join(QStringLiteral(", ")), isClear ? 0.9 : doubtful,
+    choose(QStringLiteral("valid.codes"), layout.valid.codes.join(QStringLiteral(", ")),
+           isClear ? 0.9 : certainty::doubtful,
            isClear ? QStringLiteral("with other codes the gaze is missing")
                    : QStringLiteral("the codes of %1 (%2) do not go with missing gaze")
                          .arg(nameAt(column), codes.keys().join(QStringLiteral(", "))),

@@ -7,8 +7,7 @@
 
 namespace {
 
-constexpr double sure = 0.95;
-constexpr double likely = 0.85;
+constexpr double fairlySure = 0.95;
 
 bool isSplitRole(ColumnRole role)
 {
@@ -30,8 +29,8 @@ void LayoutDetector::chooseRecordings()
         if (role == ColumnRole::EyeWord && contents.numbers == 0 && contents.texts.size() <= 2 &&
             !contents.texts.isEmpty()) {
             layout.eye.column = columnAt(column);
-            choose(QStringLiteral("eye.column"), nameAt(column), likely, QStringLiteral("it has one word for each eye"),
-                   ChoiceRisk::Numbers);
+            choose(QStringLiteral("eye.column"), nameAt(column), certainty::likely,
+                   QStringLiteral("it has one word for each eye"), ChoiceRisk::Numbers);
         }
         if (!isSplitRole(role))
             continue;
@@ -43,7 +42,7 @@ void LayoutDetector::chooseRecordings()
             continue;
         if (role != ColumnRole::Trial || startsAnew) {
             layout.split << columnAt(column);
-            choose(QStringLiteral("split"), nameAt(column), role == ColumnRole::Trial ? likely : sure,
+            choose(QStringLiteral("split"), nameAt(column), role == ColumnRole::Trial ? certainty::likely : fairlySure,
                    role == ColumnRole::Trial
                        ? QStringLiteral("it has %1 values, and the times begin anew").arg(contents.distinct)
                        : QStringLiteral("it has %1 values").arg(contents.distinct));

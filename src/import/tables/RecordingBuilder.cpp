@@ -16,7 +16,7 @@ constexpr qsizetype measuredSteps = 10'000;
 constexpr double slowestRateHz = 5;
 constexpr double fastestRateHz = 5000;
 /// Below this nothing can be said of a rate.
-constexpr qsizetype fewestSteps = 10;
+constexpr qsizetype fewestMeasured = 10;
 
 /// In the text, "%1" is the count and "%2" the first line.
 struct SentenceRow {
@@ -154,7 +154,7 @@ void RecordingBuilder::addRateOddity()
     const TableFacts &facts = recording.facts;
     const qsizetype jumps = oddities.of(TableOddityKind::TimeJump).count;
     const qsizetype steps = m_usualSteps + jumps;
-    if (steps < fewestSteps)
+    if (steps < fewestMeasured)
         return;
     const double rate = jumps > m_usualSteps ? 1000 / std::max(facts.medianStepMs, 1e-9) : facts.rateHz;
     const bool isStill = facts.lastTimeMs == facts.firstTimeMs;

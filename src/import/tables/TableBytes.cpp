@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/tables/TableBytes.h"
 
+#include "import/RecordingText.h"
 #include "import/tables/GzipUnpacker.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
 constexpr qsizetype usualPiece = qsizetype(1) << 20;
 
 std::optional<QStringConverter::Encoding> wideEncoding(TableEncoding encoding)

@@ -61,7 +61,7 @@ double deviationOf(double count, double examinations)
 }
 
 /// A mixture in which the way back has its share, too.
-QColor mixed(const QColor &own, double there, const QColor &other, double back)
+QColor mixedByCount(const QColor &own, double there, const QColor &other, double back)
 {
     const double both = there + back > 0 ? there + back : 1;
     const auto channel = [&](int ofOwn, int ofOther) { return truncated((ofOwn * there + ofOther * back) / both); };
@@ -187,7 +187,8 @@ Chart aoiTransitionPairChart(const DrawingContext &context)
         const auto back = static_cast<double>(pairs.value({to, from}).size());
         const QColor own = opaque(areas[from].color);
         ChartCurve curve{pairName(areas[from], areas[to]),
-                         context.areas.mixColor ? mixed(own, there, areas[to].color, back) : own, chart::emptyBins()};
+                         context.areas.mixColor ? mixedByCount(own, there, areas[to].color, back) : own,
+                         chart::emptyBins()};
         for (const AreaStep &step : *pair)
             chart::addEvent(curve.bins, step.bins, 1);
         for (double &bin : curve.bins)

@@ -101,7 +101,7 @@ Streams streamsWhere(const DrawingContext &context, const std::function<bool(con
     return streams;
 }
 
-QColor colorOf(Eye eye, const Record &record)
+QColor barColor(Eye eye, const Record &record)
 {
     return eye == Eye::Left ? record.fillColorLeft : eye == Eye::Right ? record.fillColorRight : record.fillColor;
 }
@@ -111,14 +111,14 @@ QList<ChartCurve> curvesOfEyes(const Events &events, const DrawingContext &conte
     QList<ChartCurve> curves;
     for (const Eye eye : eyesOf(context.eyeMode)) {
         const auto isOfEye = [eye](const ExaminationEye &stream) { return stream.eye == eye; };
-        curves << curveOf(eyeWord(eye), colorOf(eye, context.of(events.kind)), events, streamsWhere(context, isOfEye),
+        curves << curveOf(eyeWord(eye), barColor(eye, context.of(events.kind)), events, streamsWhere(context, isOfEye),
                           context);
     }
     return curves;
 }
 
 /// That of both eyes together is that of the dominant one.
-QColor colorOf(const Group &group, const DrawingContext &context, const Record &record)
+QColor barColor(const Group &group, const DrawingContext &context, const Record &record)
 {
     const auto &colors = context.eyeMode == EyeMode::showLeft    ? group.colorsLeft
                          : context.eyeMode == EyeMode::showRight ? group.colorsRight
@@ -133,7 +133,7 @@ QList<ChartCurve> curvesOfGroups(const Events &events, const DrawingContext &con
     QList<ChartCurve> curves;
     for (const Group &group : context.model.groups()) {
         const auto isMember = [&](const ExaminationEye &stream) { return stream.examination->groupName == group.name; };
-        curves << curveOf(group.name, colorOf(group, context, record), events, streamsWhere(context, isMember),
+        curves << curveOf(group.name, barColor(group, context, record), events, streamsWhere(context, isMember),
                           context);
     }
     const Streams others = streamsWhere(context, [&](const ExaminationEye &stream) {

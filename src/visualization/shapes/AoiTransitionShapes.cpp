@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double percent = 100.0;
+constexpr double wholeInPercent = 100.0;
 
 /// What all ribbons of one drawing share.
 struct Sources {
@@ -141,7 +141,7 @@ QString shareText(const AoiTransitions &transitions, qsizetype from, qsizetype t
 {
     return QStringLiteral("(%1):%2%")
         .arg(transitions.count(from, to))
-        .arg(text::general6(transitions.shareOfRow(from, to) * percent));
+        .arg(text::general6(transitions.shareOfRow(from, to) * wholeInPercent));
 }
 
 QString ribbonText(const AoiTransitions &transitions, qsizetype from, qsizetype to)
@@ -194,7 +194,7 @@ Drawing areaShapes(const Sources &sources, qsizetype index)
     const AreaOfInterest &area = sources.areas[index];
     const AoiVisualizationParameters &parameters = sources.parameters;
     QColor color = parameters.oneColor ? parameters.colorAoi : area.color;
-    color.setAlphaF(static_cast<float>(std::clamp(parameters.fillOpacity / percent, 0.0, 1.0)));
+    color.setAlphaF(static_cast<float>(std::clamp(parameters.fillOpacity / wholeInPercent, 0.0, 1.0)));
     const QString text = QStringLiteral("Transitions ") + shareText(sources.transitions, index, index);
     Drawing drawing{AreaShape{area.polygon, QPen(color, borderWidth),
                               parameters.outlines ? QBrush(Qt::NoBrush) : QBrush(color),

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double dotSize = 5.0; ///< px
+constexpr double memberSize = 5.0; ///< px
 constexpr float ellipseFactor = 2;
 
 constexpr int paletteAlpha = 150;
@@ -63,7 +63,7 @@ Drawing dotsOf(const FixationCluster &cluster, TimeFrame frame, const QPen &pen,
     Drawing drawing;
     for (const Fixation &fixation : cluster.fixations) {
         if (frame.holds(fixation))
-            drawing << OvalShape{{fixation.mean.toPointF(), QSizeF(dotSize, dotSize)}, pen, brush, {}};
+            drawing << OvalShape{{fixation.mean.toPointF(), QSizeF(memberSize, memberSize)}, pen, brush, {}};
     }
     return drawing;
 }

@@ -121,7 +121,7 @@ private:
     Stripe m_stripe;
 };
 
-QRgb colorOf(Eye eye, const VisualizationParameters &parameters)
+QRgb pixelColor(Eye eye, const VisualizationParameters &parameters)
 {
     switch (eye) {
     case Eye::Left:
@@ -168,7 +168,7 @@ std::vector<Stream> streamsToDraw(const DrawingContext &context)
     std::vector<Stream> streams;
     for (const Examination *examination : context.model.checkedExaminations()) {
         for (const Eye eye : eyesOf(context.eyeMode))
-            streams.push_back({examination->stream(eye).gazePoints, colorOf(eye, context.of(DataKind::GazePoints))});
+            streams.push_back({examination->stream(eye).gazePoints, pixelColor(eye, context.of(DataKind::GazePoints))});
     }
     return streams;
 }

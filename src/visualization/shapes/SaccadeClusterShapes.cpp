@@ -10,7 +10,7 @@ namespace {
 
 constexpr int hues = 360;
 
-double distance(QPoint a, QPoint b)
+double wayBetween(QPoint a, QPoint b)
 {
     const double dx = double(a.x()) - double(b.x());
     const double dy = double(a.y()) - double(b.y());
@@ -19,7 +19,7 @@ double distance(QPoint a, QPoint b)
 
 int wholeDistance(QPoint a, QPoint b)
 {
-    return truncated(distance(a, b));
+    return truncated(wayBetween(a, b));
 }
 
 QPen penOf(const QColor &color, int widthPx)
@@ -78,12 +78,12 @@ SaccadeClusterLine singleLine(const QList<SaccadeVector> &cluster)
     int length = wholeDistance(line.from, line.to);
     for (const SaccadeVector &saccade : cluster) {
         for (const QPoint end : {saccade.start, saccade.end}) {
-            if (distance(line.from, end) <= distance(line.to, end)) {
-                if (distance(line.to, end) > length) {
+            if (wayBetween(line.from, end) <= wayBetween(line.to, end)) {
+                if (wayBetween(line.to, end) > length) {
                     line.from = end;
                     length = 0; // not the new length, see the declaration
                 }
-            } else if (distance(line.from, end) > length) {
+            } else if (wayBetween(line.from, end) > length) {
                 line.to = end;
                 length = wholeDistance(line.from, end);
             }

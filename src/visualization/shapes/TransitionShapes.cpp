@@ -67,7 +67,7 @@ Mark markOf(const FixationCluster &cluster, const QString &toolTip, const Visual
     return {OvalShape{square, pen, Qt::NoBrush, toolTip}, square.topLeft()};
 }
 
-TextShape nameShape(qsizetype number, QPointF at, const QColor &color)
+TextShape clusterNameShape(qsizetype number, QPointF at, const QColor &color)
 {
     constexpr int points = 30;
     return {at, u"C:" % QString::number(number), QFont(QStringLiteral("Times New Roman"), points), color,
@@ -85,7 +85,7 @@ Drawing marks(const TransitionPicture &picture, const VisualizationParameters &p
         const Mark mark = markOf(cluster, clusterToolTip(i, cluster.mean, picture.inFrame), parameters);
         drawing << mark.shape;
         if (parameters.showOriginalSize) // reads "Show names" here
-            drawing << nameShape(i, mark.nameAt, parameters.fillColorName);
+            drawing << clusterNameShape(i, mark.nameAt, parameters.fillColorName);
     }
     return drawing;
 }
