@@ -6,6 +6,7 @@
 #include "app/SessionControl.h"
 #include "clustering/panel/ClusterControl.h"
 #include "clustering/panel/SaccadeClusterControl.h"
+#include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "export/TransitionTables.h"
@@ -21,6 +22,9 @@ CalculationControl::CalculationControl(const Sources &sources) : m_sources(sourc
     connectExports();
     connect(this, &CalculationControl::sigSetSaccadeClusterStatusNone, &sources.control.saccadeClusterControl(),
             &SaccadeClusterControl::sltSetStatusNone);
+    // Undo and redo of whatever checks, imports or calculates; a click tells more, and comes after its command.
+    connect(&CommandStack::instance(), &CommandStack::indexChanged, &sources.control.saccadeClusterControl(),
+            &SaccadeClusterControl::sltDataChanged);
     connect(&sources.picture, &PictureControl::aboutToDraw, this, &CalculationControl::followDrawing);
 }
 

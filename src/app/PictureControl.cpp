@@ -4,6 +4,7 @@
 
 #include "aoi/panel/CancellableProgress.h"
 #include "base/Messages.h"
+#include "clustering/panel/SaccadeClusterControl.h"
 #include "commands/ChangesPicture.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationControl.h"
@@ -181,6 +182,7 @@ void PictureControl::cutOrRestoreOutliers()
         restoreOutliers(m_model);
     for (const Examination &examination : std::as_const(m_model).examinations())
         m_form.tableWidget->showChoices(examination);
+    m_form.control->saccadeClusterControl().sltDataChanged();
 }
 
 void PictureControl::sltCutData(int)

@@ -208,6 +208,7 @@ void controlWidget::sltTimelineHasChanged(qint64 start, qint64 end)
     if (!m_model)
         return;
     m_model->setTimeFrame({start, end});
+    m_ui->saccadeClusterWidget->sltDataChanged();
 }
 
 void controlWidget::sltTimespanHasChanged(qint64 duration)

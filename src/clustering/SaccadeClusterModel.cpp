@@ -29,10 +29,17 @@ bool SaccadeClusterModel::hasExaminations() const
     return m_model && !m_model->examinations().isEmpty();
 }
 
+bool SaccadeClusterModel::isOutdated() const
+{
+    return m_model && m_stage != Stage::PreProcessing && saccadeSource(*m_model) != m_source;
+}
+
 void SaccadeClusterModel::cluster()
 {
     if (!m_model)
         return;
+    if (isOutdated())
+        resetStage(Stage::PreProcessing);
     for (int i = 0; i < stageCount; ++i) {
         if (m_stage == static_cast<Stage>(i) && !doStage())
             return;
@@ -55,7 +62,8 @@ bool SaccadeClusterModel::doStage()
 
 void SaccadeClusterModel::preProcess()
 {
-    m_vectors = preProcessedVectors(*m_model, {m_parameters.minimumLength, m_parameters.minimumAngleDifference});
+    m_source = saccadeSource(*m_model);
+    m_vectors = preProcessedVectors(m_source, {m_parameters.minimumLength, m_parameters.minimumAngleDifference});
 }
 
 /// What the old matrices hold is given back before new ones are made, so that both are never there at once.

@@ -41,9 +41,12 @@ public:
 
     /// Whether there is anything to calculate from.
     bool hasExaminations() const;
+    /// Whether the vectors are those of another time span, or of other fixations, than the model has now.
+    bool isOutdated() const;
 
-    /// Does the stages that are not done, each followed by its signal. Where there are too many movements, the user is
-    /// told and the calculation stays before the angle matrix, without results from there on.
+    /// Does the stages that are not done, each followed by its signal; all of them where the vectors are outdated.
+    /// Where there are too many movements, the user is told and the calculation stays before the angle matrix, without
+    /// results from there on.
     void cluster();
 
     // Results. They last until the stage is done again.
@@ -82,6 +85,7 @@ private:
     const DataModel *m_model = nullptr;
     SaccadeClusterParameters m_parameters;
     Stage m_stage = Stage::PreProcessing;
+    SaccadeSource m_source; ///< of the vectors
     QList<SaccadeVector> m_vectors;
     std::vector<SaccadeGroup> m_angleMatrices;
     std::vector<ClusterTree> m_angleTrees;

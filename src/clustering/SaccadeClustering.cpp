@@ -5,6 +5,8 @@
 #include "base/Progress.h"
 #include "model/DataModel.h"
 
+#include <algorithm>
+
 namespace {
 
 // Both kinds of matrices and of trees show the same texts.
@@ -40,7 +42,29 @@ int joinCount(const std::vector<SaccadeGroup> &groups)
     return static_cast<int>(count);
 }
 
+/// Whether the eye rests at the same times and places. Samples that are shared are not looked through.
+bool restTheSame(const QList<Fixation> &a, const QList<Fixation> &b)
+{
+    return std::ranges::equal(a, b, {}, &Fixation::samples, &Fixation::samples);
+}
+
 } // namespace
+
+bool SaccadeSource::operator==(const SaccadeSource &other) const
+{
+    return frame == other.frame && std::ranges::equal(scanpaths, other.scanpaths, restTheSame);
+}
+
+SaccadeSource saccadeSource(const DataModel &model)
+{
+    SaccadeSource source{{}, model.timeFrame()};
+    for (const Examination *examination : model.checkedExaminations()) {
+        const EyeData &eye = examination->stream(Eye::Dominant);
+        if (!eye.scanpath.isEmpty())
+            source.scanpaths << eye.scanpath;
+    }
+    return source;
+}
 
 bool canClusterSaccades(qsizetype vectors)
 {
@@ -55,14 +79,11 @@ bool canClusterSaccades(qsizetype vectors)
     return false;
 }
 
-QList<SaccadeVector> preProcessedVectors(const DataModel &model, const PreProcessing &parameters)
+QList<SaccadeVector> preProcessedVectors(const SaccadeSource &source, const PreProcessing &parameters)
 {
     QList<SaccadeVector> vectors;
-    for (const Examination *examination : model.checkedExaminations()) {
-        const EyeData &eye = examination->stream(Eye::Dominant);
-        if (!eye.scanpath.isEmpty())
-            vectors << joinSaccadeVectors(collectSaccadeVectors(eye, model.timeFrame()), parameters);
-    }
+    for (const QList<Fixation> &scanpath : source.scanpaths)
+        vectors << joinSaccadeVectors(collectSaccadeVectors(scanpath, source.frame), parameters);
     return vectors;
 }
 

@@ -19,14 +19,26 @@ struct SaccadeGroup {
 /// places, and as much while a tree is made.
 inline constexpr qsizetype mostSaccadeVectors = 10'000;
 
+/// What stage 0 reads: the fixations of the dominant eye of each checked examination that has any, and the time span.
+struct SaccadeSource {
+    /// Whether the movements are the same: those of the same samples, in fixations of the same order, in the same time.
+    /// What else is known of a fixation, such as its cluster, does not count.
+    bool operator==(const SaccadeSource &other) const;
+
+    QList<QList<Fixation>> scanpaths; ///< shared with the examinations
+    TimeFrame frame;
+};
+
+/// What there is to cluster now.
+SaccadeSource saccadeSource(const DataModel &model);
+
 /// Whether so many movements can be clustered; if not, the user is told.
 bool canClusterSaccades(qsizetype vectors);
 
 // The stages. Each makes its result from that of the stage before.
 
-/// Stage 0: the movements of the dominant eye of each checked examination in the model's time span. Those of different
-/// recordings are never joined.
-QList<SaccadeVector> preProcessedVectors(const DataModel &model, const PreProcessing &parameters);
+/// Stage 0: the movements of each scanpath in the time span. Those of different recordings are never joined.
+QList<SaccadeVector> preProcessedVectors(const SaccadeSource &source, const PreProcessing &parameters);
 
 /// Stage 1: one group of all movements with the distances of their directions; no group for fewer than two.
 std::vector<SaccadeGroup> angleGroups(const QList<SaccadeVector> &vectors, Direction direction);

@@ -31,15 +31,15 @@ void moveTo(const QList<GazePoint> &samples, QPoint &previous, QList<SaccadeVect
 
 } // namespace
 
-QList<SaccadeVector> collectSaccadeVectors(const EyeData &eye, TimeFrame frame)
+QList<SaccadeVector> collectSaccadeVectors(const QList<Fixation> &scanpath, TimeFrame frame)
 {
-    Progress progress(QStringLiteral("Saccade clustering collecting data."), static_cast<int>(eye.scanpath.size()));
+    Progress progress(QStringLiteral("Saccade clustering collecting data."), static_cast<int>(scanpath.size()));
     QList<SaccadeVector> vectors;
     QPoint previous;
-    auto fixation = eye.scanpath.cbegin();
-    for (; fixation != eye.scanpath.cend() && fixation->lastTime() < frame.startMs; ++fixation)
+    auto fixation = scanpath.cbegin();
+    for (; fixation != scanpath.cend() && fixation->lastTime() < frame.startMs; ++fixation)
         progress.tick();
-    for (; fixation != eye.scanpath.cend() && fixation->firstTime() <= frame.endMs; ++fixation) {
+    for (; fixation != scanpath.cend() && fixation->firstTime() <= frame.endMs; ++fixation) {
         moveTo(samplesInside(*fixation, frame), previous, vectors);
         progress.tick();
     }

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "clustering/SaccadeVector.h"
-#include "model/EyeData.h"
+#include "model/ScanpathSection.h"
 #include "model/TimeFrame.h"
 
 /// The movements between the fixations of one stream, as far as their samples lie in the span. Where a fixation rests
 /// is computed anew from these samples; one without any is passed over, and so is one with a negative coordinate: the
 /// movement goes on from the fixation before it. No movement starts at (0,0), which stands for an unknown place.
-QList<SaccadeVector> collectSaccadeVectors(const EyeData &eye, TimeFrame frame);
+QList<SaccadeVector> collectSaccadeVectors(const QList<Fixation> &scanpath, TimeFrame frame);
 
 /// Which movements of a stream are clustered.
 struct PreProcessing {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/NoticeLine.h"
 #include "table/panel/ExaminationTable.h"
+#include "visualization/panel/Timeline.h"
 #include "WindowTest.h"
 
 #include <QCheckBox>
@@ -26,6 +27,9 @@ private Q_SLOTS:
     void choicesOutliveTheCutOfOutliers();
     void samplesOutliveAnImportDuringTheCut();
     void aCalculationIsTold();
+    void saccadeClustersFollowTheTimeline();
+    void saccadeClustersFollowTheCutOfOutliers();
+    void saccadeClustersFollowUndoAndRedo();
 
 private:
     void calculateFixations() const
@@ -33,6 +37,12 @@ private:
         find<QWidget>("fixationsPage")->findChild<QToolButton *>(QStringLiteral("toolButton"))->click();
     }
     void calculateClusters() const { find<QToolButton>("calculateClusters_button")->click(); }
+    void clusterSaccades() const { find<QAbstractButton>("clusterButton")->click(); }
+    /// Of the first stage and of the last.
+    QStringList saccadeClusterStatus() const
+    {
+        return {find<QLabel>("preProcessingStatusLabel")->text(), find<QLabel>("distanceClusterStatusLabel")->text()};
+    }
     /// What is not drawn by the next redraw.
     void scribble() const
     {
@@ -203,6 +213,64 @@ void TestWindowCommands::aCalculationIsTold()
     QVERIFY2(notice()->text().startsWith(QStringLiteral("Clusters in %1 recordings: left eye ").arg(recordings)) &&
                  notice()->text().endsWith(QStringLiteral("; not drawn: mode none")),
              qPrintable(notice()->text()));
+}
+
+void TestWindowCommands::saccadeClustersFollowTheTimeline()
+{
+    importExamples();
+    calculateFixations();
+    auto *timeline = find<Timeline>("timeline_widget");
+    timeline->setSliderTimeframe(0, 5000);
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Not Calculated")));
+    clusterSaccades();
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Done")));
+    timeline->setSliderTimeframe(0, 5000); // as it was
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Done")));
+    timeline->setSliderTimeframe(0, 2000);
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Values changed")));
+    clusterSaccades();
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Done")));
+}
+
+/// The cut takes the fixations along.
+void TestWindowCommands::saccadeClustersFollowTheCutOfOutliers()
+{
+    importExamples();
+    calculateFixations();
+    clusterSaccades();
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Done")));
+    find<QCheckBox>("remove_outlier")->click();
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Values changed")));
+}
+
+void TestWindowCommands::saccadeClustersFollowUndoAndRedo()
+{
+    importExamples();
+    CommandStack &stack = CommandStack::instance();
+    const int imported = stack.index();
+    calculateFixations();
+    find<QSpinBox>("s_spinBox_rad")->setValue(200);
+    calculateFixations();
+    clusterSaccades();
+    stack.setIndex(imported); // the fixations stay
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Done")));
+    stack.redo(); // those of the first radius
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Values changed")));
+
+    const auto *table = find<ExaminationTable>("tableWidget");
+    qobject_cast<QCheckBox *>(table->cellWidget(0, ExaminationTable::CheckBoxColumn))->click();
+    clusterSaccades();
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Done")));
+    stack.undo();
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Values changed")));
+    clusterSaccades();
+    stack.redo();
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Values changed")));
+
+    clusterSaccades();
+    stack.setIndex(imported - 1);
+    QVERIFY(m_window->model().examinations().isEmpty());
+    QCOMPARE(saccadeClusterStatus(), QStringList(2, QStringLiteral("Values changed")));
 }
 
 QTEST_MAIN(TestWindowCommands)

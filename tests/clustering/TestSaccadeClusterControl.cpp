@@ -3,6 +3,7 @@
 #include "commands/CommandStack.h"
 #include "model/DataModel.h"
 #include "SaccadeSamples.h"
+#include "TestMessages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -32,6 +33,12 @@ private Q_SLOTS:
     void changeBeforeAnyRunMarksAll();
     void onlyWhatRunsIsDone();
     void newDataSetBackEverything();
+    void anotherTimeFrameMarksAll();
+    void clickNoticesAnotherTimeFrame();
+    void changedDataMarkAll_data();
+    void changedDataMarkAll();
+    void changedDataBeforeAnyRunMarkNothing();
+    void tooManyMovementsLeaveNoOldDone();
     void withoutExaminationsOnlyTheSignalGoesOut();
     void modelOutlivesThePanel();
 
@@ -53,6 +60,8 @@ private:
 };
 
 namespace {
+
+using DataChange = void (*)(DataModel &);
 
 const QStringList labels{QStringLiteral("preProcessingStatusLabel"),  QStringLiteral("angleMatrixStatus"),
                          QStringLiteral("angleTreeStatus"),           QStringLiteral("angleClusterStatusLabel"),
@@ -246,6 +255,92 @@ void TestSaccadeClusterControl::newDataSetBackEverything()
     QCOMPARE(first.count(), 1);
     QCOMPARE(m_panel->saccadeClusterModel()->vectors().size(), 1);
     QCOMPARE(states(), QStringLiteral("ddddddd"));
+}
+
+void TestSaccadeClusterControl::anotherTimeFrameMarksAll()
+{
+    click();
+    m_model.setTimeFrame({0, 1'000'000}); // as it was
+    m_panel->sltDataChanged();
+    QCOMPARE(states(), QStringLiteral("ddddddd"));
+    m_model.setTimeFrame({100, 200});
+    m_panel->sltDataChanged();
+    QCOMPARE(states(), QStringLiteral("ccccccc"));
+    QCOMPARE(m_panel->saccadeClusterModel()->stage(), SaccadeClusterStage::PreProcessing);
+    click();
+    QCOMPARE(m_panel->saccadeClusterModel()->vectors(), QList{SaccadeVector({500, 100}, {100, 140}, 200, 200)});
+    QCOMPARE(states(), QStringLiteral("ddddddd"));
+}
+
+void TestSaccadeClusterControl::clickNoticesAnotherTimeFrame()
+{
+    click();
+    QCOMPARE(m_panel->saccadeClusterModel()->vectors().size(), 4);
+    m_model.setTimeFrame({100, 200});
+    click();
+    QCOMPARE(m_panel->saccadeClusterModel()->vectors().size(), 1);
+}
+
+void TestSaccadeClusterControl::changedDataMarkAll_data()
+{
+    QTest::addColumn<DataChange>("change");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const char *expected, DataChange change) {
+        QTest::newRow(name) << change << QString::fromLatin1(expected);
+    };
+    const auto changed = [&](const char *name, DataChange change) { row(name, "ccccccc", change); };
+    const auto same = [&](const char *name, DataChange change) { row(name, "ddddddd", change); };
+    changed("unchecked", [](DataModel &model) { model.examinations()[0].checked = false; });
+    changed("removed", [](DataModel &model) { model.examinations().clear(); });
+    changed("one more", [](DataModel &model) { model.examinations() << samples::examinationAt({{1, 2}, {3, 4}}); });
+    changed("the other eye", [](DataModel &model) { model.examinations()[0].dominantEye = QStringLiteral("left"); });
+    changed("a sample at another place",
+            [](DataModel &model) { model.examinations()[0].rightEye.scanpath[2].samples[0].x += 1; });
+    changed("a fixation less", [](DataModel &model) { model.examinations()[0].rightEye.scanpath.removeLast(); });
+    same("calculated again, with the same outcome", [](DataModel &model) {
+        model.examinations()[0] = samples::examinationAt({{100, 100}, {500, 100}, {100, 140}, {500, 140}, {100, 180}});
+    });
+    same("clusters of fixations", [](DataModel &model) { model.examinations()[0].rightEye.scanpath[1].cluster = 3; });
+    same("one more without fixations", [](DataModel &model) { model.examinations() << Examination(); });
+    same("fixations of the other eye", [](DataModel &model) {
+        model.examinations()[0].leftEye = samples::scanpathAt({{1, 2}, {3, 4}});
+    });
+}
+
+void TestSaccadeClusterControl::changedDataMarkAll()
+{
+    QFETCH(const DataChange, change);
+    click();
+    change(m_model);
+    m_panel->sltDataChanged();
+    QTEST(states(), "expected");
+}
+
+void TestSaccadeClusterControl::changedDataBeforeAnyRunMarkNothing()
+{
+    m_model.setTimeFrame({100, 200});
+    m_panel->sltDataChanged();
+    QCOMPARE(states(), QStringLiteral("nnnnnnn"));
+    click();
+    m_panel->sltSetStatusNone();
+    m_model.setTimeFrame({0, 200});
+    m_panel->sltDataChanged();
+    QCOMPARE(states(), QStringLiteral("nnnnnnn"));
+}
+
+/// The stages that did not run are not up to date, whatever they were before.
+void TestSaccadeClusterControl::tooManyMovementsLeaveNoOldDone()
+{
+    click();
+    QList<QPoint> places; // from each to the next is a movement, each at right angles to the one before
+    for (int i = 0; i <= mostSaccadeVectors + 1; ++i)
+        places << QPoint(100 + 100 * (i / 2), 100 + 100 * ((i + 1) / 2));
+    m_model.examinations() = {samples::examinationAt(places)};
+    m_model.setTimeFrame({0, 100 * places.size()});
+    const RecordedMessages messages;
+    click();
+    QCOMPARE(messages.texts().size(), 1);
+    QCOMPARE(states(), QStringLiteral("dcccccc"));
 }
 
 void TestSaccadeClusterControl::withoutExaminationsOnlyTheSignalGoesOut()

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void earlierResultsGoWhenAStageEndsAtOnce();
     void signalsInOrder();
     void nothingToDoGivesNoSignal();
+    void anotherTimeSpanRunsEverything();
     void parameterResetsItsStage_data();
     void parameterResetsItsStage();
     void stageIsNeverRaised();
@@ -291,6 +292,18 @@ void TestSaccadeClusterModel::nothingToDoGivesNoSignal()
 {
     m_model->cluster();
     QCOMPARE(signalsOfRun(), QStringList());
+}
+
+void TestSaccadeClusterModel::anotherTimeSpanRunsEverything()
+{
+    QVERIFY(!m_model->isOutdated()); // there are no vectors yet
+    m_model->cluster();
+    QVERIFY(!m_model->isOutdated());
+    m_data->setTimeFrame({100, 200});
+    QVERIFY(m_model->isOutdated());
+    QCOMPARE(signalsOfRun().size(), 7);
+    QVERIFY(!m_model->isOutdated());
+    QCOMPARE(m_model->vectors(), QList{SaccadeVector(rows()[1], rows()[2], 200, 200)});
 }
 
 void TestSaccadeClusterModel::parameterResetsItsStage_data()

@@ -84,13 +84,13 @@ void TestSaccadeCollection::linksFixations_data()
 void TestSaccadeCollection::linksFixations()
 {
     QFETCH(QList<QPoint>, places);
-    QTEST(endsOf(collectSaccadeVectors(scanpathAt(places), always)), "expected");
+    QTEST(endsOf(collectSaccadeVectors(scanpathAt(places).scanpath, always)), "expected");
 }
 
 void TestSaccadeCollection::cutsFixationsToTheSpan()
 {
     // 10 and 20 ms of the first: (30 + 60) / 2 = 45; 200 and 210 ms of the last: (2000 + 2030) / 2 = 2015.
-    const QList<SaccadeVector> vectors = collectSaccadeVectors(movingFixations(), {10, 210});
+    const QList<SaccadeVector> vectors = collectSaccadeVectors(movingFixations().scanpath, {10, 210});
     QCOMPARE(endsOf(vectors), (Ends{line({45, 500}, {1030, 500}), line({1030, 500}, {2015, 500})}));
     QCOMPARE(vectors[0].startTime, 100);
     QCOMPARE(vectors[0].endTime, 120);
@@ -103,31 +103,31 @@ void TestSaccadeCollection::meanComesFromTheSamples()
     EyeData eye = scanpathAt({{1, 2}, {30, 40}});
     eye.scanpath[1].mean = {999, 999};
     eye.scanpath[1].samples << sample(110, 32.9, 40);
-    QCOMPARE(endsOf(collectSaccadeVectors(eye, always)), Ends{line({1, 2}, {31, 40})});
+    QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, always)), Ends{line({1, 2}, {31, 40})});
 }
 
 void TestSaccadeCollection::fixationWithoutSamplesInTheSpanIsSkipped()
 {
     EyeData eye = scanpathAt({{1, 2}, {30, 40}, {5, 6}});
     eye.scanpath[1].samples = {sample(90, 30, 40), sample(120, 30, 40)}; // around the span of the next line
-    QCOMPARE(endsOf(collectSaccadeVectors(eye, {95, 115})), Ends());
+    QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {95, 115})), Ends());
     eye.scanpath[1].samples.clear();
-    QCOMPARE(endsOf(collectSaccadeVectors(eye, always)), Ends{line({1, 2}, {5, 6})});
-    QCOMPARE(endsOf(collectSaccadeVectors(eye, {300, 400})), Ends()); // all end before
+    QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, always)), Ends{line({1, 2}, {5, 6})});
+    QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {300, 400})), Ends()); // all end before
 }
 
 void TestSaccadeCollection::stopsAtTheFirstFixationBehindTheSpan()
 {
     EyeData eye = scanpathAt({{1, 2}, {30, 40}, {5, 6}, {7, 8}});
     eye.scanpath[2].samples[0].time = 1000;
-    QCOMPARE(endsOf(collectSaccadeVectors(eye, {0, 500})), Ends{line({1, 2}, {30, 40})});
-    QCOMPARE(endsOf(collectSaccadeVectors(eye, {100, 500})), Ends()); // the first one is skipped, too
+    QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {0, 500})), Ends{line({1, 2}, {30, 40})});
+    QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {100, 500})), Ends()); // the first one is skipped, too
 }
 
 void TestSaccadeCollection::showsProgress()
 {
     const ProgressLabels progress;
-    collectSaccadeVectors(scanpathAt({{1, 2}, {30, 40}, {5, 6}}), always);
+    collectSaccadeVectors(scanpathAt({{1, 2}, {30, 40}, {5, 6}}).scanpath, always);
     QCOMPARE(progress.opened(), QStringList{QStringLiteral("Saccade clustering collecting data. 3")});
 }
 

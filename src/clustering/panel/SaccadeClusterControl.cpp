@@ -104,8 +104,18 @@ void SaccadeClusterControl::connectStages()
     connect(model, &Model::sigDistanceClusterDone, this, &Control::sltDistanceClusterStatusDone);
 }
 
+void SaccadeClusterControl::sltDataChanged()
+{
+    if (!m_clusters->isOutdated())
+        return;
+    m_clusters->resetStage(Stage::PreProcessing);
+    showChanged();
+}
+
+/// Asks for changes by itself, too: a run that ends early must not leave an old "Done" behind.
 void SaccadeClusterControl::sltCluster()
 {
+    sltDataChanged();
     if (m_clusters->hasExaminations())
         m_clusters->cluster();
     Q_EMIT sigRedrawClusters();

@@ -41,6 +41,10 @@ public Q_SLOTS:
     void sltDistanceAlgorithmChanged(int value) { change(stagedrows::distanceAlgorithm, value); }
     void sltDirectionDependenceChanged(bool value) { change(stagedrows::directionDependent, value); }
 
+    /// The time frame or the fixations may have changed: clusters that rest on others are to be calculated again. Where
+    /// all is as it was, and before the first calculation, nothing changes.
+    void sltDataChanged();
+
     /// Calculates what is not done. Without examinations only the signal goes out.
     void sltCluster();
 
