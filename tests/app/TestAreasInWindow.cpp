@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/panel/add_heatmap_aoi.h"
 #include "aoi/panel/AOI_PopUp.h"
+#include "aoi/panel/AoiControl.h"
 #include "WindowTest.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QGraphicsPixmapItem>
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QToolBox>
 
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void gridIsDrawnAtOnce();
     void gridTwiceReplacesItself();
     void areasAreCheckedAndUndone();
+    void eachStepOfAnAreaDrawsOnce();
     void regionDialogOpensAndFillsTheList();
     void clustersWithoutCalculation();
     void saliencyLiesOverThePicture();
@@ -63,7 +66,6 @@ void TestAreasInWindow::gridIsDrawnAtOnce()
     QVERIFY(picture() != before);
     CommandStack::instance().setIndex(CommandStack::instance().count() - 25);
     QCOMPARE(find<QListWidget>("listViewAOI")->count(), 0);
-    m_window->picture().sltUpdateAndRedraw();
     QCOMPARE(picture(), before);
 }
 
@@ -92,6 +94,37 @@ void TestAreasInWindow::areasAreCheckedAndUndone()
     find<QListWidget>("listViewAOI")->setCurrentRow(0);
     click("removeAOI_Button");
     QCOMPARE(picture(), withoutOne);
+}
+
+void TestAreasInWindow::eachStepOfAnAreaDrawsOnce()
+{
+    importExamples();
+    drawOutlines();
+    const QImage before = picture();
+    const QSignalSpy drawn(&m_window->picture(), &PictureControl::aboutToDraw);
+    AreaOfInterest area(QStringLiteral("A"), {{100, 100}, {900, 100}, {900, 700}});
+    area.color = {200, 0, 0, 255};
+    find<AoiControl>("aoi_widget")->sltInsertAOI(area);
+    QCOMPARE(drawn.count(), 1);
+    const QImage inserted = picture();
+    QVERIFY(inserted != before);
+    CommandStack::instance().undo();
+    QCOMPARE(drawn.count(), 2);
+    QCOMPARE(picture(), before);
+    CommandStack::instance().redo();
+    QCOMPARE(drawn.count(), 3);
+    QCOMPARE(picture(), inserted);
+    auto *list = find<QListWidget>("listViewAOI");
+    find<AoiControl>("aoi_widget")->sltDeleteAOI(list->item(0));
+    QCOMPARE(drawn.count(), 4);
+    QCOMPARE(picture(), before);
+    CommandStack::instance().undo();
+    QCOMPARE(drawn.count(), 5);
+    QCOMPARE(picture(), inserted);
+    list->setCurrentRow(0);
+    showPage();
+    click("removeAOI_Button");
+    QCOMPARE(drawn.count(), 6);
 }
 
 void TestAreasInWindow::regionDialogOpensAndFillsTheList()

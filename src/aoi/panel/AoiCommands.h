@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "commands/ChangesPicture.h"
 #include "model/AreaOfInterest.h"
 
 #include <QUndoCommand>
@@ -19,7 +20,7 @@ struct AoiPlace {
 
 /// Puts an area into the model and shows it in the list. An area of the same name is replaced and does not come back
 /// by the undo; the entry is found without regard to case, so that two names that differ only there share one.
-class CommandAOIInsert : public QUndoCommand {
+class CommandAOIInsert : public QUndoCommand, public ChangesPicture {
 public:
     CommandAOIInsert(const AoiPlace &place, const AreaOfInterest &aoi);
 
@@ -32,7 +33,7 @@ private:
 };
 
 /// Removes the area of an entry of the list.
-class CommandAOIDelete : public QUndoCommand {
+class CommandAOIDelete : public QUndoCommand, public ChangesPicture {
 public:
     CommandAOIDelete(const AoiPlace &place, const QListWidgetItem &item);
 

@@ -129,6 +129,7 @@ void AoiControl::sltInsertAOI(const AreaOfInterest &aoi, const QString &)
 {
     if (!isReady())
         return;
+    const RedrawHold once(*m_window); // the command draws, and so do those who hear the signal
     CommandStack::instance().push(new CommandAOIInsert(place(), aoi));
     Q_EMIT sigGraphicsParametersChanged();
 }
@@ -213,6 +214,7 @@ void AoiControl::sltDeleteAOI(QListWidgetItem *item)
         tellMissingExamination();
         return;
     }
+    const RedrawHold once(*m_window);
     CommandStack::instance().push(new CommandAOIDelete(place(), *item));
     Q_EMIT sigGraphicsParametersChanged();
 }
