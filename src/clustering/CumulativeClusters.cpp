@@ -76,6 +76,7 @@ void writeTexts(DataModel &model, const ClusterParameters &parameters)
             continue;
         examination.calculationInfo.cumulativeClusterCalculationInfo = text;
         model.calculationInfo().fixationCalculationInfo = examination.calculationInfo.fixationCalculationInfo;
+        model.calculationInfo().fixationRemark = examination.calculationInfo.fixationRemark;
         model.calculationInfo().clusterCalculationInfo = examination.calculationInfo.clusterCalculationInfo;
     }
 }

@@ -48,6 +48,7 @@ private Q_SLOTS:
     void overlap();
     void overlapOverExaminations();
     void texts();
+    void remarkOfUndoneFixations();
 };
 
 void TestCumulativeClusters::nothingChecked()
@@ -217,6 +218,19 @@ void TestCumulativeClusters::texts()
     QCOMPARE(model.examinations()[0].calculationInfo.cumulativeClusterCalculationInfo, text);
     QCOMPARE(model.examinations()[1].calculationInfo.cumulativeClusterCalculationInfo, text);
     QCOMPARE(model.examinations()[2].calculationInfo.cumulativeClusterCalculationInfo, QStringLiteral("Not set\n"));
+}
+
+/// The pooled fixations need not be those of the text, either; a later calculation takes the remark away.
+void TestCumulativeClusters::remarkOfUndoneFixations()
+{
+    DataModel model = modelOf({examination(2, 2, 2), examination(2, 2, 2)});
+    const QString remark = QStringLiteral("Other fixations.\n");
+    model.examinations()[1].calculationInfo.fixationRemark = remark;
+    calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
+    QCOMPARE(model.calculationInfo().fixationLines(), QStringLiteral("Not set\n") + remark);
+    model.examinations()[1].calculationInfo.fixationRemark.clear();
+    calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
+    QCOMPARE(model.calculationInfo().fixationLines(), QStringLiteral("Not set\n"));
 }
 
 QTEST_GUILESS_MAIN(TestCumulativeClusters)

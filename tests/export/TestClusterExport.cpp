@@ -92,6 +92,7 @@ private Q_SLOTS:
     void block();
     void pooledBlock_data();
     void pooledBlock();
+    void aRemarkFollowsTheParameters();
     void clusterFiles();
     void examinationsOfOneName();
     void onlyCheckedExaminations();
@@ -164,6 +165,21 @@ void TestClusterExport::pooledBlock()
     pooled.fixationClusters = clusters;
     QStringList expected = rows + parameterLines(QStringLiteral("Algorithm:MEANSHIFT"));
     QCOMPARE(cumulativeClusterBlock(model, pooled), lines(expected));
+}
+
+void TestClusterExport::aRemarkFollowsTheParameters()
+{
+    DataModel model = twoSubjects();
+    const auto remarked = [](QStringList rows) {
+        rows.insert(rows.indexOf(QStringLiteral("found")) + 1, QStringLiteral("Other fixations."));
+        return lines(rows);
+    };
+    CalculationInfo &info = model.examinations()[0].calculationInfo;
+    info.fixationRemark = QStringLiteral("Other fixations.\n");
+    model.calculationInfo() = info;
+    QCOMPARE(clusterBlock(model.examinations()[0], {}, {0, 1000}), remarked(withTrailer({nothing})));
+    QCOMPARE(cumulativeClusterBlock(model, {}),
+             remarked(QStringList{pooledHeader} + parameterLines(QStringLiteral("Not set"))));
 }
 
 void TestClusterExport::clusterFiles()

@@ -13,6 +13,7 @@ private Q_SLOTS:
     void block_data();
     void block();
     void textsStandAsTheyAre();
+    void aRemarkFollowsTheParameters();
     void radiusHasSixDigits_data();
     void radiusHasSixDigits();
 };
@@ -85,6 +86,16 @@ void TestFixationExport::textsStandAsTheyAre()
              lines({header, QStringLiteral("\"5\" %1\";\"M\u00FCller; \"%2\" 3.5\";1;1;1;2;1;0"),
                     QStringLiteral("Fixation calculation parameters:"), QStringLiteral("Not set"), QString(),
                     QStringLiteral("Subject information:"), QStringLiteral("M\u00FCller; \"%2\" 3.5")}));
+}
+
+void TestFixationExport::aRemarkFollowsTheParameters()
+{
+    Examination examination = subject();
+    examination.calculationInfo.fixationRemark = QStringLiteral("Other fixations.\n");
+    QCOMPARE(fixationBlock(examination, {}, {0, 0}),
+             lines({nothing, QStringLiteral("Fixation calculation parameters:"), QStringLiteral("Algorithm:STANDARD"),
+                    QStringLiteral("Parameter:"), QStringLiteral(" x"), QStringLiteral("Other fixations."), QString(),
+                    QStringLiteral("Subject information:"), QStringLiteral("age=30, sex=f, ")}));
 }
 
 void TestFixationExport::radiusHasSixDigits_data()
