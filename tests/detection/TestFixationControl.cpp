@@ -15,6 +15,9 @@ namespace {
 const QString durationKey = QStringLiteral("Calculation/Fixation/Standard/MinimumDuration");
 const QString typeKey = QStringLiteral("Calculation/Fixation/CalculationType");
 const QString notSet = QStringLiteral("Not set\n");
+const QString missingWidth =
+    QStringLiteral("Velocity based|The picture behind the drawing cannot be read, so that its width is unknown: speeds "
+                   "cannot be told in degrees. Please choose another background.");
 
 Examination examination(const QString &earlierText)
 {
@@ -39,7 +42,7 @@ QStringList linesOf(const QString &path)
                                           : QStringList();
 }
 
-/// A main window of which only the picture matters.
+/// A main window of which only the picture matters, and what it was told.
 class StimulusWindow : public IMainWindow {
 public:
     void addTableRow(const Examination &) override {}
@@ -49,8 +52,10 @@ public:
     int stimulusWidthPx() const override { return widthPx; }
     void redraw() override {}
     void updateAndRedraw() override {}
+    void tell(const Notice &notice) override { notices << notice; }
 
     int widthPx = 1024;
+    QList<Notice> notices;
 };
 
 } // namespace
@@ -67,6 +72,9 @@ private Q_SLOTS:
     void emptyStoreIsShownClamped();
     void unknownTypeHasNoCurrentItem_data();
     void unknownTypeHasNoCurrentItem();
+    void lostChoicesAreTold_data();
+    void lostChoicesAreTold();
+    void lostChoicesAreToldOnceThereIsAWindow();
     void changeOfControlIsACommand_data();
     void changeOfControlIsACommand();
     void typeCommandNamesTheType();
@@ -76,6 +84,8 @@ private Q_SLOTS:
     void clickRunsTheChosenDetector_data();
     void clickRunsTheChosenDetector();
     void widthOfTheStimulusAtTheTimeOfTheCalculation();
+    void degreesNeedAPicture();
+    void redoneDegreesNeedAPicture();
     void undoReturnsOnlyTheTexts();
     void redoCalculatesAgain();
     void valueOfTheClickIsKeptForRedo();
@@ -85,6 +95,9 @@ private Q_SLOTS:
 private:
     std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<QTemporaryDir> m_directory;
+    /// Chooses the velocity detector with a threshold of 30 degrees a second.
+    void chooseDegrees() const;
+
     std::unique_ptr<FixationControl> m_panel;
     DataModel m_model;
 };
@@ -186,6 +199,61 @@ void TestFixationControl::unknownTypeHasNoCurrentItem()
     child<QToolButton>(*m_panel, "toolButton")->click();
     QVERIFY(m_model.examinations()[0].calculationInfo.fixationCalculationInfo.startsWith(
         QStringLiteral("Algorithm:STANDARD\n")));
+}
+
+void TestFixationControl::lostChoicesAreTold_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QStringList>("told");
+    const QString standard = QStringLiteral("Standard");
+    const QString type = QStringLiteral(
+        "The stored detector \"%1\" is not recognised: the standard detector runs until another is chosen.");
+    const QString unit = QStringLiteral("The stored unit of the velocity threshold, %1, is read as Percentile.");
+    const QString velocity = QStringLiteral("Velocity based");
+    QTest::newRow("nothing stored") << QString() << QString() << QStringList();
+    QTest::newRow("what survives") << standard << QStringLiteral("2") << QStringList();
+    QTest::newRow("mixture") << QStringLiteral("Gaussian Mixture Model") << QString() << QStringList();
+    QTest::newRow("velocity detector") << velocity << QStringLiteral("2") << QStringList{type.arg(velocity)};
+    QTest::newRow("unknown detector") << QStringLiteral("x") << QString() << QStringList{type.arg(QStringLiteral("x"))};
+    QTest::newRow("pixels") << standard << QStringLiteral("0") << QStringList{unit.arg(QStringLiteral("[Pixel/ms]"))};
+    QTest::newRow("degrees") << standard << QStringLiteral("1") << QStringList{unit.arg(QStringLiteral("[\u00B0/s]"))};
+    QTest::newRow("no unit at all") << standard << QStringLiteral("7") << QStringList();
+    QTest::newRow("both") << velocity << QStringLiteral("1")
+                          << QStringList{type.arg(velocity), unit.arg(QStringLiteral("[\u00B0/s]"))};
+}
+
+void TestFixationControl::lostChoicesAreTold()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, unit);
+    QFETCH(QStringList, told);
+    const auto notices = [](const QStringList &warnings) {
+        const Notice notice{QStringLiteral("The choice of the detector was not taken over"), warnings, {}};
+        return warnings.isEmpty() ? QList<Notice>() : QList<Notice>{notice};
+    };
+    StimulusWindow window;
+    m_panel->setMainWindow(&window);
+    SettingsStore().setValue(typeKey, type);
+    SettingsStore().setValue(rows::velocityUnit.key, unit);
+    m_panel->sltUpdateSettings();
+    QCOMPARE(window.notices, notices(told));
+    window.notices.clear();
+    m_panel->sltUpdateSettings(); // the unit that was read is stored now, the detector is left as it was
+    QCOMPARE(window.notices, notices(told.filter(QStringLiteral("The stored detector"))));
+}
+
+/// The panel reads the store before it knows the window.
+void TestFixationControl::lostChoicesAreToldOnceThereIsAWindow()
+{
+    SettingsStore().setValue(rows::velocityUnit.key, 0);
+    m_panel->sltUpdateSettings();
+    StimulusWindow window;
+    m_panel->setMainWindow(&window);
+    QCOMPARE(window.notices.size(), 1);
+    QCOMPARE(window.notices[0].warnings,
+             QStringList{QStringLiteral("The stored unit of the velocity threshold, [Pixel/ms], is read as "
+                                        "Percentile.")});
 }
 
 void TestFixationControl::changeOfControlIsACommand_data()
@@ -303,6 +371,60 @@ void TestFixationControl::widthOfTheStimulusAtTheTimeOfTheCalculation()
     window.widthPx = 640;
     CommandStack::instance().redo();
     QCOMPARE(stored(), 640);
+}
+
+void TestFixationControl::chooseDegrees() const
+{
+    child<QComboBox>(*m_panel, "Fix_comboBox")->setCurrentIndex(2);
+    child<QComboBox>(*m_panel, "comboVelocityUnit")->setCurrentIndex(1);
+    child<QDoubleSpinBox>(*m_panel, "velocityThreshold")->setValue(30);
+    child<QDoubleSpinBox>(*m_panel, "screenDistance")->setValue(0.6);
+    child<QDoubleSpinBox>(*m_panel, "imgSize")->setValue(0.2);
+}
+
+void TestFixationControl::degreesNeedAPicture()
+{
+    StimulusWindow window;
+    window.widthPx = 0;
+    m_panel->setMainWindow(&window);
+    chooseDegrees();
+    const int commands = CommandStack::instance().count();
+    const RecordedMessages messages;
+    const QSignalSpy calculated(m_panel.get(), &FixationControl::sigCalculateFixations);
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    QCOMPARE(messages.texts(), QStringList{missingWidth});
+    QCOMPARE(calculated.count(), 0);
+    QCOMPARE(CommandStack::instance().count(), commands);
+    QCOMPARE(m_model.examinations()[0].calculationInfo.fixationLines(), QStringLiteral("first\n"));
+}
+
+/// A redo comes without a click, and the picture may have gone since then. The jump at the end, of 800 px or 14.6
+/// degrees within 10 ms, ends the one fixation.
+void TestFixationControl::redoneDegreesNeedAPicture()
+{
+    StimulusWindow window;
+    m_panel->setMainWindow(&window);
+    chooseDegrees();
+    m_model.examinations()[0].leftEye.gazePoints.last().x = 900;
+    const RecordedMessages messages;
+    child<QToolButton>(*m_panel, "toolButton")->click();
+    const EyeData calculated = m_model.examinations()[0].leftEye;
+    QCOMPARE(calculated.scanpath.size(), 1);
+    CommandStack::instance().undo();
+    const CalculationInfo undone = m_model.examinations()[0].calculationInfo;
+    window.widthPx = 0;
+    CommandStack::instance().redo();
+    QCOMPARE(messages.texts(), QStringList{missingWidth});
+    QCOMPARE(m_model.examinations()[0].leftEye, calculated);
+    QCOMPARE(m_model.examinations()[0].calculationInfo, undone);
+    QCOMPARE(SettingsStore().value(rows::velocityImageSizePixels.key).toInt(), 1024);
+    CommandStack::instance().undo();
+    QCOMPARE(m_model.examinations()[0].calculationInfo, undone);
+    window.widthPx = 1024;
+    CommandStack::instance().redo();
+    QCOMPARE(messages.texts().size(), 1);
+    QVERIFY(
+        m_model.examinations()[0].calculationInfo.fixationLines().startsWith(QStringLiteral("Algorithm:VELOCITY\n")));
 }
 
 void TestFixationControl::widthIsStoredByACalculationOnly()

@@ -1,10 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "detection/panel/FixationCommands.h"
 
+#include "base/Messages.h"
 #include "base/Truncation.h"
 #include "commands/CountText.h"
 #include "commands/IMainWindow.h"
 #include "model/DataModel.h"
+
+bool canCalculateFixations(const FixationCalculationParameters &parameters, const IMainWindow *window)
+{
+    const auto *velocity = std::get_if<VelocityParameters>(&parameters);
+    if (!velocity || velocity->unit != VelocityUnit::DegreePerS)
+        return true;
+    const double widthPx = window ? window->stimulusWidthPx() : velocity->imageWidthPx;
+    if (widthPx > 0)
+        return true;
+    messages::warning(QStringLiteral("Velocity based"),
+                      QStringLiteral("The picture behind the drawing cannot be read, so that its width is unknown: "
+                                     "speeds cannot be told in degrees. Please choose another background."));
+    return false;
+}
 
 CommandCalculateFixations::CommandCalculateFixations(DataModel &model, const FixationCalculationParameters &parameters,
                                                      IMainWindow *window, const Log *log)
@@ -42,6 +57,8 @@ void CommandCalculateFixations::redo()
         if (examinations[i].checked)
             m_oldTexts[i] = examinations[i].calculationInfo.fixationCalculationInfo;
     }
+    if (!canCalculateFixations(m_parameters, m_window))
+        return;
     takeWhatCountsNow();
     const auto outcome = calculateFixations(m_model, m_parameters, m_log);
     if (!outcome)

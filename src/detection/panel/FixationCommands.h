@@ -11,10 +11,15 @@
 class DataModel;
 class IMainWindow;
 
+/// Whether speeds can be told in the unit of the parameters. Degrees need the width of the picture behind the drawing
+/// or, without a window, that of the parameters; where it is unknown, the user is told.
+bool canCalculateFixations(const FixationCalculationParameters &parameters, const IMainWindow *window);
+
 /// Detects the fixations of the checked examinations.
 ///
 /// Undo gives each of them back the text of what was done before, and nothing else: the fixations stay as the
-/// calculation left them, which is remarked beside the text and told. Redo calculates again.
+/// calculation left them, which is remarked beside the text and told. Redo calculates again; where it cannot, all
+/// stays as the undo left it.
 ///
 /// A velocity calculation leaves the width of the stimulus in the store. A mixture calculation takes its parameters
 /// from there at each redo: settings that were loaded since then count.

@@ -91,13 +91,6 @@ void FixationControl::showStimulusWidth(int widthPx)
     m_ui->imageWidth->setText(widthPx > 0 ? QStringLiteral("%1 px").arg(widthPx) : QStringLiteral("unknown"));
 }
 
-/// Without a picture there is nothing to tell pixels from degrees by.
-bool FixationControl::isWidthMissed(const FixationCalculationParameters &parameters) const
-{
-    const auto *velocity = std::get_if<VelocityParameters>(&parameters);
-    return velocity && velocity->unit == VelocityUnit::DegreePerS && m_window && m_window->stimulusWidthPx() <= 0;
-}
-
 void FixationControl::setLog(const Log *log)
 {
     m_log = log;
@@ -131,12 +124,8 @@ void FixationControl::sltCalculateFixations()
     // What the combo box shows counts, not the record: without a current item the standard detector runs.
     const int type = calculationTypeNamed(m_ui->Fix_comboBox->currentText());
     const FixationCalculationParameters parameters = calculationParameters(type, m_settings);
-    if (isWidthMissed(parameters)) {
-        messages::warning(QStringLiteral("Velocity based"),
-                          QStringLiteral("The picture behind the drawing cannot be read, so that its width is unknown: "
-                                         "speeds cannot be told in degrees. Please choose another background."));
+    if (!canCalculateFixations(parameters, m_window))
         return;
-    }
     const RedrawHold once(m_window); // the command draws, and so do those who hear the signal
     CommandStack::instance().push(new CommandCalculateFixations(*m_model, parameters, m_window, m_log));
     Q_EMIT sigCalculateFixations();

@@ -46,7 +46,6 @@ private:
     void bindControls();
     void showBoxOf(int calculationType);
     void showGeometry(int velocityUnit);
-    bool isWidthMissed(const FixationCalculationParameters &parameters) const;
     void tellLostChoices() const;
     void sltCalculateFixations();
     void sltCiteGaussianMixtureModel();
