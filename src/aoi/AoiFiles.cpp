@@ -62,6 +62,7 @@ const Form *formOf(const QString &path)
 
 AoiFileContents readAois(const QString &path)
 {
+    const messages::Run told; // each block of a file may have the same fault
     const Form *form = formOf(path);
     if (!form)
         return readAoiFile(path);

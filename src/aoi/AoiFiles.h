@@ -5,7 +5,7 @@
 
 /// Reads areas from a file of any form that there is, told by its ending: .csv a table of vertices, .json, .png a label
 /// image with an optional table of names beside it (the same name, but .csv); any other an AOI file. Tells the user
-/// what is wrong with it.
+/// what is wrong with it, each cause once.
 AoiFileContents readAois(const QString &path);
 
 /// Writes the areas in the form of the file's ending: .csv, .json, or any other for an AOI file.

@@ -87,6 +87,7 @@ private Q_SLOTS:
     void savedAreasAreLoaded();
     void cancelledDialogs();
     void fileWithoutAreas();
+    void eachFaultOfAFileIsToldOnce();
     void copiesGetNamesOfTheirOwn();
 
 private:
@@ -475,6 +476,25 @@ void TestAoiControl::fileWithoutAreas()
     QCOMPARE(m_messages->texts(), QStringList{QStringLiteral("No AOI imported!|The AOI file you tried to load did not "
                                                              "contain any AOI information.")});
     QCOMPARE(m_drawn->count(), 0);
+}
+
+void TestAoiControl::eachFaultOfAFileIsToldOnce()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.aoi"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("AOI FILE\n");
+    for (const char *name : {"A", "B", "C"})
+        file.write(QByteArray("type=static\ncolor=1;2;3\nname=") + name + "\n1 1\nx\n");
+    file.close();
+    m_panel->setLoadFileChooser([&](const QString &) { return path; });
+    click("loadAOIButton");
+    QCOMPARE(names(), QStringList({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+    QCOMPARE(m_messages->texts().size(), 2);
+    QCOMPARE(m_messages->texts()[0],
+             QStringLiteral("AOI color undefined!|The AOI color was not specified correctly.\n3 times"));
+    QVERIFY(m_messages->texts()[1].startsWith(QStringLiteral("Problems importing the AOI file detected!|")));
 }
 
 void TestAoiControl::copiesGetNamesOfTheirOwn()
