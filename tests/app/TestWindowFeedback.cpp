@@ -17,6 +17,7 @@ private Q_SLOTS:
     void progressCannotBeDismissed();
     void aBoxOverTheProgressCanBeAnswered();
     void aBoxWithoutWindowCanBeAnswered();
+    void aBoxIsAsWideAsItsTitle();
     void everySeverityHasItsIcon_data();
     void everySeverityHasItsIcon();
 };
@@ -95,6 +96,22 @@ void TestWindowFeedback::aBoxWithoutWindowCanBeAnswered()
     whenABoxComes([&](const QMessageBox &box) { seen = box.text() == QStringLiteral("text"); });
     messages::information(QStringLiteral("title"), QStringLiteral("text"));
     QVERIFY(seen);
+}
+
+/// The window's frame has a symbol and buttons beside the title.
+void TestWindowFeedback::aBoxIsAsWideAsItsTitle()
+{
+    constexpr int symbolAndButtons = 100; // px
+    const QString title = QStringLiteral("A title that is longer than its text");
+    int width = 0;
+    int titleWidth = 0;
+    whenABoxComes([&](const QMessageBox &box) {
+        width = box.width();
+        titleWidth = box.fontMetrics().horizontalAdvance(title);
+    });
+    messages::information(title, QStringLiteral("text"));
+    QVERIFY(titleWidth > 0);
+    QVERIFY2(width >= titleWidth + symbolAndButtons, qPrintable(QStringLiteral("%1, %2").arg(width).arg(titleWidth)));
 }
 
 void TestWindowFeedback::everySeverityHasItsIcon_data()
