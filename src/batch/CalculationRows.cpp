@@ -58,11 +58,8 @@ void detectFixations(RunState &run)
         warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
     warnOfAssumedWidth(run.options, settings);
     run.done.detector = calculationParameters(settings.calculationType, settings);
-    const auto outcome = calculateFixations(run.model, *run.done.detector, nullptr, run.threads());
-    if (!outcome)
-        return;
-    for (const DetectionWarning &warning : outcome->warnings)
-        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+    if (const auto outcome = calculateFixations(run.model, *run.done.detector, nullptr, run.threads()))
+        tellDetection(*outcome);
 }
 
 ClusterParameters clusterParametersOf(const BatchOptions &options, std::optional<int> overlapOutliers)
@@ -94,6 +91,14 @@ void clusterSaccades(RunState &run)
 }
 
 } // namespace
+
+void tellDetection(const FixationCalculationOutcome &outcome)
+{
+    for (const RecordingReport &report : outcome.reports)
+        messages::information(detectionReportTitle, QStringLiteral("%1: %2").arg(report.recording, report.text));
+    for (const DetectionWarning &warning : outcome.warnings)
+        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+}
 
 QList<CalculationRow> findingCalculations()
 {

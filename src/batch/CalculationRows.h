@@ -5,6 +5,7 @@
 #include <QList>
 
 struct BatchOptions;
+struct FixationCalculationOutcome;
 struct ReportRecords;
 struct RunState;
 
@@ -25,6 +26,9 @@ QList<CalculationRow> findingCalculations();
 
 /// All calculations in the order in which they run.
 QList<CalculationRow> calculationRows();
+
+/// Tells what came of a detection: a line for each recording, with its name, and one for each warning.
+void tellDetection(const FixationCalculationOutcome &outcome);
 
 /// The parameters of the calculations of a run, for what stands below its pictures.
 ReportRecords reportRecords(const BatchOptions &options);
