@@ -41,10 +41,23 @@ FixationSettingsModel fixationSettings(const BatchOptions &options)
     return settings;
 }
 
+bool isVelocity(const FixationSettingsModel &settings)
+{
+    return settings.calculationType == static_cast<int>(BatchOptions::Detector::Velocity);
+}
+
+/// A unit that was chosen with the settings is not in force, in the window as here: there the panel says so.
+void warnOfLostUnit(const BatchOptions &options, const QString &lost)
+{
+    if (!lost.isEmpty() && !options.velocityUnit)
+        messages::warning(QStringLiteral("Velocity"), lost + QStringLiteral(" --velocity-unit chooses another."));
+}
+
 /// Degrees rest on the width of the picture on the screen, in pixels.
 void warnOfAssumedWidth(const BatchOptions &options, const FixationSettingsModel &settings)
 {
-    if (options.velocityUnit == BatchOptions::VelocityUnit::DegreePerS && options.background.isEmpty())
+    if (settings.velocityUnit == static_cast<int>(BatchOptions::VelocityUnit::DegreePerS) &&
+        options.background.isEmpty())
         messages::warning(QStringLiteral("Velocity"),
                           QStringLiteral("Degrees are reckoned with a picture that is %1 px wide; --background names "
                                          "the picture that was seen.")
@@ -53,10 +66,14 @@ void warnOfAssumedWidth(const BatchOptions &options, const FixationSettingsModel
 
 void detectFixations(RunState &run)
 {
+    const LostFixationChoices lost = lostFixationChoices();
     const FixationSettingsModel settings = fixationSettings(run.options);
     if (settings.calculationType == unknownCalculationType)
         warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
-    warnOfAssumedWidth(run.options, settings);
+    if (isVelocity(settings)) {
+        warnOfLostUnit(run.options, lost.velocityUnit);
+        warnOfAssumedWidth(run.options, settings);
+    }
     run.done.detector = calculationParameters(settings.calculationType, settings);
     if (const auto outcome = calculateFixations(run.model, *run.done.detector, nullptr, run.threads()))
         tellDetection(*outcome);

@@ -187,5 +187,10 @@ QHash<QString, SettingRule> settingRules()
     for (const QLatin1StringView name : calculationTypeNames)
         detectors << name;
     detectors << QString(); // as an unknown one is stored
+    QStringList &units = rules[rows::velocityUnit.key].words;
+    for (int unit = 0; unit < static_cast<int>(std::size(velocityUnitNames)); ++unit)
+        units << fixationstore::storedVelocityUnit(unit);
+    for (const QLatin1StringView text : fixationstore::velocityUnitTexts) // of stores that hold texts
+        units << text;
     return rules;
 }

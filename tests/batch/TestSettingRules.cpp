@@ -79,6 +79,14 @@ void TestSettingRules::values_data()
     rows("Visualization/Fixation/VisualizationMode", {{"6", "6"}, {"7", "refused"}});
     rows("Calculation/Fixation/CalculationType",
          {{"Velocity based", "Velocity based"}, {"Standart", "refused"}, {"", ""}});
+    rows("Calculation/Fixation/Velocity/Unit", {{"0", "0"},
+                                                {"1", "1"},
+                                                {"2", "2"},
+                                                {"3", "refused"},
+                                                {"-1", "refused"},
+                                                {"abc", "refused"},
+                                                {"", "refused"},
+                                                {"[Pixel / ms]", "[Pixel / ms]"}});
     rows("Visualization/AOI/DrawMode",
          {{"0", "0"}, {"7", "7"}, {"8", "refused"}, {"99", "refused"}, {"-1", "refused"}});
     rows("Visualization/AOI/BorderWidth", {{"-5", "refused"}, {"0", "0"}, {"100", "100"}, {"101", "refused"}});
