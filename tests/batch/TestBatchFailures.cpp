@@ -37,6 +37,8 @@ private Q_SLOTS:
     void refusedCalls_data();
     void refusedCalls();
     void wrongValuesInASettingsFile();
+    void linesOfASettingsFileThatAreNone_data();
+    void linesOfASettingsFileThatAreNone();
     void aPictureThatCannotBeDecoded();
     void whatHasNoEffectIsTold_data();
     void whatHasNoEffectIsTold();
@@ -153,6 +155,45 @@ void TestBatchFailures::wrongValuesInASettingsFile()
     QCOMPARE(told.status, 0);
     QCOMPARE(told.errors, QStringList{QStringLiteral(
                               "Settings: a.ini: keys that this version does not have are passed over: No/Such/Key")});
+}
+
+/// Beside a line that holds.
+void TestBatchFailures::linesOfASettingsFileThatAreNone_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QStringList>("errors");
+    const auto refused = [](const char *text) {
+        return QStringList(QStringLiteral("vistrum-batch: --settings a.ini, ") + QLatin1StringView(text));
+    };
+    const auto told = [](const char *text) {
+        return QStringList(
+            QStringLiteral("Settings: a.ini: lines left out that are not a key, one \"=\" and a value: ") +
+            QLatin1StringView(text));
+    };
+    QTest::newRow("two values") << QByteArray("Calculation/Fixation/Standard/MaximumRadius=30=5\n") << 2
+                                << refused("line 2: Calculation/Fixation/Standard/MaximumRadius: not a key, one \"=\" "
+                                           "and a value");
+    QTest::newRow("a key alone") << QByteArray("\nCalculation/Fixation/Standard/MaximumRadius\n") << 2
+                                 << refused("line 3: Calculation/Fixation/Standard/MaximumRadius: not a key, one "
+                                            "\"=\" and a value");
+    QTest::newRow("a blank in place of the sign")
+        << QByteArray("Calculation/Fixation/Standard/MaximumRadius 30\n") << 0 << told("1; the first is line 2.");
+    QTest::newRow("no key") << QByteArray("[Fixation]\n=5\nNo/Such/Key=1=2\n") << 0 << told("2; the first is line 3.");
+    QTest::newRow("headers, empty lines and the end of lines elsewhere")
+        << QByteArray("\r\n[Calculation]\r\n \t\r\nCalculation/Fixation/Standard/MaximumRadius=30\r\n") << 0
+        << QStringList();
+    QTest::newRow("a folder as the window saves it")
+        << QByteArray("ImportModule/lastbasepath=/data/sub=1\n") << 0 << QStringList();
+}
+
+void TestBatchFailures::linesOfASettingsFileThatAreNone()
+{
+    QFETCH(QByteArray, lines);
+    m_batch->write(QStringLiteral("a.ini"), "Calculation/Fixation/Standard/Outlier=2\n" + lines);
+    const Outcome outcome = m_batch->run(words("--quiet --settings a.ini study/S01.data"));
+    QTEST(outcome.errors, "errors");
+    QTEST(outcome.status, "status");
 }
 
 /// The header of a picture is whole, the rest is missing.
