@@ -40,6 +40,7 @@ private Q_SLOTS:
     void linesOfASettingsFileThatAreNone_data();
     void linesOfASettingsFileThatAreNone();
     void aPictureThatCannotBeDecoded();
+    void aLargePictureIsTaken();
     void whatHasNoEffectIsTold_data();
     void whatHasNoEffectIsTold();
     void twoRecordingsOfOneName();
@@ -207,6 +208,26 @@ void TestBatchFailures::aPictureThatCannotBeDecoded()
     const QString last = outcome.errors.value(outcome.errors.size() - 1); // before it the library's own line
     QVERIFY2(last.startsWith(beginning), qPrintable(last));
     QCOMPARE(m_batch->files().keys(), words("cut.png"));
+}
+
+/// It takes 324 MB in memory, more than the library reads unless it is told to.
+void TestBatchFailures::aLargePictureIsTaken()
+{
+    constexpr int side = 9000;
+    {
+        QImage large(side, side, QImage::Format_RGB888);
+        large.fill(Qt::white);
+        QVERIFY(large.save(m_batch->path(QStringLiteral("large.jpg"))));
+    }
+    const Outcome outcome = m_batch->run(words("--quiet --background large.jpg --export fixations --calculate "
+                                               "fixations --detector velocity --velocity-unit degree-per-s "
+                                               "--report report.json study/S02.data"));
+    QCOMPARE(outcome.errors, QStringList());
+    QCOMPARE(outcome.status, 0);
+    const QByteArray report = m_batch->contents(QStringLiteral("report.json"));
+    const QJsonValue parameters = QJsonDocument::fromJson(report)[QStringLiteral("parameters")];
+    QCOMPARE(parameters[QStringLiteral("Calculation/Fixation/Velocity/ImageSizePixel")].toString(),
+             QString::number(side));
 }
 
 void TestBatchFailures::whatHasNoEffectIsTold_data()
