@@ -120,9 +120,9 @@ void tellDetection(const FixationCalculationOutcome &outcome)
 QList<CalculationRow> findingCalculations()
 {
     return {{fixationWord, detectFixations},
-            {clusterWord, clusterFixations},
-            {cumulativeClusterWord, clusterCumulatively},
-            {saccadeClusterWord, clusterSaccades}};
+            {clusterWord, clusterFixations, fixationWord},
+            {cumulativeClusterWord, clusterCumulatively, fixationWord},
+            {saccadeClusterWord, clusterSaccades, fixationWord}};
 }
 
 ReportRecords reportRecords(const BatchOptions &options)

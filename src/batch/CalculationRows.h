@@ -12,7 +12,8 @@ struct RunState;
 /// A word of `--calculate` and what it does. A new calculation is a row in the list of its subject.
 struct CalculationRow {
     QLatin1StringView word;
-    void (*run)(RunState &); ///< called with at least one recording
+    void (*run)(RunState &);      ///< called with at least one recording
+    QLatin1StringView needs = {}; ///< the calculation without which it finds nothing
 };
 
 inline constexpr QLatin1StringView fixationWord("fixations");
