@@ -28,8 +28,7 @@ QString keyList()
     QString list;
     for (const QString &key : store.allKeys()) {
         const SettingRule rule = rules.value(key);
-        const bool isFree = rule.type == SettingRule::Type::Text && rule.words.isEmpty();
-        const QString expected = isFree ? QString() : QStringLiteral("  (%1)").arg(rule.expected());
+        const QString expected = rule.isFree() ? QString() : QStringLiteral("  (%1)").arg(rule.expected());
         list += key + u'=' + store.value(key).toString() + expected + u'\n';
     }
     return list;

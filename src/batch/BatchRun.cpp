@@ -7,6 +7,7 @@
 #include "batch/AoiInput.h"
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
+#include "batch/PictureCheck.h"
 #include "batch/RecipeRun.h"
 #include "batch/RecordingInput.h"
 #include "batch/RunAois.h"
@@ -28,7 +29,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -43,30 +43,11 @@ QString nameOf(const QString &recording)
     return QFileInfo(recording).fileName();
 }
 
-bool isReadable(const QString &path)
-{
-    const QFileInfo info(path);
-    return info.isFile() && info.isReadable();
-}
-
-/// A picture that cannot be decoded would count as one without size.
 std::optional<UsageError> pictureComplaint(QLatin1StringView option, const QString &path)
 {
-    const auto complaint = [&](const QString &reason) {
-        return UsageError{QStringLiteral("--%1 %2: %3").arg(option, path, reason)};
-    };
-    if (path.isEmpty())
-        return std::nullopt;
-    if (!isReadable(path))
-        return complaint(QStringLiteral("no such file, or it cannot be read"));
-    QImageReader reader(path);
-    if (!reader.canRead())
-        return complaint(QStringLiteral("not a picture"));
-    if (!reader.read().isNull())
-        return std::nullopt;
-    return complaint(QStringLiteral("the picture cannot be decoded: %1. Save it anew or, if it is larger than %2 MB in "
-                                    "memory, smaller.")
-                         .arg(reader.errorString(), QString::number(QImageReader::allocationLimit())));
+    const std::optional<QString> problem = pictureProblem(path);
+    return problem ? std::optional(UsageError{QStringLiteral("--%1 %2: %3").arg(option, path, *problem)})
+                   : std::nullopt;
 }
 
 } // namespace

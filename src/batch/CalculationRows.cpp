@@ -41,10 +41,23 @@ FixationSettingsModel fixationSettings(const BatchOptions &options)
     return settings;
 }
 
+bool isVelocity(const FixationSettingsModel &settings)
+{
+    return settings.calculationType == static_cast<int>(BatchOptions::Detector::Velocity);
+}
+
+/// A unit that was chosen with the settings is not in force, in the window as here: there the panel says so.
+void warnOfLostUnit(const BatchOptions &options, const QString &lost)
+{
+    if (!lost.isEmpty() && !options.velocityUnit)
+        messages::warning(QStringLiteral("Velocity"), lost + QStringLiteral(" --velocity-unit chooses another."));
+}
+
 /// Degrees rest on the width of the picture on the screen, in pixels.
 void warnOfAssumedWidth(const BatchOptions &options, const FixationSettingsModel &settings)
 {
-    if (options.velocityUnit == BatchOptions::VelocityUnit::DegreePerS && options.background.isEmpty())
+    if (settings.velocityUnit == static_cast<int>(BatchOptions::VelocityUnit::DegreePerS) &&
+        options.background.isEmpty())
         messages::warning(QStringLiteral("Velocity"),
                           QStringLiteral("Degrees are reckoned with a picture that is %1 px wide; --background names "
                                          "the picture that was seen.")
@@ -53,16 +66,17 @@ void warnOfAssumedWidth(const BatchOptions &options, const FixationSettingsModel
 
 void detectFixations(RunState &run)
 {
+    const LostFixationChoices lost = lostFixationChoices();
     const FixationSettingsModel settings = fixationSettings(run.options);
     if (settings.calculationType == unknownCalculationType)
         warnOfUnknownDetector(SettingsStore().value(rows::calculationType.key).toString());
-    warnOfAssumedWidth(run.options, settings);
+    if (isVelocity(settings)) {
+        warnOfLostUnit(run.options, lost.velocityUnit);
+        warnOfAssumedWidth(run.options, settings);
+    }
     run.done.detector = calculationParameters(settings.calculationType, settings);
-    const auto outcome = calculateFixations(run.model, *run.done.detector, nullptr, run.threads());
-    if (!outcome)
-        return;
-    for (const DetectionWarning &warning : outcome->warnings)
-        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+    if (const auto outcome = calculateFixations(run.model, *run.done.detector, nullptr, run.threads()))
+        tellDetection(*outcome);
 }
 
 ClusterParameters clusterParametersOf(const BatchOptions &options, std::optional<int> overlapOutliers)
@@ -95,12 +109,20 @@ void clusterSaccades(RunState &run)
 
 } // namespace
 
+void tellDetection(const FixationCalculationOutcome &outcome)
+{
+    for (const RecordingReport &report : outcome.reports)
+        messages::information(detectionReportTitle, QStringLiteral("%1: %2").arg(report.recording, report.text));
+    for (const DetectionWarning &warning : outcome.warnings)
+        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+}
+
 QList<CalculationRow> findingCalculations()
 {
     return {{fixationWord, detectFixations},
-            {clusterWord, clusterFixations},
-            {cumulativeClusterWord, clusterCumulatively},
-            {saccadeClusterWord, clusterSaccades}};
+            {clusterWord, clusterFixations, fixationWord},
+            {cumulativeClusterWord, clusterCumulatively, fixationWord},
+            {saccadeClusterWord, clusterSaccades, fixationWord}};
 }
 
 ReportRecords reportRecords(const BatchOptions &options)

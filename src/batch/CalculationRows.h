@@ -5,13 +5,15 @@
 #include <QList>
 
 struct BatchOptions;
+struct FixationCalculationOutcome;
 struct ReportRecords;
 struct RunState;
 
 /// A word of `--calculate` and what it does. A new calculation is a row in the list of its subject.
 struct CalculationRow {
     QLatin1StringView word;
-    void (*run)(RunState &); ///< called with at least one recording
+    void (*run)(RunState &);      ///< called with at least one recording
+    QLatin1StringView needs = {}; ///< the calculation without which it finds nothing
 };
 
 inline constexpr QLatin1StringView fixationWord("fixations");
@@ -25,6 +27,9 @@ QList<CalculationRow> findingCalculations();
 
 /// All calculations in the order in which they run.
 QList<CalculationRow> calculationRows();
+
+/// Tells what came of a detection: a line for each recording, with its name, and one for each warning.
+void tellDetection(const FixationCalculationOutcome &outcome);
 
 /// The parameters of the calculations of a run, for what stands below its pictures.
 ReportRecords reportRecords(const BatchOptions &options);

@@ -2,6 +2,7 @@
 #include "batch/EffectChecks.h"
 
 #include "batch/CalculationRows.h"
+#include "batch/OptionTable.h"
 #include "batch/RecordingInput.h"
 #include "batch/TableRows.h"
 #include "clustering/ClusterSettingsModel.h"
@@ -16,6 +17,7 @@
 namespace {
 
 constexpr int overlapMethod = 2; // of ClusterSettingsModel
+constexpr QLatin1StringView transitionTableWord("transitions");
 
 /// Recordings that come with their fixations.
 bool mayHaveFixations(const QString &recording)
@@ -23,15 +25,73 @@ bool mayHaveFixations(const QString &recording)
     return isBidsSamples(recording) || QFileInfo(recording).isDir();
 }
 
-QStringList tablesWithoutCalculation(const BatchOptions &options)
+/// What tables and calculations rest on.
+QStringList resultsWithoutCalculation(const BatchOptions &options)
 {
     QStringList lines;
     if (std::ranges::any_of(options.recordings, mayHaveFixations))
         return lines;
+    const auto isMissing = [&](const QStringList &wanted, const auto &row) {
+        return wanted.contains(row.word) && !row.needs.isEmpty() && !options.calculations.contains(row.needs);
+    };
+    for (const CalculationRow &row : calculationRows()) {
+        if (isMissing(options.calculations, row))
+            lines
+                << QStringLiteral("--calculate %1: without --calculate %2 it finds nothing.").arg(row.word, row.needs);
+    }
     for (const TableRow &row : tableRows()) {
-        if (options.tables.contains(row.word) && !row.needs.isEmpty() && !options.calculations.contains(row.needs))
+        if (isMissing(options.tables, row))
             lines << QStringLiteral("--export %1: without --calculate %2 there is nothing to write.")
                          .arg(row.word, row.needs);
+    }
+    return lines;
+}
+
+/// Transitions are those between clusters, or between areas.
+QStringList transitionsOfNothing(const BatchOptions &options)
+{
+    const bool hasClusters =
+        options.calculations.contains(clusterWord) || options.calculations.contains(cumulativeClusterWord);
+    const bool hasAreas = !options.aoiFiles.isEmpty() || !options.generatedAois.isEmpty();
+    if (!options.tables.contains(transitionTableWord) || hasClusters || hasAreas)
+        return {};
+    return {QStringLiteral("--export %1: without --calculate %2, --calculate %3, --aois or --generate-aois there is "
+                           "nothing to write.")
+                .arg(transitionTableWord, clusterWord, cumulativeClusterWord)};
+}
+
+/// Whether an option differs from its default; of one behind whose name a word stands, whether it has that word.
+bool isAskedFor(const QString &use, const QList<OptionRow> &rows, const BatchOptions &options)
+{
+    const QString word = use.section(u' ', 1);
+    return std::ranges::any_of(rows, [&](const OptionRow &row) {
+        if (row.name != use.section(u' ', 0, 0))
+            return false;
+        const QString shown = row.value->show(options);
+        return word.isEmpty() ? shown != row.value->show(BatchOptions()) : shown.split(u',').contains(word);
+    });
+}
+
+/// "--a, --b or --c"
+QString alternatives(const QStringList &uses)
+{
+    QString text = QStringLiteral("--") + uses.join(QLatin1StringView(", --"));
+    if (uses.size() > 1)
+        text.replace(text.lastIndexOf(u','), 1, QLatin1StringView(" or"));
+    return text;
+}
+
+QStringList optionsWithoutUse(const BatchOptions &options)
+{
+    QList<OptionRow> rows;
+    for (const OptionGroup &group : optionGroups())
+        rows.append(QList<OptionRow>(group.rows.begin(), group.rows.end()));
+    QStringList lines;
+    for (const OptionRow &row : rows) {
+        const QStringList uses = QString(row.neededBy).split(u',');
+        const auto isUsed = [&](const QString &use) { return isAskedFor(use, rows, options); };
+        if (!row.neededBy.isEmpty() && isAskedFor(row.name, rows, options) && std::ranges::none_of(uses, isUsed))
+            lines << QStringLiteral("--%1: without %2 nothing uses it.").arg(row.name, alternatives(uses));
     }
     return lines;
 }
@@ -107,6 +167,7 @@ QStringList repeatedRecordings(const BatchOptions &options)
 
 QStringList optionsWithoutEffect(const BatchOptions &options)
 {
-    return tablesWithoutCalculation(options) + clusterOptionsWithoutClusters(options) +
-           millimetresWithoutRecording(options) + layoutWithoutTable(options) + repeatedRecordings(options);
+    return resultsWithoutCalculation(options) + transitionsOfNothing(options) + optionsWithoutUse(options) +
+           clusterOptionsWithoutClusters(options) + millimetresWithoutRecording(options) + layoutWithoutTable(options) +
+           repeatedRecordings(options);
 }

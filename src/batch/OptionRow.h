@@ -58,6 +58,9 @@ struct OptionRowOf {
     QLatin1StringView help = {};         ///< one line
     const OptionValueOf<Options> *value; ///< how it is read and told again; each row has one
     Reported reported = Reported::IfGiven;
+    /// What uses it: names of options, or of an option and one of its words as in "export transitions", with commas in
+    /// between. Without any of them the option has no effect; empty where it always has.
+    QLatin1StringView neededBy = {};
 };
 
 /// The options of one subject, as the help groups them.

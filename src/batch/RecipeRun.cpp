@@ -232,8 +232,7 @@ void RecipeRun::take(const recipe::Fixations &step)
     const auto outcome = calculateFixations(m_state.model, step.parameters, nullptr, m_state.threads());
     if (!outcome)
         return;
-    for (const DetectionWarning &warning : outcome->warnings)
-        messages::warning(warning.recording, u"%1: %2"_s.arg(warning.eye, warning.text));
+    tellDetection(*outcome);
     followTime();
 }
 

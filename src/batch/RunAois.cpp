@@ -7,6 +7,7 @@
 #include "aoi/generation/RegionClusters.h"
 #include "aoi/generation/RegionSearch.h"
 #include "base/Messages.h"
+#include "batch/PictureCheck.h"
 #include "batch/RunState.h"
 #include "density/DensityTiff.h"
 #include "model/ImageCache.h"
@@ -16,16 +17,29 @@ namespace {
 const QString areasTitle = QStringLiteral("Areas of interest");
 const QString saliencyTitle = QStringLiteral("Saliency");
 
-/// The background, or without one the picture of the first recording that has one; null without any.
-QImage pictureOf(const RunState &run)
+/// The background, or without one the picture of the first recording that has one; empty without any.
+QString picturePathOf(const RunState &run)
 {
     if (!run.options.background.isEmpty())
-        return QImage(run.options.background);
+        return run.options.background;
     for (const Examination &examination : run.model.examinations()) {
         if (examination.image)
-            return QImage(examination.image->path);
+            return examination.image->path;
     }
     return {};
+}
+
+/// That picture; null, and the run has failed, where there is none or it cannot be shown.
+/// @param missing  what is told where there is none.
+QImage pictureOf(RunState &run, const QString &title, const QString &missing)
+{
+    const QString path = picturePathOf(run);
+    const std::optional<QString> problem = pictureProblem(path);
+    if (path.isEmpty())
+        run.journal.fail(title, missing);
+    else if (problem)
+        run.journal.fail(title, QStringLiteral("%1: %2").arg(path, *problem));
+    return path.isEmpty() || problem ? QImage() : QImage(path);
 }
 
 void insertAll(RunState &run, const QList<GeneratedAoi> &generated)
@@ -61,11 +75,12 @@ void makeRegions(RunState &run)
 {
     const RegionParameters &parameters = run.options.regions;
     const bool isSaliency = parameters.source >= RegionSource::SaliencyItti;
-    const QImage picture = isSaliency ? pictureOf(run) : QImage();
-    if (isSaliency && picture.isNull()) {
-        run.journal.fail(areasTitle, QStringLiteral("Regions of a saliency need a picture; --background gives one."));
+    const QImage picture =
+        isSaliency ? pictureOf(run, areasTitle,
+                               QStringLiteral("Regions of a saliency need a picture; --background gives one."))
+                   : QImage();
+    if (isSaliency && picture.isNull())
         return;
-    }
     const auto density = regionDensity(run.model, picture, parameters);
     if (!density) {
         run.journal.fail(areasTitle, QStringLiteral("There is nothing to search regions in within the time frame."));
@@ -131,11 +146,10 @@ void exportSaliency(RunState &run)
 {
     if (!run.options.saliency)
         return;
-    const QImage picture = pictureOf(run);
-    if (picture.isNull()) {
-        run.journal.fail(saliencyTitle, QStringLiteral("There is no picture; --background gives one."));
+    const QImage picture =
+        pictureOf(run, saliencyTitle, QStringLiteral("There is no picture; --background gives one."));
+    if (picture.isNull())
         return;
-    }
     const cv::Mat map =
         saliencyMap(*run.options.saliency, picture, run.options.saliencyNumbers.value_or(SaliencyNumbers{}));
     run.journal.write(saliencyTitle, run.options.saliencyFile,

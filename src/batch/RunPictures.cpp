@@ -4,6 +4,7 @@
 #include "aoi/AoiThumbnail.h"
 #include "base/NamedPlace.h"
 #include "batch/CalculationRows.h"
+#include "batch/PictureCheck.h"
 #include "batch/RunState.h"
 #include "batch/StoredRecords.h"
 #include "density/DensityTiff.h"
@@ -19,6 +20,7 @@
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
+#include <QSet>
 
 namespace {
 
@@ -73,6 +75,25 @@ QList<PictureOf> picturesOf(const RunState &run)
                                   {place}};
     }
     return pictures;
+}
+
+/// The pictures of recordings that cannot be shown: each is told once, however many recordings have it. That of the
+/// command line has been checked.
+QSet<QString> brokenBackgrounds(RunState &run, const QList<PictureOf> &pictures)
+{
+    QSet<QString> checked{run.options.background};
+    QSet<QString> broken;
+    for (const PictureOf &picture : pictures) {
+        if (checked.contains(picture.background))
+            continue;
+        checked.insert(picture.background);
+        const std::optional<QString> problem = pictureProblem(picture.background);
+        if (!problem)
+            continue;
+        broken.insert(picture.background);
+        run.journal.fail(QStringLiteral("Image"), QStringLiteral("%1: %2").arg(picture.background, *problem));
+    }
+    return broken;
 }
 
 /// "drawn.png" becomes "drawn_S01.png"; nothing where that would leave the folder.
@@ -131,8 +152,12 @@ void exportImages(RunState &run)
         return;
     const StoredRecords parameters(run.options.drawValues);
     const ReportRecords records = run.options.appended.parameters ? reportRecords(run.options) : ReportRecords{};
-    for (const PictureOf &picture : picturesOf(run))
-        drawPicture(run, picture, parameters, records);
+    const QList<PictureOf> pictures = picturesOf(run);
+    const QSet<QString> broken = brokenBackgrounds(run, pictures);
+    for (const PictureOf &picture : pictures) {
+        if (!broken.contains(picture.background))
+            drawPicture(run, picture, parameters, records);
+    }
 }
 
 void exportVideo(RunState &run)

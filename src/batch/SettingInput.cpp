@@ -8,6 +8,7 @@
 #include "settings/SettingsStore.h"
 #include "visualization/modes/VisualizationKinds.h"
 
+#include <QFile>
 #include <QSet>
 
 namespace {
@@ -48,17 +49,43 @@ void warnOfUnknownKeys(const QString &path, const QStringList &keys)
                               .arg(path, keys.join(QLatin1StringView(", "))));
 }
 
+/// The lines that are left out, without those of free texts: the window saves the name of a folder that holds "=", too,
+/// and cannot read it; it shapes no result.
+QList<SettingsLine> unreadLines(const QByteArray &bytes, const QHash<QString, SettingRule> &rules)
+{
+    QList<SettingsLine> lines = settingsLinesLeftOut(bytes);
+    lines.removeIf([&](const SettingsLine &line) { return rules.contains(line.key) && rules[line.key].isFree(); });
+    return lines;
+}
+
+void warnOfUnreadLines(const QString &path, const QList<SettingsLine> &lines)
+{
+    if (!lines.isEmpty())
+        messages::warning(
+            QStringLiteral("Settings"),
+            QStringLiteral("%1: lines left out that are not a key, one \"=\" and a value: %2; the first is "
+                           "line %3.")
+                .arg(path, QString::number(lines.size()), QString::number(lines.first().number)));
+}
+
 } // namespace
 
 std::optional<UsageError> applySettingsFile(const QString &path)
 {
-    const std::optional<QList<SettingsLine>> lines = readSettingsFile(path);
-    if (!lines)
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
         return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
+    const QByteArray bytes = file.readAll();
     const auto rules = settingRules();
+    const QList<SettingsLine> unread = unreadLines(bytes, rules);
+    for (const SettingsLine &line : unread) {
+        if (rules.contains(line.key))
+            return UsageError{QStringLiteral("--settings %1, line %2: %3: not a key, one \"=\" and a value")
+                                  .arg(path, QString::number(line.number), line.key)};
+    }
     QSet<QString> set;
     QStringList unknown;
-    for (const SettingsLine &line : *lines) {
+    for (const SettingsLine &line : parseSettingsFile(bytes)) {
         if (!SettingsStore().contains(line.key)) {
             unknown << line.key;
             continue;
@@ -70,6 +97,7 @@ std::optional<UsageError> applySettingsFile(const QString &path)
     }
     if (set.isEmpty())
         return UsageError{QStringLiteral("--settings %1: no line of it sets a key of this program").arg(path)};
+    warnOfUnreadLines(path, unread);
     warnOfUnknownKeys(path, unknown);
     followBorders(set);
     return std::nullopt;

@@ -5,9 +5,9 @@
 
 /// Puts the values of a settings file into the store.
 ///
-/// The user is warned of keys that the store does not have.
-/// @return what keeps the run from starting: the file cannot be read, none of its lines sets a key, or a value is none
-///         for its key; with the number of the line.
+/// The user is warned of keys that the store does not have, and of lines that are no setting.
+/// @return what keeps the run from starting: the file cannot be read, none of its lines sets a key, a line names a key
+///         and is no setting, or a value is none for its key; with the number of the line.
 std::optional<UsageError> applySettingsFile(const QString &path);
 
 /// Puts the values of `--set` into the store.

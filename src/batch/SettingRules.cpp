@@ -4,10 +4,12 @@
 #include "clustering/ClusterSettingsModel.h"
 #include "detection/FixationSettingsModel.h"
 #include "settings/StoredKeys.h"
+#include "visualization/modes/AoiModes.h"
 #include "visualization/modes/VisualizationKinds.h"
 #include "visualization/parameters/AoiVisualizationParameters.h"
 
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -61,7 +63,10 @@ constexpr KeyRange keyRanges[] = {
     {rows::colorMapStops[1].start.key, 0, 1},
     {rows::colorMapStops[2].start.key, 0, 1},
     {rows::colorMapStops[3].start.key, 0, 1},
+    {rows::aoiTransMin.key, 0, 1'000'000},
+    {rows::aoiLineSize.key, 0, 1000},
     {rows::aoiFillOpacity.key, 0, 100},
+    {rows::aoiBorderWidth.key, 0, 100},
     {rows::aoiBorderType.key, 0, 2},
 };
 
@@ -107,6 +112,13 @@ void addRules(const QString &path, const Table &table, Rules &rules)
 {
     const auto add = [&](const auto &...row) { (rules.insert(path + row.key, ruleOf(row)), ...); };
     std::apply(add, table);
+}
+
+/// A mode is a place in its table.
+void limitMode(SettingRule &rule, qsizetype modes)
+{
+    rule.least = 0;
+    rule.most = static_cast<double>(modes - 1);
 }
 
 QString shortNumber(double value)
@@ -168,13 +180,17 @@ QHash<QString, SettingRule> settingRules()
     for (const VisualizationKind &kind : visualizationKinds()) {
         const QString path = kind.stored().settingsPath;
         addRules(path, rows::visualization, rules);
-        SettingRule &mode = rules[path + rows::visualizationMode.key];
-        mode.least = 0;
-        mode.most = static_cast<double>(kind.modeNames().size() - 1);
+        limitMode(rules[path + rows::visualizationMode.key], kind.modeNames().size());
     }
+    limitMode(rules[rows::aoiDrawMode.key], std::ssize(aoiModes()));
     QStringList &detectors = rules[rows::calculationType.key].words;
     for (const QLatin1StringView name : calculationTypeNames)
         detectors << name;
     detectors << QString(); // as an unknown one is stored
+    QStringList &units = rules[rows::velocityUnit.key].words;
+    for (int unit = 0; unit < static_cast<int>(std::size(velocityUnitNames)); ++unit)
+        units << fixationstore::storedVelocityUnit(unit);
+    for (const QLatin1StringView text : fixationstore::velocityUnitTexts) // of stores that hold texts
+        units << text;
     return rules;
 }

@@ -20,6 +20,9 @@ struct SettingRule {
     /// Such as "a whole number from 10 to 1000".
     QString expected() const;
 
+    /// Whether any text is a value, such as the name of a folder.
+    bool isFree() const { return type == Type::Text && words.isEmpty(); }
+
     Type type = Type::Text;
     double least = std::numeric_limits<double>::lowest();
     double most = std::numeric_limits<double>::max();

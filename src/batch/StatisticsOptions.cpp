@@ -27,14 +27,16 @@ constexpr OptionValue similarity{
 
 constexpr OptionRow rows[] = {
     {Text("transitions"), Text("LIST"), Text("of %1 (default: all that have data)"),
-     &someOf<&O::transitions, transitionRows>},
+     &someOf<&O::transitions, transitionRows>, Reported::IfGiven, Text("export transitions")},
     {Text("transition-values"), Text("LIST"), Text("of %1 (default: all)"),
-     &someOf<&O::transitionValues, transitionValueRows>},
+     &someOf<&O::transitionValues, transitionValueRows>, Reported::IfGiven, Text("export transitions")},
     {Text("group-by"), Text("COLUMN"), Text("entry of the set files that names the groups to compare (default: group)"),
-     &text<&O::groupBy>},
+     &text<&O::groupBy>, Reported::IfGiven,
+     Text("export tidy,export tidy-samples,export scanpath-measures,export group-comparison,export scanpath-similarity,"
+          "export quality")},
     {Text("similarity"), Text("NAME=VALUE"),
      Text("a parameter of scanpath-similarity, of %1; repeatable (docs/measures.md tells what each means)"),
-     &similarity},
+     &similarity, Reported::IfGiven, Text("export scanpath-similarity")},
 };
 
 } // namespace

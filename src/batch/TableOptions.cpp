@@ -27,7 +27,7 @@ constexpr OptionRow rows[] = {
     {Text("out"), Text("DIR"), Text("where tables go; made if missing (default: .)"), &text<&O::outputFolder>,
      Reported::Never},
     {Text("prefix"), Text("TEXT"), Text("beginning of the names of tables (default: vistrum)"), &prefixText,
-     Reported::Never},
+     Reported::Never, Text("export")},
 };
 
 } // namespace

@@ -113,7 +113,8 @@ public:
         const QString right = detect(examination.rightEye, examination.baseName, QStringLiteral("right eye"));
         detect(examination.meanEye, examination.baseName, QStringLiteral("mean eye")); // its report is not shown
         if (!left.isEmpty() || !right.isEmpty())
-            m_detected.outcome.reports = QStringLiteral("left eye:\n") + left + QStringLiteral("right eye:\n") + right;
+            m_detected.outcome.reports << RecordingReport{
+                examination.baseName, QStringLiteral("left eye:\n") + left + QStringLiteral("right eye:\n") + right};
         examination.calculationInfo.fixationCalculationInfo = resultText(m_parameters, examination);
         m_detected.messages = collector.take();
         return std::move(m_detected);
@@ -167,7 +168,7 @@ FixationCalculationOutcome detectAll(const QList<Examination *> &examinations,
         },
         [&](qsizetype i) {
             const Detected &one = detected[static_cast<std::size_t>(i)];
-            outcome.reports += one.outcome.reports;
+            outcome.reports << one.outcome.reports;
             outcome.warnings << one.outcome.warnings;
             told.addRecording(one.messages);
             if (log)
@@ -224,8 +225,14 @@ calculateFixations(DataModel &model, const FixationCalculationParameters &parame
     }
     for (Examination *examination : checked)
         clearFixations(*examination, model);
-    const FixationCalculationOutcome outcome = detectAll(checked, parameters, log, threads);
-    if (!outcome.reports.isEmpty())
-        messages::information(QStringLiteral("Standard Fixation Filter Action Report"), outcome.reports);
-    return outcome;
+    return detectAll(checked, parameters, log, threads);
+}
+
+void showReports(const FixationCalculationOutcome &outcome)
+{
+    QString text;
+    for (const RecordingReport &report : outcome.reports)
+        text += report.text;
+    if (!text.isEmpty())
+        messages::information(detectionReportTitle, text);
 }

@@ -5,7 +5,9 @@
 #include "detection/FixationCalculationParameters.h"
 #include "detection/FixationSettingsModel.h"
 
-#include <QStringList>
+#include <QLatin1StringView>
+#include <QList>
+#include <QString>
 
 #include <optional>
 
@@ -25,11 +27,25 @@ struct DetectionWarning {
     QString text;
 };
 
+/// What the detector did with the samples of one recording.
+struct RecordingReport {
+    bool operator==(const RecordingReport &) const = default;
+
+    QString recording; ///< base name of its file
+    QString text;      ///< of left and right eye, one after the other
+};
+
 /// What a calculation has to say beyond its result.
 struct FixationCalculationOutcome {
-    QString reports; ///< of the detector on left and right eyes, one after the other
+    QList<RecordingReport> reports; ///< in the order of the recordings; of the standard detector only
     QList<DetectionWarning> warnings;
 };
+
+/// The title under which reports are shown.
+inline constexpr QLatin1StringView detectionReportTitle("Standard Fixation Filter Action Report");
+
+/// Shows all reports as one message, if there are any.
+void showReports(const FixationCalculationOutcome &outcome);
 
 /// Detects the fixations of all checked examinations in left, right and mean eye.
 ///
@@ -38,8 +54,7 @@ struct FixationCalculationOutcome {
 /// container is left alone. Each examination keeps what was done as its `fixationCalculationInfo`.
 ///
 /// Examinations are worked on side by side; result, messages and log do not depend on how many threads do it. What the
-/// detectors have to tell is told at the end, once for each cause; then, after the progress was closed, the reports are
-/// shown. Warnings are shown to nobody.
+/// detectors have to tell is told at the end, once for each cause. Reports and warnings are shown to nobody.
 /// @param log  gets each warning as a line with recording and eye; may be null.
 /// @return nothing, after a message, where no examination is checked.
 std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model,

@@ -33,10 +33,8 @@ QString storedVelocityUnit(const int &unit)
 
 int loadedVelocityUnit(const QString &stored)
 {
-    constexpr int percentile = 2;
-    if (stored == QStringLiteral("[Pixel / ms]")) // sic, unlike the item of the combo box
-        return 0;
-    return stored == QStringLiteral("[°/s]") ? 1 : percentile;
+    const auto *const found = std::find(std::begin(velocityUnitTexts), std::end(velocityUnitTexts), stored);
+    return static_cast<int>(std::distance(std::begin(velocityUnitTexts), found)); // behind them: the percentile
 }
 
 } // namespace fixationstore
@@ -58,4 +56,23 @@ void loadFixationSettings(FixationSettingsModel &model)
     };
     std::apply([&](const auto &...row) { (writeBack(row), ...); }, rows::fixation);
     setParameter(model, rows::velocityUnit, model.velocityUnit);
+}
+
+LostFixationChoices lostFixationChoices()
+{
+    const SettingsStore store;
+    const QString type = store.value(rows::calculationType.key).toString();
+    const QString unit = store.value(rows::velocityUnit.key).toString();
+    LostFixationChoices lost;
+    if (!type.isEmpty() && rows::calculationType.loaded(type) == unknownCalculationType)
+        lost.detector = QStringLiteral("The stored detector \"%1\" is not recognised: the standard detector runs until "
+                                       "another is chosen.")
+                            .arg(type);
+    bool isNumber = false;
+    const int index = unit.toInt(&isNumber);
+    const bool isKnown = isNumber && index >= 0 && index < static_cast<int>(std::size(velocityUnitNames));
+    if (const int loaded = rows::velocityUnit.loaded(unit); isKnown && loaded != index)
+        lost.velocityUnit = QStringLiteral("The stored unit of the velocity threshold, %1, is read as %2.")
+                                .arg(velocityUnitNames[index], velocityUnitNames[loaded]);
+    return lost;
 }

@@ -3,6 +3,8 @@
 
 #include "settings/Parameter.h"
 
+#include <QString>
+
 /// The parameters of fixation detection. A plain record; what it knows of keys, texts and values stands in the rows.
 struct FixationSettingsModel {
     int calculationType = 0;         ///< index in calculationTypeNames, or unknownCalculationType
@@ -50,9 +52,15 @@ int loadedCalculationType(const QString &stored);
 
 /// The index.
 QString storedVelocityUnit(const int &unit);
-/// The stored index is compared with the texts "[Pixel / ms]" and "[°/s]", which it never equals: whatever was chosen,
-/// a loaded unit is 2, "Percentile".
+/// The stored index is compared with the texts below, which it never equals: whatever was chosen, a loaded unit is 2,
+/// "Percentile".
 int loadedVelocityUnit(const QString &stored);
+
+/// The texts that are recognised, of pixels and of degrees.
+inline constexpr QLatin1StringView velocityUnitTexts[] = {
+    QLatin1StringView("[Pixel / ms]"), // sic, unlike the item of the combo box
+    QLatin1StringView("[\xB0/s]"),
+};
 
 } // namespace fixationstore
 
@@ -120,3 +128,14 @@ FixationSettingsModel initialFixationSettings();
 /// Reads all values from the store. A key that is missing reads as 0, false or empty, and is written so. The unit that
 /// was read is written back, too: the store follows the record.
 void loadFixationSettings(FixationSettingsModel &model);
+
+/// Choices in the store that reading it does not give back, a sentence each for the user; empty where nothing is lost.
+struct LostFixationChoices {
+    bool operator==(const LostFixationChoices &) const = default;
+
+    QString detector;
+    QString velocityUnit;
+};
+
+/// To be asked before `loadFixationSettings`, which writes the unit that it read.
+LostFixationChoices lostFixationChoices();

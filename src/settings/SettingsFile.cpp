@@ -7,6 +7,45 @@
 #include <QFile>
 #include <QTextStream>
 
+namespace {
+
+struct NumberedLine {
+    QString text;
+    int number; ///< from 1
+};
+
+QList<NumberedLine> numberedLines(const QByteArray &bytes)
+{
+    QString text = decodeText(bytes);
+    QTextStream stream(&text);
+    QList<NumberedLine> lines;
+    for (int number = 1; !stream.atEnd(); ++number) {
+        QString line = stream.readLine();
+        while (line.endsWith(u'\r')) // the stream takes one away; a file that was converted twice has more
+            line.chop(1);
+        lines << NumberedLine{line, number};
+    }
+    return lines;
+}
+
+bool isAssignment(const QString &line)
+{
+    return line.count(u'=') == 1 && !line.startsWith(u'=');
+}
+
+bool isHeaderOrEmpty(const QString &line)
+{
+    const QString trimmed = line.trimmed();
+    return trimmed.isEmpty() || (trimmed.startsWith(u'[') && trimmed.endsWith(u']'));
+}
+
+SettingsLine settingsLine(const NumberedLine &line)
+{
+    return {line.text.section(u'=', 0, 0), line.text.section(u'=', 1), line.number};
+}
+
+} // namespace
+
 std::optional<QList<SettingsLine>> readSettingsFile(const QString &path)
 {
     QFile file(path);
@@ -17,16 +56,20 @@ std::optional<QList<SettingsLine>> readSettingsFile(const QString &path)
 
 QList<SettingsLine> parseSettingsFile(const QByteArray &bytes)
 {
-    QString text = decodeText(bytes);
-    QTextStream stream(&text);
     QList<SettingsLine> lines;
-    for (int number = 1; !stream.atEnd(); ++number) {
-        QString line = stream.readLine();
-        while (line.endsWith(u'\r')) // the stream takes one away; a file that was converted twice has more
-            line.chop(1);
-        const QStringList parts = line.split(u'=');
-        if (parts.size() == 2 && !parts.first().isEmpty())
-            lines.append({parts.first(), parts.last(), number});
+    for (const NumberedLine &line : numberedLines(bytes)) {
+        if (isAssignment(line.text))
+            lines << settingsLine(line);
+    }
+    return lines;
+}
+
+QList<SettingsLine> settingsLinesLeftOut(const QByteArray &bytes)
+{
+    QList<SettingsLine> lines;
+    for (const NumberedLine &line : numberedLines(bytes)) {
+        if (!isAssignment(line.text) && !isHeaderOrEmpty(line.text))
+            lines << settingsLine(line);
     }
     return lines;
 }

@@ -21,8 +21,13 @@ struct SettingsLine {
 /// @return nothing where the file cannot be opened.
 std::optional<QList<SettingsLine>> readSettingsFile(const QString &path);
 
-/// The same for the content of a file, and the content that is written.
+/// The same for the content of a file.
 QList<SettingsLine> parseSettingsFile(const QByteArray &bytes);
+
+/// The lines that are left out, other than empty ones and headers of sections: what stands before the first "=" and
+/// what behind it.
+QList<SettingsLine> settingsLinesLeftOut(const QByteArray &bytes);
+/// The content of a file of these lines.
 QByteArray settingsFileText(const QList<SettingsLine> &lines);
 
 /// Replaces the file by one of these lines.

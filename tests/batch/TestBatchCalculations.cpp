@@ -14,6 +14,8 @@ private Q_SLOTS:
     void aDetectorThatIsNotUsedDoesNotMatter();
     void aDetectorThatIsNotRecognisedIsTold();
     void detectorsAndUnitsGiveResultsOfTheirOwn();
+    void aStoredUnitThatIsLostIsTold_data();
+    void aStoredUnitThatIsLostIsTold();
     void widthOfTheBackground_data();
     void widthOfTheBackground();
     void doubtfulParametersAreTold();
@@ -68,9 +70,46 @@ void TestBatchCalculations::detectorsAndUnitsGiveResultsOfTheirOwn()
         results << files[QStringLiteral("vistrum_events_left.csv")];
     }
     QCOMPARE(results.size(), calls.size());
-    // What is loaded is a percentile, whatever was stored.
-    QVERIFY(filesOf(tablesOfTheStudy(words("--detector velocity --velocity-unit percentile"))) ==
-            filesOf(tablesOfTheStudy(words("--detector velocity --set Calculation/Fixation/Velocity/Unit=0"))));
+    // What is loaded is a percentile, whatever was stored; that another unit was is told.
+    const auto percentile = filesOf(tablesOfTheStudy(words("--detector velocity --velocity-unit percentile")));
+    m_batch->removeFiles();
+    const Outcome lost =
+        m_batch->run(tablesOfTheStudy(words("--detector velocity --set Calculation/Fixation/Velocity/Unit=0")));
+    QCOMPARE(lost.status, 0);
+    QCOMPARE(lost.errors, QStringList(QStringLiteral("Velocity: The stored unit of the velocity threshold, [Pixel/ms], "
+                                                     "is read as Percentile. --velocity-unit chooses another.")));
+    QVERIFY(m_batch->files() == percentile);
+}
+
+/// As a file of the window has it: the number of the unit that was chosen there.
+void TestBatchCalculations::aStoredUnitThatIsLostIsTold_data()
+{
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("lost"); // the unit that the warning names; none where nothing is told
+    const auto row = [](const char *name, const char *stored, const char *options, const char *lost) {
+        QTest::newRow(name) << QByteArray(stored) << QString::fromLatin1(options) << QString::fromUtf8(lost);
+    };
+    row("pixels", "0", "--detector velocity", "[Pixel/ms]");
+    row("degrees", "1", "--detector velocity", "[\xC2\xB0/s]");
+    row("what it is read as", "2", "--detector velocity", "");
+    row("a text that is read", "[Pixel / ms]", "--detector velocity", "");
+    row("the command line chooses", "1", "--detector velocity --velocity-unit pixel-per-ms", "");
+    row("another detector runs", "1", "--detector standard", "");
+}
+
+void TestBatchCalculations::aStoredUnitThatIsLostIsTold()
+{
+    QFETCH(QByteArray, stored);
+    QFETCH(QString, options);
+    QFETCH(QString, lost);
+    m_batch->write(QStringLiteral("a.ini"), "Calculation/Fixation/Velocity/Unit=" + stored + '\n');
+    const Outcome outcome =
+        m_batch->run(words("--quiet --settings a.ini --calculate fixations study/S01.data") + options.split(u' '));
+    QCOMPARE(outcome.status, 0);
+    const QString warning = QStringLiteral("Velocity: The stored unit of the velocity threshold, %1, is read as "
+                                           "Percentile. --velocity-unit chooses another.");
+    QCOMPARE(outcome.errors, lost.isEmpty() ? QStringList() : QStringList(warning.arg(lost)));
 }
 
 /// The picture gives the width of an angle; the report says what was used.

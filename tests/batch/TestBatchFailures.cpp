@@ -37,7 +37,10 @@ private Q_SLOTS:
     void refusedCalls_data();
     void refusedCalls();
     void wrongValuesInASettingsFile();
+    void linesOfASettingsFileThatAreNone_data();
+    void linesOfASettingsFileThatAreNone();
     void aPictureThatCannotBeDecoded();
+    void aLargePictureIsTaken();
     void whatHasNoEffectIsTold_data();
     void whatHasNoEffectIsTold();
     void twoRecordingsOfOneName();
@@ -155,6 +158,45 @@ void TestBatchFailures::wrongValuesInASettingsFile()
                               "Settings: a.ini: keys that this version does not have are passed over: No/Such/Key")});
 }
 
+/// Beside a line that holds.
+void TestBatchFailures::linesOfASettingsFileThatAreNone_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QStringList>("errors");
+    const auto refused = [](const char *text) {
+        return QStringList(QStringLiteral("vistrum-batch: --settings a.ini, ") + QLatin1StringView(text));
+    };
+    const auto told = [](const char *text) {
+        return QStringList(
+            QStringLiteral("Settings: a.ini: lines left out that are not a key, one \"=\" and a value: ") +
+            QLatin1StringView(text));
+    };
+    QTest::newRow("two values") << QByteArray("Calculation/Fixation/Standard/MaximumRadius=30=5\n") << 2
+                                << refused("line 2: Calculation/Fixation/Standard/MaximumRadius: not a key, one \"=\" "
+                                           "and a value");
+    QTest::newRow("a key alone") << QByteArray("\nCalculation/Fixation/Standard/MaximumRadius\n") << 2
+                                 << refused("line 3: Calculation/Fixation/Standard/MaximumRadius: not a key, one "
+                                            "\"=\" and a value");
+    QTest::newRow("a blank in place of the sign")
+        << QByteArray("Calculation/Fixation/Standard/MaximumRadius 30\n") << 0 << told("1; the first is line 2.");
+    QTest::newRow("no key") << QByteArray("[Fixation]\n=5\nNo/Such/Key=1=2\n") << 0 << told("2; the first is line 3.");
+    QTest::newRow("headers, empty lines and the end of lines elsewhere")
+        << QByteArray("\r\n[Calculation]\r\n \t\r\nCalculation/Fixation/Standard/MaximumRadius=30\r\n") << 0
+        << QStringList();
+    QTest::newRow("a folder as the window saves it")
+        << QByteArray("ImportModule/lastbasepath=/data/sub=1\n") << 0 << QStringList();
+}
+
+void TestBatchFailures::linesOfASettingsFileThatAreNone()
+{
+    QFETCH(QByteArray, lines);
+    m_batch->write(QStringLiteral("a.ini"), "Calculation/Fixation/Standard/Outlier=2\n" + lines);
+    const Outcome outcome = m_batch->run(words("--quiet --settings a.ini study/S01.data"));
+    QTEST(outcome.errors, "errors");
+    QTEST(outcome.status, "status");
+}
+
 /// The header of a picture is whole, the rest is missing.
 void TestBatchFailures::aPictureThatCannotBeDecoded()
 {
@@ -166,6 +208,26 @@ void TestBatchFailures::aPictureThatCannotBeDecoded()
     const QString last = outcome.errors.value(outcome.errors.size() - 1); // before it the library's own line
     QVERIFY2(last.startsWith(beginning), qPrintable(last));
     QCOMPARE(m_batch->files().keys(), words("cut.png"));
+}
+
+/// It takes 324 MB in memory, more than the library reads unless it is told to.
+void TestBatchFailures::aLargePictureIsTaken()
+{
+    constexpr int side = 9000;
+    {
+        QImage large(side, side, QImage::Format_RGB888);
+        large.fill(Qt::white);
+        QVERIFY(large.save(m_batch->path(QStringLiteral("large.jpg"))));
+    }
+    const Outcome outcome = m_batch->run(words("--quiet --background large.jpg --export fixations --calculate "
+                                               "fixations --detector velocity --velocity-unit degree-per-s "
+                                               "--report report.json study/S02.data"));
+    QCOMPARE(outcome.errors, QStringList());
+    QCOMPARE(outcome.status, 0);
+    const QByteArray report = m_batch->contents(QStringLiteral("report.json"));
+    const QJsonValue parameters = QJsonDocument::fromJson(report)[QStringLiteral("parameters")];
+    QCOMPARE(parameters[QStringLiteral("Calculation/Fixation/Velocity/ImageSizePixel")].toString(),
+             QString::number(side));
 }
 
 void TestBatchFailures::whatHasNoEffectIsTold_data()

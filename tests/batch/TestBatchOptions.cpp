@@ -16,6 +16,7 @@ private Q_SLOTS:
     void helpNamesAllOptions();
     void helpIsInColumns();
     void namesAreUnique();
+    void whatIsNeededIsKnown();
     void exitCodes();
 };
 
@@ -401,6 +402,25 @@ void TestBatchOptions::namesAreUnique()
             names << row.name;
     }
     QCOMPARE(names.removeDuplicates(), 0);
+}
+
+/// An option that is needed by another names it, or one of its words, as the command line has them.
+void TestBatchOptions::whatIsNeededIsKnown()
+{
+    QStringList known;
+    QStringList needed;
+    for (const OptionGroup &group : optionGroups()) {
+        for (const OptionRow &row : group.rows) {
+            known << row.name;
+            for (const QString &word : row.value->words ? row.value->words() : QStringList())
+                known << row.name + u' ' + word;
+            if (!row.neededBy.isEmpty())
+                needed += QString(row.neededBy).split(u',');
+        }
+    }
+    QVERIFY(!needed.isEmpty());
+    for (const QString &each : needed)
+        QVERIFY2(known.contains(each), qPrintable(each));
 }
 
 void TestBatchOptions::exitCodes()

@@ -15,10 +15,24 @@ private Q_SLOTS:
     void picturesForPapers();
     void aPictureForEach_data();
     void aPictureForEach();
+    void aRecordingsPictureThatCannotBeDecoded();
+    void saliencyOfAPictureThatCannotBeDecoded_data();
+    void saliencyOfAPictureThatCannotBeDecoded();
     void namesOfPicturesStayInTheFolder();
     void cutsOfAreas();
     void video();
     void diagram();
+
+private:
+    /// The recordings have a picture of their own whose header is whole, the rest is missing.
+    void cutThePictureOf(const QStringList &recordings) const
+    {
+        m_batch->write(QStringLiteral("study/cut.png"), m_batch->contents(QStringLiteral("study/bay.png")).first(2000));
+        for (const QString &recording : recordings) {
+            const QString setFile = QStringLiteral("study/%1.set").arg(recording);
+            m_batch->write(setFile, m_batch->contents(setFile).replace("bay.png", "cut.png"));
+        }
+    }
 };
 
 void TestBatchPictures::charts()
@@ -102,6 +116,40 @@ void TestBatchPictures::aPictureForEach()
         QVERIFY(each == expected);
     else
         QCOMPARE(expected.size(), each.size());
+}
+
+/// It is told once for all that have it; the others are drawn.
+void TestBatchPictures::aRecordingsPictureThatCannotBeDecoded()
+{
+    cutThePictureOf(words("S01 S03"));
+    const Outcome outcome = m_batch->run(words("--quiet --image-per recording --image a.png --report report.json "
+                                               "study/S01.data study/S02.data study/S03.data"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.written, words("a_S02.png report.json"));
+    const QString beginning = QStringLiteral("Image: study/cut.png: the picture cannot be decoded: ");
+    QCOMPARE(outcome.errors.filter(beginning).size(), 1);
+}
+
+void TestBatchPictures::saliencyOfAPictureThatCannotBeDecoded_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("a map") << "--saliency frequency-tuned --saliency-out s.tiff"
+                           << "Saliency";
+    QTest::newRow("regions") << "--generate-aois regions --regions source=frequency-tuned"
+                             << "Areas of interest";
+}
+
+void TestBatchPictures::saliencyOfAPictureThatCannotBeDecoded()
+{
+    QFETCH(QString, options);
+    QFETCH(QString, title);
+    cutThePictureOf(words("S01"));
+    const Outcome outcome = m_batch->run(words("--quiet study/S01.data") + options.split(u' '));
+    QCOMPARE(outcome.status, 1);
+    const QString beginning = title + QStringLiteral(": study/cut.png: the picture cannot be decoded: ");
+    QCOMPARE(outcome.errors.filter(beginning).size(), 1);
+    QCOMPARE(outcome.errors.filter(QStringLiteral("There is no picture")).size(), 0);
 }
 
 void TestBatchPictures::namesOfPicturesStayInTheFolder()

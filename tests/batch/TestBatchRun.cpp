@@ -503,14 +503,22 @@ void TestBatchRun::sameRecordingTwice()
 
 void TestBatchRun::messagesWithoutQuiet()
 {
-    const Outcome outcome =
-        m_batch->run(words("--calculate fixations --export fixations,events --out tables study/S01.data"));
+    const Outcome outcome = m_batch->run(words("--calculate fixations --export fixations,events --out tables "
+                                               "--report report.json study/S01.data study/S02.data"));
     QCOMPARE(outcome.status, 0);
     // One line each, without a bar: the channel is no screen.
-    QVERIFY(outcome.errors.value(0).startsWith(QStringLiteral("Standard Fixation Filter Action Report: ")));
-    QCOMPARE(outcome.errors.mid(1), (QStringList{QStringLiteral("Fixation Export: Fixations exported to: tables"),
+    const QString title = QStringLiteral("Standard Fixation Filter Action Report");
+    QVERIFY(outcome.errors.value(0).startsWith(title + QStringLiteral(": S01: left eye: ")));
+    QVERIFY(outcome.errors.value(1).startsWith(title + QStringLiteral(": S02: left eye: ")));
+    for (const QString &line : outcome.errors.first(2))
+        QCOMPARE(line.count(QStringLiteral("left eye: ")), 1);
+    QCOMPARE(outcome.errors.mid(2), (QStringList{QStringLiteral("Fixation Export: Fixations exported to: tables"),
                                                  QStringLiteral("Event Export: Events exported to: tables_events_left/"
                                                                 "right/dom")}));
+    const QJsonArray reported = report()[QStringLiteral("messages")].toArray();
+    QCOMPARE(reported.size(), outcome.errors.size());
+    QCOMPARE(reported[1][QStringLiteral("title")].toString(), title);
+    QVERIFY(reported[1][QStringLiteral("text")].toString().startsWith(QStringLiteral("S02: left eye:\n")));
 }
 
 void TestBatchRun::help()

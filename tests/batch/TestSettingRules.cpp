@@ -79,6 +79,20 @@ void TestSettingRules::values_data()
     rows("Visualization/Fixation/VisualizationMode", {{"6", "6"}, {"7", "refused"}});
     rows("Calculation/Fixation/CalculationType",
          {{"Velocity based", "Velocity based"}, {"Standart", "refused"}, {"", ""}});
+    rows("Calculation/Fixation/Velocity/Unit", {{"0", "0"},
+                                                {"1", "1"},
+                                                {"2", "2"},
+                                                {"3", "refused"},
+                                                {"-1", "refused"},
+                                                {"abc", "refused"},
+                                                {"", "refused"},
+                                                {"[Pixel / ms]", "[Pixel / ms]"}});
+    rows("Visualization/AOI/DrawMode",
+         {{"0", "0"}, {"7", "7"}, {"8", "refused"}, {"99", "refused"}, {"-1", "refused"}});
+    rows("Visualization/AOI/BorderWidth", {{"-5", "refused"}, {"0", "0"}, {"100", "100"}, {"101", "refused"}});
+    rows("Visualization/AOI/line_size", {{"-3", "refused"}, {"0", "0"}, {"1000", "1000"}, {"1001", "refused"}});
+    rows("Visualization/AOI/trans_min",
+         {{"-1", "refused"}, {"0", "0"}, {"2.5", "2.5"}, {"999999", "999999"}, {"1000001", "refused"}});
     rows("ImportModule/lastbasepath", {{"/data/a, b", "/data/a, b"}, {"", ""}});
 }
 

@@ -182,10 +182,15 @@ void TestFixationCalculation::reportsOfLeftAndRight()
     const QString expected = QStringLiteral("left eye:\n") + leftReport + QStringLiteral("right eye:\n") + rightReport;
 
     DataModel model = modelOf({examination(), examination(false), examination()});
+    model.examinations()[0].baseName = QStringLiteral("S01");
+    model.examinations()[2].baseName = QStringLiteral("S03");
     const RecordedMessages messages;
     const auto outcome = calculateFixations(model, parameters, nullptr);
     QVERIFY(outcome);
-    QCOMPARE(outcome->reports, expected + expected);
+    const QList<RecordingReport> reports{{QStringLiteral("S01"), expected}, {QStringLiteral("S03"), expected}};
+    QCOMPARE(outcome->reports, reports);
+    QCOMPARE(messages.texts(), QStringList());
+    showReports(*outcome);
     QCOMPARE(messages.texts(), QStringList(reportTitle + expected + expected));
 }
 
@@ -195,7 +200,8 @@ void TestFixationCalculation::progressIsClosedBeforeTheReport()
     QStringList events;
     auto display = Progress::install(std::make_unique<RecordedProgress>(events));
     auto handler = messages::install(std::make_unique<RecordedBoxes>(events));
-    calculateFixations(model, parameters, nullptr);
+    const auto outcome = calculateFixations(model, parameters, nullptr);
+    showReports(outcome.value_or(FixationCalculationOutcome()));
     Progress::install(std::move(display));
     messages::install(std::move(handler));
     QCOMPARE(events, QStringList({QStringLiteral("Calculating fixation filter. Please wait.|2"), QStringLiteral("1"),
@@ -265,7 +271,9 @@ void TestFixationCalculation::eyesWithoutSamples()
 {
     DataModel model = modelOf({Examination()});
     const auto outcome = calculateFixations(model, parameters, nullptr);
-    QVERIFY(outcome && outcome->reports.startsWith(QStringLiteral("left eye:\nInvalid before processing: min 0[ms]")));
+    QVERIFY(outcome);
+    QCOMPARE(outcome->reports.size(), 1);
+    QVERIFY(outcome->reports[0].text.startsWith(QStringLiteral("left eye:\nInvalid before processing: min 0[ms]")));
     QCOMPARE(outcome->warnings, QList<DetectionWarning>());
     QVERIFY(model.examinations()[0].calculationInfo.fixationCalculationInfo.endsWith(
         QStringLiteral("Left Eye:0, Right Eye:0, Mean Eye:0\n")));
@@ -519,7 +527,9 @@ void TestFixationCalculation::oneBoxForEachCause()
     }
     DataModel model = modelOf({blind, blind});
     const RecordedMessages messages;
-    calculateFixations(model, parameters, nullptr);
+    const auto outcome = calculateFixations(model, parameters, nullptr);
+    QVERIFY(outcome);
+    showReports(*outcome);
     QCOMPARE(messages.texts().size(), 2);
     QCOMPARE(messages.texts()[0],
              QStringLiteral("All samples are invalid.|Your data seems to contain not a single valid "

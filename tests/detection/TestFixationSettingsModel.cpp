@@ -27,6 +27,8 @@ private Q_SLOTS:
     void velocityUnitFromText_data();
     void velocityUnitFromText();
     void chosenVelocityUnitIsLost();
+    void lostChoices_data();
+    void lostChoices();
     void geometryRemembersTheUnit();
     void typeNames_data();
     void typeNames();
@@ -178,6 +180,45 @@ void TestFixationSettingsModel::chosenVelocityUnitIsLost()
     QCOMPARE(SettingsStore().value(unitKey).toInt(), 1);
     loadFixationSettings(model);
     QCOMPARE(model.velocityUnit, 2);
+}
+
+void TestFixationSettingsModel::lostChoices_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QString>("lostDetector");
+    QTest::addColumn<QString>("lostUnit");
+    const auto row = [](const char *name, const char *type, const char *unit, const char *lostDetector,
+                        const char *lostUnit) {
+        QTest::newRow(name) << QString::fromLatin1(type) << QString::fromLatin1(unit)
+                            << QString::fromLatin1(lostDetector) << QString::fromLatin1(lostUnit);
+    };
+    row("nothing is stored", "", "", "", "");
+    row("what is read as it was stored", "Standard", "2", "", "");
+    row("the texts that are read", "Gaussian Mixture Model", "[Pixel / ms]", "", "");
+    row("a detector", "Velocity based", "2",
+        "The stored detector \"Velocity based\" is not recognised: the standard detector runs until another is chosen.",
+        "");
+    row("pixels", "Standard", "0", "", "The stored unit of the velocity threshold, [Pixel/ms], is read as Percentile.");
+    row("degrees", "Standard", "1", "", "The stored unit of the velocity threshold, [\xB0/s], is read as Percentile.");
+    row("no unit at all", "Standard", "abc", "", "");
+    row("a number of no unit", "Standard", "3", "", "");
+}
+
+void TestFixationSettingsModel::lostChoices()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, unit);
+    const TemporarySettings settings;
+    SettingsStore().setValue(typeKey, type);
+    SettingsStore().setValue(unitKey, unit);
+    const LostFixationChoices lost = lostFixationChoices();
+    QTEST(lost.detector, "lostDetector");
+    QTEST(lost.velocityUnit, "lostUnit");
+    QCOMPARE(SettingsStore().value(unitKey).toString(), unit); // asking changes nothing
+    FixationSettingsModel model;
+    loadFixationSettings(model);
+    QCOMPARE(lostFixationChoices().velocityUnit, QString()); // the unit that is in force stands in the store by then
 }
 
 /// 0.4 m are 2560 px wide, 0.6 m away.

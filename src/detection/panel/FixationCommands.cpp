@@ -63,6 +63,7 @@ void CommandCalculateFixations::redo()
     const auto outcome = calculateFixations(m_model, m_parameters, m_log);
     if (!outcome)
         return;
+    showReports(*outcome);
     for (Examination &examination : m_model.examinations()) {
         if (examination.checked)
             examination.calculationInfo.fixationRemark.clear();

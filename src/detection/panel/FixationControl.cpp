@@ -6,30 +6,6 @@
 #include "detection/panel/FixationCommands.h"
 #include "ui_FixationControl.h"
 
-namespace {
-
-/// Choices in the store that reading it does not give back.
-QStringList lostChoices()
-{
-    const SettingsStore store;
-    const QString type = store.value(rows::calculationType.key).toString();
-    const QString unit = store.value(rows::velocityUnit.key).toString();
-    QStringList lost;
-    if (!type.isEmpty() && rows::calculationType.loaded(type) == unknownCalculationType)
-        lost << QStringLiteral("The stored detector \"%1\" is not recognised: the standard detector runs until another "
-                               "is chosen.")
-                    .arg(type);
-    bool isNumber = false;
-    const int index = unit.toInt(&isNumber);
-    const bool isKnown = isNumber && index >= 0 && index < static_cast<int>(std::size(velocityUnitNames));
-    if (const int loaded = rows::velocityUnit.loaded(unit); isKnown && loaded != index)
-        lost << QStringLiteral("The stored unit of the velocity threshold, %1, is read as %2.")
-                    .arg(velocityUnitNames[index], velocityUnitNames[loaded]);
-    return lost;
-}
-
-} // namespace
-
 FixationControl::FixationControl(QWidget *parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::FixationControl>())
@@ -111,7 +87,9 @@ void FixationControl::tellLostChoices() const
 
 void FixationControl::sltUpdateSettings()
 {
-    m_lostChoices = lostChoices();
+    const LostFixationChoices lost = lostFixationChoices();
+    m_lostChoices = {lost.detector, lost.velocityUnit};
+    m_lostChoices.removeAll(QString());
     loadFixationSettings(m_settings);
     m_parameters.refresh(m_settings, rows::fixation);
     tellLostChoices();
