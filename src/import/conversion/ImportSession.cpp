@@ -108,7 +108,7 @@ void ImportSession::add(const QStringList &paths)
 bool ImportSession::isOfUser(const QString &layoutName) const
 {
     const NamedLayout *known = layoutByName(layoutName, m_known);
-    return known && !known->path.startsWith(":/"_L1);
+    return known && !known->isReady();
 }
 
 void ImportSession::remember(const NamedLayout &layout)
