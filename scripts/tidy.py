@@ -26,7 +26,8 @@ PASSED = Path(os.environ.get("XDG_CACHE_HOME", Path.home() / ".cache")) / "vistr
 UIC = Path("/usr/lib/qt6/libexec/uic")
 LINES_TOGETHER = 2500
 LOCAL = re.compile(r"^namespace \{$(.*?)^\} // namespace$", re.MULTILINE | re.DOTALL)
-LOCAL_NAME = re.compile(r"""^(?!\ )(?:(?:class|struct|enum|enum\ class|using)\ (?P<type>\w+)
+# Other words for a type can stand twice.
+LOCAL_NAME = re.compile(r"""^(?!\ |using\ )(?:(?:class|struct|enum|enum\ class)\ (?P<type>\w+)
                             |[\w:<>,&*\ ]+?[\ &*](?P<name>\w+)(?:\[\w*\])?(?:\(|\{|;|\ =))""", re.MULTILINE | re.VERBOSE)
 
 
@@ -97,6 +98,16 @@ def groups(sources):
     return [group["sources"] for group in made]
 
 
+def misfits(sources, whole, options):
+    """Those of the sources that do not compile behind the others."""
+    answer = subprocess.run(["clang++", *options, "-w", "-fsyntax-only", "-ferror-limit=0", whole],
+                            capture_output=True, text=True, check=False)
+    if not answer.returncode:
+        return []
+    found = set(re.findall(r"^(/[^:]+\.cpp):\d+:\d+: (?:fatal )?error:", answer.stderr, re.MULTILINE))
+    return [source for source in sources if str(source) in found] or sources
+
+
 def complaints(sources, options, key_of_rules):
     text = "".join(f'#line 1 "{source}"\n{source.read_text(encoding="utf-8")}\n' for source in sources)
     whole = BUILD / f"together-{hashlib.sha256(text.encode()).hexdigest()[:16]}.cpp"
@@ -107,14 +118,16 @@ def complaints(sources, options, key_of_rules):
     mark = PASSED / hashlib.sha256(key_of_rules + compiled.stdout).hexdigest()
     if mark.exists():
         return ""
+    apart = misfits(sources, whole, options) if len(sources) > 1 else []
+    if apart:
+        fitting = [source for source in sources if source not in apart]
+        return "".join(complaints(each, options, key_of_rules) for each in [fitting, *([one] for one in apart)] if each)
     answer = subprocess.run(["clang-tidy", "--quiet", "--warnings-as-errors=*", whole, "--", *options],
                             capture_output=True, text=True, check=False)
-    if not answer.returncode:
-        mark.touch()
-        return ""
-    if len(sources) > 1 and "[clang-diagnostic-error" in answer.stdout:  # they do not get on with each other
-        return "".join(complaints([source], options, key_of_rules) for source in sources)
-    return answer.stdout + answer.stderr
+    if answer.returncode:
+        return answer.stdout + answer.stderr
+    mark.touch()
+    return ""
 
 
 def main():

@@ -104,7 +104,7 @@ AoiFileContents labelledAois(const QImage &image, const QMap<int, QString> &name
     AoiFileContents contents;
     const cv::Mat_<ushort> labels = labelsOf(image);
     if (labels.empty()) {
-        contents.error = QStringLiteral("it has colours, and a label image has one number a pixel");
+        contents.error = QStringLiteral("it has colors, and a label image has one number a pixel");
         return contents;
     }
     const QMap<int, QRect> frames = framesOf(labels);

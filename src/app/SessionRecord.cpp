@@ -4,7 +4,7 @@
 #include "clustering/panel/ClusterCalculationCommands.h"
 #include "detection/panel/FixationCommands.h"
 #include "export/panel/ExportCommands.h"
-#include "import/bids/BidsFiles.h"
+#include "import/bids/BidsRecording.h"
 #include "import/panel/DataCommands.h"
 #include "table/panel/CommandFilter.h"
 
@@ -38,17 +38,6 @@ std::optional<recipe::Step> stepOf(const QUndoCommand *command)
                               .folder = table->target().folder,
                               .transitions = {}};
     return {};
-}
-
-/// Folder and name of the examination that an imported file gives.
-QString placeOf(const QString &path)
-{
-    if (isBidsSamples(path)) {
-        const BidsRun run = bidsRun(path);
-        return run.directory + run.name;
-    }
-    const RecordingPath recording(path);
-    return recording.directory + recording.baseName;
 }
 
 /// A folder of the window as one below that of a replay: the first one is that itself, others have their own names.
@@ -136,15 +125,16 @@ void SessionRecord::addCommand(recipe::RecipeBuilder &builder, int place, QMap<Q
 /// Recordings that did not come by the list of files.
 void SessionRecord::leaveOutForeign(recipe::RecipeBuilder &builder, const DataModel &model) const
 {
+    const auto placeOf = [](const auto &recording) { return recording.directory + recording.baseName; };
     QSet<QString> imported;
     for (const recipe::Step &step : builder.recipe().steps) {
         if (const auto *import = std::get_if<recipe::Import>(&step)) {
             for (const QString &path : import->recordings)
-                imported.insert(placeOf(path));
+                imported.insert(placeOf(recordingOrBidsPath(path)));
         }
     }
     for (const Examination &examination : model.examinations()) {
-        if (!imported.contains(examination.directory + examination.baseName))
+        if (!imported.contains(placeOf(examination)))
             builder.leaveOut(
                 QStringLiteral("the recording %1: it was not imported by the list of files").arg(examination.baseName));
     }

@@ -91,7 +91,9 @@ void WindowExports::sltexport_video(const QString &path)
         const std::stop_token stop = progress.token();
         outcome = exportVideo(content, m_sources.control.exportWidget().videoStepMs(), path, stop);
     }
-    messages::information(QString(), videoText(outcome));
+    const QString failure = videoFailure(outcome, path);
+    const auto severity = failure.isEmpty() ? messages::Severity::Information : messages::Severity::Warning;
+    messages::show({severity, QStringLiteral("Save Video"), videoText(outcome), failure});
 }
 
 void WindowExports::exportChart(const QString &kind, const QString &path)

@@ -159,7 +159,7 @@ QString SettingRule::expected() const
     case Type::Flag:
         return QStringLiteral("true or false");
     case Type::Color:
-        return QStringLiteral("a colour such as #ff8000");
+        return QStringLiteral("a color such as #ff8000");
     case Type::WholeNumber:
     case Type::Number:
         break;

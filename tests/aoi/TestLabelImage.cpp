@@ -155,7 +155,7 @@ void TestLabelImage::coloursAreRefused()
     image.fill(qRgb(1, 2, 3));
     const AoiFileContents contents = labelledAois(image, {});
     QVERIFY(contents.aois.isEmpty());
-    QVERIFY(contents.error.contains(QStringLiteral("colours")));
+    QVERIFY(contents.error.contains(QStringLiteral("colors")));
 }
 
 void TestLabelImage::fileWithNamesBesideIt()

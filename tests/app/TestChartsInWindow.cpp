@@ -35,6 +35,7 @@ private Q_SLOTS:
     void diagramGoesWithTheNextDrawing();
     void videoLeavesTheViewAlone();
     void videoIsStoppedByItsButton();
+    void videoThatFailsTellsWhereAndWhy();
 
 private:
     void calculateFixations() const
@@ -152,7 +153,7 @@ void TestChartsInWindow::videoLeavesTheViewAlone()
         ->setFileChooser([&](const QString &, const QString &, const QString &) { return path; });
     find<QSpinBox>("videoTimespanSpinBox")->setValue(4000);
     find<QAbstractButton>("videoExportButton")->click();
-    QCOMPARE(m_messages->texts().last(), QStringLiteral("|Writing video is done!!!"));
+    QCOMPARE(m_messages->texts().last(), QStringLiteral("Save Video|Writing video is done!!!"));
     QVERIFY(QFileInfo(path).size() > 10000);
     QVERIFY(picture() == before);
 }
@@ -181,10 +182,24 @@ void TestChartsInWindow::videoIsStoppedByItsButton()
     press.start(1);
     find<QAbstractButton>("videoExportButton")->click();
     QVERIFY(isPressed);
-    QCOMPARE(m_messages->texts().last(), QStringLiteral("|The video was stopped, no file was written."));
+    QCOMPARE(m_messages->texts().last(), QStringLiteral("Save Video|The video was stopped, no file was written."));
     QVERIFY(older.open(QIODevice::ReadOnly));
     QCOMPARE(older.readAll(), "older");
     QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral(".video*")}, QDir::AllEntries | QDir::Hidden), {});
+}
+
+void TestChartsInWindow::videoThatFailsTellsWhereAndWhy()
+{
+    importExamples();
+    const QString path = m_folder->filePath(QStringLiteral("no/a.avi"));
+    find<VisualizationExportBox>("visualizationBox")
+        ->setFileChooser([&](const QString &, const QString &, const QString &) { return path; });
+    find<QSpinBox>("videoTimespanSpinBox")->setValue(4000);
+    find<QAbstractButton>("videoExportButton")->click();
+    QCOMPARE(m_messages->texts().last(),
+             QStringLiteral("Save Video|Can't create video!!!\n%1 could not be written: its "
+                            "folder cannot be written")
+                 .arg(path));
 }
 
 QTEST_MAIN(TestChartsInWindow)

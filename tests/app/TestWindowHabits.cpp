@@ -91,6 +91,7 @@ private Q_SLOTS:
     void aPictureThatCannotBeReadIsTold();
     void placeAndPanesAreRemembered();
     void thePaneOfTheTableIsWideEnough();
+    void thePageOfTheOverlapMethodFits();
     void filesAndFoldersAreImported();
     void droppedFilesAreImported();
     void droppedTableOpensTheAssistant();
@@ -98,6 +99,14 @@ private Q_SLOTS:
     void aFolderWithoutRecordingsIsTold();
 
 private:
+    void openOnASmallScreen()
+    {
+        m_window = std::make_unique<Vistrum>();
+        find<DataWidget>("Data_Widget")->setRecordingChooser([](const QString &) { return exampleRecordings(); });
+        m_window->resize(1366, 740); // of 768, the title bar has some
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    }
     NoticeLine *notice() const { return m_window->findChild<NoticeLine *>(); }
     QString path(const char *name) const { return m_folder->filePath(QString::fromLatin1(name)); }
 };
@@ -135,7 +144,7 @@ void TestWindowHabits::menusHaveTheirKeys()
     QVERIFY(m_window->isVisible());
 }
 
-/// On each page, with the menus, whatever else is hidden.
+/// On each page of each tab, with the menus, whatever else is hidden.
 void TestWindowHabits::noMnemonicStandsTwice()
 {
     const auto visibleMnemonics = [this] {
@@ -152,20 +161,30 @@ void TestWindowHabits::noMnemonicStandsTwice()
     };
     const auto check = [&](const QString &page) {
         QStringList mnemonics = visibleMnemonics();
+        QVERIFY2(mnemonics.size() >= find<QMenuBar>("menuBar")->actions().size(), qPrintable(page));
         mnemonics.sort();
         const QString all = mnemonics.join(u' ');
         QVERIFY2(mnemonics.removeDuplicates() == 0, qPrintable(page + QStringLiteral(": ") + all));
     };
-    for (const char *name : {"toolBox", "toolBox_4"}) {
-        auto *pages = find<QToolBox>(name);
-        showTab(QLatin1StringView(name) == QLatin1StringView("toolBox") ? "tab_3" : "tab_4");
-        for (int page = 0; page < pages->count(); ++page) {
-            pages->setCurrentIndex(page);
-            for (const char *choice : {"Fix_comboBox", "calcType_comboBox"}) {
-                for (int i = 0; i < 3; ++i) {
-                    find<QComboBox>(choice)->setCurrentIndex(i);
-                    check(pages->itemText(page));
-                }
+    const auto checkChoices = [&](const QString &page) {
+        check(page);
+        for (const char *choice : {"Fix_comboBox", "calcType_comboBox"}) {
+            auto *box = find<QComboBox>(choice);
+            for (int i = 0; box->isVisible() && i < box->count(); ++i) {
+                box->setCurrentIndex(i);
+                check(page);
+            }
+        }
+    };
+    auto *tabs = find<QTabWidget>("tabWidget");
+    QCOMPARE(tabs->count(), 5);
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        tabs->setCurrentIndex(tab);
+        checkChoices(tabs->tabText(tab));
+        for (auto *pages : tabs->widget(tab)->findChildren<QToolBox *>()) {
+            for (int page = 0; page < pages->count(); ++page) {
+                pages->setCurrentIndex(page);
+                checkChoices(tabs->tabText(tab) + u'/' + pages->itemText(page));
             }
         }
     }
@@ -337,16 +356,32 @@ void TestWindowHabits::placeAndPanesAreRemembered()
 
 void TestWindowHabits::thePaneOfTheTableIsWideEnough()
 {
-    m_window = std::make_unique<Vistrum>();
-    find<DataWidget>("Data_Widget")->setRecordingChooser([](const QString &) { return exampleRecordings(); });
-    m_window->resize(1366, 740);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    openOnASmallScreen();
     importExamples();
     const auto *table = find<QTableWidget>("tableWidget");
     const QRect group = table->visualRect(table->model()->index(0, 4));
     QVERIFY2(group.right() <= table->viewport()->width(),
              qPrintable(QStringLiteral("%1 of %2").arg(group.right()).arg(table->viewport()->width())));
+}
+
+/// It has the longest text of all buttons.
+void TestWindowHabits::thePageOfTheOverlapMethodFits()
+{
+    openOnASmallScreen();
+    showTab("tab_3");
+    find<QToolBox>("toolBox")->setCurrentWidget(find<QWidget>("fixationClustersPage"));
+    find<QComboBox>("calcType_comboBox")->setCurrentIndex(2);
+    const auto *longest = find<QAbstractButton>("groupBox_outlier", "toolButton_2");
+    QVERIFY(longest->isVisible());
+    const QWidget *page = find<QWidget>("fixationClustersPage");
+    const QWidget *shown = page->parentWidget(); // the toolbox lets pages scroll
+    const auto fits = [&] { return page->width() <= shown->width() && page->height() <= shown->height(); };
+    QTRY_VERIFY2(fits(), qPrintable(QStringLiteral("%1 x %2 in %3 x %4")
+                                        .arg(page->width())
+                                        .arg(page->height())
+                                        .arg(shown->width())
+                                        .arg(shown->height())));
+    QVERIFY(longest->width() >= longest->sizeHint().width());
 }
 
 void TestWindowHabits::filesAndFoldersAreImported()

@@ -112,7 +112,7 @@ void TestSettingRules::expectations()
     QCOMPARE(expected("Calculation/Cluster/Meanshift/Gradient"),
              QStringLiteral("a number with a decimal point from 0.01 to 1"));
     QCOMPARE(expected("CorrectionModule/width"), QStringLiteral("a whole number"));
-    QCOMPARE(expected("Visualization/Fixation/FillColor"), QStringLiteral("a colour such as #ff8000"));
+    QCOMPARE(expected("Visualization/Fixation/FillColor"), QStringLiteral("a color such as #ff8000"));
     QCOMPARE(expected("Statistics/General/HGA"), QStringLiteral("true or false"));
 }
 

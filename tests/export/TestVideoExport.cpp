@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/scene/VideoExport.h"
+#include "FullDisk.h"
 #include "visualization/ToyData.h"
 
 #include <opencv2/videoio.hpp>
@@ -21,6 +22,8 @@ private Q_SLOTS:
     void failures_data();
     void failures();
     void stoppedVideoLeavesTheOlderFile();
+    void fullDiskLeavesTheOlderFile();
+    void aFolderOfItsNameStays();
     void theModelStaysAsItIs();
 
 private:
@@ -29,6 +32,11 @@ private:
         QPixmap background(320, 240);
         background.fill(Qt::yellow);
         return {m_toy.context(), {background}, QRectF(0, 0, 320, 240)};
+    }
+    QByteArray contentOf(const char *name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     QString path(const char *name) const { return m_folder->filePath(QLatin1StringView(name)); }
     QStringList left() const
@@ -144,20 +152,27 @@ void TestVideoExport::failures_data()
     QTest::addColumn<qint64>("stepMs");
     QTest::addColumn<VideoOutcome>("outcome");
     QTest::addColumn<QString>("text");
-    QTest::newRow("too short") << "a.avi" << qint64(1001) << VideoOutcome::TooShort << "Timespan is too short!!!";
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("too short") << "a.avi" << qint64(1001) << VideoOutcome::TooShort << "Timespan is too short!!!"
+                               << "the time is shorter than that of one image";
     QTest::newRow("no such folder") << "no/a.avi" << qint64(100) << VideoOutcome::CannotCreate
-                                    << "Can't create video!!!";
+                                    << "Can't create video!!!"
+                                    << "its folder cannot be written";
     QTest::newRow("no such container") << "a.xyz" << qint64(100) << VideoOutcome::CannotCreate
-                                       << "Can't create video!!!";
+                                       << "Can't create video!!!"
+                                       << "nothing encodes a picture of this size for \".xyz\"";
 }
 
 void TestVideoExport::failures()
 {
     QFETCH(QString, name);
     QFETCH(qint64, stepMs);
-    const VideoOutcome outcome = exportVideo(content(), stepMs, m_folder->filePath(name));
+    QFETCH(QString, reason);
+    const QString file = m_folder->filePath(name);
+    const VideoOutcome outcome = exportVideo(content(), stepMs, file);
     QTEST(outcome, "outcome");
     QTEST(videoText(outcome), "text");
+    QCOMPARE(videoFailure(outcome, file), QStringLiteral("%1 could not be written: %2").arg(file, reason));
     QCOMPARE(left(), QStringList());
 }
 
@@ -176,6 +191,34 @@ void TestVideoExport::stoppedVideoLeavesTheOlderFile()
     older.close();
     QCOMPARE(exportVideo(content(), 200, path("a.avi")), VideoOutcome::Written);
     QVERIFY(older.size() > 1000);
+    QCOMPARE(videoFailure(VideoOutcome::Stopped, path("a.avi")), QString());
+    QCOMPARE(videoFailure(VideoOutcome::Written, path("a.avi")), QString());
+}
+
+/// The encoder itself does not notice; its head and half of the images are there.
+void TestVideoExport::fullDiskLeavesTheOlderFile()
+{
+    constexpr qint64 stepMs = 20;
+    QCOMPARE(exportVideo(content(), stepMs, path("a.avi")), VideoOutcome::Written);
+    const QByteArray older = contentOf("a.avi");
+    {
+        const FullDisk disk(static_cast<unsigned long>(older.size() / 2));
+        QCOMPARE(exportVideo(content(), stepMs, path("a.avi")), VideoOutcome::Failed);
+    }
+    QCOMPARE(left(), QStringList(QStringLiteral("a.avi")));
+    QVERIFY(contentOf("a.avi") == older);
+    QCOMPARE(videoFailure(VideoOutcome::Failed, path("a.avi")),
+             path("a.avi") + QStringLiteral(" could not be written: the disk may be full"));
+}
+
+void TestVideoExport::aFolderOfItsNameStays()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("a.avi")));
+    QCOMPARE(exportVideo(content(), 200, path("a.avi")), VideoOutcome::Failed);
+    QVERIFY(QFileInfo(path("a.avi")).isDir());
+    QCOMPARE(left(), QStringList(QStringLiteral("a.avi")));
+    QCOMPARE(videoFailure(VideoOutcome::Failed, path("a.avi")),
+             path("a.avi") + QStringLiteral(" could not be written: a folder has this name"));
 }
 
 void TestVideoExport::theModelStaysAsItIs()

@@ -33,6 +33,8 @@ class TestBidsRecording : public QObject {
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<BidsFolder>(); }
     void twoEyes();
+    void placeOfTheExamination_data();
+    void placeOfTheExamination();
     void eyesOfOtherTimes();
     void clockBeforeZero();
     void clockThroughZero();
@@ -107,6 +109,28 @@ void TestBidsRecording::twoEyes()
     QCOMPARE(shown(file.examination.meanEye.gazePoints), list("0 15.5 25 4 1|10 -1 -1 -1 0|20 13 23 3 1"));
     QCOMPARE(file.counts.samples, qsizetype(3));
     QCOMPARE(file.doubts, QStringList());
+}
+
+void TestBidsRecording::placeOfTheExamination_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("samples") << "sub-1/beh/sub-1_task-look_recording-eye1_physio.tsv.gz";
+    QTest::newRow("their description") << "sub-1/beh/sub-1_task-look_recording-eye2_physio.json";
+    QTest::newRow("a recording") << "s.1.data";
+}
+
+/// It is known before the file is read, and without reading it.
+void TestBidsRecording::placeOfTheExamination()
+{
+    QFETCH(QString, file);
+    m_folder->writeEye(1, QStringLiteral("left"), "5000\t10.5\t20\t3\n5010\t12\t22\t4\n");
+    m_folder->writeEye(2, QStringLiteral("right"), "5000\t20.5\t30\t5\n5010\t14\t24\t2\n");
+    m_folder->write(QStringLiteral("s.1.data"), "");
+    const RecordingPath place = recordingOrBidsPath(m_folder->path(file));
+    const Examination read = readRecordingOrBids(m_folder->path(file), nullptr).examination;
+    QVERIFY(!place.directory.isEmpty() && !place.baseName.isEmpty());
+    QCOMPARE(place.directory, read.directory);
+    QCOMPARE(place.baseName, read.baseName);
 }
 
 void TestBidsRecording::eyesOfOtherTimes()

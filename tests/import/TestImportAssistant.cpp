@@ -39,6 +39,7 @@ private Q_SLOTS:
     void filesAreAddedAndDropped();
     void nothingToImport();
     void previewIsDrawn();
+    void slowReadingIsTold();
 
 private:
     template <class Widget>
@@ -291,6 +292,22 @@ void TestImportAssistant::previewIsDrawn()
         }
     }
     QVERIFY2(red > 20 && blue > 20, qPrintable(u"%1 %2"_s.arg(red).arg(blue)));
+}
+
+/// Below the points, as long as a table is shown for which it holds.
+void TestImportAssistant::slowReadingIsTold()
+{
+    const auto *slowness = find<QLabel>("slowness");
+    m_assistant->add({m_table});
+    QVERIFY(!slowness->isVisible());
+    m_assistant->setLongestLook(0);
+    m_assistant->add({m_files->write(u"p02.csv"_s, tabletexts::table({.samples = 300}))});
+    QVERIFY(slowness->isVisible());
+    QVERIFY2(slowness->text().startsWith(u"Reading is slow"_s), qPrintable(slowness->text()));
+    QTRY_VERIFY(slowness->y() > m_assistant->findChild<SamplesView *>()->geometry().bottom());
+    m_assistant->setLongestLook(60'000);
+    find<QListWidget>("files")->setCurrentRow(0);
+    QVERIFY(!slowness->isVisible());
 }
 
 QTEST_MAIN(TestImportAssistant)

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void layoutIsFoundAgain();
     void columnsWithoutNames();
     void previewIsLimited();
+    void slowReadingIsTold();
     void stimulusBesideTheTable();
     void severalRecordingsAreTold();
     void messagesOfALog();
@@ -195,6 +196,18 @@ void TestImportSession::previewIsLimited()
     QVERIFY(preview.isPart);
     QVERIFY(preview.recordings.value(0).startsWith(u"long: the first 2"_s));
     QVERIFY(preview.content.recordings[0].samples.size() < 30'000);
+}
+
+void TestImportSession::slowReadingIsTold()
+{
+    ImportSession session({});
+    session.add({write(u"p01.csv"_s, {})});
+    QCOMPARE(session.preview(0).note, QString());
+    session.setLongestLook(0); // ends with the first piece
+    const TablePreview preview = session.preview(0);
+    QVERIFY2(preview.note.startsWith(u"Reading is slow"_s), qPrintable(preview.note));
+    QVERIFY(preview.isPart);
+    QVERIFY2(preview.recordings.value(0).startsWith(u"p01: the first "_s), qPrintable(preview.recordings.value(0)));
 }
 
 void TestImportSession::stimulusBesideTheTable()

@@ -204,6 +204,7 @@ void TestTableLayout::shippedOnesAreValid()
         QVERIFY2(!each.layout.description.isEmpty(), qPrintable(each.name));
         QVERIFY2(!layoutProblem(each.layout).has_value(), qPrintable(each.name));
         QCOMPARE(layoutByName(each.name, ready.layouts)->path, each.path);
+        QVERIFY2(each.isReady(), qPrintable(each.path));
         if (each.layout.kind == TableKind::Delimited && !each.layout.match.isEmpty())
             QCOMPARE(findLayout(each.layout.match, ready.layouts)->name, each.name);
     }
@@ -219,6 +220,7 @@ void TestTableLayout::files()
     const LayoutList list = layoutsIn(files.path(QString()));
     QCOMPARE(list.layouts.size(), 1);
     QCOMPARE(list.layouts[0].name, QStringLiteral("mine"));
+    QVERIFY(!list.layouts[0].isReady());
     QVERIFY(list.layouts[0].layout == everything());
     QCOMPARE(list.problems.size(), 1);
     QVERIFY(list.problems[0].file.endsWith(QStringLiteral("bad.layout.json")));

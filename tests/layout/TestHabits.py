@@ -10,7 +10,7 @@ class TestHabits(LayoutTest):
         tree = self.real_tree()
         for rule in (rules.windows_below_panels, rules.connections_by_macro, rules.macros, rules.deletes,
                      rules.reminders, rules.settings_outside_their_module, rules.unguarded_headers,
-                     rules.ownerless_objects, rules.sources_without_licence):
+                     rules.ownerless_objects, rules.sources_without_licence, rules.mixed_spellings):
             with self.subTest(rule.__name__):
                 self.assert_clean(rule(tree))
 
@@ -54,6 +54,16 @@ class TestHabits(LayoutTest):
         self.assert_complains(self.complaints(rules.sources_without_licence, "#pragma once\n"), "first line")
         self.assert_complains(self.complaints(rules.sources_without_licence, "\n" + rules.LICENCE), "first line")
         self.assert_clean(self.complaints(rules.sources_without_licence, rules.LICENCE + "\nint a;\n"))
+
+    def test_mixed_spellings(self):
+        for code in ('f("Colour of the line");', 'f("a"\n  "two colours");', 'f(R"(<b>COLOUR</b>)");'):
+            with self.subTest(code):
+                self.assert_complains(self.complaints(rules.mixed_spellings, code), "users read")
+        self.assert_clean(self.complaints(rules.mixed_spellings, '// its colour\nf("Color"); // "colour"'))
+        form = '<ui>\n<string>%s</string></ui>'
+        path = "src/aoi/panel/Form.ui"
+        self.assert_complains(self.complaints(rules.mixed_spellings, form % "Line Colour", path), path + ":2")
+        self.assert_clean(self.complaints(rules.mixed_spellings, form % "Line Color", path))
 
     def test_ownerless_objects(self):
         for code in ("auto *a = new Thing;", "Thing *a = new Thing();", "m_thing = new Thing(1, 2);",

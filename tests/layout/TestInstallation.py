@@ -9,6 +9,10 @@ from pathlib import Path
 from sample_tree import REAL_ROOT
 
 
+def release_number():
+    return re.search(r"project\(Vistrum VERSION (\S+)", (REAL_ROOT / "CMakeLists.txt").read_text("utf-8"))[1]
+
+
 class TestInstallation(unittest.TestCase):
     """Everything that the programs look for stands in the installed tree."""
 
@@ -33,6 +37,14 @@ class TestInstallation(unittest.TestCase):
         answer = subprocess.run(command, check=True, capture_output=True, text=True)
         self.assertIn("--calculate", answer.stdout + answer.stderr)
 
+    def test_version_needs_no_display(self):
+        without = {name: value for name, value in os.environ.items()
+                   if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+        answer = subprocess.run([self.prefix / "bin/vistrum", "--version"], env=without, timeout=60,
+                                capture_output=True, text=True)
+        self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+        self.assertRegex(answer.stdout, rf"\Avistrum \S+\nrelease {re.escape(release_number())}\b.*\n\Z")
+
     def test_data_is_that_of_the_sources(self):
         for installed, source in (("vistrum/factory_settings.ini", "data/factory_settings.ini"),
                                   ("applications/vistrum.desktop", "data/vistrum.desktop"),
@@ -52,7 +64,7 @@ class TestInstallation(unittest.TestCase):
 
     def test_release_is_one_number(self):
         """Citation, metainfo, change log and build name the same release."""
-        release = re.search(r"project\(Vistrum VERSION (\S+)", (REAL_ROOT / "CMakeLists.txt").read_text("utf-8"))[1]
+        release = release_number()
         for path, pattern in (("CITATION.cff", r"^version: (\S+)$"), ("CHANGELOG.md", r"^## (\S+)"),
                               ("data/org.vistrum.Vistrum.metainfo.xml", r'<release version="([^"]+)"')):
             with self.subTest(path):
@@ -65,6 +77,12 @@ class TestInstallation(unittest.TestCase):
         icon = re.search(r"^Icon=(\S+)$", entry, re.MULTILINE)[1]
         self.assertTrue((self.prefix / "bin" / program).is_file())
         self.assertTrue((self.prefix / f"share/icons/hicolor/scalable/apps/{icon}.svg").is_file())
+
+    def test_window_belongs_to_the_desktop_entry(self):
+        """By this name a desktop gives the window its icon."""
+        source = (REAL_ROOT / "src/app/main.cpp").read_text(encoding="utf-8")
+        name = re.search(r'setDesktopFileName\(QStringLiteral\("([^"]+)"\)\)', source)[1]
+        self.assertTrue((self.prefix / f"share/applications/{name}.desktop").is_file())
 
 
 if __name__ == "__main__":

@@ -3,7 +3,7 @@
 
 import re
 
-from source_tree import line_at
+from source_tree import TOKENS, line_at
 
 EVERYWHERE = ("src", "tools", "tests", "benchmarks", "fuzz")
 WINDOWS = re.compile(r"\b(QMessageBox|QProgressDialog|QFileDialog|processEvents)\b")
@@ -91,3 +91,25 @@ LICENCE = "// SPDX-License-Identifier: GPL-3.0-or-later"
 def sources_without_licence(tree):
     return [f"{file.path}:1: the first line is not {LICENCE}" for file in tree.files_of(*EVERYWHERE)
             if file.text.split("\n", 1)[0] != LICENCE]
+
+
+BRITISH = re.compile(r"colour", re.IGNORECASE)
+FORM_TEXT = re.compile(r"<string\b[^>]*>[^<]*</string>")
+
+
+def shown_texts(tree):
+    """Path, number of the line and content of what users may be shown: literals of programs and texts of forms."""
+    for file in tree.files_of("src", "tools"):
+        for token in TOKENS.finditer(file.code):
+            if token["string"] or token["raw"]:
+                yield file.path, line_at(file.code, token.start()), token[0]
+    for path in sorted((tree.root / "src").rglob("*.ui")):
+        form = path.read_text(encoding="utf-8")
+        for match in FORM_TEXT.finditer(form):
+            yield path.relative_to(tree.root).as_posix(), line_at(form, match.start()), match[0]
+
+
+def mixed_spellings(tree):
+    """Comments are British; what users read says "Color", as most of its buttons always have."""
+    return [f"{path}:{line}: {text}: users read \"color\"" for path, line, text in shown_texts(tree)
+            if BRITISH.search(text)]

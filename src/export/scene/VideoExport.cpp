@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/scene/VideoExport.h"
 
+#include "base/FileReplacement.h"
 #include "base/OwnLibrary.h"
 #include "base/StoppableProgress.h"
 #include "base/Truncation.h"
@@ -85,6 +86,24 @@ bool replace(const QString &path, const QString &byFile)
     return !problem;
 }
 
+QString reasonOf(VideoOutcome outcome, const QFileInfo &file)
+{
+    switch (outcome) {
+    case VideoOutcome::Written:
+    case VideoOutcome::Stopped:
+        break;
+    case VideoOutcome::TooShort:
+        return QStringLiteral("the time is shorter than that of one image");
+    case VideoOutcome::CannotCreate:
+        return QFileInfo(file.path()).isWritable()
+                   ? QStringLiteral("nothing encodes a picture of this size for \".%1\"").arg(file.suffix())
+                   : QStringLiteral("its folder cannot be written");
+    case VideoOutcome::Failed:
+        return file.isDir() ? QStringLiteral("a folder has this name") : QStringLiteral("the disk may be full");
+    }
+    return {};
+}
+
 } // namespace
 
 QString videoText(VideoOutcome outcome)
@@ -102,6 +121,12 @@ QString videoText(VideoOutcome outcome)
         return QStringLiteral("The video is not complete and was removed; the disk may be full.");
     }
     return QStringLiteral("Writing video is done!!!");
+}
+
+QString videoFailure(VideoOutcome outcome, const QString &path)
+{
+    const QString reason = reasonOf(outcome, QFileInfo(path));
+    return reason.isEmpty() ? QString() : writeFailure(path, reason);
 }
 
 QList<TimeFrame> videoFrames(TimeFrame whole, qint64 stepMs)

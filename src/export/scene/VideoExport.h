@@ -27,6 +27,9 @@ enum class VideoOutcome {
 /// What the user is told of an outcome.
 QString videoText(VideoOutcome outcome);
 
+/// The path, and why there is no video; empty where it was written or stopped.
+QString videoFailure(VideoOutcome outcome, const QString &path);
+
 /// The time frames of the images: steps of this length, one behind the other, as far as they fit.
 QList<TimeFrame> videoFrames(TimeFrame whole, qint64 stepMs);
 

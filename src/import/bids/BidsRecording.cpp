@@ -336,6 +336,12 @@ QStringList setFileLines(const BidsRun &run, const BidsEyeTable &table)
     return QStringList(u"[subject]"_s) + lines;
 }
 
+/// A base name ends at the last stop.
+RecordingPath recordingPathOf(const BidsRun &run)
+{
+    return RecordingPath(run.directory + run.name + ".tsv"_L1);
+}
+
 void describe(const BidsRun &run, const BidsEyeTable &table, ImportedFile &file)
 {
     QStringList lines = setFileLines(run, table);
@@ -345,9 +351,7 @@ void describe(const BidsRun &run, const BidsEyeTable &table, ImportedFile &file)
         if (!name.contains(u'/') && QFile::exists(stimuli + name))
             lines.insert(1, u"picturepath="_s + QDir(run.directory).relativeFilePath(stimuli + name));
     }
-    // A base name ends at the last stop.
-    const DescribedExamination described =
-        parseSetFile((lines.join(u'\n') + u'\n').toUtf8(), RecordingPath(run.directory + run.name + ".tsv"_L1));
+    const DescribedExamination described = parseSetFile((lines.join(u'\n') + u'\n').toUtf8(), recordingPathOf(run));
     file.examination = described.examination;
     file.images = described.images;
 }
@@ -399,4 +403,9 @@ ImportedFile readBidsRecording(const QString &path)
 ImportedFile readRecordingOrBids(const QString &path, const Log *log)
 {
     return isBidsSamples(path) ? readBidsRecording(path) : readRecording(path, log);
+}
+
+RecordingPath recordingOrBidsPath(const QString &path)
+{
+    return isBidsSamples(path) ? recordingPathOf(bidsRun(path)) : RecordingPath(path);
 }

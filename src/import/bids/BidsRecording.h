@@ -17,3 +17,6 @@ ImportedFile readBidsRecording(const QString &path);
 
 /// The same for a path of that kind, and `readRecording` for any other.
 ImportedFile readRecordingOrBids(const QString &path, const Log *log);
+
+/// Folder and name of the examination that `readRecordingOrBids` gives.
+RecordingPath recordingOrBidsPath(const QString &path);

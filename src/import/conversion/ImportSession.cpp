@@ -46,15 +46,14 @@ QString stimulusOf(const QString &table, const TableContent &content)
 }
 
 /// Of a table without samples the limit would be its end: nobody waits longer for a look.
-TableReadOptions lookOptions(bool &isStopped)
+TableReadOptions lookOptions(qint64 longestMs, bool &isStopped)
 {
-    constexpr qint64 longestLookMs = 1000;
     TableReadOptions options;
     options.sampleLimit = previewSamples;
     QElapsedTimer time;
     time.start();
-    options.progress = [&isStopped, time](double) {
-        isStopped = time.elapsed() > longestLookMs;
+    options.progress = [&isStopped, longestMs, time](double) {
+        isStopped = time.elapsed() >= longestMs;
         return !isStopped;
     };
     return options;
@@ -69,12 +68,12 @@ void joinRecordings(TableToImport &table)
     table.layout.split.clear();
 }
 
-QStringList messagesOf(const QString &path, const TableLayout &layout)
+QStringList messagesOf(const QString &path, const TableLayout &layout, qint64 longestLookMs)
 {
     if (layout.kind != TableKind::EventLog)
         return {};
     bool isStopped = false;
-    const TableReadOptions options = lookOptions(isStopped);
+    const TableReadOptions options = lookOptions(longestLookMs, isStopped);
     const auto read = readTable(path, layout, options);
     const auto *content = std::get_if<TableContent>(&read);
     return content ? content->messageWords : QStringList();
@@ -108,7 +107,7 @@ void ImportSession::add(const QStringList &paths)
 bool ImportSession::isOfUser(const QString &layoutName) const
 {
     const NamedLayout *known = layoutByName(layoutName, m_known);
-    return known && !known->path.startsWith(":/"_L1);
+    return known && !known->isReady();
 }
 
 void ImportSession::remember(const NamedLayout &layout)
@@ -132,7 +131,7 @@ void ImportSession::addFile(const QString &path)
         table.layout = table.guess.layout;
         if (!isOfUser(table.guess.layoutName))
             joinRecordings(table);
-        table.messages = messagesOf(path, table.layout);
+        table.messages = messagesOf(path, table.layout, m_longestLookMs);
     }
     m_tables << table;
 }
@@ -227,7 +226,9 @@ TablePreview ImportSession::preview(qsizetype table) const
         return preview;
     }
     bool isStopped = false;
-    auto read = readTable(each.path, each.layout, lookOptions(isStopped));
+    auto read = readTable(each.path, each.layout, lookOptions(m_longestLookMs, isStopped));
+    if (isStopped)
+        preview.note = u"Reading is slow: only what came within a second is shown. The import reads the whole file."_s;
     if (const auto *problem = std::get_if<TableProblem>(&read)) {
         preview.problem = problem->text();
         return preview;

@@ -12,6 +12,7 @@ struct TablePreview {
     QStringList recordings; ///< "p01: 1000 samples, 500 Hz", a line each
     QStringList oddities;   ///< a sentence each
     bool isPart = false;    ///< there are more samples than were read
+    QString note;           ///< that reading took too long to show as much as usual; empty if it did not
     QString stimulus;       ///< path of the picture of the first recording, if there is one
 };
 
@@ -34,6 +35,9 @@ public:
 
     /// Files as they are, and what lies in folders under the usual endings of tables; looks at each of them.
     void add(const QStringList &paths);
+
+    /// Replaces the second after which nobody waits any longer for a look.
+    void setLongestLook(qint64 ms) { m_longestLookMs = ms; }
 
     const QList<TableToImport> &tables() const { return m_tables; }
     const QList<NamedLayout> &known() const { return m_known; }
@@ -78,6 +82,7 @@ private:
 
     QList<NamedLayout> m_known;
     QList<TableToImport> m_tables;
+    qint64 m_longestLookMs = 1000;
 };
 
 /// Names of tables in a folder, by their usual endings, sorted; files of Vistrum's own are no tables.

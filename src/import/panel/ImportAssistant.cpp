@@ -198,6 +198,9 @@ QWidget *ImportAssistant::makeResultPane()
     m_recordings->setWordWrap(true);
     m_recordings->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_samples = new SamplesView(this);
+    m_slowness = new QLabel(this);
+    m_slowness->setObjectName(u"slowness"_s);
+    m_slowness->setWordWrap(true);
     m_time = new TimeView(this);
     m_oddities = makeText("oddities", this);
     constexpr int odditiesHeight = 150; // px
@@ -205,6 +208,7 @@ QWidget *ImportAssistant::makeResultPane()
     layout->addWidget(new QLabel(u"What comes of it:"_s));
     layout->addWidget(m_recordings);
     layout->addWidget(m_samples, 3);
+    layout->addWidget(m_slowness);
     layout->addWidget(m_time, 1);
     layout->addWidget(new QLabel(u"What is odd:"_s));
     layout->addWidget(m_oddities);
@@ -328,11 +332,14 @@ void ImportAssistant::showPreview()
     m_time->clear();
     m_oddities->clear();
     m_recordings->clear();
+    m_slowness->hide();
     if (current() < 0) {
         m_recordings->setText(u"Add files, or drop them here."_s);
         return;
     }
     const TablePreview preview = m_session.preview(current());
+    m_slowness->setText(preview.note);
+    m_slowness->setVisible(!preview.note.isEmpty());
     if (!preview.problem.isEmpty()) {
         m_recordings->setText(preview.problem);
         return;

@@ -31,6 +31,8 @@ public:
 
     /// Replaces the file dialog.
     void setChooser(Chooser choose) { m_choose = std::move(choose); }
+    /// Replaces the second after which a look at a table ends.
+    void setLongestLook(qint64 ms) { m_session.setLongestLook(ms); }
 
     void add(const QStringList &paths);
     /// Asks for files and adds them.
@@ -77,6 +79,7 @@ private:
     QPushButton *m_save = nullptr;
     QLabel *m_recordings = nullptr;
     SamplesView *m_samples = nullptr;
+    QLabel *m_slowness = nullptr; ///< why there are fewer samples than usual
     TimeView *m_time = nullptr;
     QPlainTextEdit *m_oddities = nullptr;
     QLabel *m_note = nullptr;

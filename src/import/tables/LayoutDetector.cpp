@@ -266,7 +266,7 @@ LayoutGuess LayoutDetector::detect()
 void LayoutDetector::tellAssumedScreen(const NamedLayout &known)
 {
     const TableGeometry &place = known.layout.place;
-    if (!known.path.startsWith(QLatin1StringView(":/")) || place.unit != TablePlaceUnit::Normalised)
+    if (!known.isReady() || place.unit != TablePlaceUnit::Normalised)
         return;
     m_guess.doubts << QStringLiteral(
                           "The layout %1 takes the screen to be %2 x %3 pixels, which the file does not tell; "

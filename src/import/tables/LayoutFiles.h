@@ -4,8 +4,11 @@
 #include "import/tables/TableLayout.h"
 
 struct NamedLayout {
+    /// Whether it comes with the program; others were saved by somebody who knows the tables.
+    bool isReady() const { return path.startsWith(QLatin1StringView(":/")); }
+
     QString name; ///< file name without ".layout.json"
-    QString path; ///< begins with ":/" for those of the program
+    QString path;
     TableLayout layout;
 };
 
