@@ -5,8 +5,9 @@
 #   scripts/compare-builds.sh OLD NEW [FOLDER...]
 #
 # OLD and NEW are build folders, or vistrum-batch programs. Over the recordings of the folders (the example study if none
-# is named) both run every detector with its tables, every method of clusters, every density, every drawing mode and
-# the saccade clusters. What differs is named; the exit code is 1 if anything does. KEEP=DIR keeps the files of both.
+# is named) both run every detector, every method of clusters, every density, every drawing mode of samples, events and
+# areas, every table, every chart, the chord diagram and the saccade clusters: as many of each as OLD knows. What differs
+# is named; the exit code is 1 if anything does. KEEP=DIR keeps the files of both.
 set -eu
 root="$(cd "$(dirname "$0")/.." && pwd)"
 
@@ -18,7 +19,7 @@ program_of() {
     fi
 }
 
-[ $# -ge 2 ] || { sed -n '2,8s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+[ $# -ge 2 ] || { sed -n '2,9s/^# \{0,1\}//p' "$0" >&2; exit 2; }
 old="$(realpath "$(program_of "$1")")"
 new="$(realpath "$(program_of "$2")")"
 shift 2
@@ -46,20 +47,68 @@ compare() {
     runs=$((runs + 1))
     run "$old" "$work/old/$name" "$@"
     run "$new" "$work/new/$name" "$@"
-    if ! diff --recursive --brief "$work/old/$name" "$work/new/$name"; then
+    if [ "$(cat "$work/old/$name/status")" = 2 ]; then
+        echo "not compared, since the old program refuses it: $name: $*"
+        differences=$((differences + 1))
+    elif ! diff --recursive --brief "$work/old/$name" "$work/new/$name"; then
         echo "differs: $name: $*"
         differences=$((differences + 1))
     fi
     [ -n "${KEEP:-}" ] || rm -rf "$work/old" "$work/new"
 }
 
-modes() { # of one kind of data: KIND LAST-MODE, over the recordings in $recordings
-    local kind="$1" mode
-    for mode in $(seq 1 "$2"); do
-        compare "$label-$kind-$mode" --quiet --calculate "$all" --set Visualization/Gazepoint/VisualizationMode=0 \
-            --set Visualization/Fixation/VisualizationMode=0 --set "Visualization/$kind/VisualizationMode=$mode" \
-            --image picture.png --image picture.svg "${recordings[@]}"
+# words OPTION: what the help of OLD says that the option may be, parted by commas; nothing where OLD has no such option.
+words() {
+    "$old" --help | awk -v option="$1" '
+        /^  -/ { inside = $1 == option }
+        inside { text = text " " $0 }
+        END { print text }' | sed -E 's/^.*[a-z,]* of ([a-z]+,)/\1/; s/, as .*//; s/ \(.*//; s/ //g'
+}
+
+# last_mode KEY: the highest number that OLD takes for a key.
+last_mode() {
+    "$old" --keys | sed -n "s|^$1=.* from 0 to \([0-9]*\))\$|\1|p"
+}
+
+none=(--set Visualization/Gazepoint/VisualizationMode=0 --set Visualization/Fixation/VisualizationMode=0)
+
+modes() { # of one kind of data, over the recordings in $recordings
+    local kind="$1" last mode
+    last="$(last_mode "Visualization/$kind/VisualizationMode")"
+    [ -n "$last" ] || { echo "compare-builds.sh: $old does not say how many modes $kind has" >&2; exit 2; }
+    for mode in $(seq 1 "$last"); do
+        compare "$label-$kind-$mode" --quiet --calculate "$all" "${none[@]}" \
+            --set "Visualization/$kind/VisualizationMode=$mode" --image picture.png --image picture.svg \
+            "${recordings[@]}"
     done
+}
+
+last_area_mode=7
+area_picture() { # MODE: the arguments that draw only areas
+    echo --quiet --calculate fixations,clusters --generate-aois grid "${none[@]}" \
+        --set "Visualization/AOI/DrawMode=$1" --image picture.svg
+}
+# The key takes any number, and one without a mode draws as 0 does; so that a new mode is not forgotten here.
+check_last_area_mode() {
+    local mode
+    for mode in 0 $((last_area_mode + 1)); do
+        # shellcheck disable=SC2046 # words, not one text
+        run "$old" "$work/areas/$mode" $(area_picture "$mode") "${recordings[0]}"
+    done
+    if ! cmp -s "$work/areas/0/picture.svg" "$work/areas/$((last_area_mode + 1))/picture.svg"; then
+        echo "compare-builds.sh: $old draws areas in more than $last_area_mode modes" >&2
+        exit 2
+    fi
+    rm -rf "$work/areas"
+}
+
+charts() { # all kinds, as pictures and as numbers
+    local kind arguments=()
+    for kind in $(words --chart | tr , ' '); do
+        arguments+=(--chart "$kind=$kind.svg" --chart "$kind=$kind.csv")
+    done
+    [ ${#arguments[@]} = 0 ] || compare "$label-charts" --quiet --calculate "$all" --generate-aois grid \
+        "${arguments[@]}" "${recordings[@]}"
 }
 
 all=fixations,clusters,cumulative-clusters
@@ -91,10 +140,21 @@ for folder in "$@"; do
         --saccade-cluster minimum-angle-quantity=1 --image picture.png "${recordings[@]}"
     compare "$label-picture" --quiet --calculate fixations --background "$root/examples/study/bay.png" \
         --image picture.jpg --image picture.tiff "${recordings[@]}"
-    modes Gazepoint 3
-    modes Fixation 6
-    modes Fixationcluster 8
-    modes Saccade 7
+    for kind in Gazepoint Fixation Fixationcluster Saccade; do
+        modes "$kind"
+    done
+    check_last_area_mode
+    for mode in $(seq 1 "$last_area_mode"); do
+        # shellcheck disable=SC2046 # words, not one text
+        compare "$label-areas-$mode" $(area_picture "$mode") "${recordings[@]}"
+    done
+    compare "$label-tables" --quiet --calculate "$(words --calculate)" --generate-aois grid \
+        --export "$(words --export)" "${recordings[@]}"
+    charts
+    for files in 'diagram.svg areas.aoi' 'diagram.html areas.csv' 'diagram.png areas.json'; do
+        compare "$label-${files/ /-}" --quiet --calculate "$all" --generate-aois grid --diagram "${files% *}" \
+            --aois-out "${files#* }" "${recordings[@]}"
+    done
 done
-echo "$runs runs, $differences differ"
+echo "$runs runs, $differences differ or are refused"
 [ "$differences" = 0 ]

@@ -22,6 +22,7 @@
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "import/panel/DataWidget.h"
+#include "import/panel/DroppedFiles.h"
 #include "settings/FirstStart.h"
 #include "table/panel/ExaminationTableControl.h"
 #include "visualization/panel/VisualizationAOIWidget.h"
@@ -30,7 +31,6 @@
 
 #include <QCloseEvent>
 #include <QMessageBox>
-#include <QMimeData>
 
 Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Vistrum>())
 {
@@ -308,13 +308,8 @@ void Vistrum::dragEnterEvent(QDragEnterEvent *event)
 
 void Vistrum::dropEvent(QDropEvent *event)
 {
-    QStringList paths;
-    for (const QUrl &url : event->mimeData()->urls()) {
-        if (url.isLocalFile())
-            paths << url.toLocalFile();
-    }
     event->acceptProposedAction();
-    importFiles(paths);
+    importFiles(droppedFiles(*event->mimeData()));
 }
 
 void Vistrum::closeEvent(QCloseEvent *event)

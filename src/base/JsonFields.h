@@ -6,6 +6,9 @@
 #include <QMap>
 #include <QStringList>
 
+#include <cstddef>
+#include <variant>
+
 /// Texts by their names.
 QJsonObject jsonOf(const QMap<QString, QString> &texts);
 
@@ -47,3 +50,18 @@ private:
     QStringList m_asked;
     QString m_problem;
 };
+
+/// One of several kinds of parameters; a field of the object has the word of its kind.
+/// @param readers  one for each of the words.
+/// @return what the reader of the kind makes of the other fields, or the problem.
+template <class Parameters, std::size_t N>
+std::variant<Parameters, QString> parametersOfKind(const QJsonObject &json, const QString &kind,
+                                                   const QStringList &words,
+                                                   Parameters (*const (&readers)[N])(JsonFields &))
+{
+    JsonFields fields(json);
+    const Parameters parameters = readers[fields.word(kind, words)](fields);
+    if (const QString problem = fields.problem(); !problem.isEmpty())
+        return problem;
+    return parameters;
+}

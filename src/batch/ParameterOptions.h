@@ -2,13 +2,14 @@
 #pragma once
 
 #include "batch/OptionRow.h"
+#include "detection/VelocityScanpathBuilder.h"
 
 #include <QList>
 
 /// Parameters that differ from the factory's.
 struct ParameterOptions {
-    enum class Detector { Standard = 0, Gaussian = 1, Velocity = 2 };           ///< as the stored calculation type
-    enum class VelocityUnit { PixelPerMs = 0, DegreePerS = 1, Percentile = 2 }; ///< as the stored unit
+    enum class Detector { Standard = 0, Gaussian = 1, Velocity = 2 }; ///< as the stored calculation type
+    using VelocityUnit = ::VelocityUnit;
 
     /// One key of the settings store and the text that it gets.
     struct Setting {

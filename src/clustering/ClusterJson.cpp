@@ -32,22 +32,22 @@ QJsonObject json(const OverlapClusterParameters &p)
     return object;
 }
 
-StandardClusterParameters standardOf(JsonFields &fields)
+ClusterParameters standardOf(JsonFields &fields)
 {
-    return {.minimumFixations = fields.count(u"minimumFixations"_s),
-            .overlapAllowed = fields.count(u"overlapAllowedPercent"_s),
-            .maximumRadiusPx = fields.count(u"maximumRadiusPx"_s)};
+    return StandardClusterParameters{.minimumFixations = fields.count(u"minimumFixations"_s),
+                                     .overlapAllowed = fields.count(u"overlapAllowedPercent"_s),
+                                     .maximumRadiusPx = fields.count(u"maximumRadiusPx"_s)};
 }
 
-MeanShiftClusterParameters meanShiftOf(JsonFields &fields)
+ClusterParameters meanShiftOf(JsonFields &fields)
 {
-    return {.radiusPx = fields.number(u"radiusPx"_s),
-            .rate = fields.number(u"rate"_s),
-            .iterations = fields.count(u"iterations"_s),
-            .minimumFixations = fields.count(u"minimumFixations"_s)};
+    return MeanShiftClusterParameters{.radiusPx = fields.number(u"radiusPx"_s),
+                                      .rate = fields.number(u"rate"_s),
+                                      .iterations = fields.count(u"iterations"_s),
+                                      .minimumFixations = fields.count(u"minimumFixations"_s)};
 }
 
-OverlapClusterParameters overlapOf(JsonFields &fields)
+ClusterParameters overlapOf(JsonFields &fields)
 {
     OverlapClusterParameters p{.minimumFixations = fields.count(u"minimumFixations"_s), .outliers = {}};
     if (fields.has(u"outliers"_s))
@@ -66,21 +66,7 @@ QJsonObject toJson(const ClusterParameters &parameters)
 
 std::variant<ClusterParameters, QString> clusterParametersOf(const QJsonObject &json)
 {
-    JsonFields fields(json);
-    ClusterParameters parameters;
-    switch (fields.word(u"method"_s, methods)) {
-    case 1:
-        parameters = meanShiftOf(fields);
-        break;
-    case 2:
-        parameters = overlapOf(fields);
-        break;
-    default:
-        parameters = standardOf(fields);
-    }
-    if (const QString problem = fields.problem(); !problem.isEmpty())
-        return problem;
-    return parameters;
+    return parametersOfKind(json, u"method"_s, methods, {standardOf, meanShiftOf, overlapOf});
 }
 
 QJsonObject toJson(const SaccadeClusterParameters &parameters)

@@ -35,8 +35,8 @@ SaccadePath saccadePath(const FixationPath &path);
 
 /// Joins saccades of nearly one direction around a short fixation, then short saccades beside a short fixation, until
 /// neither changes anything. Two saccades join at most in one pass. The last saccade, if it is short, joins the one
-/// before it; that one counts as it was at the beginning of the pass, also where it has joined another one meanwhile,
-/// as the published similarities have it (the sum of all three vectors would be the textbook form).
+/// before it; that one counts as it was at the beginning of the pass, also where it has joined another one meanwhile
+/// (the sum of all three vectors would be the textbook form).
 SaccadePath simplified(SaccadePath path, const MultiMatchThresholds &thresholds);
 
 /// How alike two scanpaths are in five dimensions, 0 to 1 each; undefined where one has no saccade.

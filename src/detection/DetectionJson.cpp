@@ -35,20 +35,20 @@ QJsonObject json(const VelocityParameters &p)
     return object;
 }
 
-StandardParameters standardOf(JsonFields &fields)
+FixationCalculationParameters standardOf(JsonFields &fields)
 {
-    return {.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
-            .maximumRadiusPx = fields.count(u"maximumRadiusPx"_s),
-            .allowedOutliers = fields.count(u"allowedOutliers"_s)};
+    return StandardParameters{.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
+                              .maximumRadiusPx = fields.count(u"maximumRadiusPx"_s),
+                              .allowedOutliers = fields.count(u"allowedOutliers"_s)};
 }
 
-MixtureParameters mixtureOf(JsonFields &fields)
+FixationCalculationParameters mixtureOf(JsonFields &fields)
 {
-    return {.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
-            .mergeSequential = fields.flag(u"mergeSequential"_s)};
+    return MixtureParameters{.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
+                             .mergeSequential = fields.flag(u"mergeSequential"_s)};
 }
 
-VelocityParameters velocityOf(JsonFields &fields)
+FixationCalculationParameters velocityOf(JsonFields &fields)
 {
     VelocityParameters p{.minimumDurationMs = fields.count(u"minimumDurationMs"_s),
                          .threshold = fields.number(u"threshold"_s),
@@ -72,19 +72,5 @@ QJsonObject toJson(const FixationCalculationParameters &parameters)
 
 std::variant<FixationCalculationParameters, QString> fixationParametersOf(const QJsonObject &json)
 {
-    JsonFields fields(json);
-    FixationCalculationParameters parameters;
-    switch (fields.word(u"detector"_s, detectors)) {
-    case 1:
-        parameters = mixtureOf(fields);
-        break;
-    case 2:
-        parameters = velocityOf(fields);
-        break;
-    default:
-        parameters = standardOf(fields);
-    }
-    if (const QString problem = fields.problem(); !problem.isEmpty())
-        return problem;
-    return parameters;
+    return parametersOfKind(json, u"detector"_s, detectors, {standardOf, mixtureOf, velocityOf});
 }

@@ -24,3 +24,8 @@ QLatin1StringView eyeWord(Eye eye)
                                            QLatin1StringView("dominant"), QLatin1StringView("mean")};
     return words[static_cast<std::size_t>(eye)];
 }
+
+QLatin1StringView eyeModeWord(EyeMode mode)
+{
+    return mode == EyeMode::showAll ? QLatin1StringView("all") : eyeWord(eyesOf(mode).constFirst());
+}

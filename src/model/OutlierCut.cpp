@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/OutlierCut.h"
 
+#include "model/Canvas.h"
 #include "model/DataModel.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr QSizeF canvasSizePx(2560, 1600);
 constexpr double marginFraction = 0.01;
 
 class Limits {
@@ -55,8 +55,8 @@ void cutOutliers(DataModel &model, QSizeF pictureSizePx)
         restoreOutliers(model);
         return;
     }
-    const Limits x(pictureSizePx.width(), canvasSizePx.width());
-    const Limits y(pictureSizePx.height(), canvasSizePx.height());
+    const Limits x(pictureSizePx.width(), canvas::width);
+    const Limits y(pictureSizePx.height(), canvas::height);
     const auto isOutlier = [&](const GazePoint &point) { return x.excludes(point.x) || y.excludes(point.y); };
 
     model.examinations() = importedWithChoices(model);

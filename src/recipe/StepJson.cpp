@@ -15,8 +15,14 @@ namespace {
 
 using Result = std::variant<Step, QString>;
 
-const QStringList eyeWords{u"all"_s, u"dominant"_s, u"left"_s, u"right"_s,
-                           u"mean"_s}; // in the order of the enumeration
+/// In the order of the enumeration.
+QStringList eyeModeWords()
+{
+    QStringList words;
+    for (const EyeMode mode : allEyeModes)
+        words << eyeModeWord(mode);
+    return words;
+}
 
 // ---- areas
 
@@ -204,7 +210,7 @@ Step statisticsOf(JsonFields &fields)
 QJsonObject json(const Export &step)
 {
     QJsonObject object{{u"table"_s, step.table},
-                       {u"eyes"_s, eyeWords[static_cast<qsizetype>(step.eyes)]},
+                       {u"eyes"_s, QString(eyeModeWord(step.eyes))},
                        {u"prefix"_s, step.prefix},
                        {u"folder"_s, step.folder}};
     if (step.transitions) {
@@ -216,7 +222,7 @@ QJsonObject json(const Export &step)
 Step exportOf(JsonFields &fields)
 {
     Export step{.table = fields.text(u"table"_s),
-                .eyes = static_cast<EyeMode>(fields.word(u"eyes"_s, eyeWords)),
+                .eyes = static_cast<EyeMode>(fields.word(u"eyes"_s, eyeModeWords())),
                 .prefix = fields.text(u"prefix"_s),
                 .folder = fields.text(u"folder"_s),
                 .transitions = {}};

@@ -1,21 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/controlWidget.h"
-#include "base/Log.h"
 #include "commands/CommandStack.h"
 #include "model/DataModel.h"
 #include "settings/FirstStart.h"
+#include "TestLog.h"
 #include "TestSettings.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBox>
 #include <QToolButton>
@@ -84,7 +82,7 @@ private:
         field->selectAll();
         QTest::keyClicks(field, QString::fromLatin1(text));
     }
-    QStringList takeLogLines() const;
+    QStringList takeLogLines() const { return m_log->takeLines(); }
     /// Shows the saliency page, so that what is not hidden is visible.
     void showSaliencyPage() const
     {
@@ -93,8 +91,7 @@ private:
     }
 
     std::unique_ptr<TemporarySettings> m_settings;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<Log> m_log;
+    std::unique_ptr<RecordedLog> m_log;
     std::unique_ptr<DataModel> m_model;
     std::unique_ptr<controlWidget> m_panel;
 };
@@ -102,13 +99,12 @@ private:
 void TestControlWidget::init()
 {
     m_settings = std::make_unique<TemporarySettings>();
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_log = std::make_unique<Log>(m_folder->filePath(QStringLiteral("log")));
+    m_log = std::make_unique<RecordedLog>();
     applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
     m_model = std::make_unique<DataModel>();
     m_panel = std::make_unique<controlWidget>();
     m_panel->setModel(m_model.get());
-    m_panel->setLog(m_log.get());
+    m_panel->setLog(&m_log->log());
     m_panel->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
 }
@@ -118,15 +114,6 @@ void TestControlWidget::cleanup()
     CommandStack::instance().clear(); // its commands refer to the panel
     m_panel.reset();
     m_settings.reset();
-}
-
-QStringList TestControlWidget::takeLogLines() const
-{
-    QFile file(m_folder->filePath(QStringLiteral("log")));
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    const QString text = isOpen ? QString::fromUtf8(file.readAll()) : QString();
-    m_log->clear();
-    return text.split(u'\n', Qt::SkipEmptyParts);
 }
 
 // ---- pages

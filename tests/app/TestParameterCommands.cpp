@@ -7,6 +7,7 @@
 #include "detection/panel/FixationControl.h"
 #include "ParameterMembers.h"
 #include "settings/FirstStart.h"
+#include "TestLog.h"
 #include "TestSettings.h"
 #include "visualization/panel/VisualizationWidget.h"
 #include "visualization/parameters/AoiVisualizationParameters.h"
@@ -17,7 +18,6 @@
 #include <QDoubleSpinBox>
 #include <QSet>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 
@@ -112,19 +112,17 @@ private:
     void checkRow(typename std::remove_cvref_t<decltype(Row)>::Record &record, const QString &path);
     template <const auto &Table, class Record>
     void checkTable(Record &record, const QString &path = {});
-    QStringList takeLogLines() const;
+    QStringList takeLogLines() const { return m_log->takeLines(); }
 
     std::unique_ptr<TemporarySettings> m_settings;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<Log> m_log;
+    std::unique_ptr<RecordedLog> m_log;
     QStringList m_checked; ///< commands
 };
 
 void TestParameterCommands::init()
 {
     m_settings = std::make_unique<TemporarySettings>();
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_log = std::make_unique<Log>(m_folder->filePath(QStringLiteral("log")));
+    m_log = std::make_unique<RecordedLog>();
     m_checked.clear();
 }
 
@@ -132,15 +130,6 @@ void TestParameterCommands::cleanup()
 {
     CommandStack::instance().clear(); // its commands refer to a panel
     m_settings.reset();
-}
-
-QStringList TestParameterCommands::takeLogLines() const
-{
-    QFile file(m_folder->filePath(QStringLiteral("log")));
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    const QString text = isOpen ? QString::fromUtf8(file.readAll()) : QString();
-    m_log->clear();
-    return text.split(u'\n', Qt::SkipEmptyParts);
 }
 
 void TestParameterCommands::everyMemberHasItsRow()
@@ -178,7 +167,7 @@ void TestParameterCommands::checkRow(typename std::remove_cvref_t<decltype(Row)>
     const QLatin1StringView key(member->key);
     valueIn(record, Row) = Change<Value>::before;
     View view;
-    ParameterCommand<Row> command(Change<Value>::after, record, view, m_log.get());
+    ParameterCommand<Row> command(Change<Value>::after, record, view, &m_log->log());
     // The type of the calculation is written as its name, but in the log.
     const auto named = [&](const Value &value) {
         if (key != QLatin1StringView(fixationType))
@@ -318,7 +307,7 @@ void TestParameterCommands::controlPushesItsCommand()
     QFETCH(QString, command);
     applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
     controlWidget controls;
-    controls.setLog(m_log.get());
+    controls.setLog(&m_log->log());
     for (VisualizationWidget *widget : controls.visualizationWidgets())
         widget->setColorChooser([](const QColor &) { return QColor(1, 2, 3); });
     const ParameterMember &member = *memberOf(command);

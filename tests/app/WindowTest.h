@@ -6,9 +6,9 @@
 #include "commands/CommandStack.h"
 #include "import/panel/DataWidget.h"
 #include "settings/FirstStart.h"
-#include "settings/SettingsStore.h"
 #include "table/panel/filterDialog.h"
 #include "TestMessages.h"
+#include "TestSettings.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -41,7 +41,7 @@ protected:
         m_folder = std::make_unique<QTemporaryDir>();
         QVERIFY(m_folder->isValid());
         QDir::setCurrent(m_folder->path());
-        SettingsStore::useFile(m_folder->filePath(QStringLiteral("store.ini")));
+        m_settings = std::make_unique<TemporarySettings>();
         m_messages = std::make_unique<RecordedMessages>();
         applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
         CommandStack::instance().clear();
@@ -59,7 +59,7 @@ protected:
         m_window.reset();
         m_messages.reset();
         QDir::setCurrent(QDir::rootPath());
-        SettingsStore::useFile({});
+        m_settings.reset();
     }
 
     template <class Widget>
@@ -118,6 +118,7 @@ protected:
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<RecordedMessages> m_messages;
     std::unique_ptr<Vistrum> m_window;
 };

@@ -7,6 +7,7 @@
 #include "settings/FirstStart.h"
 #include "settings/SettingsStore.h"
 #include "TestMessages.h"
+#include "TestSettings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -56,6 +57,7 @@ private:
     void compareTables(qsizetype tables) const;
 
     std::unique_ptr<BatchProgram> m_batch;
+    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<RecordedMessages> m_messages;
     std::unique_ptr<Vistrum> m_window;
 };
@@ -64,7 +66,7 @@ void TestBatchLikeWindow::init()
 {
     m_batch = std::make_unique<BatchProgram>();
     QDir::setCurrent(m_batch->path(QString()));
-    SettingsStore::useFile(m_batch->root() + QStringLiteral("/store.ini"));
+    m_settings = std::make_unique<TemporarySettings>();
     m_messages = std::make_unique<RecordedMessages>();
     applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
     CommandStack::instance().clear();
@@ -78,7 +80,7 @@ void TestBatchLikeWindow::cleanup()
     m_window.reset();
     m_messages.reset();
     QDir::setCurrent(QDir::rootPath());
-    SettingsStore::useFile({});
+    m_settings.reset();
 }
 
 void TestBatchLikeWindow::exportFromWindow(const QString &eyes, const QString &folder, const Choice &choice) const

@@ -8,6 +8,7 @@
 #include "settings/SettingsStore.h"
 #include "table/panel/ExaminationTable.h"
 #include "TestMessages.h"
+#include "TestSettings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -108,6 +109,7 @@ private:
     }
 
     std::unique_ptr<BatchProgram> m_batch;
+    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<RecordedMessages> m_messages;
     std::unique_ptr<Vistrum> m_window;
 };
@@ -116,7 +118,7 @@ void TestRecipeReplay::init()
 {
     m_batch = std::make_unique<BatchProgram>();
     QDir::setCurrent(m_batch->path(QString()));
-    SettingsStore::useFile(m_batch->root() + u"/store.ini"_s);
+    m_settings = std::make_unique<TemporarySettings>();
     m_messages = std::make_unique<RecordedMessages>();
     applyFactorySettings(QStringLiteral(VISTRUM_SOURCE_DIR "/data/factory_settings.ini"), QString());
     CommandStack::instance().clear();
@@ -130,7 +132,7 @@ void TestRecipeReplay::cleanup()
     m_window.reset();
     m_messages.reset();
     QDir::setCurrent(QDir::rootPath());
-    SettingsStore::useFile({});
+    m_settings.reset();
 }
 
 /// Everything that a recipe can hold, with changes between two exports.

@@ -3,10 +3,11 @@
 #include "commands/CommandStack.h"
 #include "commands/ParameterCommand.h"
 #include "detection/FixationSettingsModel.h"
+#include "TestLog.h"
+#include "TestSettings.h"
 #include "visualization/parameters/AoiVisualizationParameters.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -106,6 +107,7 @@ class TestParameterCommand : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void init();
+    void cleanup() { m_settings.reset(); }
     void everyRowWithACommandUndoes();
     void theStackRunsTheCommandOnce();
     void withoutALogNoLineIsWritten();
@@ -131,26 +133,16 @@ private:
                           commands);
         return commands;
     }
-    QStringList takeLogLines();
+    QStringList takeLogLines() const { return m_log->takeLines(); }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<Log> m_log;
+    std::unique_ptr<TemporarySettings> m_settings;
+    std::unique_ptr<RecordedLog> m_log;
 };
 
 void TestParameterCommand::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_log = std::make_unique<Log>(m_folder->filePath(QStringLiteral("log")));
-    SettingsStore::useFile(m_folder->filePath(QStringLiteral("store.ini")));
-}
-
-QStringList TestParameterCommand::takeLogLines()
-{
-    QFile file(m_folder->filePath(QStringLiteral("log")));
-    const bool opened = file.open(QIODevice::ReadOnly);
-    const QString text = opened ? QString::fromUtf8(file.readAll()) : QString();
-    m_log->clear();
-    return text.split(u'\n', Qt::SkipEmptyParts);
+    m_settings = std::make_unique<TemporarySettings>();
+    m_log = std::make_unique<RecordedLog>();
 }
 
 template <const auto &Row>
@@ -166,7 +158,7 @@ void TestParameterCommand::checkUndo(int &commands)
     const Value after = changed(before);
     valueIn(record, Row) = before;
     FakePanel panel;
-    ParameterCommand<Row> command(after, record, panel, m_log.get());
+    ParameterCommand<Row> command(after, record, panel, &m_log->log());
     QVERIFY(valueIn(record, Row) == before); // nothing happens before the command is run
     QVERIFY2(takeLogLines().isEmpty() && panel.shown() == 0, Row.command.data());
 
@@ -202,8 +194,8 @@ void TestParameterCommand::theStackRunsTheCommandOnce()
     Record record;
     FakePanel panel;
     QUndoStack stack;
-    stack.push(new ParameterCommand<wholeRow>(5, record, panel, m_log.get()));
-    stack.push(new ParameterCommand<wholeRow>(6, record, panel, m_log.get()));
+    stack.push(new ParameterCommand<wholeRow>(5, record, panel, &m_log->log()));
+    stack.push(new ParameterCommand<wholeRow>(6, record, panel, &m_log->log()));
     QCOMPARE(stack.count(), 2); // commands never merge
     QCOMPARE(panel.shown(), 2);
     stack.undo();
@@ -226,7 +218,7 @@ void TestParameterCommand::withoutALogNoLineIsWritten()
     command.redo();
     QCOMPARE(record.whole, 5);
     QCOMPARE(SettingsStore().value(QStringLiteral("Visualization/Test/Whole")).toInt(), 5);
-    QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("log"))));
+    QCOMPARE(takeLogLines(), QStringList());
 }
 
 void TestParameterCommand::textsOfTheUndoView_data()
@@ -276,7 +268,7 @@ void TestParameterCommand::realNumbersHaveSixDigits()
     QFETCH(QString, expected);
     Record record;
     FakePanel panel;
-    ParameterCommand<realRow> command(value, record, panel, m_log.get());
+    ParameterCommand<realRow> command(value, record, panel, &m_log->log());
     QCOMPARE(command.text(), QStringLiteral("Real changed: ") + expected);
     command.redo();
     QCOMPARE(takeLogLines(), QStringList{QStringLiteral("CommandChangeReal::redo = ") + expected});

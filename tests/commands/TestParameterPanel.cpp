@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "commands/panel/ParameterPanel.h"
+#include "TestSettings.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -135,16 +135,14 @@ private Q_SLOTS:
     void controlsWithoutCommand();
 
 private:
-    QTemporaryDir m_folder;
+    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<Panel> m_panel;
     int m_before = 0; ///< commands on the stack, which lives as long as the process
 };
 
 void TestParameterPanel::init()
 {
-    const QString store = m_folder.filePath(QStringLiteral("store.ini"));
-    QFile::remove(store);
-    SettingsStore::useFile(store);
+    m_settings = std::make_unique<TemporarySettings>();
     m_panel = std::make_unique<Panel>();
     m_before = stack().count();
 }
@@ -152,6 +150,7 @@ void TestParameterPanel::init()
 void TestParameterPanel::cleanup()
 {
     stack().clear(); // the commands hold references to the panel
+    m_settings.reset();
 }
 
 void TestParameterPanel::showsTheRecordWithoutACommand()

@@ -4,6 +4,7 @@
 #include "detection/FixationCalculation.h"
 #include "GeneratedGaze.h"
 #include "model/DataModel.h"
+#include "TestLog.h"
 #include "TestMessages.h"
 #include "TestSettings.h"
 
@@ -58,13 +59,6 @@ Examination saccadesOf(int places)
 VelocityParameters velocityInPixels(int minimumDurationMs)
 {
     return {.minimumDurationMs = minimumDurationMs, .threshold = 2, .unit = VelocityUnit::PixelPerMs};
-}
-
-QStringList linesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
-                                          : QStringList();
 }
 
 /// What happens in front of the user, in order.
@@ -427,18 +421,17 @@ void TestFixationCalculation::otherDetectorsAddFixationsOnly()
 void TestFixationCalculation::warningsGoToTheLogOnly()
 {
     const TemporarySettings store;
-    const QTemporaryDir folder;
-    const Log log(folder.filePath(QStringLiteral("log")));
+    const RecordedLog log;
     DataModel model = modelOf({saccadesOf(3)});
     model.examinations()[0].baseName = QStringLiteral("S07");
     const RecordedMessages messages;
-    const auto outcome = calculateFixations(model, velocityInPixels(3), &log);
+    const auto outcome = calculateFixations(model, velocityInPixels(3), &log.log());
     const QString text = QStringLiteral("The minimum duration of 3 ms is shorter than one sampling interval, 5 ms.");
     const QList<DetectionWarning> expected{{QStringLiteral("S07"), QStringLiteral("left eye"), text},
                                            {QStringLiteral("S07"), QStringLiteral("mean eye"), text}};
     QVERIFY(outcome);
     QCOMPARE(outcome->warnings, expected); // the right eye was not recorded
-    QCOMPARE(linesOf(folder.filePath(QStringLiteral("log"))),
+    QCOMPARE(log.lines(),
              QStringList({QStringLiteral("S07, left eye: ") + text, QStringLiteral("S07, mean eye: ") + text}));
     QCOMPARE(messages.texts(), QStringList());
 }
@@ -447,17 +440,16 @@ void TestFixationCalculation::failureOfTheMixtureIsTold()
 {
     const TemporarySettings store;
     SettingsStore().setValue(rows::gaussianMinimumDuration.key, 10);
-    const QTemporaryDir folder;
-    const Log log(folder.filePath(QStringLiteral("log")));
+    const RecordedLog log;
     Examination made = saccadesOf(3);
     made.baseName = QStringLiteral("S07");
     made.leftEye.gazePoints.resize(2);
     DataModel model = modelOf({made});
-    const auto outcome = calculateFixations(model, MixtureParameters{10, true}, &log);
+    const auto outcome = calculateFixations(model, MixtureParameters{10, true}, &log.log());
     const QString text = QStringLiteral("No fixations: fewer than three usable samples.");
     QVERIFY(outcome);
     QCOMPARE(outcome->warnings, (QList<DetectionWarning>{{QStringLiteral("S07"), QStringLiteral("left eye"), text}}));
-    QCOMPARE(linesOf(folder.filePath(QStringLiteral("log"))),
+    QCOMPARE(log.lines(),
              QStringList({QStringLiteral("S07, left eye: ") + text, QStringLiteral("S07, right eye: ") + text}));
     QCOMPARE(model.examinations()[0].leftEye.scanpath.size(), 0);
     QCOMPARE(model.examinations()[0].meanEye.scanpath.size(), 3);

@@ -3,6 +3,7 @@
 #include "detection/panel/FixationCommands.h"
 #include "detection/panel/FixationControl.h"
 #include "model/DataModel.h"
+#include "TestLog.h"
 #include "TestMessages.h"
 #include "TestSettings.h"
 
@@ -33,13 +34,6 @@ template <class Widget>
 Widget *child(const QWidget &panel, const char *name)
 {
     return panel.findChild<Widget *>(QString::fromLatin1(name));
-}
-
-QStringList linesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
-                                          : QStringList();
 }
 
 /// A main window of which only the picture matters, and what it was told.
@@ -94,7 +88,6 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<TemporarySettings> m_settings;
-    std::unique_ptr<QTemporaryDir> m_directory;
     /// Chooses the velocity detector with a threshold of 30 degrees a second.
     void chooseDegrees() const;
 
@@ -105,7 +98,6 @@ private:
 void TestFixationControl::init()
 {
     m_settings = std::make_unique<TemporarySettings>();
-    m_directory = std::make_unique<QTemporaryDir>();
     SettingsStore store;
     store.setValue(typeKey, QStringLiteral("Standard"));
     store.setValue(durationKey, 100);
@@ -288,9 +280,8 @@ void TestFixationControl::changeOfControlIsACommand()
     QFETCH(QString, name);
     QFETCH(QString, key);
     QFETCH(QString, command);
-    const QString logPath = m_directory->filePath(QStringLiteral("log"));
-    const Log log(logPath);
-    m_panel->setLog(&log);
+    const RecordedLog log;
+    m_panel->setLog(&log.log());
     auto *control = m_panel->findChild<QSpinBox *>(name);
     const int before = control->value();
     control->setValue(17);
@@ -303,25 +294,24 @@ void TestFixationControl::changeOfControlIsACommand()
     QCOMPARE(CommandStack::instance().count(), 1); // the control's signal makes no new command
     CommandStack::instance().redo();
     QCOMPARE(control->value(), 17);
-    QCOMPARE(linesOf(logPath), QStringList({command + QStringLiteral("::redo = 17"),
-                                            command + QStringLiteral("::undo = ") + QString::number(before),
-                                            command + QStringLiteral("::redo = 17")}));
+    QCOMPARE(log.lines(), QStringList({command + QStringLiteral("::redo = 17"),
+                                       command + QStringLiteral("::undo = ") + QString::number(before),
+                                       command + QStringLiteral("::redo = 17")}));
 }
 
 void TestFixationControl::typeCommandNamesTheType()
 {
-    const QString logPath = m_directory->filePath(QStringLiteral("log"));
-    const Log log(logPath);
+    const RecordedLog log;
     FixationSettingsModel record;
     ParameterPanel view;
-    CommandStack::instance().push(new CommandChangeFixationControlCalculationType(1, record, view, &log));
+    CommandStack::instance().push(new CommandChangeFixationControlCalculationType(1, record, view, &log.log()));
     QCOMPARE(CommandStack::instance().text(0),
              QStringLiteral("Fixation calculation type changed: Gaussian Mixture Model"));
     QCOMPARE(SettingsStore().value(typeKey).toString(), QStringLiteral("Gaussian Mixture Model"));
     CommandStack::instance().undo();
     QCOMPARE(SettingsStore().value(typeKey).toString(), QStringLiteral("Standard"));
-    QCOMPARE(linesOf(logPath), QStringList({QStringLiteral("CommandChangeFixationControlCalculationType::redo = 1"),
-                                            QStringLiteral("CommandChangeFixationControlCalculationType::undo = 0")}));
+    QCOMPARE(log.lines(), QStringList({QStringLiteral("CommandChangeFixationControlCalculationType::redo = 1"),
+                                       QStringLiteral("CommandChangeFixationControlCalculationType::undo = 0")}));
 }
 
 void TestFixationControl::clickRunsTheChosenDetector_data()

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/Log.h"
 #include "detection/DetectionReport.h"
 #include "detection/StandardScanpathBuilder.h"
+#include "TestLog.h"
 #include "TestMessages.h"
 
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -400,20 +398,15 @@ void TestStandardScanpathBuilder::calculationInfo()
 
 void TestStandardScanpathBuilder::logLines()
 {
-    QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("log"));
-    const Log log(path);
+    const RecordedLog log;
     QList<GazePoint> samples;
     rest(samples, 0, 3, 100);
     rest(samples, 30, 4, 0, 0);
     rest(samples, 70, 20, 100);
     EyeData eye = eyeOf(samples);
-    const StandardScanpathBuilder builder(eye, {50, 50, 0}, &log);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(),
-             QByteArray("StandardScanpathBuilder found: 1 fixations, 1 saccades and 1 invalid sections\n"
-                        "Calculated with: MinimumDuration=50ms, MaximumRadius=50, AllowedOutliers=0\n"));
+    const StandardScanpathBuilder builder(eye, {50, 50, 0}, &log.log());
+    QCOMPARE(log.bytes(), QByteArray("StandardScanpathBuilder found: 1 fixations, 1 saccades and 1 invalid sections\n"
+                                     "Calculated with: MinimumDuration=50ms, MaximumRadius=50, AllowedOutliers=0\n"));
 }
 
 void TestStandardScanpathBuilder::clockThatRunsBackwardsViolatesTheInvariant()

@@ -4,6 +4,7 @@
 #include "settings/StoredKeys.h"
 #include "statistics/StatisticsCalculation.h"
 #include "TestMessages.h"
+#include "TestSettings.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -39,6 +40,7 @@ class TestStatisticsExport : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void init();
+    void cleanup() { m_settings.reset(); }
     void general();
     void generalOfSomeColumns();
     void areas();
@@ -48,6 +50,7 @@ private Q_SLOTS:
     void eyes();
 
 private:
+    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<QTemporaryDir> m_folder;
     ExportTarget m_target;
 };
@@ -55,7 +58,7 @@ private:
 void TestStatisticsExport::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    SettingsStore::useFile(m_folder->filePath(QStringLiteral("settings.ini")));
+    m_settings = std::make_unique<TemporarySettings>();
     for (const auto &key :
          {keys::horizontalActivity, keys::verticalActivity, keys::averageSpeed, keys::maximumSpeed, keys::minimumSpeed,
           keys::glanceFrequency, keys::glanceProportion, keys::maximumGlanceDuration, keys::meanGlanceDuration,

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/DataImporter.h"
+#include "TestLog.h"
 
 #include <QDir>
 #include <QFile>
@@ -39,20 +40,17 @@ QList<qint64> timesOf(const QList<GazePoint> &points)
 struct Imported {
     explicit Imported(const QByteArray &bytes)
     {
-        const Log log(folder.filePath(QStringLiteral("log")));
-        DataImporter importer(QString(), &examination, &log);
+        const RecordedLog log;
+        DataImporter importer(QString(), &examination, &log.log());
         ok = importer.readBytes(bytes);
         counts = importer.counts();
-        QFile file(folder.filePath(QStringLiteral("log")));
-        if (file.open(QIODevice::ReadOnly))
-            logText = file.readAll();
+        logText = log.bytes();
     }
 
     const QList<GazePoint> &left() const { return examination.leftEye.gazePoints; }
     const QList<GazePoint> &right() const { return examination.rightEye.gazePoints; }
     const QList<GazePoint> &mean() const { return examination.meanEye.gazePoints; }
 
-    QTemporaryDir folder;
     Examination examination;
     bool ok = false;
     ImportCounts counts;
@@ -142,13 +140,10 @@ void TestDataImporter::recordingThatCannotBeReadOnceOpen()
     QFile memory(path);
     if (!memory.open(QIODevice::ReadOnly))
         QSKIP("This system has no such file.");
-    const QTemporaryDir folder;
-    const Log log(folder.filePath(QStringLiteral("log")));
+    const RecordedLog log;
     Examination examination;
-    QVERIFY(!DataImporter(path, &examination, &log).readFile());
-    QFile file(folder.filePath(QStringLiteral("log")));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("DataImporter ERROR: Datafile can not be opened or does not exist!\n"));
+    QVERIFY(!DataImporter(path, &examination, &log.log()).readFile());
+    QCOMPARE(log.bytes(), QByteArray("DataImporter ERROR: Datafile can not be opened or does not exist!\n"));
 }
 
 void TestDataImporter::linesAround_data()

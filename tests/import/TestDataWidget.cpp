@@ -2,10 +2,11 @@
 #include "import/panel/DataWidget.h"
 
 #include "commands/CommandStack.h"
-#include "settings/SettingsStore.h"
 
 #include "ImportFiles.h"
+#include "TestLog.h"
 #include "TestMessages.h"
+#include "TestSettings.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -76,12 +77,12 @@ private:
         click("SM_addButton");
     }
     QStringList listed() const;
-    /// The log since the last call.
-    QStringList takeLog();
+    QStringList takeLog() const { return m_log->takeLines(); }
     QUndoStack &stack() const { return CommandStack::instance(); }
 
     std::unique_ptr<ImportFiles> m_files;
-    std::unique_ptr<Log> m_log;
+    std::unique_ptr<TemporarySettings> m_settings;
+    std::unique_ptr<RecordedLog> m_log;
     std::unique_ptr<DataModel> m_model;
     std::unique_ptr<FakeWindow> m_window;
     std::unique_ptr<DataWidget> m_widget;
@@ -92,14 +93,14 @@ private:
 void TestDataWidget::init()
 {
     m_files = std::make_unique<ImportFiles>();
-    SettingsStore::useFile(m_files->path(u"settings.ini"_s));
-    m_log = std::make_unique<Log>(m_files->path(u"log"_s));
+    m_settings = std::make_unique<TemporarySettings>();
+    m_log = std::make_unique<RecordedLog>();
     m_model = std::make_unique<DataModel>();
     m_window = std::make_unique<FakeWindow>();
     m_widget = std::make_unique<DataWidget>();
     m_widget->setModel(m_model.get());
     m_widget->setMainWindow(m_window.get());
-    m_widget->setLog(m_log.get());
+    m_widget->setLog(&m_log->log());
     m_choice.clear();
     m_askedFolders.clear();
     m_widget->setRecordingChooser([this](const QString &folder) {
@@ -113,7 +114,7 @@ void TestDataWidget::init()
 void TestDataWidget::cleanup()
 {
     stack().clear(); // its commands refer to this test's widget
-    SettingsStore::useFile({});
+    m_settings.reset();
 }
 
 QStringList TestDataWidget::listed() const
@@ -122,13 +123,6 @@ QStringList TestDataWidget::listed() const
     for (int row = 0; row < child<QListWidget>("listView")->count(); ++row)
         texts << child<QListWidget>("listView")->item(row)->text();
     return texts;
-}
-
-QStringList TestDataWidget::takeLog()
-{
-    const QString text = QString::fromUtf8(m_files->read(u"log"_s));
-    m_log->clear();
-    return text.split(u'\n', Qt::SkipEmptyParts);
 }
 
 void TestDataWidget::form()

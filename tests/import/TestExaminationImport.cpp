@@ -4,6 +4,7 @@
 #include "base/Progress.h"
 
 #include "ImportFiles.h"
+#include "TestLog.h"
 #include "TestMessages.h"
 
 #include <QDir>
@@ -79,8 +80,6 @@ private Q_SLOTS:
     void removing();
 
 private:
-    Log log() const { return Log(m_files->path(u"log"_s)); }
-
     std::unique_ptr<ImportFiles> m_files;
 };
 
@@ -124,11 +123,11 @@ void TestExaminationImport::noRecording()
     const QString path = m_files->path(u"p01.data"_s);
     m_files->write(u"p01.set"_s, "[subject]\nsubjectID=p01\n");
     QTest::ignoreMessage(QtDebugMsg, missingDataFile);
-    const Log log = this->log();
-    const ImportedFile file = readRecording(path, &log);
+    const RecordedLog log;
+    const ImportedFile file = readRecording(path, &log.log());
     QVERIFY(!file.examination.importOk);
     QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path, u"there is no such file"_s)});
-    QCOMPARE(m_files->read(u"log"_s), QByteArray()); // only files that are there are opened
+    QCOMPARE(log.bytes(), QByteArray()); // only files that are there are opened
 }
 
 void TestExaminationImport::folderInPlaceOfTheRecording()
@@ -136,11 +135,11 @@ void TestExaminationImport::folderInPlaceOfTheRecording()
     const QString path = m_files->path(u"p01.data"_s);
     QVERIFY(QDir().mkdir(path));
     m_files->write(u"p01.set"_s, "");
-    const Log log = this->log();
-    const ImportedFile file = readRecording(path, &log);
+    const RecordedLog log;
+    const ImportedFile file = readRecording(path, &log.log());
     QVERIFY(!file.examination.importOk);
     QCOMPARE(file.messages, QList<ImportMessage>{corrupt(path, u"it is a folder"_s)});
-    QCOMPARE(m_files->read(u"log"_s), unreadable);
+    QCOMPARE(log.bytes(), unreadable);
 }
 
 void TestExaminationImport::linkToItself()
@@ -150,10 +149,11 @@ void TestExaminationImport::linkToItself()
     m_files->write(u"p01.set"_s, "");
     QTest::ignoreMessage(QtDebugMsg, missingDataFile);
     QCOMPARE(readRecording(path, nullptr).messages, QList<ImportMessage>{corrupt(path, u"there is no such file"_s)});
-    const Log log = this->log();
+    const RecordedLog log;
     Examination examination;
-    QVERIFY(!DataImporter(path, &examination, &log).readFile()); // a file that cannot be opened, for the root user, too
-    QCOMPARE(m_files->read(u"log"_s), unreadable);
+    QVERIFY(!DataImporter(path, &examination, &log.log())
+                 .readFile()); // a file that cannot be opened, for the root user, too
+    QCOMPARE(log.bytes(), unreadable);
 }
 
 void TestExaminationImport::noPermission()
@@ -165,13 +165,13 @@ void TestExaminationImport::noPermission()
     if (access(qPrintable(path), R_OK) == 0)
         QSKIP("this user may read every file");
 #endif
-    const Log log = this->log();
-    const ImportedFile file = readRecording(path, &log);
+    const RecordedLog log;
+    const ImportedFile file = readRecording(path, &log.log());
     QVERIFY(!file.examination.importOk);
     QCOMPARE(file.messages.size(), 2);
     QCOMPARE(file.messages[0].title, u"Error opening set file"_s);
     QCOMPARE(file.messages[1], corrupt(path, u"it cannot be opened: Permission denied"_s));
-    QCOMPARE(m_files->read(u"log"_s), unreadable);
+    QCOMPARE(log.bytes(), unreadable);
 }
 
 void TestExaminationImport::corruptContent_data()
@@ -213,13 +213,13 @@ void TestExaminationImport::gigabyteWithoutLineBreak()
     const QString path = m_files->write(u"p01.data"_s, "1\t2");
     QVERIFY(QFile::resize(path, gigabyte)); // NUL bytes that take no room on the disk
     m_files->write(u"p01.set"_s, "");
-    const Log log = this->log();
-    const ImportedFile file = readRecording(path, &log);
+    const RecordedLog log;
+    const ImportedFile file = readRecording(path, &log.log());
     QCOMPARE(file.messages,
              QList<ImportMessage>{corrupt(path, u"none of its 1 sample lines has eleven fields separated by tabs"_s)});
     QCOMPARE(file.counts, (ImportCounts{.wrongLength = {1, 1}}));
     constexpr qint64 mostLogged = 2 << 20;
-    QVERIFY(QFile(m_files->path(u"log"_s)).size() < mostLogged);
+    QVERIFY(log.bytes().size() < mostLogged);
 }
 
 void TestExaminationImport::longLoggedLine()
@@ -229,15 +229,15 @@ void TestExaminationImport::longLoggedLine()
     // The cut would fall within the last character before it: two bytes each, after one digit.
     const QByteArray line = "1" + QByteArray("\xC3\xBC").repeated(32 << 20);
     const QString path = m_files->write(u"p01.data"_s, good + line + '\n' + good);
-    const Log log = this->log();
+    const RecordedLog log;
     Examination examination;
-    DataImporter importer(path, &examination, &log);
+    DataImporter importer(path, &examination, &log.log());
     QVERIFY(importer.readFile());
     QCOMPARE(importer.counts(), (ImportCounts{.samples = 2, .wrongLength = {1, 2}, .repeatedTimes = {1, 3}}));
     const QByteArray expected = "DataImporter ERROR: Journal entry has invalid length\n   --> " +
                                 line.first(cutAt - 1) + " ... (cut, the line has " + QByteArray::number(line.size()) +
                                 " bytes)\n";
-    QVERIFY(m_files->read(u"log"_s) == expected);
+    QVERIFY(log.bytes() == expected);
 }
 
 void TestExaminationImport::foreignFileNames()
@@ -259,10 +259,10 @@ void TestExaminationImport::severalThreads()
     for (std::size_t i = 0; i < threads; ++i)
         paths[i] = m_files->writeRecording(u"p%1"_s.arg(i));
     std::array<int, threads> right{};
-    const Log log = this->log();
+    const RecordedLog log;
     const auto readMany = [&](std::size_t i) {
         for (int round = 0; round < rounds; ++round) {
-            const ImportedFile file = readRecording(paths[i], &log);
+            const ImportedFile file = readRecording(paths[i], &log.log());
             right[i] += file.examination.importOk && file.examination.subjectId == u"p%1"_s.arg(i) ? 1 : 0;
         }
     };
@@ -424,11 +424,11 @@ void TestExaminationImport::logOfFilesReadSideBySide()
         expected +=
             "Dataimporter found header: # first of " + name.toUtf8() + "\nDataimporter found header: # second\n";
     }
-    const Log log = this->log();
+    const RecordedLog log;
     QStringList taken;
-    readRecordings(paths, 4, &log, [&](const ImportedFile &file) { taken << file.path; });
+    readRecordings(paths, 4, &log.log(), [&](const ImportedFile &file) { taken << file.path; });
     QCOMPARE(taken, paths);
-    QCOMPARE(m_files->read(u"log"_s), expected);
+    QCOMPARE(log.bytes(), expected);
 }
 
 /// A side file that does not end: nothing of it is read, and the recording is.

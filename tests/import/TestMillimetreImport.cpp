@@ -8,6 +8,7 @@
 #include "FakeWindow.h"
 #include "ImportFiles.h"
 #include "TestMessages.h"
+#include "TestSettings.h"
 
 #include <QImage>
 #include <QPushButton>
@@ -112,6 +113,7 @@ private:
     }
     const QList<Examination> &examinations() const { return std::as_const(*m_model).examinations(); }
 
+    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<ImportFiles> m_files;
     std::unique_ptr<RecordedMessages> m_messages;
     std::unique_ptr<DataModel> m_model;
@@ -124,7 +126,7 @@ void TestMillimetreImport::init()
 {
     m_files = std::make_unique<ImportFiles>();
     m_messages = std::make_unique<RecordedMessages>();
-    SettingsStore::useFile(m_files->path(u"settings.ini"_s));
+    m_settings = std::make_unique<TemporarySettings>();
     m_model = std::make_unique<DataModel>();
     m_window = std::make_unique<TellingWindow>();
     m_widget = std::make_unique<DataWidget>();
@@ -143,7 +145,7 @@ void TestMillimetreImport::cleanup()
 {
     m_messages.reset();
     CommandStack::instance().clear();
-    SettingsStore::useFile({});
+    m_settings.reset();
 }
 
 void TestMillimetreImport::anExamination()

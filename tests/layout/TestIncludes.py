@@ -23,7 +23,7 @@ class TestIncludes(LayoutTest):
     def test_real_tree(self):
         tree = self.real_tree()
         for rule in (rules.unresolved_includes, rules.unseen_modules, rules.upward_includes, rules.upward_uses,
-                     rules.wrongly_named_modules, rules.include_circles):
+                     rules.uses_of_later_modules, rules.wrongly_named_modules, rules.include_circles):
             with self.subTest(rule.__name__):
                 self.assert_clean(rule(tree))
 
@@ -93,6 +93,19 @@ class TestIncludes(LayoutTest):
     def test_uses_of_a_module_that_is_not_there(self):
         tree = self.sample({"src/aoi/CMakeLists.txt": "add_module(aoi CORE A.cpp USES statistics)"})
         self.assert_complains(rules.upward_uses(tree), "statistics")
+
+    def test_uses_of_a_module_later_in_the_list(self):
+        order = "add_subdirectory(base)\nforeach(module export aoi model)\n  add_subdirectory(${module})\nendforeach()\n"
+        tree = self.sample({**LISTS, "src/CMakeLists.txt": order})
+        self.assertEqual(tree.module_order, ["base", "export", "aoi", "model"])
+        complaints = rules.uses_of_later_modules(tree)
+        self.assertEqual(len(complaints), 2, complaints)
+        self.assertIn("export USES model", complaints[0])
+        self.assertIn("aoi USES model", complaints[1])
+
+    def test_uses_of_modules_before_it_in_the_list(self):
+        tree = self.sample({**LISTS, "src/CMakeLists.txt": "add_subdirectory(base)\nforeach(module model aoi export)\n"})
+        self.assert_clean(rules.uses_of_later_modules(tree))
 
     def test_module_with_another_name_than_its_folder(self):
         tree = self.sample({"src/aoi/CMakeLists.txt": "add_module(regions CORE A.cpp)"})

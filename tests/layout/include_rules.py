@@ -111,6 +111,16 @@ def upward_uses(tree):
     return complaints
 
 
+def uses_of_later_modules(tree):
+    """A module whose scene or panel comes later in the list is linked without them."""
+    complaints = []
+    for place, name in enumerate(tree.module_order):
+        for used in tree.modules[name].uses if name in tree.modules else []:
+            if used not in tree.module_order[:place]:
+                complaints.append(f"src/CMakeLists.txt: {name} USES {used}, which does not stand before it in the list")
+    return complaints
+
+
 def wrongly_named_modules(tree):
     return [f"src/{module.name}/CMakeLists.txt: the module is called {module.declared_name}"
             for module in tree.modules.values() if module.declared_name not in (None, module.name)]

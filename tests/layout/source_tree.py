@@ -98,6 +98,14 @@ class SourceTree:
         lists = sorted((self.root / "src").glob("*/CMakeLists.txt"))
         return {path.parent.name: Module(path.parent.name, path.read_text(encoding="utf-8")) for path in lists}
 
+    @cached_property
+    def module_order(self):
+        """The modules in the order of the list in src/CMakeLists.txt."""
+        path = self.root / "src/CMakeLists.txt"
+        text = path.read_text(encoding="utf-8") if path.is_file() else ""
+        calls = re.findall(r"add_subdirectory\((\w+)\)|foreach\(module ([\w\s]+)\)", text)
+        return [name for one, several in calls for name in (one + " " + several).split()]
+
     def reachable_modules(self, name):
         """The modules that the named one uses, directly or through others, and itself."""
         reached, waiting = set(), [name]

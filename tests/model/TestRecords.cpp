@@ -24,6 +24,7 @@ private Q_SLOTS:
     void durationIsThatOfTheLongerEye();
     void selectionOfEyes_data();
     void selectionOfEyes();
+    void wordsOfTheSelections();
     void pooledStreams();
     void checkedExaminations();
     void groupColours();
@@ -196,6 +197,16 @@ void TestRecords::selectionOfEyes()
     for (const Eye eye : eyesOf(static_cast<EyeMode>(mode)))
         eyes << std::as_const(examination).stream(eye).calculationInfo;
     QTEST(eyes, "eyes");
+}
+
+void TestRecords::wordsOfTheSelections()
+{
+    QStringList words;
+    for (std::size_t i = 0; i < allEyeModes.size(); ++i) {
+        QCOMPARE(static_cast<std::size_t>(allEyeModes[i]), i);
+        words << eyeModeWord(allEyeModes[i]);
+    }
+    QCOMPARE(words, QStringLiteral("all dominant left right mean").split(u' '));
 }
 
 void TestRecords::pooledStreams()

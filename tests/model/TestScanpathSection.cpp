@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/Log.h"
 #include "model/ScanpathSection.h"
+#include "TestLog.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -43,13 +41,6 @@ QList<qint64> timesOf(const ScanpathSection &section)
 Fixation fixation(const QList<GazePoint> &samples, QPoint centroid = {1, 1})
 {
     return {samples, QStringLiteral("fixation"), centroid, 0};
-}
-
-QStringList linesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
-                                          : QStringList();
 }
 
 /// Population covariance of the positions, px^2.
@@ -310,21 +301,19 @@ void TestScanpathSection::invalidKeepsOrder()
 
 void TestScanpathSection::emptySections()
 {
-    QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("log"));
-    const Log log(path);
+    const RecordedLog log;
     QTest::ignoreMessage(QtWarningMsg, "WARNING: Fixation of size zero constructed!");
     const Fixation emptyFixation = fixation({}, {0, 0});
     QCOMPARE(emptyFixation.median, QPoint());
     QCOMPARE(emptyFixation.variance, QPoint());
     QCOMPARE(emptyFixation.majorAxis, QVector2D());
     QCOMPARE(emptyFixation.duration(), 0);
-    const Saccade emptySaccade({}, QStringLiteral("saccade"), 1, &log);
+    const Saccade emptySaccade({}, QStringLiteral("saccade"), 1, &log.log());
     QCOMPARE(emptySaccade.duration(), 0);
-    const Invalid emptyInvalid({}, QStringLiteral("invalid"), 2, &log);
+    const Invalid emptyInvalid({}, QStringLiteral("invalid"), 2, &log.log());
     QCOMPARE(emptyInvalid.duration(), 0);
-    QCOMPARE(linesOf(path), QStringList({QStringLiteral("Error: Saccade of size zero constructed!"),
-                                         QStringLiteral("Error: Invalid of size zero constructed!")}));
+    QCOMPARE(log.lines(), QStringList({QStringLiteral("Error: Saccade of size zero constructed!"),
+                                       QStringLiteral("Error: Invalid of size zero constructed!")}));
     const Saccade unlogged({}, QStringLiteral("saccade"), 1, nullptr);
     QVERIFY(unlogged.samples.isEmpty());
 }

@@ -16,8 +16,9 @@
 #include <cmath>
 #include <numbers>
 
-/// Each mode over the same gaze, with factory settings, beside the picture of it that somebody looked at. A change that
-/// is meant is taken over by UPDATE_GOLDEN=1, and then looked at.
+/// The modes of samples and events, but for charts, and the outlines of an area: each over the same gaze, with factory
+/// settings, beside the picture of it that somebody looked at. A change that is meant is taken over by UPDATE_GOLDEN=1,
+/// and then looked at.
 class TestGoldenImages : public QObject {
     Q_OBJECT
 private Q_SLOTS:

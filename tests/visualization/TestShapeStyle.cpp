@@ -11,6 +11,8 @@ private Q_SLOTS:
     void opacity_data();
     void opacity();
     void colorsFollowTheEye();
+    void theMeanHasTheColorOfTheDominantEye();
+    void eyeOfWhatIsOneForTheChoice();
     void colorsOfTheGroup();
     void groupsThatAreNone_data();
     void groupsThatAreNone();
@@ -75,6 +77,23 @@ void TestShapeStyle::colorsFollowTheEye()
     QCOMPARE(left.brush.color(), QColor(0, 255, 0, 127));
     QCOMPARE(styleOf(scenery, none, Eye::Right).brush.color(), QColor(0, 0, 255, 127));
     QCOMPARE(styleOf(scenery, none, Eye::Dominant).brush.color(), QColor(255, 0, 0, 127));
+}
+
+void TestShapeStyle::theMeanHasTheColorOfTheDominantEye()
+{
+    const toy::Scenery scenery = withGroup();
+    QCOMPARE(fillColorOf(scenery.fixations, Eye::Mean), scenery.fixations.fillColor);
+    const Group &group = scenery.model.groups().constFirst();
+    QCOMPARE(fillColorOf(group, Eye::Mean, scenery.fixations), QColor(10, 20, 30));
+}
+
+void TestShapeStyle::eyeOfWhatIsOneForTheChoice()
+{
+    QCOMPARE(colorEyeOf(EyeMode::showAll), Eye::Dominant);
+    QCOMPARE(colorEyeOf(EyeMode::showDominant), Eye::Dominant);
+    QCOMPARE(colorEyeOf(EyeMode::showLeft), Eye::Left);
+    QCOMPARE(colorEyeOf(EyeMode::showRight), Eye::Right);
+    QCOMPARE(colorEyeOf(EyeMode::showMean), Eye::Mean);
 }
 
 void TestShapeStyle::colorsOfTheGroup()

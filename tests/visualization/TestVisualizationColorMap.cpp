@@ -27,11 +27,11 @@ private Q_SLOTS:
 private:
     QImage preview() const
     {
-        const QList<QGraphicsItem *> items = find<QGraphicsView>("graphicsView_ADM")->scene()->items();
+        const QList<QGraphicsItem *> items = child<QGraphicsView>("graphicsView_ADM")->scene()->items();
         const auto *item = items.size() == 1 ? qgraphicsitem_cast<QGraphicsPixmapItem *>(items[0]) : nullptr;
         return item ? item->pixmap().toImage() : QImage();
     }
-    QString style(const char *button) const { return find<QToolButton>(button)->styleSheet(); }
+    QString style(const char *button) const { return child<QToolButton>(button)->styleSheet(); }
     void choose(const char *button, const QColor &color)
     {
         panel().setColorChooser([color](const QColor &) { return color; });
@@ -44,9 +44,9 @@ private:
         click("checkBox_cm_3");
         choose("toolButton_cm_c1", Qt::red);
         choose("toolButton_cm_c3", Qt::blue);
-        find<QSlider>("horizontalSlider_cm_t1")->setValue(255);
-        find<QSlider>("horizontalSlider_cm_t3")->setValue(255);
-        find<QSlider>("horizontalSlider_cm_sp3")->setValue(80);
+        child<QSlider>("horizontalSlider_cm_t1")->setValue(255);
+        child<QSlider>("horizontalSlider_cm_t3")->setValue(255);
+        child<QSlider>("horizontalSlider_cm_sp3")->setValue(80);
     }
     QString storedMap() const
     {
@@ -66,7 +66,7 @@ private:
         QStringList values;
         for (int i = 1; i <= 4; ++i) {
             for (const char *name : {"checkBox_cm_", "horizontalSlider_cm_t", "horizontalSlider_cm_sp"})
-                values << shown(find<QWidget>((name + QByteArray::number(i)).constData()));
+                values << shown(child<QWidget>((name + QByteArray::number(i)).constData()));
             const QString sheet = style(("toolButton_cm_c" + QByteArray::number(i)).constData());
             values << sheet.mid(sheet.indexOf(u':') + 1);
         }
@@ -85,15 +85,15 @@ constexpr char twoColorsShown[] = "true 255 0 #ff0000 false 0 0 #000000 true 255
 void TestVisualizationColorMap::init()
 {
     openPanel(PanelKind::GazePoints, 2);
-    QTest::keyClick(find<QWidget>("heatmap_colormap"), Qt::Key_End);
-    QTRY_VERIFY(find<QWidget>("graphicsView_ADM")->isVisible());
+    QTest::keyClick(child<QWidget>("heatmap_colormap"), Qt::Key_End);
+    QTRY_VERIFY(child<QWidget>("graphicsView_ADM")->isVisible());
     stack().clear();
     QCOMPARE(takeLogLines().size(), 1);
 }
 
 void TestVisualizationColorMap::previewFillsItsView()
 {
-    const auto *view = find<QGraphicsView>("graphicsView_ADM");
+    const auto *view = child<QGraphicsView>("graphicsView_ADM");
     QTRY_COMPARE(preview().size(), view->viewport()->size());
     QCOMPARE(view->sceneRect(), QRectF(QPointF(), QSizeF(view->viewport()->size())));
     QCOMPARE(preview().pixelColor(3, 3).alpha(), 0); // no colour takes part yet
@@ -122,11 +122,11 @@ void TestVisualizationColorMap::previewFollowsTheControls()
 void TestVisualizationColorMap::previewFollowsTheKeysOfASlider()
 {
     setTwoColors();
-    QTest::keyClick(find<QWidget>("horizontalSlider_cm_t1"), Qt::Key_Home);
+    QTest::keyClick(child<QWidget>("horizontalSlider_cm_t1"), Qt::Key_Home);
     QVERIFY(preview().pixelColor(0, 2).alpha() < 3);
-    QTest::keyClick(find<QWidget>("horizontalSlider_cm_t1"), Qt::Key_End);
+    QTest::keyClick(child<QWidget>("horizontalSlider_cm_t1"), Qt::Key_End);
     QCOMPARE(preview().pixelColor(0, 2).alpha(), 255);
-    QTest::keyClick(find<QWidget>("horizontalSlider_cm_sp3"), Qt::Key_End);
+    QTest::keyClick(child<QWidget>("horizontalSlider_cm_sp3"), Qt::Key_End);
     QVERIFY(preview().pixelColor(preview().width() * 9 / 10, 2).red() > 15); // not blue before the end
 }
 
@@ -169,7 +169,7 @@ void TestVisualizationColorMap::undoAndRedoShowTheMap()
 void TestVisualizationColorMap::theScaleShowsWhatIsApplied()
 {
     const auto most = [this] {
-        const QImage image = find<QLabel>("colormap_preview")->pixmap().toImage();
+        const QImage image = child<QLabel>("colormap_preview")->pixmap().toImage();
         return image.pixelColor(image.width() - 1, 0);
     };
     setTwoColors();
@@ -185,8 +185,8 @@ void TestVisualizationColorMap::undoReturnsWhatSlidersCannotShow()
     setStored("/ACM_start_p2", 0.336);
     setStored("/ACM_trans2", 999);
     panel().sltUpdateSettings();
-    QCOMPARE(shown(find<QWidget>("horizontalSlider_cm_sp2")), QStringLiteral("34")); // rounded
-    QCOMPARE(shown(find<QWidget>("horizontalSlider_cm_t2")), QStringLiteral("255"));
+    QCOMPARE(shown(child<QWidget>("horizontalSlider_cm_sp2")), QStringLiteral("34")); // rounded
+    QCOMPARE(shown(child<QWidget>("horizontalSlider_cm_t2")), QStringLiteral("255"));
     QCOMPARE(recorded("/ACM_trans2"), QStringLiteral("999"));
     click("pushButton_ACM");
     QCOMPARE(stored("/ACM_start_p2"), QStringLiteral("0.34"));
@@ -211,7 +211,7 @@ void TestVisualizationColorMap::aColorThatIsNotChosenStays()
 
 void TestVisualizationColorMap::useItIsACommand()
 {
-    auto *use = find<QCheckBox>("checkBox_use_colormap");
+    auto *use = child<QCheckBox>("checkBox_use_colormap");
     step(use, Qt::Key_Space);
     QVERIFY(use->isChecked() && record().acmUse);
     QCOMPARE(stored("/ACM_use"), QStringLiteral("true"));

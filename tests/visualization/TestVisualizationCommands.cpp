@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "TestLog.h"
 #include "TestSettings.h"
 #include "visualization/parameters/VisualizationCommands.h"
 
@@ -58,40 +59,29 @@ private Q_SLOTS:
     void withoutALogNoLineIsWritten();
 
 private:
-    QStringList takeLogLines() const;
+    QStringList takeLogLines() const { return m_log->takeLines(); }
     auto show()
     {
         return [this](const AdjustableColorMap &map) { m_shown << map; };
     }
 
     std::unique_ptr<TemporarySettings> m_settings;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<Log> m_log;
+    std::unique_ptr<RecordedLog> m_log;
     QList<AdjustableColorMap> m_shown;
 };
 
 void TestVisualizationCommands::init()
 {
     m_settings = std::make_unique<TemporarySettings>();
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_log = std::make_unique<Log>(m_folder->filePath(QStringLiteral("log")));
+    m_log = std::make_unique<RecordedLog>();
     m_shown.clear();
-}
-
-QStringList TestVisualizationCommands::takeLogLines() const
-{
-    QFile file(m_folder->filePath(QStringLiteral("log")));
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    const QString text = isOpen ? QString::fromUtf8(file.readAll()) : QString();
-    m_log->clear();
-    return text.split(u'\n', Qt::SkipEmptyParts);
 }
 
 void TestVisualizationCommands::nothingHappensBeforeItRuns()
 {
     VisualizationParameters record = clusterParameters();
     const VisualizationParameters before = record;
-    const CommandChangeAdjColorMap command(mapAfter(), record, show(), m_log.get());
+    const CommandChangeAdjColorMap command(mapAfter(), record, show(), &m_log->log());
     QVERIFY(record == before);
     QVERIFY(SettingsStore().allKeys().isEmpty());
     QVERIFY(m_shown.isEmpty());
@@ -113,7 +103,7 @@ void TestVisualizationCommands::redoUndoRedo()
     const QString path = QString::fromLatin1(QTest::currentDataTag());
     VisualizationParameters record = loadedParameters(path, name);
     setAdjustableColorMap(record, mapBefore());
-    CommandChangeAdjColorMap command(mapAfter(), record, show(), m_log.get());
+    CommandChangeAdjColorMap command(mapAfter(), record, show(), &m_log->log());
     const auto check = [&](const AdjustableColorMap &map, const char *stored, const char *line) {
         QVERIFY(record.colorMap == map);
         QCOMPARE(storedValues(path), QString::fromLatin1(stored));
@@ -134,8 +124,8 @@ void TestVisualizationCommands::aStepHasOneTextAndOneCommand()
 {
     VisualizationParameters record = clusterParameters();
     QUndoStack stack;
-    stack.push(new CommandChangeAdjColorMap(mapBefore(), record, show(), m_log.get()));
-    stack.push(new CommandChangeAdjColorMap(mapAfter(), record, show(), m_log.get()));
+    stack.push(new CommandChangeAdjColorMap(mapBefore(), record, show(), &m_log->log()));
+    stack.push(new CommandChangeAdjColorMap(mapAfter(), record, show(), &m_log->log()));
     QCOMPARE(stack.count(), 2); // commands never merge
     QCOMPARE(stack.text(0), QStringLiteral("Adjustible Colormap changed!"));
     QCOMPARE(stack.text(1), QStringLiteral("Adjustible Colormap changed!"));
@@ -153,7 +143,7 @@ void TestVisualizationCommands::withoutALogNoLineIsWritten()
     command.redo();
     command.undo();
     QCOMPARE(m_shown.size(), 2);
-    QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("log"))));
+    QCOMPARE(takeLogLines(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(TestVisualizationCommands)

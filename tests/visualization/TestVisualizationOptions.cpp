@@ -135,7 +135,7 @@ private:
     {
         QStringList names;
         for (const char *name : optionControls) {
-            if (find<QWidget>(name)->isVisible())
+            if (child<QWidget>(name)->isVisible())
                 names << QString::fromLatin1(name);
         }
         names.sort();
@@ -143,7 +143,7 @@ private:
     }
     QString caption(const char *name) const
     {
-        const auto *widget = find<QWidget>(name);
+        const auto *widget = child<QWidget>(name);
         if (const auto *button = qobject_cast<const QAbstractButton *>(widget))
             return button->text();
         if (const auto *box = qobject_cast<const QGroupBox *>(widget))
@@ -181,7 +181,7 @@ void TestVisualizationOptions::numbersOfTheForm_data()
 void TestVisualizationOptions::numbersOfTheForm()
 {
     openPanel(K::GazePoints);
-    const Numbers numbers = numbersOf(find<QWidget>(QTest::currentDataTag()));
+    const Numbers numbers = numbersOf(child<QWidget>(QTest::currentDataTag()));
     QTEST(numbers.minimum, "minimum");
     QTEST(numbers.maximum, "maximum");
     QTEST(numbers.step, "singleStep");
@@ -193,8 +193,8 @@ void TestVisualizationOptions::choicesOfTheForm()
     openPanel(K::Saccades);
     const auto items = [this](const char *name) {
         QStringList texts;
-        for (int i = 0; i < find<QComboBox>(name)->count(); ++i)
-            texts << find<QComboBox>(name)->itemText(i);
+        for (int i = 0; i < child<QComboBox>(name)->count(); ++i)
+            texts << child<QComboBox>(name)->itemText(i);
         return texts.join(u',');
     };
     QCOMPARE(items("bordertype_comboBox"), QStringLiteral("Brighter,Same,Darker"));
@@ -203,12 +203,12 @@ void TestVisualizationOptions::choicesOfTheForm()
     QCOMPARE(items("groupsComboBox"), QStringLiteral("None"));
     QCOMPARE(items("comboBox_vismode"), QStringLiteral("none,arrows,anglestar,heatmap,shadowmap,histogram,"
                                                        "histogram seperated,histogram sac vs fix"));
-    QVERIFY(find<QComboBox>("heatmap_colormap")
+    QVERIFY(child<QComboBox>("heatmap_colormap")
                 ->toolTip()
                 .contains(QStringLiteral(
                     "While the red-green heatmap is the standard version found everywhere, it is not well suited "
                     "for the colorblind.")));
-    QVERIFY(find<QSpinBox>("shadow_power_slider2")
+    QVERIFY(child<QSpinBox>("shadow_power_slider2")
                 ->toolTip()
                 .contains(QStringLiteral("Since our transparency perception and the density of gaze points o not work "
                                          "well together numerically, scaling is required in order to make the "
@@ -237,12 +237,12 @@ void TestVisualizationOptions::captionsOfTheForm()
 void TestVisualizationOptions::startsAsTheRecordHasIt()
 {
     openPanel(K::Clusters);
-    QCOMPARE(find<QDoubleSpinBox>("cluster_perc_box")->value(), record().clusterPercentage);
-    QCOMPARE(find<QComboBox>("transtypecombo")->currentIndex(), record().transitionType);
-    QCOMPARE(find<QCheckBox>("checkBox_inproz")->isChecked(), record().percentMode);
-    QCOMPARE(find<QCheckBox>("sacheat")->isChecked(), record().gaussianSaccades);
-    QCOMPARE(find<QCheckBox>("sacfixtime")->isChecked(), record().fixationDurationDependent);
-    QCOMPARE(find<QCheckBox>("saclen")->isChecked(), record().lengthDependent);
+    QCOMPARE(child<QDoubleSpinBox>("cluster_perc_box")->value(), record().clusterPercentage);
+    QCOMPARE(child<QComboBox>("transtypecombo")->currentIndex(), record().transitionType);
+    QCOMPARE(child<QCheckBox>("checkBox_inproz")->isChecked(), record().percentMode);
+    QCOMPARE(child<QCheckBox>("sacheat")->isChecked(), record().gaussianSaccades);
+    QCOMPARE(child<QCheckBox>("sacfixtime")->isChecked(), record().fixationDurationDependent);
+    QCOMPARE(child<QCheckBox>("saclen")->isChecked(), record().lengthDependent);
     QCOMPARE(record().clusterPercentage, 90.0);
     QCOMPARE(caption("perc1"), QStringLiteral("0%"));
     QCOMPARE(caption("fixmin5"), QStringLiteral("0-0"));
@@ -308,14 +308,14 @@ void TestVisualizationOptions::modeShowsItsControls()
     QFETCH(int, mode);
     QFETCH(QStringList, expected);
     openPanel(kind, mode == 0 ? 1 : mode - 1);
-    auto *modes = find<QComboBox>("comboBox_vismode");
+    auto *modes = child<QComboBox>("comboBox_vismode");
     QTest::keyClick(modes, mode == 0 ? Qt::Key_Up : Qt::Key_Down); // from the mode before
     QCOMPARE(record().visualizationMode, mode);
     QCOMPARE(visibleControls(), expected);
-    QVERIFY(find<QWidget>("start_calc")->isVisible() && modes->isVisible());
+    QVERIFY(child<QWidget>("start_calc")->isVisible() && modes->isVisible());
     const auto *fields = panel().findChild<QFormLayout *>(QStringLiteral("optionLayout"));
     for (const char *name : optionControls) {
-        auto *control = find<QWidget>(name);
+        auto *control = child<QWidget>(name);
         if (QWidget *label = fields->labelForField(control))
             QCOMPARE(label->isVisible(), control->isVisible());
     }
@@ -369,8 +369,8 @@ void TestVisualizationOptions::captionsFollowTheMode()
     QFETCH(int, mode);
     QFETCH(QByteArray, control);
     openPanel(kind);
-    find<QComboBox>("comboBox_vismode")->setCurrentIndex(mode);
-    QVERIFY(find<QWidget>(control.constData())->isVisible());
+    child<QComboBox>("comboBox_vismode")->setCurrentIndex(mode);
+    QVERIFY(child<QWidget>(control.constData())->isVisible());
     QTEST(caption(control.constData()), "expected");
 }
 
@@ -410,8 +410,8 @@ void TestVisualizationOptions::numbersFollowTheMode()
     QFETCH(int, mode);
     QFETCH(QByteArray, control);
     openPanel(kind);
-    find<QComboBox>("comboBox_vismode")->setCurrentIndex(mode);
-    const auto *box = find<QSpinBox>(control.constData());
+    child<QComboBox>("comboBox_vismode")->setCurrentIndex(mode);
+    const auto *box = child<QSpinBox>(control.constData());
     QTEST(QStringLiteral("%1-%2").arg(box->minimum()).arg(box->maximum()) + box->suffix(), "expected");
     QCOMPARE(box->singleStep(), 1);
 }
@@ -419,7 +419,7 @@ void TestVisualizationOptions::numbersFollowTheMode()
 void TestVisualizationOptions::captionsReturn()
 {
     openPanel(K::Clusters);
-    auto *modes = find<QComboBox>("comboBox_vismode");
+    auto *modes = child<QComboBox>("comboBox_vismode");
     modes->setCurrentIndex(7);
     modes->setCurrentIndex(2);
     QCOMPARE(caption("sizeBox"), QStringLiteral("Sizefactor"));
@@ -428,7 +428,7 @@ void TestVisualizationOptions::captionsReturn()
     QCOMPARE(caption("colorButton_right"), QStringLiteral("right"));
     modes->setCurrentIndex(0);
     QCOMPARE(caption("stepSizeLabel"), QStringLiteral("Step size"));
-    QCOMPARE(find<QSpinBox>("spinBox_stepsize")->suffix(), QString());
+    QCOMPARE(child<QSpinBox>("spinBox_stepsize")->suffix(), QString());
     QCOMPARE(caption("show_gaze_points"), QStringLiteral("Show Gazepoints"));
     QCOMPARE(caption("checkBox_original_size"), QStringLiteral("Original size"));
     QCOMPARE(caption("powerLabel"), QStringLiteral("Shadow power"));
@@ -438,7 +438,7 @@ void TestVisualizationOptions::undoOfTheModeShowsItsControls()
 {
     openPanel(K::Saccades, 1);
     const QStringList before = visibleControls();
-    QTest::keyClick(find<QWidget>("comboBox_vismode"), Qt::Key_Down);
+    QTest::keyClick(child<QWidget>("comboBox_vismode"), Qt::Key_Down);
     const QStringList after = visibleControls();
     QVERIFY(before != after);
     stack().undo();
@@ -450,38 +450,38 @@ void TestVisualizationOptions::undoOfTheModeShowsItsControls()
 void TestVisualizationOptions::customColormapShowsItsControls()
 {
     openPanel(K::GazePoints, 2);
-    auto *colormap = find<QComboBox>("heatmap_colormap");
-    QVERIFY(!find<QWidget>("colormapBox")->isVisible());
+    auto *colormap = child<QComboBox>("heatmap_colormap");
+    QVERIFY(!child<QWidget>("colormapBox")->isVisible());
     QTest::keyClick(colormap, Qt::Key_End);
     QCOMPARE(colormap->currentText(), QStringLiteral("CUSTOM"));
     for (const char *name : {"graphicsView_ADM", "checkBox_use_colormap", "checkBox_cm_1", "toolButton_cm_c4",
                              "horizontalSlider_cm_t2", "horizontalSlider_cm_sp3", "pushButton_ACM"})
-        QVERIFY2(find<QWidget>(name)->isVisible(), name);
+        QVERIFY2(child<QWidget>(name)->isVisible(), name);
     stack().undo();
-    QVERIFY(!find<QWidget>("colormapBox")->isVisible());
+    QVERIFY(!child<QWidget>("colormapBox")->isVisible());
     stack().redo();
-    QVERIFY(find<QWidget>("colormapBox")->isVisible());
-    find<QComboBox>("comboBox_vismode")->setCurrentIndex(1);
-    QVERIFY(!find<QWidget>("colormapBox")->isVisible());
+    QVERIFY(child<QWidget>("colormapBox")->isVisible());
+    child<QComboBox>("comboBox_vismode")->setCurrentIndex(1);
+    QVERIFY(!child<QWidget>("colormapBox")->isVisible());
 }
 
 void TestVisualizationOptions::shadowMapsDisableTheColormap()
 {
     openPanel(K::Fixations, 3);
-    QVERIFY(find<QWidget>("heatmap_colormap")->isEnabled() && find<QWidget>("colormapLabel")->isEnabled());
-    QVERIFY(!find<QWidget>("shadow_power_spinbox")->isEnabled());
-    find<QComboBox>("comboBox_vismode")->setCurrentIndex(4);
-    QVERIFY(!find<QWidget>("heatmap_colormap")->isEnabled() && !find<QWidget>("colormapLabel")->isEnabled());
-    QVERIFY(!find<QWidget>("shadow_power_spinbox")->isEnabled());
-    find<QComboBox>("comboBox_vismode")->setCurrentIndex(3);
-    QVERIFY(find<QWidget>("heatmap_colormap")->isEnabled() && find<QWidget>("colormapLabel")->isEnabled());
+    QVERIFY(child<QWidget>("heatmap_colormap")->isEnabled() && child<QWidget>("colormapLabel")->isEnabled());
+    QVERIFY(!child<QWidget>("shadow_power_spinbox")->isEnabled());
+    child<QComboBox>("comboBox_vismode")->setCurrentIndex(4);
+    QVERIFY(!child<QWidget>("heatmap_colormap")->isEnabled() && !child<QWidget>("colormapLabel")->isEnabled());
+    QVERIFY(!child<QWidget>("shadow_power_spinbox")->isEnabled());
+    child<QComboBox>("comboBox_vismode")->setCurrentIndex(3);
+    QVERIFY(child<QWidget>("heatmap_colormap")->isEnabled() && child<QWidget>("colormapLabel")->isEnabled());
 }
 
 void TestVisualizationOptions::timeWindowStartsAtASecond()
 {
     openPanel(K::Fixations, 4);
-    auto *window = find<QSpinBox>("shadow_power_slider2");
-    QTest::keyClick(find<QWidget>("comboBox_vismode"), Qt::Key_Down);
+    auto *window = child<QSpinBox>("shadow_power_slider2");
+    QTest::keyClick(child<QWidget>("comboBox_vismode"), Qt::Key_Down);
     QCOMPARE(window->value(), 1000);
     QCOMPARE(record().power, 10.0);
     QCOMPARE(stored("/Power"), QStringLiteral("10"));
@@ -501,7 +501,7 @@ void TestVisualizationOptions::loadingKeepsTheTimeWindow()
     setStored("/VisualizationMode", 5);
     setStored("/Power", 2.5);
     panel().sltUpdateSettings();
-    QCOMPARE(find<QSpinBox>("shadow_power_slider2")->value(), 250);
+    QCOMPARE(child<QSpinBox>("shadow_power_slider2")->value(), 250);
     QCOMPARE(record().power, 2.5);
 }
 
@@ -510,11 +510,11 @@ void TestVisualizationOptions::shadowPowerStartsInItsRange()
     openPanel(K::Saccades, 5);
     setStored("/Power", 50.0);
     panel().sltUpdateSettings();
-    auto *modes = find<QComboBox>("comboBox_vismode");
+    auto *modes = child<QComboBox>("comboBox_vismode");
     QTest::keyClick(modes, Qt::Key_Up);
     QCOMPARE(record().power, 1.0);
-    QCOMPARE(find<QSpinBox>("shadow_power_slider2")->value(), 100);
-    find<QSpinBox>("shadow_power_slider2")->setValue(30);
+    QCOMPARE(child<QSpinBox>("shadow_power_slider2")->value(), 100);
+    child<QSpinBox>("shadow_power_slider2")->setValue(30);
     QTest::keyClick(modes, Qt::Key_Up); // a heatmap starts at its own maximum
     QCOMPARE(record().power, 0.0);
     QTest::keyClick(modes, Qt::Key_Down);
@@ -526,11 +526,11 @@ void TestVisualizationOptions::shadowPowerStartsAboveItsLowest()
     openPanel(K::Saccades, 3);
     setStored("/Power", 0.09); // a share of 0.1 is the lowest
     panel().sltUpdateSettings();
-    auto *modes = find<QComboBox>("comboBox_vismode");
+    auto *modes = child<QComboBox>("comboBox_vismode");
     QTest::keyClick(modes, Qt::Key_Down);
     QCOMPARE(record().power, 1.0);
     QTest::keyClick(modes, Qt::Key_Up);
-    find<QSpinBox>("shadow_power_slider2")->setValue(10);
+    child<QSpinBox>("shadow_power_slider2")->setValue(10);
     QTest::keyClick(modes, Qt::Key_Down);
     QCOMPARE(record().power, 0.1);
 }
@@ -538,8 +538,8 @@ void TestVisualizationOptions::shadowPowerStartsAboveItsLowest()
 void TestVisualizationOptions::percentageCountsAnew()
 {
     openPanel(K::Clusters, 3);
-    auto *maximum = find<QSpinBox>("shadow_power_slider2");
-    auto *threshold = find<QSpinBox>("heat_th_slider2");
+    auto *maximum = child<QSpinBox>("shadow_power_slider2");
+    auto *threshold = child<QSpinBox>("heat_th_slider2");
     const auto compare = [&](bool percent, int most, const char *suffix) {
         QCOMPARE(record().percentMode, percent);
         for (const QSpinBox *box : {maximum, threshold}) {
@@ -571,13 +571,13 @@ void TestVisualizationOptions::percentageCountsAnew()
 void TestVisualizationOptions::percentageIsNotUndone()
 {
     openPanel(K::Fixations, 3);
-    auto *threshold = find<QSpinBox>("heat_th_slider2");
+    auto *threshold = child<QSpinBox>("heat_th_slider2");
     threshold->setValue(50);
     click("checkBox_inproz");
     QTest::keyClick(threshold, Qt::Key_Up);
     stack().undo();
     QCOMPARE(threshold->value(), 0);
-    QVERIFY(find<QCheckBox>("checkBox_inproz")->isChecked());
+    QVERIFY(child<QCheckBox>("checkBox_inproz")->isChecked());
     QVERIFY(record().percentMode);
 }
 

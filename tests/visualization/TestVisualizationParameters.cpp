@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "TestSettings.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
 #include <QPalette>
 #include <QSet>
-#include <QTemporaryDir>
 #include <QTest>
 
 class TestVisualizationParameters : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup() { SettingsStore::useFile({}); }
+    void init() { m_settings = std::make_unique<TemporarySettings>(); }
+    void cleanup() { m_settings.reset(); }
     void valuesAtConstruction_data();
     void valuesAtConstruction();
     void everyKeyOnce();
@@ -24,7 +24,7 @@ private Q_SLOTS:
     void otherKeysLeaveTheBorders();
 
 private:
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<TemporarySettings> m_settings;
 };
 
 namespace {
@@ -49,12 +49,6 @@ T valueOtherThan(const T &value, int number)
 }
 
 } // namespace
-
-void TestVisualizationParameters::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    SettingsStore::useFile(m_folder->filePath(QStringLiteral("settings.ini")));
-}
 
 void TestVisualizationParameters::valuesAtConstruction_data()
 {

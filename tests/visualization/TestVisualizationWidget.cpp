@@ -57,7 +57,7 @@ private Q_SLOTS:
     void aModeBeyondTheItemsShowsNone();
 
 private:
-    QString style(const char *button) const { return find<QToolButton>(button)->styleSheet(); }
+    QString style(const char *button) const { return child<QToolButton>(button)->styleSheet(); }
     void compareValue(const QWidget *control, const char *key, const QString &value) const
     {
         QCOMPARE(shown(control), value);
@@ -148,7 +148,7 @@ void TestVisualizationWidget::changeOfControl()
     const QString before = QString::fromLatin1(row.before);
     const QString after = QString::fromLatin1(row.after);
     openPanel(row.kind, row.mode);
-    auto *control = find<QWidget>(row.control);
+    auto *control = child<QWidget>(row.control);
     QVERIFY(control->isVisible() && control->isEnabled());
     compareValue(control, row.key, before);
     const QSignalSpy drawn(&panel(), &VisualizationWidget::sigGraphicsParametersChanged);
@@ -197,7 +197,7 @@ void TestVisualizationWidget::controlsWithoutCommand()
     QFETCH(int, mode);
     QFETCH(QByteArray, key);
     openPanel(kind, mode);
-    auto *control = find<QWidget>(QTest::currentDataTag());
+    auto *control = child<QWidget>(QTest::currentDataTag());
     QVERIFY(control->isVisible() && control->isEnabled());
     step(control, Qt::Key_Down);
     QTEST(recorded(key.constData()), "after");
@@ -214,16 +214,16 @@ void TestVisualizationWidget::optionsThatAreNotStored()
 {
     openPanel(K::Clusters, 7);
     QCOMPARE(record().transitionType, 0);
-    step(find<QWidget>("transtypecombo"), Qt::Key_Down);
+    step(child<QWidget>("transtypecombo"), Qt::Key_Down);
     QCOMPARE(record().transitionType, 1);
-    find<QComboBox>("comboBox_vismode")->setCurrentIndex(1);
+    child<QComboBox>("comboBox_vismode")->setCurrentIndex(1);
     QCOMPARE(record().clusterPercentage, 90.0);
-    step(find<QWidget>("cluster_perc_box"), Qt::Key_Up);
+    step(child<QWidget>("cluster_perc_box"), Qt::Key_Up);
     QCOMPARE(record().clusterPercentage, 91.0);
     QCOMPARE(stack().count(), 1); // the mode
     panel().sltUpdateSettings();  // they are as the user left them
     QCOMPARE(record().clusterPercentage, 91.0);
-    QCOMPARE(shown(find<QWidget>("cluster_perc_box")), QStringLiteral("91"));
+    QCOMPARE(shown(child<QWidget>("cluster_perc_box")), QStringLiteral("91"));
     QCOMPARE(record().transitionType, 1);
 
     openPanel(K::Saccades, 3);
@@ -233,7 +233,7 @@ void TestVisualizationWidget::optionsThatAreNotStored()
     click("saclen");
     QVERIFY(record().gaussianSaccades && !record().fixationDurationDependent && record().lengthDependent);
     click("sacheat");
-    find<QCheckBox>("sacfixtime")->setChecked(true);
+    child<QCheckBox>("sacfixtime")->setChecked(true);
     QVERIFY(!record().gaussianSaccades && record().fixationDurationDependent && record().lengthDependent);
     QCOMPARE(stack().count(), 0);
     QCOMPARE(SettingsStore().allKeys(), keys);
@@ -242,8 +242,8 @@ void TestVisualizationWidget::optionsThatAreNotStored()
 void TestVisualizationWidget::theExponentIsShownTwice()
 {
     openPanel(K::GazePoints, 3);
-    auto *exponent = find<QDoubleSpinBox>("shadow_power_spinbox");
-    auto *hundredths = find<QSpinBox>("shadow_power_slider2");
+    auto *exponent = child<QDoubleSpinBox>("shadow_power_spinbox");
+    auto *hundredths = child<QSpinBox>("shadow_power_slider2");
     QVERIFY(!exponent->isEnabled());
     QTest::keyClick(hundredths, Qt::Key_Down);
     QCOMPARE(exponent->value(), 0.99);
@@ -292,7 +292,7 @@ void TestVisualizationWidget::colorIsChosen()
     click(button);
     const auto compare = [&](const QColor &color) {
         QCOMPARE(style(button), QStringLiteral("background-color:") + color.name());
-        QCOMPARE(find<QWidget>(button)->grab().toImage().pixelColor(4, 4), color); // and no tone of it
+        QCOMPARE(child<QWidget>(button)->grab().toImage().pixelColor(4, 4), color); // and no tone of it
         QCOMPARE(recorded(key.constData()), color.name());
         QCOMPARE(stored(key.constData()), color.name());
         QCOMPARE(stored(border.constData()), borderColorFor(color, 1).name());
@@ -341,7 +341,7 @@ void TestVisualizationWidget::colorOfNamesHasNoCommand()
 void TestVisualizationWidget::everyChangeIsACommand()
 {
     openPanel(K::GazePoints, 1);
-    auto *size = find<QSpinBox>("sizeSpinBox");
+    auto *size = child<QSpinBox>("sizeSpinBox");
     QTest::keyClick(size, Qt::Key_Up);
     QTest::keyClick(size, Qt::Key_Up);
     QCOMPARE(stack().count(), 2); // commands never merge
@@ -358,12 +358,12 @@ void TestVisualizationWidget::onlyTheButtonAsksForThePicture()
 {
     openPanel(K::Fixations, 1);
     const QSignalSpy drawn(&panel(), &VisualizationWidget::sigGraphicsParametersChanged);
-    step(find<QWidget>("fillOpacitySpinBox"), Qt::Key_Up);
-    step(find<QWidget>("comboBox_vismode"), Qt::Key_Down);
+    step(child<QWidget>("fillOpacitySpinBox"), Qt::Key_Up);
+    step(child<QWidget>("comboBox_vismode"), Qt::Key_Down);
     stack().undo();
     panel().sltUpdateSettings();
     QCOMPARE(drawn.count(), 0);
-    QCOMPARE(find<QAbstractButton>("start_calc")->text(), QStringLiteral("Calculate changes"));
+    QCOMPARE(child<QAbstractButton>("start_calc")->text(), QStringLiteral("Calculate changes"));
     click("start_calc");
     QCOMPARE(drawn.count(), 1);
 }
@@ -385,7 +385,7 @@ void TestVisualizationWidget::exportTellsTheKind()
     QFETCH(int, mode);
     openPanel(kind, mode);
     const QSignalSpy exported(&panel(), &VisualizationWidget::sigExportheatmap);
-    QVERIFY(find<QWidget>("export_heatmap")->isVisible());
+    QVERIFY(child<QWidget>("export_heatmap")->isVisible());
     click("export_heatmap");
     QCOMPARE(exported.count(), 1);
     QTEST(exported[0][0].toInt(), "id");
@@ -394,7 +394,7 @@ void TestVisualizationWidget::exportTellsTheKind()
 void TestVisualizationWidget::groupShowsItsColors()
 {
     openPanel(K::Fixations, 1);
-    auto *groups = find<QComboBox>("groupsComboBox");
+    auto *groups = child<QComboBox>("groupsComboBox");
     QCOMPARE(groups->count(), 1);
     DataModel model;
     model.setGroups({testGroup()});
@@ -425,7 +425,7 @@ void TestVisualizationWidget::aGroupThatIsGoneIsNotShown()
     model.setGroups({testGroup()});
     panel().setModel(&model);
     panel().refreshGroups();
-    auto *groups = find<QComboBox>("groupsComboBox");
+    auto *groups = child<QComboBox>("groupsComboBox");
     QTest::keyClick(groups, Qt::Key_Down);
     panel().refreshGroups();
     QCOMPARE(groups->currentText(), QStringLiteral("experts")); // still there
@@ -448,12 +448,12 @@ void TestVisualizationWidget::updateSettingsShowsTheStore()
     setStored("/FillColorName", QStringLiteral("#654321"));
     setStored("/linesizeabs", QStringLiteral("true"));
     panel().sltUpdateSettings();
-    QCOMPARE(find<QComboBox>("comboBox_vismode")->currentText(), QStringLiteral("circular"));
-    QCOMPARE(shown(find<QWidget>("sizeSpinBox")), QStringLiteral("77"));
-    QVERIFY(find<QWidget>("sizeSpinBox")->isVisible());
-    QCOMPARE(shown(find<QWidget>("durationdependents_checkBox")), QStringLiteral("true"));
-    QCOMPARE(shown(find<QWidget>("bordertype_comboBox")), QStringLiteral("0"));
-    QCOMPARE(shown(find<QWidget>("line_size_rel_to_abs_max")), QStringLiteral("true"));
+    QCOMPARE(child<QComboBox>("comboBox_vismode")->currentText(), QStringLiteral("circular"));
+    QCOMPARE(shown(child<QWidget>("sizeSpinBox")), QStringLiteral("77"));
+    QVERIFY(child<QWidget>("sizeSpinBox")->isVisible());
+    QCOMPARE(shown(child<QWidget>("durationdependents_checkBox")), QStringLiteral("true"));
+    QCOMPARE(shown(child<QWidget>("bordertype_comboBox")), QStringLiteral("0"));
+    QCOMPARE(shown(child<QWidget>("line_size_rel_to_abs_max")), QStringLiteral("true"));
     QCOMPARE(style("colorButton_left"), QStringLiteral("background-color:#123456"));
     QCOMPARE(style("toolButton_name_color"), QStringLiteral("background-color:#654321"));
     QCOMPARE(record().size, 77);
@@ -466,8 +466,8 @@ void TestVisualizationWidget::updateSettingsOfAnEmptyStore()
     openPanel(K::Fixations, 2);
     const TemporarySettings empty;
     panel().sltUpdateSettings();
-    QCOMPARE(shown(find<QWidget>("comboBox_vismode")), QStringLiteral("0"));
-    QCOMPARE(shown(find<QWidget>("sizeSpinBox")), QStringLiteral("1")); // its least; the record keeps the 0
+    QCOMPARE(shown(child<QWidget>("comboBox_vismode")), QStringLiteral("0"));
+    QCOMPARE(shown(child<QWidget>("sizeSpinBox")), QStringLiteral("1")); // its least; the record keeps the 0
     QCOMPARE(record().size, 0);
     QCOMPARE(record().power, 0.0);
     QVERIFY(!record().fillColor.isValid());
@@ -480,7 +480,7 @@ void TestVisualizationWidget::theRecordKeepsWhatTheControlCannotShow()
     openPanel(K::GazePoints, 1);
     setStored("/Size", 5000);
     panel().sltUpdateSettings();
-    auto *size = find<QSpinBox>("sizeSpinBox");
+    auto *size = child<QSpinBox>("sizeSpinBox");
     QCOMPARE(size->value(), 999);
     QCOMPARE(record().size, 5000);
     QCOMPARE(stored("/Size"), QStringLiteral("5000"));
@@ -495,10 +495,10 @@ void TestVisualizationWidget::theRecordKeepsWhatTheControlCannotShow()
 void TestVisualizationWidget::aModeBeyondTheItemsShowsNone()
 {
     openPanel(K::GazePoints, 8);
-    QCOMPARE(shown(find<QWidget>("comboBox_vismode")), QStringLiteral("-1"));
+    QCOMPARE(shown(child<QWidget>("comboBox_vismode")), QStringLiteral("-1"));
     QCOMPARE(record().visualizationMode, 8);
-    QVERIFY(!find<QWidget>("sizeSpinBox")->isVisible());
-    QVERIFY(find<QWidget>("start_calc")->isVisible());
+    QVERIFY(!child<QWidget>("sizeSpinBox")->isVisible());
+    QVERIFY(child<QWidget>("start_calc")->isVisible());
 }
 
 QTEST_MAIN(TestVisualizationWidget)

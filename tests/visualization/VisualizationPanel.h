@@ -1,67 +1,42 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "commands/CommandStack.h"
-#include "TestSettings.h"
+#include "TestPanel.h"
 #include "visualization/modes/VisualizationKinds.h"
 #include "visualization/panel/VisualizationWidget.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QFile>
 #include <QSlider>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <memory>
 
 enum class PanelKind { GazePoints, Fixations, Clusters, Saccades };
 
-/// A test that opens the drawing panel of a kind of data, with a store and a log of its own. The store begins with the
-/// values of the construction, and the undo stack begins empty.
-class VisualizationPanelTest : public QObject {
+/// A test that opens the drawing panel of a kind of data. The store begins with the values of the construction.
+class VisualizationPanelTest : public PanelTest<VisualizationWidget> {
 protected:
     void openPanel(PanelKind kind, int mode = 0)
     {
         closePanel();
-        m_settings = std::make_unique<TemporarySettings>();
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_log = std::make_unique<Log>(m_folder->filePath(QStringLiteral("log")));
+        openSettings();
         const VisualizationKind &row = visualizationKinds()[static_cast<std::size_t>(kind)];
         m_path = row.stored().settingsPath;
         storeInitialValues();
         setStored("/VisualizationMode", mode);
-        m_panel = std::make_unique<VisualizationWidget>();
+        PanelTest::openPanel();
         m_panel->setKind(row);
-        m_panel->setLog(m_log.get());
+        m_panel->setLog(&log().log());
         m_panel->sltUpdateSettings();
-        m_panel->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
-    }
-
-    void closePanel()
-    {
-        CommandStack::instance().clear(); // its commands refer to the panel
-        m_panel.reset();
-        m_settings.reset();
+        showPanel();
     }
 
     VisualizationWidget &panel() const { return *m_panel; }
     const VisualizationParameters &record() const { return m_panel->parameters(); }
-    static CommandStack &stack() { return CommandStack::instance(); }
 
-    template <class Widget>
-    Widget *find(const char *name) const
-    {
-        auto *widget = m_panel->findChild<Widget *>(QLatin1StringView(name));
-        Q_ASSERT(widget);
-        return widget;
-    }
     /// At the left, where a wide check box has its box.
     void click(const char *name) const
     {
-        auto *button = find<QAbstractButton>(name);
+        auto *button = child<QAbstractButton>(name);
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
     }
 
@@ -83,14 +58,7 @@ protected:
         return value;
     }
 
-    QStringList takeLogLines() const
-    {
-        QFile file(m_folder->filePath(QStringLiteral("log")));
-        const bool isOpen = file.open(QIODevice::ReadOnly);
-        const QString text = isOpen ? QString::fromUtf8(file.readAll()) : QString();
-        m_log->clear();
-        return text.split(u'\n', Qt::SkipEmptyParts);
-    }
+    QStringList takeLogLines() const { return log().takeLines(); }
 
     /// The value of a control as it is shown: number, "true" or "false", or index.
     static QString shown(const QWidget *control)
@@ -124,9 +92,5 @@ private:
         std::apply([&](const auto &...row) { (write(row), ...); }, rows::visualization);
     }
 
-    std::unique_ptr<TemporarySettings> m_settings;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<Log> m_log;
-    std::unique_ptr<VisualizationWidget> m_panel;
     QString m_path;
 };

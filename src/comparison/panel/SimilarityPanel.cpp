@@ -6,6 +6,7 @@
 #include "base/SideBySide.h"
 #include "comparison/panel/SimilarityHeatmap.h"
 #include "comparison/SimilarityExport.h"
+#include "export/panel/GroupColumns.h"
 #include "settings/StoredKeys.h"
 
 #include <QComboBox>
@@ -21,13 +22,10 @@
 
 #include <cmath>
 #include <memory>
-#include <set>
 
 namespace {
 
 using namespace Qt::StringLiterals;
-
-constexpr auto defaultColumn = "group"_L1;
 
 QTableWidgetItem *cell(const QString &text)
 {
@@ -161,19 +159,11 @@ void SimilarityPanel::showEvent(QShowEvent *event)
     listColumns();
 }
 
-/// The entries that any examination has; the choice stays if it is still there.
+/// The choice stays if it is still there.
 void SimilarityPanel::listColumns()
 {
-    std::set<QString> names{QString(defaultColumn)};
-    if (m_model) {
-        for (const Examination &examination : m_model->examinations())
-            names.insert(examination.properties.keyBegin(), examination.properties.keyEnd());
-    }
-    const QString chosen = m_columns->count() > 0 ? m_columns->currentText() : QString(defaultColumn);
-    m_columns->clear();
-    for (const QString &name : names)
-        m_columns->addItem(name);
-    m_columns->setCurrentText(chosen);
+    const bool isFirst = m_columns->count() == 0;
+    listGroupColumns(*m_columns, m_model, isFirst ? QString(defaultGroupColumn) : m_columns->currentText());
 }
 
 void SimilarityPanel::compare()

@@ -72,11 +72,6 @@ QJsonArray setFileLines(const Examination &examination)
     return lines;
 }
 
-QString eyeModeWord(EyeMode mode)
-{
-    return mode == EyeMode::showAll ? u"all"_s : QString(eyeWord(eyesOf(mode).constFirst()));
-}
-
 /// A text as a field of a table with tabs.
 QString tableField(QString text)
 {
@@ -176,7 +171,8 @@ QJsonObject stimulusSidecar(QSize picturePx, const std::optional<ViewingGeometry
 
 QJsonObject datasetDescription(const QList<const Examination *> &examinations, TimeFrame frame, EyeMode eyes)
 {
-    QJsonObject parameters{{u"Eyes"_s, eyeModeWord(eyes)}, {u"TimeFrameMs"_s, QJsonArray{frame.startMs, frame.endMs}}};
+    QJsonObject parameters{{u"Eyes"_s, QString(eyeModeWord(eyes))},
+                           {u"TimeFrameMs"_s, QJsonArray{frame.startMs, frame.endMs}}};
     if (!examinations.isEmpty())
         parameters[u"Fixations"_s] = fixationParameters(examinations);
     QJsonObject generator =

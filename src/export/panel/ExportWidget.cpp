@@ -2,10 +2,9 @@
 #include "export/panel/ExportWidget.h"
 
 #include "base/SideBySide.h"
-#include "commands/CommandStack.h"
 #include "detection/PixelSize.h"
 #include "export/bids/BidsExport.h"
-#include "export/panel/ExportCommands.h"
+#include "export/panel/ExportedTable.h"
 #include "export/panel/ExportForm.h"
 #include "export/TidyExport.h"
 #include "settings/SettingsStore.h"
@@ -23,12 +22,6 @@ void storeFolder(const QString &folder)
     writeStored(keys::dataExportFolder, folder);
 }
 
-template <class Command>
-QUndoCommand *newCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
-{
-    return new Command(kind, model, target);
-}
-
 ExportResult writeTidy(const DataModel &model, const ExportTarget &target)
 {
     return exportTidy(model, target, {.pixelPerDistance = storedPixelPerDistance()});
@@ -44,25 +37,18 @@ ExportResult writeBids(const DataModel &model, const ExportTarget &target)
     return exportBids(model, target, {.geometry = storedGeometry(), .threads = coreCount()});
 }
 
-/// One kind of table: its check box, its name in the undo view, its command.
-struct TableKind {
-    QCheckBox *Ui::ExportWidget::*box;
-    QLatin1StringView caption;
-    QUndoCommand *(*command)(QLatin1StringView, DataModel &, const ExportTarget &);
-};
-
 using Text = QLatin1StringView;
 
 /// In the order of the form, which is that of writing.
-constexpr TableKind tableKinds[] = {
-    {&Ui::ExportWidget::fixationCheckBox, Text("fixations"), newCommand<CommandExportFixations>},
-    {&Ui::ExportWidget::clusterCheckBox, Text("clusters"), newCommand<CommandExportClusters>},
-    {&Ui::ExportWidget::eventCheckBox, Text("events"), newCommand<CommandExportEvents>},
+constexpr ExportedTable<Ui::ExportWidget> tableKinds[] = {
+    {&Ui::ExportWidget::fixationCheckBox, Text("fixations"), newTableCommand<exportFixations>},
+    {&Ui::ExportWidget::clusterCheckBox, Text("clusters"), newTableCommand<exportClusters>},
+    {&Ui::ExportWidget::eventCheckBox, Text("events"), newTableCommand<exportEvents>},
     {&Ui::ExportWidget::cumulativeClusterCheckBox, Text("cumulative clusters"),
-     newCommand<CommandExportCumulativeClusters>},
-    {&Ui::ExportWidget::tidyCheckBox, Text("tidy tables"), newCommand<TableExportCommand<writeTidy>>},
-    {&Ui::ExportWidget::tidySamplesCheckBox, Text("tidy samples"), newCommand<TableExportCommand<writeTidySamples>>},
-    {&Ui::ExportWidget::bidsCheckBox, Text("BIDS"), newCommand<TableExportCommand<writeBids>>},
+     newTableCommand<exportCumulativeClusters>},
+    {&Ui::ExportWidget::tidyCheckBox, Text("tidy tables"), newTableCommand<writeTidy>},
+    {&Ui::ExportWidget::tidySamplesCheckBox, Text("tidy samples"), newTableCommand<writeTidySamples>},
+    {&Ui::ExportWidget::bidsCheckBox, Text("BIDS"), newTableCommand<writeBids>},
 };
 
 /// A kind of chart and the signal that asks for it.
@@ -93,7 +79,7 @@ ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_uniq
     connect(folder, &QLineEdit::editingFinished, folder, [folder] { storeFolder(folder->text()); });
     connect(ui->dataBrowseButton, &QAbstractButton::clicked, this, &ExportWidget::sltBrowseDataExportFolder);
     connect(ui->dataExportButton, &QAbstractButton::clicked, this, &ExportWidget::sltExportData);
-    for (const TableKind &kind : tableKinds)
+    for (const ExportedTable<Ui::ExportWidget> &kind : tableKinds)
         connect(ui.get()->*kind.box, &QCheckBox::toggled, this, [this, kind] { enable(ui.get()->*kind.box); });
     connect(ui->statisticsBox, &StatisticsExportBox::transitionsWanted, this, &ExportWidget::sigExport_aoi_trans_csv);
     connect(ui->statisticsBox, &StatisticsExportBox::angleStarWanted, this, &ExportWidget::sigExport_anglestar);
@@ -136,12 +122,7 @@ void ExportWidget::sltExportData()
         askForFolder(this);
         return;
     }
-    if (!m_model)
-        return;
-    for (const TableKind &kind : tableKinds) {
-        if ((ui.get()->*kind.box)->isChecked())
-            CommandStack::instance().push(kind.command(kind.caption, *m_model, target));
-    }
+    pushChosen(*ui, tableKinds, m_model, target);
 }
 
 void ExportWidget::sltBrowseDataExportFolder()
@@ -245,7 +226,7 @@ void ExportWidget::enable(QCheckBox *kind)
     kind->setEnabled(true);
     ui->dataExportButton->setEnabled(
         std::any_of(std::begin(tableKinds), std::end(tableKinds),
-                    [this](const TableKind &each) { return (ui.get()->*each.box)->isChecked(); }));
+                    [this](const auto &each) { return (ui.get()->*each.box)->isChecked(); }));
 }
 
 // ---- what is drawn

@@ -4,6 +4,7 @@
 #include "base/Messages.h"
 #include "detection/PixelSize.h"
 #include "export/MeasureExport.h"
+#include "export/panel/GroupColumns.h"
 #include "settings/StoredKeys.h"
 
 #include <QComboBox>
@@ -13,11 +14,8 @@
 #include <QVBoxLayout>
 
 #include <memory>
-#include <set>
 
 namespace {
-
-constexpr QLatin1StringView defaultColumn("group");
 
 /// Numbers as users read them; the exported table has all digits.
 QString shortened(const QString &field)
@@ -58,19 +56,10 @@ void GroupComparisonWidget::showEvent(QShowEvent *event)
     listColumns();
 }
 
-/// The entries that any examination has; the choice stays if it is still there.
+/// The choice stays if it is still there.
 void GroupComparisonWidget::listColumns()
 {
-    std::set<QString> names{QString(defaultColumn)};
-    if (m_model) {
-        for (const Examination &examination : m_model->examinations())
-            names.insert(examination.properties.keyBegin(), examination.properties.keyEnd());
-    }
-    const QString chosen = m_model ? m_model->comparedBy : QString(defaultColumn);
-    m_columns->clear();
-    for (const QString &name : names)
-        m_columns->addItem(name);
-    m_columns->setCurrentText(chosen);
+    listGroupColumns(*m_columns, m_model, m_model ? m_model->comparedBy : QString(defaultGroupColumn));
 }
 
 /// The exported table follows the choice.

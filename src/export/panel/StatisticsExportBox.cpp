@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/panel/StatisticsExportBox.h"
 
-#include "commands/CommandStack.h"
 #include "detection/PixelSize.h"
 #include "export/MeasureExport.h"
-#include "export/panel/ExportCommands.h"
+#include "export/panel/ExportedTable.h"
 #include "export/panel/ExportForm.h"
 #include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
@@ -52,39 +51,17 @@ ExportResult writeQuality(const DataModel &model, const ExportTarget &target)
     return exportQuality(model, target, {.pixelPerDistance = storedPixelPerDistance()});
 }
 
-template <auto Write>
-QUndoCommand *newTableCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
-{
-    return new TableExportCommand<Write>(kind, model, target);
-}
-
-/// A table that is written by a command: its check box and its name in the undo view.
-struct CommandKind {
-    QCheckBox *Form::*box;
-    QLatin1StringView caption;
-    QUndoCommand *(*command)(QLatin1StringView, DataModel &, const ExportTarget &);
-};
-
-constexpr CommandKind requiredTables[] = {
+constexpr ExportedTable<Form> requiredTables[] = {
     {&Form::generalCheckBox, QLatin1StringView("general statistics"), newTableCommand<exportGeneralStatistics>},
     {&Form::aoiCheckBox, QLatin1StringView("AOI statistics"), newTableCommand<exportAoiStatistics>},
 };
 
-constexpr CommandKind tidyTables[] = {
+constexpr ExportedTable<Form> tidyTables[] = {
     {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newTableCommand<writeAoiMeasures>},
     {&Form::scanpathMeasuresCheckBox, QLatin1StringView("scanpath measures"), newTableCommand<writeScanpathMeasures>},
     {&Form::groupComparisonCheckBox, QLatin1StringView("group comparison"), newTableCommand<writeGroupComparison>},
     {&Form::qualityCheckBox, QLatin1StringView("data quality"), newTableCommand<writeQuality>},
 };
-
-template <size_t N>
-void pushChosen(const Form &form, const CommandKind (&kinds)[N], DataModel *model, const ExportTarget &target)
-{
-    for (const CommandKind &kind : kinds) {
-        if (model && (form.*kind.box)->isChecked())
-            CommandStack::instance().push(kind.command(kind.caption, *model, target));
-    }
-}
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #include "import/panel/ImportAssistant.h"
 
 #include "base/NamedPlace.h"
+#include "import/panel/DroppedFiles.h"
 #include "import/panel/LayoutForm.h"
 #include "import/panel/SamplesView.h"
 
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -262,13 +262,8 @@ void ImportAssistant::dragEnterEvent(QDragEnterEvent *event)
 
 void ImportAssistant::dropEvent(QDropEvent *event)
 {
-    QStringList paths;
-    for (const QUrl &url : event->mimeData()->urls()) {
-        if (url.isLocalFile())
-            paths << url.toLocalFile();
-    }
     event->acceptProposedAction();
-    add(paths);
+    add(droppedFiles(*event->mimeData()));
 }
 
 void ImportAssistant::add(const QStringList &paths)

@@ -5,6 +5,7 @@
 #include "statistics/SaccadeVectors.h"
 #include "visualization/charts/ChartBins.h"
 #include "visualization/selection/DataSelection.h"
+#include "visualization/shapes/ShapeStyle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -101,39 +102,26 @@ Streams streamsWhere(const DrawingContext &context, const std::function<bool(con
     return streams;
 }
 
-QColor barColor(Eye eye, const Record &record)
-{
-    return eye == Eye::Left ? record.fillColorLeft : eye == Eye::Right ? record.fillColorRight : record.fillColor;
-}
-
 QList<ChartCurve> curvesOfEyes(const Events &events, const DrawingContext &context)
 {
     QList<ChartCurve> curves;
     for (const Eye eye : eyesOf(context.eyeMode)) {
         const auto isOfEye = [eye](const ExaminationEye &stream) { return stream.eye == eye; };
-        curves << curveOf(eyeWord(eye), barColor(eye, context.of(events.kind)), events, streamsWhere(context, isOfEye),
-                          context);
+        curves << curveOf(eyeWord(eye), fillColorOf(context.of(events.kind), eye), events,
+                          streamsWhere(context, isOfEye), context);
     }
     return curves;
-}
-
-/// That of both eyes together is that of the dominant one.
-QColor barColor(const Group &group, const DrawingContext &context, const Record &record)
-{
-    const auto &colors = context.eyeMode == EyeMode::showLeft    ? group.colorsLeft
-                         : context.eyeMode == EyeMode::showRight ? group.colorsRight
-                                                                 : group.colorsDominant;
-    return colors.value(record.settingsName);
 }
 
 /// Those in no group, or in one that the model does not know, have a curve where there are any.
 QList<ChartCurve> curvesOfGroups(const Events &events, const DrawingContext &context)
 {
     const Record &record = context.of(events.kind);
+    const Eye eye = colorEyeOf(context.eyeMode);
     QList<ChartCurve> curves;
     for (const Group &group : context.model.groups()) {
         const auto isMember = [&](const ExaminationEye &stream) { return stream.examination->groupName == group.name; };
-        curves << curveOf(group.name, barColor(group, context, record), events, streamsWhere(context, isMember),
+        curves << curveOf(group.name, fillColorOf(group, eye, record), events, streamsWhere(context, isMember),
                           context);
     }
     const Streams others = streamsWhere(context, [&](const ExaminationEye &stream) {

@@ -21,7 +21,7 @@ constexpr Stop redGreen[] = {{0.0, qRgba(0, 255, 0, 0)},
                              {0.33, qRgba(255, 255, 0, 130)},
                              {0.66, qRgba(255, 155, 0, 170)},
                              {1.0, qRgba(255, 0, 0, 200)}};
-// Its last stop is red, which is kept: the maximum stands out against the blue.
+// Its last stop is red and is kept so; the textbook form would be blue.
 constexpr Stop blue[] = {{0.0, qRgba(0, 255, 255, 0)},
                          {0.1, qRgba(0, 255, 255, 100)},
                          {0.33, qRgba(0, 155, 255, 130)},

@@ -2,8 +2,8 @@
 #include "visualization/scene/ArrowGroup.h"
 
 #include "visualization/scene/ArrowItem.h"
+#include "visualization/scene/SceneItems.h"
 
-#include <QCoreApplication>
 #include <QGraphicsItemGroup>
 #include <QGraphicsScene>
 
@@ -29,9 +29,7 @@ QGraphicsItemGroup *addArrowGroup(QGraphicsScene &scene, const QList<ArrowShape>
     for (const ArrowShape &arrow : arrows)
         items << addArrow(scene, arrow);
     QGraphicsItemGroup *group = scene.createItemGroup(items);
-    // The scene puts new items into its index in the event loop. Until then, each item that is removed is searched in
-    // the list of all new ones. The index is made now, so that removing n arrows does not take n * n steps.
-    QCoreApplication::sendPostedEvents(&scene, QEvent::MetaCall);
+    finishNewItems(scene); // they may go before the event loop runs
     return group;
 }
 

@@ -9,7 +9,6 @@
 #include "visualization/scene/Background.h"
 #include "visualization/scene/SceneItems.h"
 
-#include <QCoreApplication>
 #include <QGraphicsScene>
 
 namespace {
@@ -22,13 +21,6 @@ void keepTimeLinear(QGraphicsScene &scene)
     scene.setBspTreeDepth(coarsest);
 }
 
-/// Has the scene do now what it left to the event loop. Until then it looks through all new items for each one that
-/// goes: where one event redraws several times, that would take longer than all the drawing.
-void finishNewItems(QGraphicsScene &scene)
-{
-    QCoreApplication::sendPostedEvents(&scene, QEvent::MetaCall);
-}
-
 } // namespace
 
 QList<HeatmapFigures> drawScene(QGraphicsScene &scene, const DrawingContext &context)
@@ -36,7 +28,7 @@ QList<HeatmapFigures> drawScene(QGraphicsScene &scene, const DrawingContext &con
     keepTimeLinear(scene);
     const Picture picture = pictureOf(context);
     addItems(scene, picture.drawing);
-    finishNewItems(scene);
+    finishNewItems(scene); // one event may redraw several times
     return picture.figures;
 }
 

@@ -5,6 +5,7 @@
 #include "visualization/scene/ArrowItem.h"
 #include "visualization/scene/interactive_polygon.h"
 
+#include <QCoreApplication>
 #include <QGraphicsEllipseItem>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
@@ -98,6 +99,11 @@ void addItems(QGraphicsScene &scene, const Drawing &drawing)
             },
             shape);
     }
+}
+
+void finishNewItems(QGraphicsScene &scene)
+{
+    QCoreApplication::sendPostedEvents(&scene, QEvent::MetaCall);
 }
 
 void removeHeatmaps(QGraphicsScene &scene, DataKind kind)

@@ -4,6 +4,7 @@
 #include "base/TextFormat.h"
 #include "base/Truncation.h"
 #include "model/Canvas.h"
+#include "visualization/shapes/ShapeStyle.h"
 
 #include <cmath>
 #include <numbers>
@@ -97,21 +98,10 @@ Drawing bars(const QList<double> &values, int shift, int offset, const QPen &pen
     return drawing;
 }
 
-/// The mean of both eyes has no colour of its own here, so that its bars are black.
+/// Bars of the mean of both eyes are black.
 QColor barColor(EyeMode mode, const VisualizationParameters &parameters)
 {
-    switch (mode) {
-    case EyeMode::showLeft:
-        return parameters.fillColorLeft;
-    case EyeMode::showRight:
-        return parameters.fillColorRight;
-    case EyeMode::showMean:
-        return {};
-    case EyeMode::showAll:
-    case EyeMode::showDominant:
-        break;
-    }
-    return parameters.fillColor;
+    return mode == EyeMode::showMean ? QColor() : fillColorOf(parameters, colorEyeOf(mode));
 }
 
 } // namespace

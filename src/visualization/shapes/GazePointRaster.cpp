@@ -4,6 +4,7 @@
 #include "density/DrawingWorker.h"
 #include "model/Canvas.h"
 #include "visualization/selection/DataSelection.h"
+#include "visualization/shapes/ShapeStyle.h"
 
 #include <algorithm>
 #include <span>
@@ -121,20 +122,6 @@ private:
     Stripe m_stripe;
 };
 
-QRgb pixelColor(Eye eye, const VisualizationParameters &parameters)
-{
-    switch (eye) {
-    case Eye::Left:
-        return parameters.fillColorLeft.rgba();
-    case Eye::Right:
-        return parameters.fillColorRight.rgba();
-    case Eye::Dominant:
-    case Eye::Mean: // has no colour of its own
-        break;
-    }
-    return parameters.fillColor.rgba();
-}
-
 bool isOnCanvas(const GazePoint &sample)
 {
     return sample.x >= 1 && sample.x < canvas::width && sample.y >= 1 && sample.y < canvas::height;
@@ -168,7 +155,8 @@ std::vector<Stream> streamsToDraw(const DrawingContext &context)
     std::vector<Stream> streams;
     for (const Examination *examination : context.model.checkedExaminations()) {
         for (const Eye eye : eyesOf(context.eyeMode))
-            streams.push_back({examination->stream(eye).gazePoints, pixelColor(eye, context.of(DataKind::GazePoints))});
+            streams.push_back(
+                {examination->stream(eye).gazePoints, fillColorOf(context.of(DataKind::GazePoints), eye).rgba()});
     }
     return streams;
 }

@@ -7,32 +7,16 @@
 
 namespace {
 
-struct Colors {
-    QColor fill;
-    QColor border;
-};
-
-Colors colorsOf(const VisualizationParameters &parameters, Eye eye)
+/// What an eye has of three; the mean of both has none of its own.
+template <class T>
+const T &ofEye(Eye eye, const T &left, const T &right, const T &dominant)
 {
-    switch (eye) {
-    case Eye::Left:
-        return {parameters.fillColorLeft, parameters.borderColorLeft};
-    case Eye::Right:
-        return {parameters.fillColorRight, parameters.borderColorRight};
-    case Eye::Dominant:
-    case Eye::Mean: // has no colours of its own
-        break;
-    }
-    return {parameters.fillColor, parameters.borderColor};
+    return eye == Eye::Left ? left : eye == Eye::Right ? right : dominant;
 }
 
-Colors colorsOf(const Group &group, Eye eye, const VisualizationParameters &parameters)
+QColor borderColorOf(const VisualizationParameters &parameters, Eye eye)
 {
-    const auto &colors = eye == Eye::Left    ? group.colorsLeft
-                         : eye == Eye::Right ? group.colorsRight
-                                             : group.colorsDominant;
-    const QColor fill = colors.value(parameters.settingsName);
-    return {fill, borderColorFor(fill, parameters.borderType)};
+    return ofEye(eye, parameters.borderColorLeft, parameters.borderColorRight, parameters.borderColor);
 }
 
 const Group *groupOf(const Examination &examination, const DataModel &model)
@@ -41,6 +25,21 @@ const Group *groupOf(const Examination &examination, const DataModel &model)
 }
 
 } // namespace
+
+QColor fillColorOf(const VisualizationParameters &parameters, Eye eye)
+{
+    return ofEye(eye, parameters.fillColorLeft, parameters.fillColorRight, parameters.fillColor);
+}
+
+QColor fillColorOf(const Group &group, Eye eye, const VisualizationParameters &parameters)
+{
+    return ofEye(eye, group.colorsLeft, group.colorsRight, group.colorsDominant).value(parameters.settingsName);
+}
+
+Eye colorEyeOf(EyeMode mode)
+{
+    return mode == EyeMode::showAll ? Eye::Dominant : eyesOf(mode).constFirst();
+}
 
 QColor withOpacity(QColor color, int opacityPercent)
 {
@@ -54,7 +53,8 @@ ShapeStyle shapeStyle(const Examination &examination, Eye eye, const DataModel &
                       const VisualizationParameters &parameters)
 {
     const Group *group = groupOf(examination, model);
-    const auto [fill, border] = group ? colorsOf(*group, eye, parameters) : colorsOf(parameters, eye);
+    const QColor fill = group ? fillColorOf(*group, eye, parameters) : fillColorOf(parameters, eye);
+    const QColor border = group ? borderColorFor(fill, parameters.borderType) : borderColorOf(parameters, eye);
     return {QPen(border, std::max(0, parameters.borderWidth)),
             QBrush(withOpacity(fill, parameters.fillOpacity), Qt::SolidPattern)};
 }
