@@ -10,6 +10,7 @@ text behind the other, as far as what is local to each has names of its own. A t
 rules and the same program, is not looked at again.
 """
 
+import bisect
 import hashlib
 import json
 import os
@@ -108,6 +109,19 @@ def misfits(sources, whole, options):
     return [source for source in sources if str(source) in found] or sources
 
 
+def at_sources(text, whole, sources):
+    """Complaints with the places in the sources in place of those in the whole text of all."""
+    starts = [1]
+    for source in sources:
+        starts.append(starts[-1] + source.read_text(encoding="utf-8").count("\n") + 2)
+
+    def place(match):
+        line = int(match[1])
+        at = bisect.bisect_right(starts, line) - 1
+        return f"{sources[at]}:{line - starts[at]}:"
+    return re.sub(re.escape(str(whole)) + r":(\d+):", place, text)
+
+
 def complaints(sources, options, key_of_rules):
     text = "".join(f'#line 1 "{source}"\n{source.read_text(encoding="utf-8")}\n' for source in sources)
     whole = BUILD / f"together-{hashlib.sha256(text.encode()).hexdigest()[:16]}.cpp"
@@ -125,7 +139,7 @@ def complaints(sources, options, key_of_rules):
     answer = subprocess.run(["clang-tidy", "--quiet", "--warnings-as-errors=*", whole, "--", *options],
                             capture_output=True, text=True, check=False)
     if answer.returncode:
-        return answer.stdout + answer.stderr
+        return at_sources(answer.stdout, whole, sources)
     mark.touch()
     return ""
 
