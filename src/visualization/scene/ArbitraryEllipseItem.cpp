@@ -9,12 +9,12 @@
 #include <cmath>
 #include <numbers>
 
-ArbitraryEllipseItem::ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, QBrush brush)
+ArbitraryEllipseItem::ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, const QBrush &brush)
     : m_major(a)
     , m_minor(b)
     , m_center(center)
     , m_pen(std::move(pen))
-    , m_brush(std::move(brush))
+    , m_brush(brush)
 {
     if (m_minor.length() > m_major.length()) {
         qWarning("WARNING: Ellipse major axis smaller than minor axis. Swapped automatically.");
