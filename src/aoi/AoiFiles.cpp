@@ -66,7 +66,7 @@ AoiFileContents readAois(const QString &path)
     const Form *form = formOf(path);
     if (!form)
         return readAoiFile(path);
-    const AoiFileContents contents = form->read(path);
+    AoiFileContents contents = form->read(path);
     if (!contents.error.isEmpty())
         messages::warning(QStringLiteral("Cannot read file!"), path + QStringLiteral(": ") + contents.error);
     else if (!contents.remarks.isEmpty())

@@ -42,7 +42,7 @@ AreaOfInterest areaOf(const QJsonObject &object, qsizetype &badVertices)
     aoi.enabled = object[enabledKey].toBool(true);
     if (const QColor color = colorOf(object[colorKey].toArray()); color.isValid())
         aoi.color = color;
-    for (const QJsonValue &value : object[polygonKey].toArray()) {
+    for (const auto &value : object[polygonKey].toArray()) {
         if (const std::optional<QPoint> vertex = vertexOf(value))
             aoi.polygon << *vertex;
         else
@@ -75,7 +75,7 @@ AoiFileContents parseAoiJson(const QByteArray &bytes)
         return contents;
     }
     const QJsonArray entries = document.isArray() ? document.array() : document[aoisKey].toArray();
-    for (const QJsonValue &entry : entries) {
+    for (const auto &entry : entries) {
         AreaOfInterest aoi = areaOf(entry.toObject(), contents.badVertexLines);
         if (aoi.name.isEmpty() || aoi.polygon.isEmpty())
             ++contents.unfinishedBlocks;

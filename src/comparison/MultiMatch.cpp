@@ -138,6 +138,7 @@ MultiMatch multiMatch(const SaccadePath &first, const SaccadePath &second, QSize
         }).pairs;
     const auto medianOf = [&](const auto &difference) {
         std::vector<double> values;
+        values.reserve(pairs.size());
         for (const auto &[i, j] : pairs)
             values.push_back(difference(i, j));
         return median(values);

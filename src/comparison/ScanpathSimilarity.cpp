@@ -147,6 +147,7 @@ std::optional<std::vector<SimilaritySet>> compareScanpaths(const DataModel &mode
     if (stop.stop_requested())
         return std::nullopt;
     std::vector<SimilaritySet> sets;
+    sets.reserve(all.size());
     for (Work &work : all)
         sets.push_back(std::move(work.set));
     return sets;

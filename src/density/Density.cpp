@@ -9,6 +9,7 @@ std::vector<ColumnStripe> columnStripes(int workers)
 {
     const int columns = (canvas::width + workers - 1) / workers;
     std::vector<ColumnStripe> stripes;
+    stripes.reserve(static_cast<std::size_t>(workers));
     for (int i = 0; i < workers; ++i)
         stripes.push_back({std::min(i * columns, canvas::width), std::min((i + 1) * columns, canvas::width)});
     return stripes;

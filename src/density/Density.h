@@ -3,6 +3,7 @@
 
 #include "model/Canvas.h"
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -32,14 +33,16 @@ public:
     /// The cells are not set: that is up to the workers, each for its stripe.
     Density();
 
-    double *column(int x) { return m_cells.get() + x * canvas::height; }
-    const double *column(int x) const { return m_cells.get() + x * canvas::height; }
+    double *column(int x) { return m_cells.get() + columnStart(x); }
+    const double *column(int x) const { return m_cells.get() + columnStart(x); }
     double at(int x, int y) const { return column(x)[y]; }
 
     const DensityPeak &peak() const { return m_peak; }
     void setPeak(const DensityPeak &peak) { m_peak = peak; }
 
 private:
+    static std::ptrdiff_t columnStart(int x) { return std::ptrdiff_t{x} * canvas::height; }
+
     std::unique_ptr<double[]> m_cells;
     DensityPeak m_peak;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "density/DensityLoops.h"
 
+#include <cstddef>
 #include <cstring>
 
 namespace densityloops {
@@ -122,7 +123,7 @@ void weightedSum(double *out, const double *blocks, const int *columns, int coun
     for (int i = 0; i < count; ++i) {
         const double weight = weights[columns[i] + shift];
         Octet values[4];
-        std::memcpy(values, blocks + columns[i] * blockRows, sizeof values);
+        std::memcpy(values, blocks + std::ptrdiff_t{columns[i]} * blockRows, sizeof values);
         sums[0] += weight * values[0];
         sums[1] += weight * values[1];
         sums[2] += weight * values[2];

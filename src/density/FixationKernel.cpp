@@ -100,7 +100,7 @@ int FixationKernel::reachX(const FixationEvent &event) const
 FixationKernel::FixationKernel(const NormalDistribution &size) : m_width(size.width), m_sigma(size.sigma)
 {
     for (auto *table : {&m_alongSecond, &m_jCos, &m_jSin, &m_values})
-        table->resize(static_cast<std::size_t>(2 * m_width));
+        table->resize(2 * static_cast<std::size_t>(m_width));
     m_targets.resize(m_values.size());
 }
 
@@ -110,8 +110,8 @@ bool FixationKernel::build(const FixationEvent &event)
     if (!addsAnything(event))
         return false;
     const Shape shape(event, m_width, m_sigma);
-    for (int j = -m_width; j < m_width; ++j) {
-        const auto index = static_cast<std::size_t>(j + m_width);
+    for (std::size_t index = 0; index < m_alongSecond.size(); ++index) {
+        const int j = static_cast<int>(index) - m_width;
         m_alongSecond[index] = std::exp(-0.5 * j * j / shape.secondVariance);
         m_jCos[index] = j * shape.cosine;
         m_jSin[index] = j * shape.sine;
@@ -128,7 +128,7 @@ void FixationKernel::clear()
     for (int row = m_rows.first; row <= m_rows.last; ++row) {
         Span &columns = columnsOf(row);
         if (!columns.isEmpty())
-            std::fill_n(&m_cells[static_cast<std::size_t>(row * side + columns.first)], columns.count(), 0.0);
+            std::fill_n(&m_cells[rowStart(row) + static_cast<std::size_t>(columns.first)], columns.count(), 0.0);
         columns = {};
     }
     m_rows = {};
@@ -165,17 +165,16 @@ void FixationKernel::drawRow(const Shape &shape, int i)
     const Span all = within(possible + 1);
     const double certain = shape.largestJ(shape.sureExponent, i);
     const Span sure = certain < 0 ? Span{all.last + 1, all.last} : within(certain);
-    const auto value = [&](int j) -> double & { return m_values[static_cast<std::size_t>(j + m_width)]; };
+    double *values = m_values.data() + m_width;
     const auto settleDoubt = [&](int first, int last) {
         for (int j = first; j <= last; ++j) {
             const double exact = shape.valueAt(i, j);
-            value(j) = exact >= shape.floor ? exact : 0;
+            values[j] = exact >= shape.floor ? exact : 0;
         }
     };
     settleDoubt(all.first, sure.first - 1);
     const double alongFirst = std::exp(-0.5 * i * i / shape.firstVariance) / shape.norm * shape.durationMs;
-    densityloops::scaled(m_values.data() + sure.first + m_width, m_alongSecond.data() + sure.first + m_width,
-                         alongFirst, sure.count());
+    densityloops::scaled(values + sure.first, m_alongSecond.data() + sure.first + m_width, alongFirst, sure.count());
     settleDoubt(sure.last + 1, all.last);
     drawSteps(shape, i, all, sure);
 }
@@ -242,7 +241,7 @@ void FixationKernel::fillRow(int row, const Span &columns)
 /// Fills a cell, unless it was filled already, and those to the right that become holes by that.
 void FixationKernel::fillFrom(int row, int column)
 {
-    double *cells = &m_cells[static_cast<std::size_t>(row * side)];
+    double *cells = &m_cells[rowStart(row)];
     const auto fill = [](double *cell) { *cell = (cell[-1] + cell[1] + cell[-side] + cell[side]) * 0.25; };
     if (cells[column] != 0)
         return;

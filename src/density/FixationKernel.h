@@ -44,13 +44,14 @@ public:
     /// centre, a column one in y, both plus `center`.
     const Span &rows() const { return m_rows; }
     const Span &columns(int row) const { return m_columns[static_cast<std::size_t>(row)]; }
-    const double *row(int row) const { return &m_cells[static_cast<std::size_t>(row * side)]; }
+    const double *row(int row) const { return &m_cells[rowStart(row)]; }
     /// The sum of all cells.
     double mass() const;
 
 private:
     struct Shape;
 
+    static std::size_t rowStart(int row) { return static_cast<std::size_t>(row) * side; }
     void clear();
     void drawRow(const Shape &shape, int i);
     void drawSteps(const Shape &shape, int i, const Span &all, const Span &sure);
@@ -63,7 +64,7 @@ private:
 
     int m_width;
     int m_sigma;
-    std::vector<double> m_cells = std::vector<double>(side * side);
+    std::vector<double> m_cells = std::vector<double>(std::size_t{side} * side);
     Span m_rows;
     std::vector<Span> m_columns = std::vector<Span>(side); ///< by row
     std::vector<double> m_alongSecond; ///< of the current event: exp(-0.5 * j * j / second variance), j from -width

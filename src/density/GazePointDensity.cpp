@@ -15,13 +15,23 @@ constexpr int blockRows = densityloops::blockRows;
 constexpr int blocks = canvas::height / blockRows;
 static_assert(blocks * blockRows == canvas::height);
 
+/// Of a block, in a column.
+std::ptrdiff_t firstRowOf(int block)
+{
+    return std::ptrdiff_t{block} * blockRows;
+}
+
 /// The counts smoothed down the columns, in blocks of rows: block b of column x at index (b * 2560 + x) * blockRows.
 /// Only blocks that are marked as reached have values.
 struct ColumnSums {
-    double *block(int b) { return values.get() + b * canvas::width * blockRows; }
+    static std::size_t indexOf(int b, int x)
+    {
+        return static_cast<std::size_t>(b) * canvas::width + static_cast<std::size_t>(x);
+    }
+    double *block(int b, int x) { return values.get() + indexOf(b, x) * blockRows; }
 
     std::unique_ptr<double[]> values = std::make_unique_for_overwrite<double[]>(canvas::pixels);
-    std::vector<quint8> reached = std::vector<quint8>(blocks * canvas::width); ///< index b * 2560 + x
+    std::vector<quint8> reached = std::vector<quint8>(std::size_t{blocks} * canvas::width); ///< index b * 2560 + x
 };
 
 /// How many points lie on each row of each column of a stripe, without the canvas in between.
@@ -118,19 +128,18 @@ private:
             densityloops::addScaled(&sums[static_cast<std::size_t>(y - reach)], &m_down[centerIndex() - size_t(reach)],
                                     count, 2 * reach + 1);
             for (int block = (y - reach) / blockRows; block <= (y + reach) / blockRows; ++block)
-                m_sums.reached[static_cast<std::size_t>(block * canvas::width + x)] = 1;
+                m_sums.reached[ColumnSums::indexOf(block, x)] = 1;
         }
         for (int block = 0; block < blocks; ++block) {
-            if (m_sums.reached[static_cast<std::size_t>(block * canvas::width + x)])
-                std::copy_n(&sums[static_cast<std::size_t>(block * blockRows)], blockRows,
-                            m_sums.block(block) + x * blockRows);
+            if (m_sums.reached[ColumnSums::indexOf(block, x)])
+                std::copy_n(sums.cbegin() + firstRowOf(block), blockRows, m_sums.block(block, x));
         }
     }
 
     /// Also reads columns that other workers have smoothed: all of them had finished that stage before this one began.
     void smoothAcross(int block)
     {
-        const quint8 *reached = &m_sums.reached[static_cast<std::size_t>(block * canvas::width)];
+        const quint8 *reached = &m_sums.reached[ColumnSums::indexOf(block, 0)];
         std::vector<int> columns;
         for (int x = std::max(0, stripe().begin - m_halfWidth); x < std::min(canvas::width, stripe().end + m_halfWidth);
              ++x) {
@@ -144,7 +153,7 @@ private:
             const PositionRange sources = positionsReaching(x, canvas::width, m_halfWidth);
             first = std::find_if(first, columns.cend(), [&](int column) { return column >= sources.begin; });
             last = std::find_if(std::max(first, last), columns.cend(), [&](int c) { return c >= sources.end; });
-            densityloops::weightedSum(density().column(x) + block * blockRows, m_sums.block(block),
+            densityloops::weightedSum(density().column(x) + firstRowOf(block), m_sums.block(block, 0),
                                       columns.data() + (first - columns.cbegin()), static_cast<int>(last - first),
                                       m_across.data(), shift - x);
         }
@@ -164,6 +173,7 @@ private:
 std::vector<double> gaussianProfile(int count, int sigma)
 {
     std::vector<double> profile;
+    profile.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         profile.push_back(std::exp(-static_cast<double>(i * i) / (2.0 * sigma * sigma)));
     return profile;

@@ -143,11 +143,12 @@ void TubeStrip::sweep(const Brush &brush)
     const Interval here =
         all.within(stepsWithin({m_columns.begin - margin, m_columns.end + margin}, course.start.x(), course.alongX))
             .within(stepsWithin({-margin, canvas::height + margin}, course.start.y(), course.alongY));
-    for (double step = std::floor(here.low); step <= here.high; ++step) {
-        if (step < all.low)
-            continue;
-        drawLine(brush, roundedDown(step * course.alongX + course.start.x() + 0.5),
-                 roundedDown(step * course.alongY + course.start.y() + 0.5), brush.limitAt(step));
+    double step = std::floor(here.low); // a double: where nothing is within, it can be beyond 64 bits
+    while (step <= here.high) {
+        if (step >= all.low)
+            drawLine(brush, roundedDown(step * course.alongX + course.start.x() + 0.5),
+                     roundedDown(step * course.alongY + course.start.y() + 0.5), brush.limitAt(step));
+        ++step;
     }
 }
 

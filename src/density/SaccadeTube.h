@@ -39,7 +39,7 @@ public:
 private:
     struct Brush;
 
-    std::size_t cellIndex(int x, int y) const
+    std::size_t cellIndex(qint64 x, qint64 y) const
     {
         return static_cast<std::size_t>((x - m_columns.begin + 1) * stride + y + 1);
     }

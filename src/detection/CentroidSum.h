@@ -19,7 +19,12 @@ public:
     }
 
     /// In whole pixels; at least one sample must have been added.
-    QPoint centroid() const { return {asPixel(m_x / m_count), asPixel(m_y / m_count)}; }
+    QPoint centroid() const
+    {
+        if (m_count == 0)
+            return {}; // never asked for
+        return {asPixel(m_x / m_count), asPixel(m_y / m_count)};
+    }
 
 private:
     /// Whole part of sum + value. What is not a number adds nothing, and the sum stays within its type.

@@ -34,7 +34,7 @@ QString listed(const QStringList &items)
 QString spread(const MethodsRange &range, const char *unit)
 {
     const QString name = *unit ? u' ' + QString::fromUtf8(unit) : QString();
-    const QString median = number(range.median) + name;
+    QString median = number(range.median) + name;
     if (number(range.least) == number(range.most))
         return median;
     return u"%1 (median; %2 to %3%4)"_s.arg(median, number(range.least), number(range.most), name);

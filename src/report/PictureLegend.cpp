@@ -75,13 +75,15 @@ double addEntries(Drawing &drawing, QPointF top, double width, const QList<Entry
     constexpr double patchSize = 30;
     const auto columns = std::max<qsizetype>(1, static_cast<qsizetype>(width / columnWidth));
     for (qsizetype i = 0; i < found.size(); ++i) {
-        const QPointF corner = top + QPointF(static_cast<double>(i % columns) * columnWidth,
-                                             static_cast<double>(i / columns) * legendRowHeight);
+        const qsizetype row = i / columns;
+        const QPointF corner =
+            top + QPointF(static_cast<double>(i % columns) * columnWidth, static_cast<double>(row) * legendRowHeight);
         const QRectF patch(corner + QPointF(0, margin), QSizeF(patchSize, patchSize));
         drawing << PolygonShape{QPolygonF(patch), QPen(Qt::black), QBrush(found[i].color)}
                 << legendText(corner + QPointF(patchSize + margin, 0), found[i].name);
     }
-    return static_cast<double>((found.size() + columns - 1) / columns) * legendRowHeight;
+    const qsizetype rows = (found.size() + columns - 1) / columns;
+    return static_cast<double>(rows) * legendRowHeight;
 }
 
 /// Samples per ms of the first recording that has any.

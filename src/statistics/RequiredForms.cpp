@@ -23,7 +23,8 @@ double glanceProportion(int glances, qsizetype samples)
     if (samples == 0)
         return 0;
     constexpr double percentOfPercent = 10000.0;
-    return std::trunc(static_cast<double>(glances / samples) * percentOfPercent + 0.5) / 100.0;
+    const qsizetype whole = glances / samples;
+    return std::trunc(static_cast<double>(whole) * percentOfPercent + 0.5) / 100.0;
 }
 
 int fewestInWindow(const QList<qint64> &timesMs)

@@ -36,7 +36,7 @@ public:
 
     int reach() const { return m_reach; }
     /// How far the disc reaches in y at an offset in x.
-    int lengthAt(int a) const { return m_lengths[static_cast<std::size_t>(a + m_reach)]; }
+    int lengthAt(int a) const { return m_lengths[static_cast<std::size_t>(std::ptrdiff_t{a} + m_reach)]; }
     /// The weight at the offset a in x and 0 in y; those beside it are the weights for other offsets in y.
     const double *middleAt(int a) const { return m_weights.column(a + m_reach) + m_reach; }
 

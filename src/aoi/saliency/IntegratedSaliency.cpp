@@ -124,7 +124,7 @@ private:
         return {bin / (levels * levels), bin / levels % levels, bin % levels};
     }
 
-    static std::size_t index(int l, int a, int b)
+    static std::size_t index(std::ptrdiff_t l, std::ptrdiff_t a, std::ptrdiff_t b)
     {
         return static_cast<std::size_t>((l * integrated::colorLevels + a) * integrated::colorLevels + b);
     }
@@ -179,7 +179,7 @@ std::optional<cv::Point> densestEdges(const cv::Mat &edges, const std::vector<in
     for (int first = 0; first < count; first += atOnce) {
         std::vector<cv::Mat> blurred(static_cast<std::size_t>(std::min(atOnce, count - first)));
         forEachSideBySide(static_cast<int>(blurred.size()), [&](int i) {
-            const auto &[side, sigma] = blurs[static_cast<std::size_t>(first + i)];
+            const auto &[side, sigma] = blurs[static_cast<std::size_t>(first) + static_cast<std::size_t>(i)];
             cv::GaussianBlur(mask, blurred[static_cast<std::size_t>(i)], {side, side}, sigma);
         });
         for (const cv::Mat &one : blurred) { // in their order, whatever the number of threads

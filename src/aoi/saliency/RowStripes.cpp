@@ -35,6 +35,7 @@ void forEachSideBySide(int count, const std::function<void(int)> &work)
 {
     const int threads = std::clamp(count, 1, std::max(1, QThread::idealThreadCount()));
     std::vector<std::unique_ptr<PieceWorker>> workers;
+    workers.reserve(static_cast<std::size_t>(threads));
     for (int i = 0; i < threads; ++i)
         workers.push_back(std::make_unique<PieceWorker>(PieceWorker::Pieces{i, count, threads}, work));
     DrawingWorker::runAll(workers);

@@ -52,8 +52,6 @@ void tellResult(const OutsideResult &result)
         tellFailure(u"iComp executable did not start up!"_s, broken, result);
         break;
     case End::TimedOut:
-        tellFailure(u"iComp executable did not finish!"_s, broken, result);
-        break;
     case End::Failed:
         tellFailure(u"iComp executable did not finish!"_s, broken, result);
         break;

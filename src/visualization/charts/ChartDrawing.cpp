@@ -166,7 +166,8 @@ Drawing legend(const QList<ChartCurve> &curves)
     Drawing drawing;
     for (qsizetype i = 0; i < curves.size(); ++i) {
         const double x = ground.left() + gap + static_cast<double>(i % legendColumns) * columnWidth;
-        const double y = legendTop + static_cast<double>(i / legendColumns) * rowHeight;
+        const qsizetype row = i / legendColumns;
+        const double y = legendTop + static_cast<double>(row) * rowHeight;
         const QPolygonF patch(QRectF(x, y + gap, patchSize, patchSize));
         drawing << PolygonShape{patch, QPen(Qt::black), QBrush(curves[i].color)}
                 << TextShape{{x + patchSize + gap, y}, shortened(curves[i].name), labelFont(), Qt::black};

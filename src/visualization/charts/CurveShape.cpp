@@ -58,7 +58,8 @@ QPolygonF splined(const QPolygonF &points)
     const QList<double> second = secondDerivatives(points);
     QPolygonF result;
     qsizetype piece = 0;
-    for (double x = points.first().x(); x <= points.last().x(); x += 1) {
+    double x = points.first().x();
+    while (x <= points.last().x()) {
         while (piece + 2 < points.size() && points[piece + 1].x() <= x)
             ++piece;
         const double width = points[piece + 1].x() - points[piece].x();
@@ -66,6 +67,7 @@ QPolygonF splined(const QPolygonF &points)
         const double b = (x - points[piece].x()) / width;
         const double bend = ((a * a * a - a) * second[piece] + (b * b * b - b) * second[piece + 1]) * width * width / 6;
         result << QPointF(x, a * points[piece].y() + b * points[piece + 1].y() + bend);
+        x += 1;
     }
     return result;
 }

@@ -28,18 +28,22 @@ public:
 private:
     static constexpr int columnsAtOnce = 16; ///< a line of the processor's cache, in pixels
 
+    static std::size_t indexOf(int column, int y)
+    {
+        return static_cast<std::size_t>(column) * canvas::height + static_cast<std::size_t>(y);
+    }
+
     void work() override
     {
-        std::vector<quint16> indices(static_cast<std::size_t>(columnsAtOnce * canvas::height));
+        std::vector<quint16> indices(indexOf(columnsAtOnce, 0));
         for (int x = m_stripe.begin; x < m_stripe.end; x += columnsAtOnce) {
             const int columns = std::min(columnsAtOnce, m_stripe.end - x);
             for (int i = 0; i < columns; ++i)
-                densityloops::colorIndices(&indices[static_cast<std::size_t>(i * canvas::height)],
-                                           m_density.column(x + i), canvas::height, steps());
+                densityloops::colorIndices(&indices[indexOf(i, 0)], m_density.column(x + i), canvas::height, steps());
             for (int y = 0; y < canvas::height; ++y) {
-                QRgb *out = m_pixels + y * canvas::width + x;
+                QRgb *out = m_pixels + std::ptrdiff_t{y} * canvas::width + x;
                 for (int i = 0; i < columns; ++i)
-                    out[i] = m_colors[indices[static_cast<std::size_t>(i * canvas::height + y)]];
+                    out[i] = m_colors[indices[indexOf(i, y)]];
             }
         }
     }

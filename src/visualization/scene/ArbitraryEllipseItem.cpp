@@ -9,12 +9,12 @@
 #include <cmath>
 #include <numbers>
 
-ArbitraryEllipseItem::ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, QBrush brush)
+ArbitraryEllipseItem::ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, const QBrush &brush)
     : m_major(a)
     , m_minor(b)
     , m_center(center)
     , m_pen(std::move(pen))
-    , m_brush(std::move(brush))
+    , m_brush(brush)
 {
     if (m_minor.length() > m_major.length()) {
         qWarning("WARNING: Ellipse major axis smaller than minor axis. Swapped automatically.");
@@ -71,10 +71,12 @@ QPolygon ArbitraryEllipseItem::polygon(int steps) const
     if (r < 0)
         r = fullTurn - r;
     QPolygon points;
-    for (double t = 0; t < fullTurn; t += fullTurn / steps) {
+    double t = 0; // a sum of steps, whose roundings decide whether there is one more at the end
+    while (t < fullTurn) {
         const double x = std::cos(t) * major * std::cos(r) - std::sin(t) * minor * std::sin(r);
         const double y = std::cos(t) * major * std::sin(r) + std::sin(t) * minor * std::cos(r);
         points << QPoint(truncated(m_center.x() + x), truncated(m_center.y() + y));
+        t += fullTurn / steps;
     }
     return points;
 }

@@ -11,7 +11,7 @@
 class ArbitraryEllipseItem : public QGraphicsItem {
 public:
     /// @param a, b  semi-axes in pixels; where b is the longer one they are swapped, with a line on the debug channel.
-    ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, QBrush brush);
+    ArbitraryEllipseItem(QPoint center, QVector2D a, QVector2D b, QPen pen, const QBrush &brush);
 
     /// What is painted, before the turn: the axes lie along x and y.
     QRectF boundingRect() const override;

@@ -26,9 +26,9 @@ QPolygon arrowhead(QPoint to, double dx, double dy, double lineWidth)
 
 } // namespace
 
-ArrowItem::ArrowItem(QPoint from, QPoint to, bool showTip, QPen pen, QBrush brush)
+ArrowItem::ArrowItem(QPoint from, QPoint to, bool showTip, QPen pen, const QBrush &brush)
     : m_pen(std::move(pen))
-    , m_brush(std::move(brush))
+    , m_brush(brush)
     , m_from(from)
     , m_to(to)
 {

@@ -10,7 +10,7 @@
 class ArrowItem : public QGraphicsItem {
 public:
     /// @param from, to  canvas pixels; an arrow without length has no head.
-    ArrowItem(QPoint from, QPoint to, bool showTip, QPen pen, QBrush brush);
+    ArrowItem(QPoint from, QPoint to, bool showTip, QPen pen, const QBrush &brush);
 
     /// What is painted: the line with its ends, and the head.
     QRectF boundingRect() const override;

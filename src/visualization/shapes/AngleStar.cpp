@@ -19,7 +19,7 @@ constexpr double degreesPerRadian = 57.29577951;
 constexpr double radiansPerDegree = 0.017453293;
 constexpr double fullTurn = 2 * std::numbers::pi;
 
-constexpr QPointF center(canvas::width / 2, canvas::height / 2);
+constexpr QPointF center(canvas::width / 2.0, canvas::height / 2.0);
 constexpr double longestBar = 500;    // px
 constexpr double spokeLength = 600;   // px
 constexpr double labelDistance = 675; // px

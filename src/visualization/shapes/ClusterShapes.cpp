@@ -122,7 +122,8 @@ int clusterDiameter(const FixationCluster &cluster, const VisualizationParameter
     const double size = parameters.size;
     if (!parameters.durationDependent)
         return truncated((size * 5 + 5) * 4);
-    const auto half = static_cast<double>(durationOf(cluster) / 2); // whole milliseconds
+    const qint64 halfMs = durationOf(cluster) / 2; // whole milliseconds
+    const auto half = static_cast<double>(halfMs);
     return truncated(size / 100.0 * half + (half + 10));
 }
 
