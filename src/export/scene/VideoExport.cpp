@@ -8,6 +8,7 @@
 #include "export/scene/FrameQueue.h"
 #include "export/video/VideoFile.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QGraphicsScene>
 #include <QPainter>
@@ -37,11 +38,23 @@ std::unique_ptr<IVideoFile> openVideo(const QString &path, QSize size)
     return video;
 }
 
-/// Encoders do not tell that a disk is full.
+/// On a full disk it has not.
+bool hasRoomForMore(const QString &path)
+{
+    constexpr qsizetype probeBytes = 64 << 10;
+    QFile file(path);
+    const qint64 size = file.size();
+    const bool isWritten = file.open(QIODevice::Append | QIODevice::Unbuffered) &&
+                           file.write(QByteArray(probeBytes, '\0')) == probeBytes;
+    return file.resize(size) && isWritten;
+}
+
+/// Encoders do not tell that a disk is full. The number of images can stand in the head of a file without the rest, so
+/// that the disk is asked, too.
 bool isComplete(const QString &path, qsizetype frames)
 {
     const auto count = reinterpret_cast<CountFrames>(inVideoLibrary(countFramesName));
-    return count && count(path) == frames;
+    return count && count(path) == frames && hasRoomForMore(path);
 }
 
 /// The rasters of one image are as large as those of the next: while it lives, their memory is not given back in
