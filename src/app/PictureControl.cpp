@@ -311,8 +311,8 @@ QImage PictureControl::saliencyOverlay()
     m_toldMissingPicture = false;
     ++m_holds;
     const CancellableProgress progress(&m_window);
-    const QImage overlay = m_saliency.image(static_cast<SaliencyMethod>(method), m_backgroundPixmap.toImage(),
-                                            m_model.saliencyParameters, progress.token());
+    QImage overlay = m_saliency.image(static_cast<SaliencyMethod>(method), m_backgroundPixmap.toImage(),
+                                      m_model.saliencyParameters, progress.token());
     --m_holds;
     return overlay;
 }

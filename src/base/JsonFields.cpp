@@ -90,7 +90,7 @@ QStringList JsonFields::texts(const QString &name)
     QStringList read;
     const QJsonValue value = take(name);
     expect(value.isArray(), name, u"a list of texts"_s, value);
-    for (const QJsonValue &each : value.toArray()) {
+    for (const auto &each : value.toArray()) {
         expect(each.isString(), name, u"a list of texts"_s, each);
         read << each.toString();
     }

@@ -14,7 +14,7 @@ namespace {
 using Result = OutsideResult;
 
 constexpr int intervalMs = 50;
-constexpr qint64 longestOutput = 64 * 1024; ///< bytes
+constexpr qint64 longestOutput = qint64(64) * 1024; ///< bytes
 
 QString textOf(const QTemporaryFile &said)
 {
@@ -84,9 +84,9 @@ OutsideResult runOutside(const OutsideCall &call, const std::function<bool()> &g
 
 QString programIn(const QString &folder, const QString &name)
 {
-    const QString withEnding = QDir(folder).filePath(name + QStringLiteral(".exe"));
+    QString withEnding = QDir(folder).filePath(name + QStringLiteral(".exe"));
 #ifndef Q_OS_WIN
-    const QString plain = QDir(folder).filePath(name);
+    QString plain = QDir(folder).filePath(name);
     if (QFileInfo(plain).isFile())
         return plain;
 #endif

@@ -32,13 +32,13 @@ QString decimalComma(QString number)
 
 QString clockTime(qint64 timeMs, const QString &format)
 {
-    constexpr qint64 dayMs = 24 * 60 * 60 * 1000;
+    constexpr qint64 dayMs = qint64(24) * 60 * 60 * 1000;
     return QTime(0, 0, 0).addMSecs(static_cast<int>(timeMs % dayMs)).toString(format);
 }
 
 QString timeText(qint64 timeMs)
 {
-    constexpr qint64 minuteMs = 60 * 1000;
+    constexpr qint64 minuteMs = qint64(60) * 1000;
     constexpr qint64 hourMs = 60 * minuteMs;
     if (timeMs < minuteMs)
         return clockTime(timeMs, QStringLiteral("ss.zzz")) + QStringLiteral(" sec.ms");

@@ -34,7 +34,7 @@ std::optional<UsageError> besideRecipe(const BatchOptions &options)
 
 std::optional<UsageError> complaintAbout(const BatchOptions &options)
 {
-    if (const auto complaint = besideRecipe(options))
+    if (auto complaint = besideRecipe(options))
         return complaint;
     if (options.recordings.isEmpty() && options.recipeFile.isEmpty())
         return UsageError{QStringLiteral("no recording given")};

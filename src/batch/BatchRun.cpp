@@ -107,7 +107,7 @@ QMap<QString, QString> BatchRun::doOptions()
     exportImages(m_state);
     exportAoiImages(m_state);
     exportVideo(m_state);
-    const QMap<QString, QString> density = exportDensity(m_state);
+    QMap<QString, QString> density = exportDensity(m_state);
     exportSaliency(m_state);
     return density;
 }
@@ -142,7 +142,7 @@ std::optional<UsageError> BatchRun::checkInputs() const
         if (!isReadable(path))
             return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
     }
-    if (const auto complaint = pictureComplaint(QLatin1StringView("background"), m_options.background))
+    if (auto complaint = pictureComplaint(QLatin1StringView("background"), m_options.background))
         return complaint;
     return pictureComplaint(QLatin1StringView("millimetre-image"), m_options.millimetres.imagePath);
 }
@@ -171,11 +171,11 @@ std::optional<UsageError> BatchRun::makeOutputFolder() const
 std::optional<UsageError> BatchRun::chooseSettings()
 {
     for (const QString &path : m_options.settingsFiles) {
-        if (const auto problem = applySettingsFile(path))
+        if (auto problem = applySettingsFile(path))
             return problem;
         m_journal.addInput(path, QStringLiteral("settings"));
     }
-    if (const auto problem = applySettings(m_options.settings))
+    if (auto problem = applySettings(m_options.settings))
         return problem;
     if (m_options.detector)
         SettingsStore().setValue(rows::calculationType.key,

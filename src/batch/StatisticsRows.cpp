@@ -90,7 +90,7 @@ ExportResult writeAoiMeasures(RunState &run, const ExportTarget &target)
 ExportResult writeGroupComparison(RunState &run, const ExportTarget &target)
 {
     run.model.comparedBy = run.options.groupBy;
-    const ExportResult result = exportGroupComparison(
+    ExportResult result = exportGroupComparison(
         run.model, target, {.pixelPerDistance = storedPixelPerDistance(), .threads = run.threads()});
     if (result.written.isEmpty())
         run.journal.fail(); // there was nothing to compare
@@ -105,7 +105,7 @@ ExportResult writeSimilarity(RunState &run, const ExportTarget &target)
                                         .groupBy = run.options.groupBy,
                                         .threads = run.threads()},
                                        {});
-    const ExportResult result = exportScanpathSimilarity(sets.value(), target, run.threads());
+    ExportResult result = exportScanpathSimilarity(sets.value(), target, run.threads());
     if (result.written.isEmpty())
         run.journal.fail();
     return result;

@@ -113,14 +113,14 @@ ExportResult exportFixations(const DataModel &model, const ExportTarget &target)
 {
     EyeFiles files = eyeFiles(target, QStringLiteral("_fixations__fixations_")); // sic, twice
     writeFixations(model, files);
-    const ExportResult result = resultOf(files);
+    ExportResult result = resultOf(files);
     tellExported(QStringLiteral("Fixation Export"), QStringLiteral("Fixations exported to: ") + target.folder, result);
     return result;
 }
 
 ExportResult exportClusters(const DataModel &model, const ExportTarget &target)
 {
-    const ExportResult result = writeClusters(model, target);
+    ExportResult result = writeClusters(model, target);
     tellExported(QStringLiteral("Fixation cluster Export"),
                  QStringLiteral("Fixation clusters exported to: ") + target.folder +
                      QLatin1StringView("_filename_fixationclusters_left/right"),
@@ -147,7 +147,7 @@ ExportResult exportEvents(DataModel &model, const ExportTarget &target)
 {
     EyeFiles files = eyeFiles(target, QStringLiteral("_events_"));
     writeEvents(model, files);
-    const ExportResult result = resultOf(files);
+    ExportResult result = resultOf(files);
     tellExported(QStringLiteral("Event Export"),
                  QStringLiteral("Events exported to: ") + target.folder + QLatin1StringView("_events_left/right/dom"),
                  result);

@@ -39,10 +39,9 @@ ExportResult writeRows(const DataModel &model, const ExportTarget &target, const
 
 ExportResult exportGeneralStatistics(const DataModel &model, const ExportTarget &target)
 {
-    const ExportResult result =
-        writeRows(model, target,
-                  {QLatin1StringView("general statistics"), QLatin1StringView("_generalstatistics_"),
-                   generalStatisticsHeader(), generalStatisticsRow});
+    ExportResult result = writeRows(model, target,
+                                    {QLatin1StringView("general statistics"), QLatin1StringView("_generalstatistics_"),
+                                     generalStatisticsHeader(), generalStatisticsRow});
     tellExported(QStringLiteral("General statistics Export"),
                  QStringLiteral("General statistics exported to: ") + target.folder +
                      QLatin1StringView("_filename_generalstatistics_left/right.csv"),

@@ -50,7 +50,7 @@ ExportResult writeKinds(std::span<const TidyKind> kinds, const DataModel &model,
 
 ExportResult exportTidy(const DataModel &model, const ExportTarget &target, const MeasureForm &form)
 {
-    const ExportResult result = writeKinds(tidyEvents(), model, target, form);
+    ExportResult result = writeKinds(tidyEvents(), model, target, form);
     tellExported(QStringLiteral("Tidy tables Export"),
                  QStringLiteral("Tidy tables exported to: ") + result.written.join(u'\n'), result);
     return result;
@@ -58,7 +58,7 @@ ExportResult exportTidy(const DataModel &model, const ExportTarget &target, cons
 
 ExportResult exportTidySamples(const DataModel &model, const ExportTarget &target, const MeasureForm &form)
 {
-    const ExportResult result = writeKinds({&tidySamples(), 1}, model, target, form);
+    ExportResult result = writeKinds({&tidySamples(), 1}, model, target, form);
     tellExported(QStringLiteral("Tidy samples Export"),
                  QStringLiteral("Tidy samples exported to: ") + result.written.join(u'\n'), result);
     return result;

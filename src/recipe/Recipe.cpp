@@ -66,7 +66,7 @@ std::variant<Recipe, QString> read(const QByteArray &bytes)
                   .settings = fields.textsByName(u"settings"_s),
                   .steps = {},
                   .notReplayed = fields.texts(u"notReplayed"_s)};
-    for (const QJsonValue &json : fields.array(u"steps"_s)) {
+    for (const auto &json : fields.array(u"steps"_s)) {
         const auto step = stepOf(json.toObject());
         if (const auto *problem = std::get_if<QString>(&step))
             return u"step %1: %2"_s.arg(QString::number(recipe.steps.size() + 1), *problem);

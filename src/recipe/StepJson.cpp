@@ -50,7 +50,7 @@ Areas::Area areaOf(JsonFields &fields)
 {
     Areas::Area area{.name = fields.text(u"name"_s), .polygon = {}, .enabled = fields.flag(u"enabled"_s)};
     fields.require(!area.name.isEmpty(), u"name: expected a text that is not empty"_s);
-    for (const QJsonValue &json : fields.array(u"vertices"_s)) {
+    for (const auto &json : fields.array(u"vertices"_s)) {
         const std::optional<QPoint> vertex = vertexOf(json);
         fields.require(vertex.has_value(), u"vertices: expected pairs of whole numbers, of at most 1000000"_s);
         area.polygon << vertex.value_or(QPoint());
@@ -147,7 +147,7 @@ QJsonObject json(const Areas &step)
 Step areasOf(JsonFields &fields)
 {
     Areas step;
-    for (const QJsonValue &each : fields.array(u"areas"_s)) {
+    for (const auto &each : fields.array(u"areas"_s)) {
         JsonFields area(each.toObject());
         step.areas << areaOf(area);
         fields.require(area.problem().isEmpty(),

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void silentServer();
     void restartedServer();
     void serverThatIsGone();
+    void simulatorWithoutDescriptors();
 };
 
 namespace {
@@ -154,6 +155,25 @@ void TestClientWithSimulator::serverThatIsGone()
     simulator.reset();
     QTRY_COMPARE(it.listener.calls().last(), QStringLiteral("connected 0"));
     QVERIFY(!it.client.isConnected());
+}
+
+/// A simulator that cannot begin tells why and ends with 1, instead of being aborted: five descriptors are too few.
+void TestClientWithSimulator::simulatorWithoutDescriptors()
+{
+#if defined(Q_OS_WIN)
+    QSKIP("There is no shell that limits descriptors.");
+#elif defined(__SANITIZE_ADDRESS__)
+    QSKIP("The sanitizer itself needs descriptors.");
+#endif
+    QProcess shell;
+    shell.start(QStringLiteral("/bin/sh"),
+                {QStringLiteral("-c"), QStringLiteral("exec 3>&- 4>&-; ulimit -c 0; ulimit -n 5; exec \"$0\" --port 0"),
+                 QStringLiteral(TRACKER_SIMULATOR)});
+    QVERIFY(shell.waitForFinished());
+    QCOMPARE(shell.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(shell.exitCode(), 1);
+    const QByteArray told = shell.readAllStandardError();
+    QVERIFY2(told.startsWith("tracker-simulator: ") && told.contains("Too many open files"), told.constData());
 }
 
 QTEST_GUILESS_MAIN(TestClientWithSimulator)

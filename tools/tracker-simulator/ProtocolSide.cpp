@@ -96,7 +96,7 @@ QList<QByteArray> ProtocolSide::answerTracker(const QString &request, const QJso
     if (request != QLatin1StringView("get"))
         return {text(reply(QStringLiteral("tracker"), request, badRequest))};
     QStringList names;
-    for (const QJsonValue &name : values.toArray())
+    for (const auto &name : values.toArray())
         names << name.toString();
     return {text(withValues(reply(QStringLiteral("tracker"), request), valuesOf(names)))};
 }

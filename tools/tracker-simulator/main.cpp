@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <exception>
 
 namespace {
 
@@ -42,13 +43,8 @@ ExitStatus run(const TrackerOptions &options)
     return Done;
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+ExitStatus runCommandLine()
 {
-    const QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("tracker-simulator"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(VISTRUM_VERSION));
     const auto parsed = parseTrackerOptions(QCoreApplication::arguments());
     if (const auto *help = std::get_if<TrackerHelp>(&parsed)) {
         print(stdout, help->text);
@@ -57,4 +53,19 @@ int main(int argc, char *argv[])
     if (const auto *fault = std::get_if<TrackerUsageFault>(&parsed))
         return fail(WrongUsage, fault->text + QStringLiteral("\nSee tracker-simulator --help."));
     return run(std::get<TrackerOptions>(parsed));
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    try {
+        const QCoreApplication application(argc, argv);
+        QCoreApplication::setApplicationName(QStringLiteral("tracker-simulator"));
+        QCoreApplication::setApplicationVersion(QStringLiteral(VISTRUM_VERSION));
+        return runCommandLine();
+    } catch (const std::exception &exception) {
+        std::fprintf(stderr, "tracker-simulator: %s\n", exception.what());
+        return Failed;
+    }
 }

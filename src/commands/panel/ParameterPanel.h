@@ -50,7 +50,7 @@ public:
     /// A click on the button lets the user choose the colour, by a command.
     template <const auto &Row>
     void bindColor(QToolButton *button, typename std::remove_cvref_t<decltype(Row)>::Record &record,
-                   ColorChooser chooseColor)
+                   const ColorChooser &chooseColor)
     {
         m_controls[Row.key] = typed<QColor>([button](const QColor &color) { showColor(button, color); });
         QObject::connect(button, &QToolButton::clicked, button, [this, &record, chooseColor] {
@@ -61,7 +61,7 @@ public:
 
     template <const auto &Row>
     void bindColorWithoutCommand(QToolButton *button, typename std::remove_cvref_t<decltype(Row)>::Record &record,
-                                 ColorChooser chooseColor)
+                                 const ColorChooser &chooseColor)
     {
         m_controls[Row.key] = typed<QColor>([button](const QColor &color) { showColor(button, color); });
         QObject::connect(button, &QToolButton::clicked, button, [button, &record, chooseColor] {

@@ -66,7 +66,7 @@ void addMeasured(TabRow &row, const GazePoint &sample, bool isGiven)
 }
 
 /// One event of any kind; places that it does not have are missing.
-struct Event {
+struct TimedEvent {
     qint64 onsetMs;
     qint64 durationMs;
     QByteArrayView type;
@@ -98,23 +98,23 @@ BidsTable bidsSamples(const QList<GazePoint> &samples, TimeFrame frame, double m
 
 BidsTable bidsEvents(const EyeData &stream, TimeFrame frame)
 {
-    QList<Event> events;
+    QList<TimedEvent> events;
     for (const Fixation &fixation : stream.scanpath) {
         if (frame.holds(fixation))
-            events << Event{
+            events << TimedEvent{
                 fixation.firstTime(), fixation.duration(), "fixation", {fixation.mean}, fixation.samples.size()};
     }
     for (const GazeStep &step : gazeSteps(stream, frame))
-        events << Event{
+        events << TimedEvent{
             step.onsetMs(), step.durationMs(), "saccade", {step.from->mean, step.to->mean}, std::ssize(step.samples)};
     for (const GazeLoss &loss : gazeLosses(stream.gazePoints, frame))
-        events << Event{loss.onsetMs, loss.durationMs, "loss", {}, loss.samples};
-    std::ranges::stable_sort(events, {}, &Event::onsetMs);
+        events << TimedEvent{loss.onsetMs, loss.durationMs, "loss", {}, loss.samples};
+    std::ranges::stable_sort(events, {}, &TimedEvent::onsetMs);
     BidsTable table{{},
                     {u"onset"_s, u"duration"_s, u"trial_type"_s, u"x_coordinate"_s, u"y_coordinate"_s,
                      u"end_x_coordinate"_s, u"end_y_coordinate"_s, u"samples"_s}};
     constexpr int mostPlaces = 2;
-    for (const Event &event : std::as_const(events)) {
+    for (const TimedEvent &event : std::as_const(events)) {
         TabRow row(table.rows);
         row.integer(event.onsetMs).integer(event.durationMs).word(event.type);
         for (const QPoint place : event.places)

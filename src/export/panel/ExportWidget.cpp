@@ -71,23 +71,24 @@ constexpr ChartSignal chartSignals[] = {
 
 } // namespace
 
-ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ExportWidget>())
+ExportWidget::ExportWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::ExportWidget>())
 {
-    ui->setupUi(this);
-    ui->dataFolderLineEdit->setText(readStored(keys::dataExportFolder));
-    QLineEdit *folder = ui->dataFolderLineEdit; // still there when the last focus goes, in contrast to the form
+    m_ui->setupUi(this);
+    m_ui->dataFolderLineEdit->setText(readStored(keys::dataExportFolder));
+    QLineEdit *folder = m_ui->dataFolderLineEdit; // still there when the last focus goes, in contrast to the form
     connect(folder, &QLineEdit::editingFinished, folder, [folder] { storeFolder(folder->text()); });
-    connect(ui->dataBrowseButton, &QAbstractButton::clicked, this, &ExportWidget::sltBrowseDataExportFolder);
-    connect(ui->dataExportButton, &QAbstractButton::clicked, this, &ExportWidget::sltExportData);
+    connect(m_ui->dataBrowseButton, &QAbstractButton::clicked, this, &ExportWidget::sltBrowseDataExportFolder);
+    connect(m_ui->dataExportButton, &QAbstractButton::clicked, this, &ExportWidget::sltExportData);
     for (const ExportedTable<Ui::ExportWidget> &kind : tableKinds)
-        connect(ui.get()->*kind.box, &QCheckBox::toggled, this, [this, kind] { enable(ui.get()->*kind.box); });
-    connect(ui->statisticsBox, &StatisticsExportBox::transitionsWanted, this, &ExportWidget::sigExport_aoi_trans_csv);
-    connect(ui->statisticsBox, &StatisticsExportBox::angleStarWanted, this, &ExportWidget::sigExport_anglestar);
-    connect(ui->visualizationBox, &VisualizationExportBox::pictureWanted, this, &ExportWidget::sigExportVisualization);
-    connect(ui->visualizationBox, &VisualizationExportBox::videoWanted, this, &ExportWidget::sigExport_video);
-    connect(ui->visualizationBox, &VisualizationExportBox::diagramWanted, this,
+        connect(m_ui.get()->*kind.box, &QCheckBox::toggled, this, [this, kind] { enable(m_ui.get()->*kind.box); });
+    connect(m_ui->statisticsBox, &StatisticsExportBox::transitionsWanted, this, &ExportWidget::sigExport_aoi_trans_csv);
+    connect(m_ui->statisticsBox, &StatisticsExportBox::angleStarWanted, this, &ExportWidget::sigExport_anglestar);
+    connect(m_ui->visualizationBox, &VisualizationExportBox::pictureWanted, this,
+            &ExportWidget::sigExportVisualization);
+    connect(m_ui->visualizationBox, &VisualizationExportBox::videoWanted, this, &ExportWidget::sigExport_video);
+    connect(m_ui->visualizationBox, &VisualizationExportBox::diagramWanted, this,
             &ExportWidget::sigExport_aoi_trans_Visualization);
-    connect(ui->visualizationBox, &VisualizationExportBox::chartWanted, this, &ExportWidget::askForChart);
+    connect(m_ui->visualizationBox, &VisualizationExportBox::chartWanted, this, &ExportWidget::askForChart);
 }
 
 ExportWidget::~ExportWidget() = default;
@@ -95,34 +96,34 @@ ExportWidget::~ExportWidget() = default;
 void ExportWidget::setModel(DataModel *model)
 {
     m_model = model;
-    ui->statisticsBox->setModel(model);
-    ui->visualizationBox->setModel(model);
+    m_ui->statisticsBox->setModel(model);
+    m_ui->visualizationBox->setModel(model);
 }
 
 PictureSettings ExportWidget::pictureSettings() const
 {
-    return ui->visualizationBox->pictureSettings();
+    return m_ui->visualizationBox->pictureSettings();
 }
 
 int ExportWidget::videoStepMs() const
 {
-    return ui->visualizationBox->videoStepMs();
+    return m_ui->visualizationBox->videoStepMs();
 }
 
 VisualizationExportBox &ExportWidget::visualizationBox()
 {
-    return *ui->visualizationBox;
+    return *m_ui->visualizationBox;
 }
 
 void ExportWidget::sltExportData()
 {
-    const ExportTarget target{ui->dataFolderLineEdit->text(), ui->dataPrefixLineEdit->text(),
-                              eyeSelection(ui->dataEyeComboBox->currentText())};
+    const ExportTarget target{m_ui->dataFolderLineEdit->text(), m_ui->dataPrefixLineEdit->text(),
+                              eyeSelection(m_ui->dataEyeComboBox->currentText())};
     if (target.folder.isEmpty()) {
         askForFolder(this);
         return;
     }
-    pushChosen(*ui, tableKinds, m_model, target);
+    pushChosen(*m_ui, tableKinds, m_model, target);
 }
 
 void ExportWidget::sltBrowseDataExportFolder()
@@ -131,88 +132,88 @@ void ExportWidget::sltBrowseDataExportFolder()
     const QString folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Select export folder"), stored);
     if (folder.isEmpty())
         return;
-    ui->dataFolderLineEdit->setText(folder);
+    m_ui->dataFolderLineEdit->setText(folder);
     storeFolder(folder);
 }
 
 void ExportWidget::sltEnableFixationExport()
 {
-    enable(ui->fixationCheckBox);
-    enable(ui->tidyCheckBox);
+    enable(m_ui->fixationCheckBox);
+    enable(m_ui->tidyCheckBox);
     sltEnableSampleExport();
 }
 
 void ExportWidget::sltEnableFixationClusterExport()
 {
-    enable(ui->clusterCheckBox);
+    enable(m_ui->clusterCheckBox);
 }
 
 void ExportWidget::sltEnableEventExport()
 {
-    enable(ui->eventCheckBox);
+    enable(m_ui->eventCheckBox);
 }
 
 void ExportWidget::sltEnableCumulativeClusterExport()
 {
-    enable(ui->cumulativeClusterCheckBox);
+    enable(m_ui->cumulativeClusterCheckBox);
 }
 
 void ExportWidget::sltEnableSampleExport()
 {
-    enable(ui->tidySamplesCheckBox);
-    enable(ui->bidsCheckBox);
+    enable(m_ui->tidySamplesCheckBox);
+    enable(m_ui->bidsCheckBox);
 }
 
 void ExportWidget::sltExportStatistics()
 {
-    ui->statisticsBox->exportChosen();
+    m_ui->statisticsBox->exportChosen();
 }
 
 void ExportWidget::sltBrowseStatisticExportFolder()
 {
-    ui->statisticsBox->browseFolder();
+    m_ui->statisticsBox->browseFolder();
 }
 
 TransitionChoice ExportWidget::transitionChoice() const
 {
-    return ui->statisticsBox->transitionChoice();
+    return m_ui->statisticsBox->transitionChoice();
 }
 
 using Statistics = StatisticsExportBox::Kind;
 
 void ExportWidget::sltEnableGeneralStatisticsExport()
 {
-    ui->statisticsBox->enable(Statistics::General);
+    m_ui->statisticsBox->enable(Statistics::General);
 }
 
 void ExportWidget::sltEnableAOIstatsExport()
 {
-    ui->statisticsBox->enable(Statistics::Areas);
+    m_ui->statisticsBox->enable(Statistics::Areas);
 }
 
 void ExportWidget::sltEnable_AOI_trans_matrix_export()
 {
-    ui->statisticsBox->enable(Statistics::AreaTransitions);
+    m_ui->statisticsBox->enable(Statistics::AreaTransitions);
 }
 
 void ExportWidget::sltEnableClusterstatsExport()
 {
-    ui->statisticsBox->enable(Statistics::Clusters);
+    m_ui->statisticsBox->enable(Statistics::Clusters);
 }
 
 void ExportWidget::sltEnableCUMMClusterstatsExport()
 {
-    ui->statisticsBox->enable(Statistics::CumulativeClusters);
+    m_ui->statisticsBox->enable(Statistics::CumulativeClusters);
 }
 
 void ExportWidget::sltEnableAnglestarExport()
 {
-    ui->statisticsBox->enable(Statistics::AngleStar);
+    m_ui->statisticsBox->enable(Statistics::AngleStar);
 }
 
 void ExportWidget::sltEnableQualityExport()
 {
-    ui->statisticsBox->enable(Statistics::Recordings);
+    m_ui->statisticsBox->enable(Statistics::Recordings);
 }
 
 void ExportWidget::sltExportAppendInfo(int state)
@@ -224,9 +225,9 @@ void ExportWidget::sltExportAppendInfo(int state)
 void ExportWidget::enable(QCheckBox *kind)
 {
     kind->setEnabled(true);
-    ui->dataExportButton->setEnabled(
+    m_ui->dataExportButton->setEnabled(
         std::any_of(std::begin(tableKinds), std::end(tableKinds),
-                    [this](const auto &each) { return (ui.get()->*each.box)->isChecked(); }));
+                    [this](const auto &each) { return (m_ui.get()->*each.box)->isChecked(); }));
 }
 
 // ---- what is drawn
@@ -241,60 +242,60 @@ void ExportWidget::askForChart(const QString &kind, const QString &path)
 
 void ExportWidget::sltExportVisualization()
 {
-    ui->visualizationBox->exportPicture();
+    m_ui->visualizationBox->exportPicture();
 }
 
 void ExportWidget::sltExportVideo()
 {
-    ui->visualizationBox->exportVideo();
+    m_ui->visualizationBox->exportVideo();
 }
 
 void ExportWidget::sltExportAOITransitionGraph()
 {
-    ui->visualizationBox->exportDiagram();
+    m_ui->visualizationBox->exportDiagram();
 }
 
 void ExportWidget::sltExportAOIImages()
 {
-    ui->visualizationBox->exportAoiImages();
+    m_ui->visualizationBox->exportAoiImages();
 }
 
 void ExportWidget::sltExportSaccadenHistogram()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("saccades"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("saccades"));
 }
 
 void ExportWidget::sltExportSaccadenHistogramsep()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("saccades-by-eye"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("saccades-by-eye"));
 }
 
 void ExportWidget::sltExportSaccadenFixationHistogram()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("saccades-and-fixations"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("saccades-and-fixations"));
 }
 
 void ExportWidget::sltExportFixationHistogram()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("fixations"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("fixations"));
 }
 
 void ExportWidget::sltExportFixationHistogramsep()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("fixations-by-eye"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("fixations-by-eye"));
 }
 
 void ExportWidget::sltExportTimeTransHistogram()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("aoi-transitions"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("aoi-transitions"));
 }
 
 void ExportWidget::sltExportAOIFixationHistogram()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("aoi-fixations"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("aoi-fixations"));
 }
 
 void ExportWidget::sltExportAOITransitionHistogram()
 {
-    ui->visualizationBox->exportChart(QStringLiteral("aoi-transitions-by-pair"));
+    m_ui->visualizationBox->exportChart(QStringLiteral("aoi-transitions-by-pair"));
 }

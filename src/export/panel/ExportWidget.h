@@ -95,6 +95,6 @@ private:
     void enable(QCheckBox *kind);
     void askForChart(const QString &kind, const QString &path);
 
-    std::unique_ptr<Ui::ExportWidget> ui;
+    std::unique_ptr<Ui::ExportWidget> m_ui;
     DataModel *m_model = nullptr;
 };

@@ -65,36 +65,36 @@ constexpr ExportedTable<Form> tidyTables[] = {
 
 } // namespace
 
-StatisticsExportBox::StatisticsExportBox(QWidget *parent) : QGroupBox(parent), ui(std::make_unique<Form>())
+StatisticsExportBox::StatisticsExportBox(QWidget *parent) : QGroupBox(parent), m_ui(std::make_unique<Form>())
 {
-    ui->setupUi(this);
-    ui->statisticsFolderLineEdit->setText(readStored(keys::statisticExportFolder));
-    QLineEdit *folder = ui->statisticsFolderLineEdit; // still there when the last focus goes, in contrast to the form
+    m_ui->setupUi(this);
+    m_ui->statisticsFolderLineEdit->setText(readStored(keys::statisticExportFolder));
+    QLineEdit *folder = m_ui->statisticsFolderLineEdit; // still there when the last focus goes, in contrast to the form
     connect(folder, &QLineEdit::editingFinished, folder,
             [folder] { writeStored(keys::statisticExportFolder, folder->text()); });
-    connect(ui->statisticsBrowseButton, &QAbstractButton::clicked, this, &StatisticsExportBox::browseFolder);
-    connect(ui->statisticsExportButton, &QAbstractButton::clicked, this, &StatisticsExportBox::exportChosen);
+    connect(m_ui->statisticsBrowseButton, &QAbstractButton::clicked, this, &StatisticsExportBox::browseFolder);
+    connect(m_ui->statisticsExportButton, &QAbstractButton::clicked, this, &StatisticsExportBox::exportChosen);
     for (const auto choice : choices)
-        connect(ui.get()->*choice, &QCheckBox::toggled, this, &StatisticsExportBox::updateButton);
+        connect(m_ui.get()->*choice, &QCheckBox::toggled, this, &StatisticsExportBox::updateButton);
 }
 
 StatisticsExportBox::~StatisticsExportBox() = default;
 
 void StatisticsExportBox::exportChosen()
 {
-    const ExportTarget target{ui->statisticsFolderLineEdit->text(), ui->statisticsPrefixLineEdit->text(),
-                              eyeSelection(ui->statisticsEyeComboBox->currentText())};
+    const ExportTarget target{m_ui->statisticsFolderLineEdit->text(), m_ui->statisticsPrefixLineEdit->text(),
+                              eyeSelection(m_ui->statisticsEyeComboBox->currentText())};
     if (target.folder.isEmpty()) {
         askForFolder(this);
         return;
     }
-    pushChosen(*ui, requiredTables, m_model, target);
+    pushChosen(*m_ui, requiredTables, m_model, target);
     const TransitionChoice choice = transitionChoice();
     if (choice.areas || !choice.flavours.isEmpty())
         Q_EMIT transitionsWanted(pathStem(target));
-    if (ui->angleStarCheckBox->isChecked())
+    if (m_ui->angleStarCheckBox->isChecked())
         Q_EMIT angleStarWanted(pathStem(target));
-    pushChosen(*ui, tidyTables, m_model, target);
+    pushChosen(*m_ui, tidyTables, m_model, target);
 }
 
 void StatisticsExportBox::browseFolder()
@@ -103,7 +103,7 @@ void StatisticsExportBox::browseFolder()
     const QString folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Select export folder"), stored);
     if (folder.isEmpty())
         return;
-    ui->statisticsFolderLineEdit->setText(folder);
+    m_ui->statisticsFolderLineEdit->setText(folder);
     writeStored(keys::statisticExportFolder, folder);
 }
 
@@ -115,37 +115,37 @@ TransitionChoice StatisticsExportBox::transitionChoice() const
         {&Form::bothStatisticsCheckBox, TransitionFlavour::OwnAndPooled}};
     TransitionChoice choice;
     for (const auto &[box, flavour] : flavours) {
-        if ((ui.get()->*box)->isChecked())
+        if ((m_ui.get()->*box)->isChecked())
             choice.flavours << flavour;
     }
-    choice.absolute = ui->absoluteCheckBox->isChecked();
-    choice.relative = ui->relativeCheckBox->isChecked();
-    choice.measures = ui->measuresCheckBox->isChecked();
-    choice.areas = ui->aoiTransitionCheckBox->isChecked();
+    choice.absolute = m_ui->absoluteCheckBox->isChecked();
+    choice.relative = m_ui->relativeCheckBox->isChecked();
+    choice.measures = m_ui->measuresCheckBox->isChecked();
+    choice.areas = m_ui->aoiTransitionCheckBox->isChecked();
     return choice;
 }
 
 void StatisticsExportBox::enable(Kind kind)
 {
-    (ui.get()->*choices[static_cast<size_t>(kind)])->setEnabled(true);
-    ui->bothStatisticsCheckBox->setEnabled(ui->clusterStatisticsCheckBox->isEnabled() &&
-                                           ui->cumulativeStatisticsCheckBox->isEnabled());
+    (m_ui.get()->*choices[static_cast<size_t>(kind)])->setEnabled(true);
+    m_ui->bothStatisticsCheckBox->setEnabled(m_ui->clusterStatisticsCheckBox->isEnabled() &&
+                                             m_ui->cumulativeStatisticsCheckBox->isEnabled());
     const bool hasClusters =
-        ui->clusterStatisticsCheckBox->isEnabled() || ui->cumulativeStatisticsCheckBox->isEnabled();
-    for (QCheckBox *values : {ui->absoluteCheckBox, ui->relativeCheckBox, ui->measuresCheckBox})
+        m_ui->clusterStatisticsCheckBox->isEnabled() || m_ui->cumulativeStatisticsCheckBox->isEnabled();
+    for (QCheckBox *values : {m_ui->absoluteCheckBox, m_ui->relativeCheckBox, m_ui->measuresCheckBox})
         values->setEnabled(hasClusters);
     if (kind == Kind::AngleStar) { // there are fixations
-        ui->scanpathMeasuresCheckBox->setEnabled(true);
-        ui->groupComparisonCheckBox->setEnabled(true);
+        m_ui->scanpathMeasuresCheckBox->setEnabled(true);
+        m_ui->groupComparisonCheckBox->setEnabled(true);
     }
     if (kind == Kind::AreaTransitions)
-        ui->aoiMeasuresCheckBox->setEnabled(true);
+        m_ui->aoiMeasuresCheckBox->setEnabled(true);
     updateButton();
 }
 
 /// On when at least one kind is.
 void StatisticsExportBox::updateButton()
 {
-    ui->statisticsExportButton->setEnabled(std::any_of(
-        std::begin(choices), std::end(choices), [this](auto choice) { return (ui.get()->*choice)->isChecked(); }));
+    m_ui->statisticsExportButton->setEnabled(std::any_of(
+        std::begin(choices), std::end(choices), [this](auto choice) { return (m_ui.get()->*choice)->isChecked(); }));
 }

@@ -43,6 +43,6 @@ public Q_SLOTS:
 private:
     void updateButton();
 
-    std::unique_ptr<Ui::StatisticsExportBox> ui;
+    std::unique_ptr<Ui::StatisticsExportBox> m_ui;
     DataModel *m_model = nullptr;
 };

@@ -12,7 +12,7 @@
 
 VisualizationExportBox::VisualizationExportBox(QWidget *parent)
     : QGroupBox(parent)
-    , ui(std::make_unique<Ui::VisualizationExportBox>())
+    , m_ui(std::make_unique<Ui::VisualizationExportBox>())
     , m_chooseFile([this](const QString &title, const QString &folder, const QString &filter) {
         return QFileDialog::getSaveFileName(this, title, folder, filter);
     })
@@ -21,7 +21,7 @@ VisualizationExportBox::VisualizationExportBox(QWidget *parent)
                                                  QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
     })
 {
-    ui->setupUi(this);
+    m_ui->setupUi(this);
     makeControls();
 }
 
@@ -30,29 +30,29 @@ VisualizationExportBox::~VisualizationExportBox() = default;
 void VisualizationExportBox::makeControls()
 {
     for (const ChartKind &kind : chartKinds())
-        ui->chartComboBox->addItem(kind.title, QString(kind.word));
-    connect(ui->visualizationExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportPicture);
-    connect(ui->aoiImageExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportAoiImages);
-    connect(ui->videoExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportVideo);
-    connect(ui->diagramExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportDiagram);
-    connect(ui->chartExportButton, &QAbstractButton::clicked, this,
-            [this] { exportChart(ui->chartComboBox->currentData().toString()); });
+        m_ui->chartComboBox->addItem(kind.title, QString(kind.word));
+    connect(m_ui->visualizationExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportPicture);
+    connect(m_ui->aoiImageExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportAoiImages);
+    connect(m_ui->videoExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportVideo);
+    connect(m_ui->diagramExportButton, &QAbstractButton::clicked, this, &VisualizationExportBox::exportDiagram);
+    connect(m_ui->chartExportButton, &QAbstractButton::clicked, this,
+            [this] { exportChart(m_ui->chartComboBox->currentData().toString()); });
 }
 
 PictureSettings VisualizationExportBox::pictureSettings() const
 {
-    return {.appended = {ui->appendColormapCheckBox->isChecked(), ui->appendParametersCheckBox->isChecked()},
-            .area = ui->cropCheckBox->isChecked() ? PictureArea::Stimulus : PictureArea::Everything,
-            .scale = static_cast<double>(ui->scaleSpinBox->value()),
-            .ground = ui->whiteGroundCheckBox->isChecked() ? Qt::white : Qt::transparent,
-            .legend = ui->legendCheckBox->isChecked(),
-            .labelFixations = ui->numbersCheckBox->isChecked()};
+    return {.appended = {m_ui->appendColormapCheckBox->isChecked(), m_ui->appendParametersCheckBox->isChecked()},
+            .area = m_ui->cropCheckBox->isChecked() ? PictureArea::Stimulus : PictureArea::Everything,
+            .scale = static_cast<double>(m_ui->scaleSpinBox->value()),
+            .ground = m_ui->whiteGroundCheckBox->isChecked() ? Qt::white : Qt::transparent,
+            .legend = m_ui->legendCheckBox->isChecked(),
+            .labelFixations = m_ui->numbersCheckBox->isChecked()};
 }
 
 /// The folder of the answer is where the next question begins.
 QString VisualizationExportBox::askForFile(const QString &title, const StoredKey<QString> &folder, const char *filter)
 {
-    const QString path = m_chooseFile(title, readStored(folder), QString::fromLatin1(filter));
+    QString path = m_chooseFile(title, readStored(folder), QString::fromLatin1(filter));
     if (!path.isEmpty())
         writeStored(folder, QFileInfo(path).path());
     return path;
@@ -68,7 +68,7 @@ void VisualizationExportBox::exportPicture()
 
 int VisualizationExportBox::videoStepMs() const
 {
-    return ui->videoTimespanSpinBox->value();
+    return m_ui->videoTimespanSpinBox->value();
 }
 
 void VisualizationExportBox::exportVideo()

@@ -55,7 +55,7 @@ private:
     void makeControls();
     QString askForFile(const QString &title, const StoredKey<QString> &folder, const char *filter);
 
-    std::unique_ptr<Ui::VisualizationExportBox> ui;
+    std::unique_ptr<Ui::VisualizationExportBox> m_ui;
     const DataModel *m_model = nullptr;
     FileChooser m_chooseFile;
     FolderChooser m_chooseFolder;

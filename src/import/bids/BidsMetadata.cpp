@@ -91,7 +91,7 @@ public:
     QStringList words(const QString &key) const
     {
         QStringList list;
-        for (const QJsonValue &entry : m_object[key].toArray())
+        for (const auto &entry : m_object[key].toArray())
             list << entry.toString();
         return list;
     }

@@ -167,7 +167,6 @@ public:
     template <class Take>
     void forEach(const Take &take)
     {
-        constexpr Eye eyes[] = {Eye::Left, Eye::Right, Eye::Mean};
         while (const std::optional<qint64> time = nextTime()) {
             std::array<GazePoint, 3> samples;
             bool isComplete = true;
@@ -185,6 +184,8 @@ public:
     qsizetype incomplete() const { return m_incomplete; }
 
 private:
+    static constexpr std::array eyes = {Eye::Left, Eye::Right, Eye::Mean}; ///< of the indices
+
     bool hasNext(size_t i) const { return m_lists[i] && m_next[i] < m_lists[i]->size(); }
 
     std::optional<qint64> nextTime() const

@@ -62,6 +62,7 @@ std::optional<RotatedEllipse> fitStroke(const std::vector<QPointF> &places)
     if (places.size() <= mostPlacesWithoutFit)
         return std::nullopt;
     std::vector<cv::Point2f> points;
+    points.reserve(places.size());
     for (const QPointF &place : places)
         points.emplace_back(static_cast<float>(place.x()), static_cast<float>(place.y()));
     const cv::RotatedRect fit = cv::fitEllipse(points);

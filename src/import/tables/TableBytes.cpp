@@ -82,7 +82,7 @@ TableBytes::~TableBytes() = default;
 QByteArray TableBytes::readPiece()
 {
     const auto read = [this] {
-        const QByteArray bytes = m_device.read(m_pieceBytes);
+        QByteArray bytes = m_device.read(m_pieceBytes);
         m_consumed += bytes.size();
         return bytes;
     };
@@ -134,7 +134,7 @@ QByteArray TableBytes::nextPiece()
 {
     if (m_ahead.isEmpty())
         return readPiece();
-    const QByteArray piece = m_ahead.first(std::min(m_pieceBytes, m_ahead.size()));
+    QByteArray piece = m_ahead.first(std::min(m_pieceBytes, m_ahead.size()));
     m_ahead.remove(0, piece.size());
     return piece;
 }

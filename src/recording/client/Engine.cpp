@@ -85,18 +85,22 @@ GazeApi::Engine::Releases GazeApi::Engine::resetRecords()
 }
 
 /// From within a listener's call nobody may wait for the thread of the socket, nor for whoever waits for it.
-void GazeApi::Engine::disconnect()
+void GazeApi::Engine::disconnect() noexcept
 {
-    release("disconnected");
-    m_heart.stop();
-    if (m_socket.isOwnThread()) {
+    try {
+        release("disconnected");
+        m_heart.stop();
+        if (m_socket.isOwnThread()) {
+            m_socket.close();
+            return;
+        }
+        const Lock lifecycle(m_lifecycle);
+        m_heart.stop();
         m_socket.close();
-        return;
+        m_heart.join();
+    } catch (const boost::thread_exception &) {
+        // Neither thread waits for itself here, and whatever else refuses to be joined has ended already.
     }
-    const Lock lifecycle(m_lifecycle);
-    m_heart.stop();
-    m_socket.close();
-    m_heart.join();
 }
 
 void GazeApi::Engine::onDisconnected()

@@ -27,7 +27,7 @@ public:
     Engine &operator=(const Engine &) = delete;
 
     bool connect(bool push, const std::string &port);
-    void disconnect();
+    void disconnect() noexcept;
     bool isConnected() const;
     bool calibrationStart(int pointCount);
     /// Dropped while there is no connection.

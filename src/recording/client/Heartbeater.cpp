@@ -7,8 +7,12 @@ using Lock = boost::unique_lock<boost::mutex>;
 
 Heartbeater::~Heartbeater()
 {
-    stop();
-    join();
+    try {
+        stop();
+        join();
+    } catch (const boost::thread_exception &) {
+        // The thread never waits for itself here, and whatever else refuses to be joined has ended already.
+    }
 }
 
 void Heartbeater::start()

@@ -16,6 +16,7 @@ public:
     static constexpr int defaultIntervalMs = 1000;
 
     Heartbeater() = default;
+    /// Stops and waits for the thread. Not from within a listener's call.
     ~Heartbeater();
     Heartbeater(const Heartbeater &) = delete;
     Heartbeater &operator=(const Heartbeater &) = delete;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <boost/thread/exceptions.hpp>
 #include <boost/thread/lock_types.hpp>
 #include <boost/thread/recursive_mutex.hpp>
 
@@ -22,10 +23,15 @@ public:
         if (std::find(m_listeners.begin(), m_listeners.end(), &listener) == m_listeners.end())
             m_listeners.push_back(&listener);
     }
-    void remove(Listener &listener)
+    /// Throws nothing: listeners call it where they end.
+    void remove(Listener &listener) noexcept
     {
-        const ListenerLock lock(m_mutex);
-        std::erase(m_listeners, &listener);
+        try {
+            const ListenerLock lock(m_mutex);
+            std::erase(m_listeners, &listener);
+        } catch (const boost::thread_exception &) {
+            // Only a mutex that has ended refuses the lock, and nobody is left to call the listener.
+        }
     }
 
     /// Calls the operation on each listener in the order of their adding.

@@ -192,7 +192,11 @@ Socket::Socket(LogSink log, Debug debug) : m_log(log ? std::move(log) : [](const
 
 Socket::~Socket()
 {
-    close();
+    try {
+        close();
+    } catch (const boost::thread_exception &) {
+        // Its own thread is not waited for, and whatever else refuses to be joined has ended already.
+    }
 }
 
 std::shared_ptr<Socket::Link> Socket::link() const

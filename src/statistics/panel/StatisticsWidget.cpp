@@ -44,25 +44,25 @@ void store(const Form &form, const Measure (&measures)[N])
 
 } // namespace
 
-StatisticsWidget::StatisticsWidget(QWidget *parent) : QWidget(parent), ui(std::make_unique<Form>())
+StatisticsWidget::StatisticsWidget(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Form>())
 {
-    ui->setupUi(this);
-    connect(ui->aoiButton, &QPushButton::clicked, this, &StatisticsWidget::sltCalculateAOIstatistics);
-    connect(ui->generalButton, &QPushButton::clicked, this, &StatisticsWidget::sltCalculateGeneralStatistics);
+    m_ui->setupUi(this);
+    connect(m_ui->aoiButton, &QPushButton::clicked, this, &StatisticsWidget::sltCalculateAOIstatistics);
+    connect(m_ui->generalButton, &QPushButton::clicked, this, &StatisticsWidget::sltCalculateGeneralStatistics);
 }
 
 StatisticsWidget::~StatisticsWidget() = default;
 
 void StatisticsWidget::sltCalculateAOIstatistics()
 {
-    store(*ui, aoiMeasures);
+    store(*m_ui, aoiMeasures);
     Q_EMIT sigCalcAOIstats();
     Q_EMIT sigEnableAOIstatExport();
 }
 
 void StatisticsWidget::sltCalculateGeneralStatistics()
 {
-    store(*ui, generalMeasures);
+    store(*m_ui, generalMeasures);
     Q_EMIT sigCalculateGeneralStatistics();
     Q_EMIT sigEnableGeneralStatisticExport();
 }

@@ -29,5 +29,5 @@ public Q_SLOTS:
     void sltCalculateGeneralStatistics();
 
 private:
-    std::unique_ptr<Ui::StatisticsWidget> ui;
+    std::unique_ptr<Ui::StatisticsWidget> m_ui;
 };
