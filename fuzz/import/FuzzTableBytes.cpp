@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes of any kind as a text that may be packed, or in two bytes a character: at once and in pieces it is the same.
 
+#include "import/tables/TableBytes.h"
 #include "TableChecks.h"
 
 namespace {
@@ -41,7 +42,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
         return 0;
     const QByteArray file(reinterpret_cast<const char *>(data + 1), static_cast<qsizetype>(size) - 1);
     const Read whole = readAll(file, wholePiece);
-    const Read cut = readAll(file, data[0] % 64 + 1);
+    // What is packed can be much more than the input: in the smallest pieces it would take a second.
+    const qsizetype smallest = file.startsWith("\x1F\x8B") ? 512 : 1;
+    const Read cut = readAll(file, smallest + data[0] % 64);
     check(whole.isProblem == cut.isProblem);
     // Up to damage, pieces can give out more or less of a packed text.
     check(whole.isProblem || whole.bytes.size() > enough || whole.bytes == cut.bytes);

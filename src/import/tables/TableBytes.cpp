@@ -79,10 +79,18 @@ TableBytes::TableBytes(QIODevice &device, TableEncoding encoding, qsizetype piec
 
 TableBytes::~TableBytes() = default;
 
+/// Of a small file no more than it has: a whole piece of fresh memory takes longer than all the rest.
+qint64 TableBytes::bytesToRead() const
+{
+    constexpr qint64 fewest = 4096; // of what does not know its size
+    const qint64 left = m_device.isSequential() ? m_pieceBytes : m_device.size() - m_device.pos();
+    return std::min(qint64(m_pieceBytes), std::max(left, fewest));
+}
+
 QByteArray TableBytes::readPiece()
 {
     const auto read = [this] {
-        QByteArray bytes = m_device.read(m_pieceBytes);
+        QByteArray bytes = m_device.read(bytesToRead());
         m_consumed += bytes.size();
         return bytes;
     };

@@ -45,6 +45,7 @@ public:
     double part() const;
 
 private:
+    qint64 bytesToRead() const;
     QByteArray readPiece();
     void decideEncoding(const QByteArray &piece);
     void lookAhead();
