@@ -41,8 +41,9 @@ void DiagramControl::followAreas()
     const AoiMode *mode = aoiMode(context.areas.drawMode);
     if (context.areas.drawMode == diagramMode)
         show();
-    else if (const auto reason =
-                 mode && mode->options.testFlag(AoiModeOption::TimeWindow) ? emptyAoiChart(context.model) : std::nullopt)
+    else if (const auto reason = mode && mode->options.testFlag(AoiModeOption::TimeWindow)
+                                     ? emptyAoiChart(context.model)
+                                     : std::nullopt)
         messages::information(QString(), *reason);
 }
 

@@ -214,8 +214,9 @@ QString areaBlock(const AoiVisualizationParameters &record)
         return {};
     const auto place = static_cast<std::size_t>(record.drawMode);
     const QString name = place < std::size(names) ? QString::fromLatin1(names[place]) : QString(mode->name);
-    const QString window =
-        mode->options.testFlag(AoiModeOption::TimeWindow) ? line("Time window:", record.timeWindowMs, " ms") : QString();
+    const QString window = mode->options.testFlag(AoiModeOption::TimeWindow)
+                               ? line("Time window:", record.timeWindowMs, " ms")
+                               : QString();
     return line("AOI Visualisationmode:", name) + window + line("Display names:", record.displayNames) +
            line("Border width:", record.borderWidth) + line("Fill opacity:", record.fillOpacity) +
            line("Color (red|green|blue):", record.color);

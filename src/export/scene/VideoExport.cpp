@@ -44,8 +44,8 @@ bool hasRoomForMore(const QString &path)
     constexpr qsizetype probeBytes = 64 << 10;
     QFile file(path);
     const qint64 size = file.size();
-    const bool isWritten = file.open(QIODevice::Append | QIODevice::Unbuffered) &&
-                           file.write(QByteArray(probeBytes, '\0')) == probeBytes;
+    const bool isWritten =
+        file.open(QIODevice::Append | QIODevice::Unbuffered) && file.write(QByteArray(probeBytes, '\0')) == probeBytes;
     return file.resize(size) && isWritten;
 }
 
