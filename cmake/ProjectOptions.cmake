@@ -14,7 +14,8 @@ target_compile_definitions(project_options INTERFACE
 # Contracted multiply-add would make the last bit of a result depend on the processor. In a group of sources a name of one
 # is in sight of the next, which may use it for something of its own.
 target_compile_options(project_options INTERFACE
-  -Wall -Wextra -Wpedantic $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow> -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wall -Wextra -Wpedantic $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow> -Wconversion
+  -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
   -ffp-contract=off)
 # Lets the compiler cache see into precompiled headers.
 target_compile_options(project_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
