@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "density/DensityLoops.h"
 
+#include <bit>
 #include <cstddef>
 #include <cstring>
 
@@ -11,6 +12,17 @@ namespace {
 /// Eight doubles as one value, in registers whatever their width; the compiler splits it where they are narrower.
 using Octet [[gnu::vector_size(64)]] = double;
 constexpr int octet = 8;
+
+/// All bits, or none: a condition that the compiler turns into no branch.
+constexpr long long maskOf(bool condition)
+{
+    return -static_cast<long long>(condition);
+}
+
+double masked(long long mask, double value)
+{
+    return std::bit_cast<double>(std::bit_cast<long long>(value) & mask);
+}
 
 } // namespace
 
@@ -77,14 +89,29 @@ bool isAnyAbove(const double *values, double limit, int count)
 }
 
 VISTRUM_VECTOR_CLONES
-bool findHoles(quint8 *flags, const quint32 *cells, int stride, quint32 mark, int count)
+void addChosen(double *out, const double *values, const quint16 *indices, int count)
 {
-    quint8 any = 0;
+    for (int i = 0; i < count; ++i)
+        out[i] += values[indices[i]];
+}
+
+VISTRUM_VECTOR_CLONES
+bool fillHoles(double *out, const double *cells, const quint16 *drawn, int stride, int count)
+{
+    constexpr double share = 0.25;
+    long long any = 0;
     for (int i = 0; i < count; ++i) {
-        const int neighbors =
-            (cells[i - 1] == mark) + (cells[i + 1] == mark) + (cells[i - stride] == mark) + (cells[i + stride] == mark);
-        flags[i] = static_cast<quint8>((neighbors > 2) & (cells[i] != mark));
-        any |= flags[i];
+        const long long left = maskOf(drawn[i - stride] != 0);
+        const long long right = maskOf(drawn[i + stride] != 0);
+        const long long above = maskOf(drawn[i - 1] != 0);
+        const long long below = maskOf(drawn[i + 1] != 0);
+        const double sum = masked(left, cells[i - stride]) + masked(right, cells[i + stride]) +
+                           masked(above, cells[i - 1]) + masked(below, cells[i + 1]);
+        const long long hole = maskOf(left + right + above + below < -2) & maskOf(drawn[i] == 0);
+        const long long bits =
+            std::bit_cast<long long>(masked(hole, share * sum)) | std::bit_cast<long long>(masked(~hole, cells[i]));
+        out[i] = std::bit_cast<double>(bits);
+        any |= hole;
     }
     return any != 0;
 }

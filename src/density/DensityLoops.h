@@ -26,9 +26,12 @@ double sum(const double *values, int count);
 /// Whether one of the values is above the limit.
 bool isAnyAbove(const double *values, double limit, int count);
 
-/// Sets a flag for each cell that is not marked, but has three or four marked neighbours: cells[i - 1], cells[i + 1],
-/// cells[i - stride] and cells[i + stride]. Returns whether there is one.
-bool findHoles(quint8 *flags, const quint32 *cells, int stride, quint32 mark, int count);
+/// out[i] += values[indices[i]].
+void addChosen(double *out, const double *values, const quint16 *indices, int count);
+
+/// Copies cells. One that is not drawn, but has three or four drawn neighbours, becomes a quarter of their sum: of
+/// i - stride, i + stride, i - 1 and i + 1, in this order. Returns whether there is one.
+bool fillHoles(double *out, const double *cells, const quint16 *drawn, int stride, int count);
 
 /// Sets a flag for each cell that is 0 and has a neighbour of at least `lowest`: cells[i - 1], cells[i + 1],
 /// cells[i - stride] or cells[i + stride]. Returns whether there is one.

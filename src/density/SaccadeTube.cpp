@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -47,6 +48,7 @@ struct TubeStrip::Brush {
             offsets.push_back({dx, dy});
             jumps.push_back(dx * stride + dy);
         }
+        heights.push_back(0); // of what is not drawn
         for (const double value : profile)
             heights.push_back(factor * value);
     }
@@ -82,8 +84,8 @@ struct TubeStrip::Brush {
     int width;
     double lastStep; ///< the last one that is not beyond the end
     std::vector<QPoint> offsets;
-    std::vector<int> jumps; ///< the same as differences of cell indices
-    std::vector<double> heights;
+    std::vector<int> jumps;      ///< the same as differences of cell indices
+    std::vector<double> heights; ///< at a distance from the middle, which counts from 1
 };
 
 std::vector<double> tubeProfile(const NormalDistribution &kernel)
@@ -117,24 +119,38 @@ std::optional<TubeCourse> tubeCourse(const SaccadeMark &mark, double lengthThres
 TubeStrip::TubeStrip(ColumnStripe columns)
     : m_columns(columns)
     , m_cells(static_cast<std::size_t>((columns.end - columns.begin + 2) * stride))
-    , m_lastTube(m_cells.size())
-    , m_holes(canvas::height)
+    , m_heights(m_cells.size())
+    , m_filled(canvas::height)
 {
 }
 
 void TubeStrip::add(const TubeCourse &course, double factor, const std::vector<double> &profile)
 {
-    ++m_tube;
     const Brush brush(course, factor, profile);
     sweep(brush);
-    const Interval columns = brush.columns().within({double(m_columns.begin), m_columns.end - 1.0});
-    for (int x = static_cast<int>(columns.low); x <= columns.high; ++x) {
-        const Interval rows = brush.rowsAt(x);
-        if (rows.low <= rows.high)
-            fillColumn(x, static_cast<int>(rows.low), static_cast<int>(rows.high));
+    const Interval range = brush.columns().within({double(m_columns.begin), m_columns.end - 1.0});
+    const auto end = static_cast<int>(range.high) + 1;
+    // A column is filled after the next one is drawn, and done with after the next one is filled.
+    Rows before;
+    Rows current;
+    for (int x = static_cast<int>(range.low); x <= range.high + 2; ++x) {
+        const Rows next = x < end ? rowsOf(brush, x) : Rows{};
+        addDrawn(brush, next);
+        fillHoles(current);
+        forget(before);
+        before = std::exchange(current, next);
     }
 }
 
+TubeStrip::Rows TubeStrip::rowsOf(const Brush &brush, int x) const
+{
+    const Interval rows = brush.rowsAt(x);
+    if (!(rows.low <= rows.high))
+        return {};
+    return {cellIndex(x, static_cast<qint64>(rows.low)), static_cast<int>(rows.high) - static_cast<int>(rows.low) + 1};
+}
+
+/// Backwards, so that a cell that several lines hit keeps what the first of them gives it.
 void TubeStrip::sweep(const Brush &brush)
 {
     const TubeCourse &course = brush.course;
@@ -143,13 +159,10 @@ void TubeStrip::sweep(const Brush &brush)
     const Interval here =
         all.within(stepsWithin({m_columns.begin - margin, m_columns.end + margin}, course.start.x(), course.alongX))
             .within(stepsWithin({-margin, canvas::height + margin}, course.start.y(), course.alongY));
-    double step = std::floor(here.low); // a double: where nothing is within, it can be beyond 64 bits
-    while (step <= here.high) {
-        if (step >= all.low)
-            drawLine(brush, roundedDown(step * course.alongX + course.start.x() + 0.5),
-                     roundedDown(step * course.alongY + course.start.y() + 0.5), brush.limitAt(step));
-        ++step;
-    }
+    // A double: where nothing is within, it can be beyond 64 bits.
+    for (double step = std::floor(here.high); step >= std::max(all.low, std::floor(here.low)); --step)
+        drawLine(brush, roundedDown(step * course.alongX + course.start.x() + 0.5),
+                 roundedDown(step * course.alongY + course.start.y() + 0.5), brush.limitAt(step));
 }
 
 /// Beyond the ends the profile is moved outwards: the shorter line ends with the profile's last value, too.
@@ -161,38 +174,42 @@ void TubeStrip::drawLine(const Brush &brush, qint64 x, qint64 y, int limit)
     };
     const QPoint *offsets = &brush.offsets[static_cast<std::size_t>(brush.width)];
     const int *jumps = &brush.jumps[static_cast<std::size_t>(brush.width)];
-    const double *heights = &brush.heights[static_cast<std::size_t>(brush.width - limit)];
     int first = -limit;
     int last = limit;
-    while (first <= last && !isInside(offsets[first]))
-        ++first;
-    while (first <= last && !isInside(offsets[last]))
-        --last;
-    const qint64 middle = (x - m_columns.begin + 1) * stride + y + 1;
-    for (int v = first; v <= last; ++v) {
-        const auto cell = static_cast<std::size_t>(middle + jumps[v]);
-        if (m_lastTube[cell] == m_tube)
-            continue; // once a tube
-        m_lastTube[cell] = m_tube;
-        m_cells[cell] += heights[std::abs(v)];
+    if (!isInside(offsets[first]) || !isInside(offsets[last])) {
+        const Interval columns{m_columns.begin - 1.0, static_cast<double>(m_columns.end)};
+        const Interval near =
+            Interval{-1.0 * limit, 1.0 * limit}
+                .within(stepsWithin(columns, static_cast<double>(x), -brush.course.alongY))
+                .within(stepsWithin({-1, canvas::height}, static_cast<double>(y), brush.course.alongX));
+        first = static_cast<int>(std::ceil(near.low));
+        last = static_cast<int>(std::floor(near.high));
+        while (first <= last && !isInside(offsets[first]))
+            ++first;
+        while (first <= last && !isInside(offsets[last]))
+            --last;
     }
+    const qint64 middle = (x - m_columns.begin + 1) * stride + y + 1;
+    const int nearest = 1 + brush.width - limit;
+    for (int v = last; v >= first; --v)
+        m_heights[static_cast<std::size_t>(middle + jumps[v])] = static_cast<quint16>(nearest + std::abs(v));
+}
+
+void TubeStrip::addDrawn(const Brush &brush, const Rows &rows)
+{
+    densityloops::addChosen(&m_cells[rows.first], brush.heights.data(), &m_heights[rows.first], rows.count);
 }
 
 /// Lines one px apart leave cells between them out. Such a cell, with at least three drawn neighbours, is set to a
 /// quarter of their sum. What it had from earlier tubes is lost by that; what its neighbours had from them comes in.
 /// That is kept: the textbook form adds the profile at the cell's own distance from the middle of the tube.
-void TubeStrip::fillColumn(int x, int firstY, int lastY)
+void TubeStrip::fillHoles(const Rows &rows)
 {
-    constexpr double share = 0.25;
-    const std::size_t first = cellIndex(x, firstY);
-    const int count = lastY - firstY + 1;
-    if (!densityloops::findHoles(m_holes.data(), &m_lastTube[first], stride, m_tube, count))
-        return;
-    const auto drawn = [&](std::size_t cell) { return m_lastTube[cell] == m_tube ? m_cells[cell] : 0.0; };
-    for (int i = 0; i < count; ++i) {
-        if (m_holes[static_cast<std::size_t>(i)]) {
-            const std::size_t cell = first + static_cast<std::size_t>(i);
-            m_cells[cell] = share * (drawn(cell - stride) + drawn(cell + stride) + drawn(cell - 1) + drawn(cell + 1));
-        }
-    }
+    if (densityloops::fillHoles(m_filled.data(), &m_cells[rows.first], &m_heights[rows.first], stride, rows.count))
+        std::copy_n(m_filled.begin(), rows.count, &m_cells[rows.first]);
+}
+
+void TubeStrip::forget(const Rows &rows)
+{
+    std::fill_n(&m_heights[rows.first], rows.count, quint16(0));
 }

@@ -38,6 +38,10 @@ public:
 
 private:
     struct Brush;
+    struct Rows {              ///< of a column
+        std::size_t first = 0; ///< cell
+        int count = 0;
+    };
 
     std::size_t cellIndex(qint64 x, qint64 y) const
     {
@@ -45,13 +49,15 @@ private:
     }
     void sweep(const Brush &brush);
     void drawLine(const Brush &brush, qint64 x, qint64 y, int limit);
-    void fillColumn(int x, int firstY, int lastY);
+    void addDrawn(const Brush &brush, const Rows &rows);
+    void fillHoles(const Rows &rows);
+    void forget(const Rows &rows);
+    Rows rowsOf(const Brush &brush, int x) const;
 
     static constexpr int stride = canvas::height + 2; ///< a row without tubes above and below, a column at either side
 
     ColumnStripe m_columns;
     std::vector<double> m_cells;
-    std::vector<quint32> m_lastTube; ///< number of the last tube that drew the cell, from 1
-    quint32 m_tube = 0;
-    std::vector<quint8> m_holes; ///< flags of the column in work
+    std::vector<quint16> m_heights; ///< of the tube in work: which one of the brush a cell gets; 0 where it draws none
+    std::vector<double> m_filled;   ///< a column's cells with its holes filled
 };
