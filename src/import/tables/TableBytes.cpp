@@ -206,7 +206,8 @@ QByteArrayView TableLines::next(qsizetype lineNumber)
                 m_buffer += '\n';
             break;
         }
-        if (m_buffer.lastIndexOf('\n') >= searched)
+        // Only what is new: a long line that comes in small pieces would be looked through again with each.
+        if (QByteArrayView(m_buffer).sliced(searched).contains('\n'))
             break;
         if (m_buffer.size() > longestLine) {
             m_problem = TableProblem{.line = lineNumber,

@@ -3,9 +3,8 @@
 
 #include "import/tables/TableFields.h"
 
-#include <QHash>
-
 #include <algorithm>
+#include <map>
 
 namespace {
 
@@ -23,6 +22,13 @@ QList<QByteArray> usualMissing()
 }
 
 } // namespace
+
+/// The tried lines by one delimiter.
+struct TableShape::Split {
+    QList<Row> rows;
+    qsizetype columns = 0; ///< of most of them
+    qsizetype alike = 0;   ///< how many have so many
+};
 
 struct TableShape::Trial {
     char delimiter = ',';
@@ -75,51 +81,56 @@ void TableShape::findComment(const QStringList &head)
 }
 
 /// The lines in the middle of the head are neither header nor remarks.
-TableShape::Trial TableShape::tryOut(char sign, char decimal) const
+TableShape::Split TableShape::splitBy(char sign) const
 {
-    const NumberFields numbers(decimal, usualMissing(), TableTimeUnit::Milliseconds);
+    Split split;
     const qsizetype end = m_lines.size();
     const qsizetype begin = end > triedLines ? std::min(end / 2, end - triedLines) : 0;
-    QHash<qsizetype, qsizetype> counts;
-    QList<Row> split;
+    std::map<qsizetype, qsizetype> linesWith;
     for (qsizetype i = begin; i < std::min(end, begin + triedLines); ++i) {
-        split << splitFields(m_lines[i], sign, mostColumns);
-        ++counts[split.constLast().size()];
+        split.rows << splitFields(m_lines[i], sign, mostColumns);
+        ++linesWith[split.rows.constLast().size()];
     }
-    Trial trial{.delimiter = sign, .decimalSign = decimal};
-    qsizetype most = 0;
-    for (auto count = counts.constBegin(); count != counts.constEnd(); ++count) {
-        const bool isMore = *count > most || (*count == most && count.key() > trial.columns);
-        if (isMore) {
-            most = *count;
-            trial.columns = count.key();
+    for (const auto &[fields, lines] : linesWith) {
+        if (lines >= split.alike) { // of equals the one with more columns
+            split.alike = lines;
+            split.columns = fields;
         }
     }
+    return split;
+}
+
+TableShape::Trial TableShape::tryOut(const Split &split, char sign, const NumberFields &numbers)
+{
+    Trial trial{.delimiter = sign, .decimalSign = numbers.decimalSign(), .columns = split.columns};
     qsizetype good = 0;
     qsizetype all = 0;
-    for (const Row &row : std::as_const(split)) {
+    for (const Row &row : split.rows) {
         if (row.size() != trial.columns)
             continue;
         all += row.size();
         for (const QByteArrayView field : row) {
             const bool isNumber = isNumberOrMissing(numbers, field);
             good += isNumber ? 1 : 0;
-            trial.hasDecimals |= isNumber && field.contains(decimal) && field.size() > 1;
+            trial.hasDecimals |= isNumber && field.contains(trial.decimalSign) && field.size() > 1;
         }
     }
-    trial.alikeShare = split.isEmpty() ? 0 : static_cast<double>(most) / static_cast<double>(split.size());
+    const auto lines = static_cast<double>(split.rows.size());
+    trial.alikeShare = split.rows.isEmpty() ? 0 : static_cast<double>(split.alike) / lines;
     trial.numberShare = all == 0 ? 0 : static_cast<double>(good) / static_cast<double>(all);
     return trial;
 }
 
 void TableShape::takeBest()
 {
+    const NumberFields withPoint('.', usualMissing(), TableTimeUnit::Milliseconds);
+    const NumberFields withComma(',', usualMissing(), TableTimeUnit::Milliseconds);
     QList<Trial> trials;
     for (const char sign : {'\t', ';', ',', '|', ' '}) {
-        for (const char decimal : {'.', ','}) {
-            if (sign != decimal)
-                trials << tryOut(sign, decimal);
-        }
+        const Split split = splitBy(sign);
+        trials << tryOut(split, sign, withPoint);
+        if (sign != ',')
+            trials << tryOut(split, sign, withComma);
     }
     // Of equals the first one: blanks can hide in any other, and a point is the usual decimal sign.
     std::ranges::stable_sort(trials, std::ranges::greater(), &Trial::score);

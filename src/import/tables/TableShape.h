@@ -5,6 +5,8 @@
 
 #include <QByteArrayView>
 
+class NumberFields;
+
 /// How the start and the end of a text fall into columns, before anybody asks what they mean.
 class TableShape {
 public:
@@ -31,9 +33,11 @@ public:
     bool hasDecimals = false;  ///< any number has a decimal sign
 
 private:
+    struct Split;
     struct Trial;
     void findComment(const QStringList &head);
-    Trial tryOut(char delimiter, char decimalSign) const;
+    Split splitBy(char sign) const;
+    static Trial tryOut(const Split &split, char sign, const NumberFields &numbers);
     void takeBest();
     void findHeader();
     void takeRows();
