@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Static analysis of sources: scripts/tidy.py [changed | FILE.cpp...], all of src/ and tools/ where none is named.
 
-"changed" stands for those since the last release, the commit that last changed CITATION.cff. Headers are not precompiled
-here, so that a missing include shows.
+"changed" stands for what changed since the commit of which all sources passed, which a whole run without complaints notes
+in scripts/tidy.passed; a changed header is seen through the first source that includes it. Where the history does not go
+back so far, nothing is looked at, and that is said. Headers are not precompiled here, so that a missing include shows.
 
 Nearly all of the time goes into the toolkit's headers, so sources with the same options are looked at together, one
 text behind the other, as far as what is local to each has names of its own. A text that passed before, with the same
@@ -23,6 +24,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build/tidy"
+PASSED_COMMIT = ROOT / "scripts/tidy.passed"
 PASSED = Path(os.environ.get("XDG_CACHE_HOME", Path.home() / ".cache")) / "vistrum-tidy"
 UIC = Path("/usr/lib/qt6/libexec/uic")
 LINES_TOGETHER = 2500
@@ -62,14 +64,41 @@ def make_forms(options):
             output_of(UIC, form, "-o", folder / f"ui_{form.stem}.h")
 
 
+def all_sources():
+    return sorted(path for area in ("src", "tools") for path in (ROOT / area).rglob("*.cpp"))
+
+
+def with_includer(path):
+    """A source itself; of a header the first source that includes it."""
+    if path.suffix == ".cpp":
+        return path
+    include = f'#include "{path.relative_to(ROOT / path.relative_to(ROOT).parts[0])}"'
+    return next((source for source in all_sources() if include in source.read_text(encoding="utf-8")), None)
+
+
+def changed():
+    passed = PASSED_COMMIT.read_text(encoding="ascii").strip()
+    if subprocess.run(["git", "merge-base", "--is-ancestor", passed, "HEAD"], cwd=ROOT, capture_output=True,
+                      check=False).returncode:
+        print(f"The history does not go back to {passed}, of which all sources passed.")
+        return []
+    names = output_of("git", "diff", "--name-only", "--diff-filter=d", passed, "--", "src", "tools", ".clang-tidy")
+    paths = [ROOT / name for name in names.decode().split()]
+    if ROOT / ".clang-tidy" in paths:
+        return all_sources()
+    return sorted({with_includer(path) for path in paths if path.suffix in (".cpp", ".h")} - {None})
+
+
 def chosen(arguments):
-    if not arguments:
-        return sorted(path for area in ("src", "tools") for path in (ROOT / area).rglob("*.cpp"))
-    if arguments != ["changed"]:
-        return [Path(name).resolve() for name in arguments]
-    release = output_of("git", "log", "-1", "--format=%H", "--", "CITATION.cff").decode().strip()
-    names = output_of("git", "diff", "--name-only", "--diff-filter=d", release, "--", "src/*.cpp", "tools/*.cpp")
-    return [ROOT / name for name in names.decode().split()]
+    if arguments == ["changed"]:
+        return changed()
+    return [Path(name).resolve() for name in arguments] or all_sources()
+
+
+def note_passed():
+    """The commit that is checked out passed, where nothing else was looked at."""
+    if not output_of("git", "status", "--porcelain", "--", "src", "tools", ".clang-tidy"):
+        PASSED_COMMIT.write_bytes(output_of("git", "rev-parse", "HEAD"))
 
 
 def rules():
@@ -158,6 +187,8 @@ def main():
         print(answer)
     bad = sum(map(bool, answers))
     print(f"{len(sources)} sources in {len(together)} groups, {bad} groups with complaints.")
+    if not bad and not sys.argv[1:]:
+        note_passed()
     return 1 if bad else 0
 
 

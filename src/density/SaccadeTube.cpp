@@ -159,10 +159,13 @@ void TubeStrip::sweep(const Brush &brush)
     const Interval here =
         all.within(stepsWithin({m_columns.begin - margin, m_columns.end + margin}, course.start.x(), course.alongX))
             .within(stepsWithin({-margin, canvas::height + margin}, course.start.y(), course.alongY));
-    // A double: where nothing is within, it can be beyond 64 bits.
-    for (double step = std::floor(here.high); step >= std::max(all.low, std::floor(here.low)); --step)
+    const double first = std::max(all.low, std::floor(here.low));
+    double step = std::floor(here.high); // a double: where nothing is within, it can be beyond 64 bits
+    while (step >= first) {
         drawLine(brush, roundedDown(step * course.alongX + course.start.x() + 0.5),
                  roundedDown(step * course.alongY + course.start.y() + 0.5), brush.limitAt(step));
+        --step;
+    }
 }
 
 /// Beyond the ends the profile is moved outwards: the shorter line ends with the profile's last value, too.

@@ -4,6 +4,8 @@
 #include "density/Density.h"
 #include "density/SaccadeMarks.h"
 
+#include <QPoint>
+
 #include <optional>
 
 /// The profile across a tube, exp(-0.5 * (v / sigma)^2) / (2.5 * sigma) for the distance v from 0 to width.
