@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "export/panel/ExportCommands.h"
 #include "export/panel/StatisticsExportBox.h"
 #include "ExportSamples.h"
 #include "model/DataModel.h"
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void emptyFolderIsAskedFor();
     void folderIsKept();
     void tablesAreCommands();
+    void tablesHaveTheWordsOfTheBatchProgram();
     void eyes_data();
     void eyes();
     void transitionsAndAngleStarAreAskedFor();
@@ -173,6 +175,24 @@ void TestStatisticsExportBox::tablesAreCommands()
     QCOMPARE(found, expected);
     stack().undo();
     QCOMPARE(files(), expected); // what is written stays
+}
+
+/// Recipes have these words.
+void TestStatisticsExportBox::tablesHaveTheWordsOfTheBatchProgram()
+{
+    enableAll();
+    for (const char *box : {"generalCheckBox", "aoiCheckBox", "aoiMeasuresCheckBox", "scanpathMeasuresCheckBox",
+                            "groupComparisonCheckBox", "qualityCheckBox"})
+        tick(box);
+    click("statisticsExportButton");
+    QStringList words;
+    for (int i = 0; i < stack().count(); ++i) {
+        const auto *table = dynamic_cast<const ExportCommand *>(stack().command(i));
+        QVERIFY(table);
+        words << table->word();
+    }
+    QCOMPARE(words.join(u','), QStringLiteral("general-statistics,aoi-statistics,aoi-measures,scanpath-measures,"
+                                              "group-comparison,quality"));
 }
 
 void TestStatisticsExportBox::eyes_data()
