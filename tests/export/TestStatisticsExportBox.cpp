@@ -3,6 +3,7 @@
 #include "export/panel/StatisticsExportBox.h"
 #include "ExportSamples.h"
 #include "model/DataModel.h"
+#include "settings/StoredKeys.h"
 #include "TestMessages.h"
 #include "TestPanel.h"
 
@@ -51,6 +52,7 @@ private Q_SLOTS:
     void folderIsKept();
     void tablesAreCommands();
     void tablesHaveTheWordsOfTheBatchProgram();
+    void columnsAreThoseOfTheStore();
     void eyes_data();
     void eyes();
     void transitionsAndAngleStarAreAskedFor();
@@ -193,6 +195,26 @@ void TestStatisticsExportBox::tablesHaveTheWordsOfTheBatchProgram()
     }
     QCOMPARE(words.join(u','), QStringLiteral("general-statistics,aoi-statistics,aoi-measures,scanpath-measures,"
                                               "group-comparison,quality"));
+}
+
+void TestStatisticsExportBox::columnsAreThoseOfTheStore()
+{
+    writeStored(keys::verticalActivity, true);
+    writeStored(keys::numberOfFixations, true);
+    enableAll();
+    tick("generalCheckBox");
+    tick("aoiCheckBox");
+    click("statisticsExportButton");
+    const auto head = [&](const char *name) {
+        return samples::bytesOf(m_folder->filePath(QLatin1StringView(name))).split('\n').constFirst();
+    };
+    QCOMPARE(head("vistrum_generalstatistics_left.csv"), QByteArray("subjectID;subjectINFO;eye;VGA;"));
+    QCOMPARE(head("vistrum_AOIstatistics_left.csv"), QByteArray("subjectID;subjectINFO;AOI_name;amount_of_fixis;"));
+    writeStored(keys::verticalActivity, false); // a redo writes anew
+    stack().undo();
+    stack().undo();
+    stack().redo();
+    QCOMPARE(head("vistrum_generalstatistics_left.csv"), QByteArray("subjectID;subjectINFO;eye;"));
 }
 
 void TestStatisticsExportBox::eyes_data()

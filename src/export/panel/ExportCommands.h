@@ -47,9 +47,13 @@ public:
     }
 };
 
+/// With the columns that the store says.
+ExportResult writeGeneralStatistics(const DataModel &model, const ExportTarget &target);
+ExportResult writeAoiStatistics(const DataModel &model, const ExportTarget &target);
+
 using CommandExportFixations = TableExportCommand<exportFixations>;
 using CommandExportClusters = TableExportCommand<exportClusters>;
 using CommandExportEvents = TableExportCommand<exportEvents>;
 using CommandExportCumulativeClusters = TableExportCommand<exportCumulativeClusters>;
-using CommandExportGeneralStatistics = TableExportCommand<exportGeneralStatistics>;
-using CommandExportAoiStatistics = TableExportCommand<exportAoiStatistics>;
+using CommandExportGeneralStatistics = TableExportCommand<writeGeneralStatistics>;
+using CommandExportAoiStatistics = TableExportCommand<writeAoiStatistics>;

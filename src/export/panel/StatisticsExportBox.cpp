@@ -6,7 +6,6 @@
 #include "export/panel/ExportedTable.h"
 #include "export/panel/ExportForm.h"
 #include "export/QualityExport.h"
-#include "export/StatisticsExport.h"
 #include "settings/StoredKeys.h"
 #include "ui_StatisticsExportBox.h"
 
@@ -54,10 +53,10 @@ ExportResult writeQuality(const DataModel &model, const ExportTarget &target)
 constexpr ExportedTable<Form> requiredTables[] = {
     {&Form::generalCheckBox,
      {QLatin1StringView("general statistics"), QLatin1StringView("general-statistics")},
-     newTableCommand<exportGeneralStatistics>},
+     newTableCommand<writeGeneralStatistics>},
     {&Form::aoiCheckBox,
      {QLatin1StringView("AOI statistics"), QLatin1StringView("aoi-statistics")},
-     newTableCommand<exportAoiStatistics>},
+     newTableCommand<writeAoiStatistics>},
 };
 
 constexpr ExportedTable<Form> tidyTables[] = {
