@@ -5,7 +5,7 @@
 #include "batch/RunState.h"
 #include "batch/TransitionWords.h"
 #include "comparison/SimilarityExport.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/AngleStarExport.h"
 #include "export/bids/BidsExport.h"
 #include "export/MeasureExport.h"

@@ -2,7 +2,7 @@
 #include "export/panel/ExportWidget.h"
 
 #include "base/SideBySide.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/bids/BidsExport.h"
 #include "export/panel/ExportedTable.h"
 #include "export/panel/ExportForm.h"

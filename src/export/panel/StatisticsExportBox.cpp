@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/panel/StatisticsExportBox.h"
 
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/MeasureExport.h"
 #include "export/panel/ExportedTable.h"
 #include "export/panel/ExportForm.h"
