@@ -9,7 +9,7 @@
 #include "clustering/SaccadeClusterModel.h"
 #include "commands/CommandStack.h"
 #include "detection/panel/FixationCommands.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/panel/ExportCommands.h"
 #include "export/TransitionExport.h"
 #include "import/panel/DataCommands.h"

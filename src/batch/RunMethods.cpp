@@ -4,7 +4,7 @@
 #include "base/Release.h"
 #include "batch/CalculationRows.h"
 #include "batch/RunState.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "settings/StoredKeys.h"
 
 MethodsRecord methodsOf(const RunState &run, const QList<StreamQuality> &quality, const QStringList &failed)

@@ -2,7 +2,7 @@
 #include "batch/RunQuality.h"
 
 #include "batch/RunState.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "settings/StoredKeys.h"
 #include "table/StudyQuality.h"
 

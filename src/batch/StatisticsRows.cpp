@@ -5,13 +5,14 @@
 #include "batch/RunState.h"
 #include "batch/TransitionWords.h"
 #include "comparison/SimilarityExport.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/AngleStarExport.h"
 #include "export/bids/BidsExport.h"
 #include "export/MeasureExport.h"
 #include "export/QualityExport.h"
 #include "export/StatisticsExport.h"
 #include "export/TidyExport.h"
+#include "settings/StoredKeys.h"
 #include "statistics/StatisticsCalculation.h"
 #include "visualization/parameters/VisualizationParameters.h"
 
@@ -36,7 +37,7 @@ void warnIfNotCalculated(const RunState &run, Text word)
 ExportResult writeGeneral(RunState &run, const ExportTarget &target)
 {
     warnIfNotCalculated(run, Text("general-statistics"));
-    return exportGeneralStatistics(run.model, target);
+    return exportGeneralStatistics(run.model, target, storedFlags());
 }
 
 /// Tables of areas without any area have headers alone, too.
@@ -53,7 +54,7 @@ ExportResult writeAreas(RunState &run, const ExportTarget &target)
 {
     warnIfNotCalculated(run, Text("aoi-statistics"));
     warnIfWithoutAreas(run, Text("aoi-statistics"));
-    return exportAoiStatistics(run.model, target);
+    return exportAoiStatistics(run.model, target, storedFlags());
 }
 
 ExportResult writeTransitions(RunState &run, const ExportTarget &target)

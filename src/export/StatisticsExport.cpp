@@ -2,18 +2,18 @@
 #include "export/StatisticsExport.h"
 
 #include "base/Progress.h"
-#include "export/StatisticsTables.h"
 #include "export/TextTable.h"
 
 namespace {
 
-using Rows = QString (*)(const Examination &, Eye);
+using Rows = QString (*)(const Examination &, Eye, const StatisticsColumns &);
 
 struct Table {
     QLatin1StringView label; ///< in the progress
     QLatin1StringView infix; ///< of the file names
     QString header;
     Rows rows;
+    const StatisticsColumns &columns;
 };
 
 /// A file for each eye with the rows of all checked examinations.
@@ -27,7 +27,7 @@ ExportResult writeRows(const DataModel &model, const ExportTarget &target, const
                       static_cast<int>(checked.size()) + 1);
     for (const Examination *examination : checked) {
         for (qsizetype i = 0; i < eyes.size(); ++i)
-            texts[i] += table.rows(*examination, eyes[i]);
+            texts[i] += table.rows(*examination, eyes[i], table.columns);
         progress.advance();
     }
     for (qsizetype i = 0; i < eyes.size(); ++i)
@@ -37,11 +37,12 @@ ExportResult writeRows(const DataModel &model, const ExportTarget &target, const
 
 } // namespace
 
-ExportResult exportGeneralStatistics(const DataModel &model, const ExportTarget &target)
+ExportResult exportGeneralStatistics(const DataModel &model, const ExportTarget &target,
+                                     const StatisticsColumns &columns)
 {
     ExportResult result = writeRows(model, target,
                                     {QLatin1StringView("general statistics"), QLatin1StringView("_generalstatistics_"),
-                                     generalStatisticsHeader(), generalStatisticsRow});
+                                     generalStatisticsHeader(columns), generalStatisticsRow, columns});
     tellExported(QStringLiteral("General statistics Export"),
                  QStringLiteral("General statistics exported to: ") + target.folder +
                      QLatin1StringView("_filename_generalstatistics_left/right.csv"),
@@ -49,11 +50,11 @@ ExportResult exportGeneralStatistics(const DataModel &model, const ExportTarget 
     return result;
 }
 
-ExportResult exportAoiStatistics(const DataModel &model, const ExportTarget &target)
+ExportResult exportAoiStatistics(const DataModel &model, const ExportTarget &target, const StatisticsColumns &columns)
 {
     ExportResult result = writeRows(model, target,
                                     {QLatin1StringView("AOI statistics"), QLatin1StringView("_AOIstatistics_"),
-                                     aoiStatisticsHeader(), aoiStatisticsRows});
+                                     aoiStatisticsHeader(columns), aoiStatisticsRows, columns});
     writeTable(pathStem(target) + QLatin1StringView("_AOIArea_.csv"), aoiAreaTable(model.aoiList()), result);
     tellExported(QStringLiteral("AOI statistics Export"),
                  QStringLiteral("AOI statistics exported to: ") + target.folder +

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A column that a key of the store switches on and off.
+/// A column and the key that switches it on.
 template <class Record>
 struct Column {
     StoredKey<bool> key;
@@ -61,22 +61,22 @@ constexpr Column<Aoi> aoiColumns[] = {
 };
 
 template <class Record, size_t N>
-QString header(const char *fixed, const Column<Record> (&columns)[N])
+QString header(const char *fixed, const Column<Record> (&columns)[N], const StatisticsColumns &chosen)
 {
     QString line = QString::fromLatin1(fixed);
     for (const Column<Record> &column : columns) {
-        if (readStored(column.key))
+        if (chosen.contains(column.key.key))
             line += column.name + u';';
     }
     return line + u'\n';
 }
 
 template <class Record, size_t N>
-QString values(const Record &record, const Column<Record> (&columns)[N])
+QString values(const Record &record, const Column<Record> (&columns)[N], const StatisticsColumns &chosen)
 {
     QString fields;
     for (const Column<Record> &column : columns) {
-        if (readStored(column.key))
+        if (chosen.contains(column.key.key))
             fields += u'"' + text::decimalComma(column.text(record)) + QLatin1StringView("\";");
     }
     return fields + u'\n';
@@ -84,31 +84,32 @@ QString values(const Record &record, const Column<Record> (&columns)[N])
 
 } // namespace
 
-QString generalStatisticsHeader()
+QString generalStatisticsHeader(const StatisticsColumns &columns)
 {
-    return header("subjectID;subjectINFO;eye;", generalColumns);
+    return header("subjectID;subjectINFO;eye;", generalColumns, columns);
 }
 
-QString generalStatisticsRow(const Examination &examination, Eye eye)
+QString generalStatisticsRow(const Examination &examination, Eye eye, const StatisticsColumns &columns)
 {
     const EyeData &stream = examination.stream(eye);
     if (!stream.generalStatistics)
         return {};
     return subjectFields(examination.subjectId, examination.subjectText) + eyeWord(eye) + u';' +
-           values(*stream.generalStatistics, generalColumns);
+           values(*stream.generalStatistics, generalColumns, columns);
 }
 
-QString aoiStatisticsHeader()
+QString aoiStatisticsHeader(const StatisticsColumns &columns)
 {
-    return header("subjectID;subjectINFO;AOI_name;", aoiColumns);
+    return header("subjectID;subjectINFO;AOI_name;", aoiColumns, columns);
 }
 
-QString aoiStatisticsRows(const Examination &examination, Eye eye)
+QString aoiStatisticsRows(const Examination &examination, Eye eye, const StatisticsColumns &columns)
 {
     const QString subject = subjectFields(examination.subjectId, examination.subjectText);
     QString rows;
     for (const AreaOfInterest &area : examination.stream(eye).aoiStatistics)
-        rows += subject + u'"' + text::decimalComma(area.name) + QLatin1StringView("\";") + values(area, aoiColumns);
+        rows += subject + u'"' + text::decimalComma(area.name) + QLatin1StringView("\";") +
+                values(area, aoiColumns, columns);
     return rows;
 }
 

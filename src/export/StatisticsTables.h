@@ -3,21 +3,26 @@
 
 #include "model/Examination.h"
 
-/// The columns of the statistics are those whose keys are set in the store. Headers end with ";".
+#include <QLatin1StringView>
+#include <QSet>
 
-QString generalStatisticsHeader();
+/// The columns that are written, by the keys that switch them on, see `storedFlags`.
+using StatisticsColumns = QSet<QLatin1StringView>;
+
+/// Headers end with ";".
+QString generalStatisticsHeader(const StatisticsColumns &columns);
 
 /// The row of a stream; nothing if it has not been measured. Each value stands in quotes with a decimal comma, speeds
 /// with " px/ms", which is kept although the speeds are px per second: 1000 times what the unit says.
 ///
 /// @param eye  word of the third column.
-QString generalStatisticsRow(const Examination &examination, Eye eye);
+QString generalStatisticsRow(const Examination &examination, Eye eye, const StatisticsColumns &columns);
 
-QString aoiStatisticsHeader();
+QString aoiStatisticsHeader(const StatisticsColumns &columns);
 
 /// A row for each area that was measured in the stream, in the order of the areas. A point in the name of an area
 /// becomes a comma, as in its values.
-QString aoiStatisticsRows(const Examination &examination, Eye eye);
+QString aoiStatisticsRows(const Examination &examination, Eye eye, const StatisticsColumns &columns);
 
 /// Header and sizes of the areas in px^2 with a decimal point; empty without areas.
 QString aoiAreaTable(const QList<AreaOfInterest> &areas);

@@ -5,18 +5,9 @@
 
 Group::Group(QString name_, const ColorTable &colors) : name(std::move(name_))
 {
-    static constexpr struct {
-        const char *entry;
-        const char *key;
-    } kinds[] = {
-        {"gazepoints", "GazepointVisualization"},
-        {"fixations", "FixationVisualization"},
-        {"fixationClusters", "FixationclusterVisualization"},
-        {"saccades", "SaccadeVisualization"},
-    };
-    for (const auto &kind : kinds) {
-        const QString entry = QString::fromLatin1(kind.entry);
-        const QString key = QString::fromLatin1(kind.key);
+    for (const DataKind kind : allDataKinds) {
+        const QString entry = tableNames[kind];
+        const QString key = kindNames[kind];
         colorsDominant[key] = colors.value(entry + QStringLiteral("Dominant"));
         colorsLeft[key] = colors.value(entry + QStringLiteral("Left"));
         colorsRight[key] = colors.value(entry + QStringLiteral("Right"));

@@ -1,19 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "model/DataKind.h"
+
 #include <QColor>
 #include <QHash>
 #include <QLatin1StringView>
 #include <QMap>
 #include <QString>
 
-/// A named colouring of examinations. Each map goes from a kind of drawing ("GazepointVisualization",
-/// "FixationVisualization", "FixationclusterVisualization", "SaccadeVisualization") to a colour.
+/// A named colouring of examinations. Each map goes from the name of a kind of data to a colour.
 struct Group {
     using ColorTable = QHash<QString, QColor>;
 
     /// Name of the group of those that are in none.
     static constexpr QLatin1StringView none{"None"};
+
+    /// Names of the kinds in the maps, and in the parameters of their drawing.
+    static constexpr ByDataKind<QLatin1StringView> kindNames{
+        {QLatin1StringView("GazepointVisualization"), QLatin1StringView("FixationVisualization"),
+         QLatin1StringView("FixationclusterVisualization"), QLatin1StringView("SaccadeVisualization")}};
+    /// Names of the kinds in a table of colours; that of the eye follows.
+    static constexpr ByDataKind<QLatin1StringView> tableNames{
+        {QLatin1StringView("gazepoints"), QLatin1StringView("fixations"), QLatin1StringView("fixationClusters"),
+         QLatin1StringView("saccades")}};
 
     Group() = default;
     /// @param colors  keyed by kind and eye: "gazepointsDominant", "fixationsLeft", "saccadesRight" and so on. A colour

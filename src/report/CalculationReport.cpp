@@ -3,7 +3,7 @@
 
 #include "clustering/ClusterTree.h"
 #include "report/ConfigReport.h"
-#include "report/ReportLines.h"
+#include "visualization/modes/ReportLines.h"
 
 #include <iterator>
 

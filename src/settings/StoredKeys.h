@@ -5,6 +5,7 @@
 #include "settings/Parameter.h"
 
 #include <QLatin1StringView>
+#include <QSet>
 #include <QString>
 
 #include <tuple>
@@ -38,6 +39,9 @@ inline void writeCheckState(const StoredKey<bool> &stored, Qt::CheckState state)
 
 /// The eyes that drawing and exports show. A stored number that is no mode reads as all eyes, as a missing one does.
 EyeMode eyeMode();
+
+/// Those of the keys below that are flags and set: the columns that statistics show.
+QSet<QLatin1StringView> storedFlags();
 
 /// The only place that knows these keys.
 namespace keys {

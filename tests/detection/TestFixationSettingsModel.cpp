@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "detection/FixationSettingsModel.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "TestSettings.h"
 
 #include <QTest>
@@ -232,7 +232,13 @@ void TestFixationSettingsModel::geometryRemembersTheUnit()
     setParameter(model, rows::velocityScreenDistance, 0.6);
     setParameter(model, rows::velocityUnit, 2);
     QCOMPARE(storedPixelPerDistance(), std::nullopt);
+    QVERIFY(!storedGeometry());
     setParameter(model, rows::velocityUnit, 1);
+    const std::optional<ViewingGeometry> geometry = storedGeometry();
+    QVERIFY(geometry);
+    QCOMPARE(geometry->screenDistanceM, 0.6);
+    QCOMPARE(geometry->imageSizeM, 0.4);
+    QCOMPARE(geometry->imageWidthPx, 2560.0);
     QCOMPARE(storedPixelPerDistance(), std::optional(0.4 / 2560 / 0.6));
     QCOMPARE(storedPixelPerDistance(), std::optional(0.4 / 2560 / 0.6)); // asking changes nothing
     SettingsStore().setValue(unitKey, QString::fromUtf8("[\xC2\xB0/s]"));

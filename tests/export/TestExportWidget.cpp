@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "export/panel/ExportCommands.h"
 #include "export/panel/ExportWidget.h"
 #include "ExportSamples.h"
 #include "model/DataModel.h"
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void clusterKindsAreEnabledOnTheirOwn();
     void tidyTablesFollowTheirBoxes();
     void exportsEachCheckedKindInOrder();
+    void tablesHaveTheWordsOfTheBatchProgram();
     void eyeSelection_data();
     void eyeSelection();
     void undoLeavesTheFilesAndRedoWritesThemAnew();
@@ -195,6 +197,27 @@ void TestExportWidget::exportsEachCheckedKindInOrder()
     for (int i = 0; i < 4; ++i)
         stack().redo();
     QCOMPARE(exportedNames().size(), 4);
+}
+
+/// Recipes have these words.
+void TestExportWidget::tablesHaveTheWordsOfTheBatchProgram()
+{
+    const RecordedMessages messages;
+    m_panel->sltEnableFixationExport();
+    m_panel->sltEnableFixationClusterExport();
+    m_panel->sltEnableEventExport();
+    m_panel->sltEnableCumulativeClusterExport();
+    for (const char *kind : {"fixationCheckBox", "clusterCheckBox", "eventCheckBox", "cumulativeClusterCheckBox",
+                             "tidyCheckBox", "tidySamplesCheckBox", "bidsCheckBox"})
+        tick(kind);
+    click("dataExportButton");
+    QStringList words;
+    for (int i = m_commandsBefore; i < stack().count(); ++i) {
+        const auto *table = dynamic_cast<const ExportCommand *>(stack().command(i));
+        QVERIFY(table);
+        words << table->word();
+    }
+    QCOMPARE(words.join(u','), QStringLiteral("fixations,clusters,events,cumulative-clusters,tidy,tidy-samples,bids"));
 }
 
 void TestExportWidget::eyeSelection_data()

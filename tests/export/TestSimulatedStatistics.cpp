@@ -156,14 +156,14 @@ void TestSimulatedStatistics::general()
 {
     QFETCH(int, eye);
     const QString word = QString::fromLatin1(words[eye]);
-    exportGeneralStatistics(m_model, target(modes[eye]));
+    exportGeneralStatistics(m_model, target(modes[eye]), storedFlags());
     QCOMPARE(written(QStringLiteral("_generalstatistics_%1.csv").arg(word)), plain::generalTable(m_model, eye, word));
 }
 
 void TestSimulatedStatistics::areas()
 {
     QFETCH(int, eye);
-    exportAoiStatistics(m_model, target(modes[eye]));
+    exportAoiStatistics(m_model, target(modes[eye]), storedFlags());
     QCOMPARE(written(QStringLiteral("_AOIstatistics_%1.csv").arg(QLatin1StringView(words[eye]))),
              plain::aoiTable(m_model, eye));
     // By their corners; the knot goes round its two halves in opposite directions.
@@ -314,8 +314,8 @@ void TestSimulatedStatistics::anyNumberOfThreads()
         calculateAoiStatistics(model, nullptr, threads);
         const MeasureForm form{.pixelPerDistance = m_pixel, .threads = threads};
         const ExportTarget all = target(EyeMode::showAll);
-        QStringList written = exportGeneralStatistics(model, all).written;
-        written << exportAoiStatistics(model, all).written << exportAoiMeasures(model, all, form).written
+        QStringList written = exportGeneralStatistics(model, all, storedFlags()).written;
+        written << exportAoiStatistics(model, all, storedFlags()).written << exportAoiMeasures(model, all, form).written
                 << exportScanpathMeasures(model, all, form).written << exportGroupComparison(model, all, form).written;
         QMap<QString, QByteArray> files;
         for (const QString &path : written)

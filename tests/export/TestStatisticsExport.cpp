@@ -4,7 +4,6 @@
 #include "settings/StoredKeys.h"
 #include "statistics/StatisticsCalculation.h"
 #include "TestMessages.h"
-#include "TestSettings.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -40,7 +39,6 @@ class TestStatisticsExport : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup() { m_settings.reset(); }
     void general();
     void generalOfSomeColumns();
     void areas();
@@ -50,21 +48,21 @@ private Q_SLOTS:
     void eyes();
 
 private:
-    std::unique_ptr<TemporarySettings> m_settings;
     std::unique_ptr<QTemporaryDir> m_folder;
     ExportTarget m_target;
+    StatisticsColumns m_columns;
 };
 
 void TestStatisticsExport::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    m_settings = std::make_unique<TemporarySettings>();
+    m_columns = {};
     for (const auto &key :
          {keys::horizontalActivity, keys::verticalActivity, keys::averageSpeed, keys::maximumSpeed, keys::minimumSpeed,
           keys::glanceFrequency, keys::glanceProportion, keys::maximumGlanceDuration, keys::meanGlanceDuration,
           keys::minimumGlanceDuration, keys::numberOfFixations, keys::numberOfGlances, keys::timeOfFirstGlance,
           keys::totalGlanceTime})
-        writeStored(key, true);
+        m_columns << key.key;
     m_target = {m_folder->path(), QStringLiteral("p"), EyeMode::showAll};
 }
 
@@ -72,7 +70,7 @@ void TestStatisticsExport::general()
 {
     DataModel model = modelOfTwo();
     calculateGeneralStatistics(model, nullptr);
-    const ExportResult result = exportGeneralStatistics(model, m_target);
+    const ExportResult result = exportGeneralStatistics(model, m_target, m_columns);
     const QString left = m_folder->filePath(QStringLiteral("p_generalstatistics_left.csv"));
     const QString right = m_folder->filePath(QStringLiteral("p_generalstatistics_right.csv"));
     QCOMPARE(result.written, (QStringList{left, right}));
@@ -94,9 +92,9 @@ void TestStatisticsExport::generalOfSomeColumns()
     model.setTimeFrame({15, 15}); // no pair
     calculateGeneralStatistics(model, nullptr);
     for (const auto &key : {keys::horizontalActivity, keys::verticalActivity, keys::maximumSpeed})
-        writeStored(key, false);
+        m_columns.remove(key.key);
     m_target.eyes = EyeMode::showDominant;
-    exportGeneralStatistics(model, m_target);
+    exportGeneralStatistics(model, m_target, m_columns);
     QCOMPARE(QString::fromUtf8(bytesOf(m_folder->filePath(QStringLiteral("p_generalstatistics_dominant.csv")))),
              lines({QStringLiteral("subjectID;subjectINFO;eye;min_speed;mean_speed;"),
                     QStringLiteral("\"s.1\";\"age=2.5, \";dominant;\"1e+06 px/ms\";\"nan px/ms\";")}));
@@ -109,7 +107,7 @@ void TestStatisticsExport::areas()
                                              << samples::fixation({18, 24}, {3, 3});
     calculateAoiStatistics(model, nullptr);
     m_target.eyes = EyeMode::showLeft;
-    exportAoiStatistics(model, m_target);
+    exportAoiStatistics(model, m_target, m_columns);
     // Samples: 2 of 3, from 10 ms on, 10 ms long; 2/20 * 60000/20 a minute. Fixations: 1 of 2 in the frame.
     const QStringList values{
         QStringLiteral("10"), QStringLiteral("2"),  QStringLiteral("300"), QStringLiteral("0,666667"),
@@ -136,8 +134,8 @@ void TestStatisticsExport::aColumnSwitchedOff()
     for (const auto &key :
          {keys::glanceFrequency, keys::glanceProportion, keys::maximumGlanceDuration, keys::meanGlanceDuration,
           keys::minimumGlanceDuration, keys::numberOfGlances, keys::totalGlanceTime})
-        writeStored(key, false);
-    exportAoiStatistics(model, m_target);
+        m_columns.remove(key.key);
+    exportAoiStatistics(model, m_target, m_columns);
     QCOMPARE(QString::fromUtf8(bytesOf(m_folder->filePath(QStringLiteral("p_AOIstatistics_right.csv")))),
              lines({QStringLiteral("subjectID;subjectINFO;AOI_name;time_of_first_gp(ms);time_of_first_fix(ms);"
                                    "amount_of_fixis;"),
@@ -148,7 +146,7 @@ void TestStatisticsExport::withoutAreas()
 {
     DataModel model = modelOfTwo();
     model.removeAoi(QStringLiteral("v.1"));
-    exportAoiStatistics(model, m_target);
+    exportAoiStatistics(model, m_target, m_columns);
     const QString path = m_folder->filePath(QStringLiteral("p_AOIArea_.csv"));
     QVERIFY(QFile::exists(path));
     QVERIFY(bytesOf(path).isEmpty());
@@ -158,8 +156,8 @@ void TestStatisticsExport::notMeasured()
 {
     const RecordedMessages messages;
     const DataModel model = modelOfTwo();
-    exportGeneralStatistics(model, m_target);
-    exportAoiStatistics(model, m_target);
+    exportGeneralStatistics(model, m_target, m_columns);
+    exportAoiStatistics(model, m_target, m_columns);
     QCOMPARE(QString::fromUtf8(bytesOf(m_folder->filePath(QStringLiteral("p_generalstatistics_left.csv")))),
              QStringLiteral("subjectID;subjectINFO;eye;HGA;VGA;min_speed;max_speed;mean_speed;\n"));
     QCOMPARE(bytesOf(m_folder->filePath(QStringLiteral("p_AOIstatistics_left.csv"))).count('\n'), 1);
@@ -176,10 +174,10 @@ void TestStatisticsExport::eyes()
     DataModel model = modelOfTwo();
     calculateGeneralStatistics(model, nullptr);
     m_target.eyes = EyeMode::showMean;
-    QCOMPARE(exportGeneralStatistics(model, m_target).written,
+    QCOMPARE(exportGeneralStatistics(model, m_target, m_columns).written,
              QStringList(m_folder->filePath(QStringLiteral("p_generalstatistics_mean.csv"))));
     m_target.folder = QStringLiteral("/nowhere");
-    QCOMPARE(exportGeneralStatistics(model, m_target).failed.size(), 1);
+    QCOMPARE(exportGeneralStatistics(model, m_target, m_columns).failed.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestStatisticsExport)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "export/panel/ExportCommands.h"
 #include "export/panel/StatisticsExportBox.h"
 #include "ExportSamples.h"
 #include "model/DataModel.h"
+#include "settings/StoredKeys.h"
 #include "TestMessages.h"
 #include "TestPanel.h"
 
@@ -49,6 +51,8 @@ private Q_SLOTS:
     void emptyFolderIsAskedFor();
     void folderIsKept();
     void tablesAreCommands();
+    void tablesHaveTheWordsOfTheBatchProgram();
+    void columnsAreThoseOfTheStore();
     void eyes_data();
     void eyes();
     void transitionsAndAngleStarAreAskedFor();
@@ -173,6 +177,44 @@ void TestStatisticsExportBox::tablesAreCommands()
     QCOMPARE(found, expected);
     stack().undo();
     QCOMPARE(files(), expected); // what is written stays
+}
+
+/// Recipes have these words.
+void TestStatisticsExportBox::tablesHaveTheWordsOfTheBatchProgram()
+{
+    enableAll();
+    for (const char *box : {"generalCheckBox", "aoiCheckBox", "aoiMeasuresCheckBox", "scanpathMeasuresCheckBox",
+                            "groupComparisonCheckBox", "qualityCheckBox"})
+        tick(box);
+    click("statisticsExportButton");
+    QStringList words;
+    for (int i = 0; i < stack().count(); ++i) {
+        const auto *table = dynamic_cast<const ExportCommand *>(stack().command(i));
+        QVERIFY(table);
+        words << table->word();
+    }
+    QCOMPARE(words.join(u','), QStringLiteral("general-statistics,aoi-statistics,aoi-measures,scanpath-measures,"
+                                              "group-comparison,quality"));
+}
+
+void TestStatisticsExportBox::columnsAreThoseOfTheStore()
+{
+    writeStored(keys::verticalActivity, true);
+    writeStored(keys::numberOfFixations, true);
+    enableAll();
+    tick("generalCheckBox");
+    tick("aoiCheckBox");
+    click("statisticsExportButton");
+    const auto head = [&](const char *name) {
+        return samples::bytesOf(m_folder->filePath(QLatin1StringView(name))).split('\n').constFirst();
+    };
+    QCOMPARE(head("vistrum_generalstatistics_left.csv"), QByteArray("subjectID;subjectINFO;eye;VGA;"));
+    QCOMPARE(head("vistrum_AOIstatistics_left.csv"), QByteArray("subjectID;subjectINFO;AOI_name;amount_of_fixis;"));
+    writeStored(keys::verticalActivity, false); // a redo writes anew
+    stack().undo();
+    stack().undo();
+    stack().redo();
+    QCOMPARE(head("vistrum_generalstatistics_left.csv"), QByteArray("subjectID;subjectINFO;eye;"));
 }
 
 void TestStatisticsExportBox::eyes_data()

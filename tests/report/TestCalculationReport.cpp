@@ -294,6 +294,9 @@ void TestCalculationReport::blocksOfModes_data()
     const QString points = QStringLiteral("Show cluster points:NO<br>") + borders;
     row(2, 1, "Fixationclusters Visualisationmode:Elliptic", points);
     row(2, 2, "Fixationclusters Visualisationmode:Circular", points + QStringLiteral("Circle size:5<br>"));
+    row(2, 3, "Fixationclusters Visualisationmode:Heatmap",
+        QStringLiteral("Size:100<br>Intensity:50<br>Threashold:0 clu/min<br>Absolut maxima:100 clu/min<br>"
+                       "Heatmap colormap:RED GREEN<br>"));
     row(2, 4, "Fixationclusters Visualisationmode:Shadowmap", shadow);
     row(2, 5, "Fixationclusters Visualisationmode:Cumulativ elliptic", points);
     row(2, 6, "Fixationclusters Visualisationmode:Cumulativ circle", points + QStringLiteral("Circle size:5<br>"));
@@ -308,6 +311,7 @@ void TestCalculationReport::blocksOfModes_data()
     row(3, 3, "Saccades Visualisationmode:Heatmap", heatmap);
     row(3, 4, "Saccades Visualisationmode:Shadowmap", shadow);
     row(3, 5, "Saccades Visualisationmode:Histogram", chart + QStringLiteral("Length dependent:NO<br>"));
+    row(3, 6, "Saccades Visualisationmode:Histogram seperated", chart + QStringLiteral("Length dependent:NO<br>"));
     row(3, 7, "Saccades Visualisationmode:Histogram sac vs fix", chart);
 }
 
@@ -358,7 +362,11 @@ void TestCalculationReport::areaModes_data()
     QTest::newRow("outlined") << 1 << "AOI Visualisationmode:Outlined<br>";
     QTest::newRow("page") << 2 << "AOI Visualisationmode:Transition diagram(external)<br>";
     QTest::newRow("ribbons") << 3 << "AOI Visualisationmode:Transition diagram(internally)<br>";
+    QTest::newRow("another chart") << 4
+                                   << "AOI Visualisationmode:Time dependent transitions<br>Time window:1000 ms<br>";
     QTest::newRow("chart") << 5 << "AOI Visualisationmode:Fixations over time<br>Time window:1000 ms<br>";
+    QTest::newRow("outlines and a chart")
+        << 7 << "AOI Visualisationmode:FixationsRelativeToTimeWindow<br>Time window:1000 ms<br>";
     QTest::newRow("not there") << 99 << QString();
 }
 

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void whatAnotherProgramWroteIsRead();
     void eyeMode_data();
     void eyeMode();
+    void flagsThatAreSet();
     void missingValuesReadAsNothing();
     void initialValuesAndStoredOnes();
     void textReadsAsItsType_data();
@@ -111,6 +112,17 @@ void TestSettingsStore::eyeMode()
     QCOMPARE(::eyeMode(), EyeMode::showAll); // nothing stored
     SettingsStore().setValue(keys::eyeMode.key, stored);
     QTEST(::eyeMode(), "expected");
+}
+
+void TestSettingsStore::flagsThatAreSet()
+{
+    QVERIFY(storedFlags().isEmpty()); // nothing stored
+    writeStored(keys::verticalActivity, true);
+    writeStored(keys::horizontalActivity, false);
+    writeCheckState(keys::glanceFrequency, Qt::Checked);
+    writeCheckState(keys::glanceProportion, Qt::Unchecked);
+    writeStored(keys::exportAppendInfo, 2); // a number, no flag
+    QCOMPARE(storedFlags(), QSet({keys::verticalActivity.key, keys::glanceFrequency.key}));
 }
 
 void TestSettingsStore::missingValuesReadAsNothing()

@@ -9,6 +9,7 @@
 #include "visualization/shapes/SaccadeShapes.h"
 #include "visualization/shapes/TransitionShapes.h"
 
+#include <QSet>
 #include <QTest>
 
 class TestDrawingModes : public QObject {
@@ -17,6 +18,7 @@ private Q_SLOTS:
     void namesInTheOrderOfStoredValues();
     void buildersOfWhatIsDrawn();
     void wordsSayWhetherSomethingIsDrawn();
+    void whatIsDrawnHasAReport();
     void nothingBeyondTheTable_data();
     void nothingBeyondTheTable();
 };
@@ -94,6 +96,20 @@ void TestDrawingModes::wordsSayWhetherSomethingIsDrawn()
             }
             const bool saysDrawn = names(mode.words.own) || names(mode.words.cumulative);
             QVERIFY2(saysDrawn != std::holds_alternative<std::monostate>(mode.build), mode.name.data());
+        }
+    }
+}
+
+void TestDrawingModes::whatIsDrawnHasAReport()
+{
+    for (const DataKind kind : allDataKinds) {
+        QSet<QLatin1StringView> words;
+        for (const DataMode &mode : drawingModes(kind)) {
+            const bool draws = !std::holds_alternative<std::monostate>(mode.build);
+            QVERIFY2((mode.report.lines != nullptr) == draws, mode.name.data());
+            QVERIFY2(mode.report.word.isEmpty() != draws, mode.name.data());
+            QVERIFY2(!words.contains(mode.report.word), mode.name.data());
+            words << mode.report.word;
         }
     }
 }

@@ -43,8 +43,7 @@ void TestVisualizationKinds::kind()
     const TemporarySettings settings;
     const VisualizationParameters stored = kind.stored();
     QTEST(stored.settingsPath, "path");
-    QCOMPARE(stored.settingsName, QString(kind.settingsName));
-    QTEST(QString(kind.settingsName), "name");
+    QTEST(stored.settingsName, "name");
     QTEST(QString(kind.sizeLabel), "size");
     QTEST(kind.modeNames().join(u','), "modes");
     QCOMPARE(static_cast<int>(kind.kind), number);

@@ -6,25 +6,30 @@
 
 #include <QUndoCommand>
 
+/// What a kind of table is called.
+struct TableName {
+    QLatin1StringView caption; ///< in the undo view
+    QLatin1StringView word;    ///< in the batch program and in recipes
+};
+
 /// An export as a step of the undo stack. Its redo writes the files, each time anew; its undo leaves them where they
 /// are.
 class ExportCommand : public QUndoCommand {
 public:
     using Export = ExportResult (*)(DataModel &, const ExportTarget &);
 
-    /// @param kind   what is exported, as the undo view has it.
     /// @param model  must outlive the command.
-    ExportCommand(QLatin1StringView kind, Export write, DataModel &model, const ExportTarget &target);
+    ExportCommand(const TableName &name, Export write, DataModel &model, const ExportTarget &target);
 
     void redo() override { m_write(m_model, m_target); }
     void undo() override {}
 
     /// The table by its word in the batch program.
-    QString word() const;
+    QString word() const { return m_word; }
     const ExportTarget &target() const { return m_target; }
 
 private:
-    const QLatin1StringView m_kind;
+    const QLatin1StringView m_word;
     const Export m_write;
     DataModel &m_model;
     const ExportTarget m_target;
@@ -34,17 +39,21 @@ private:
 template <auto Write>
 class TableExportCommand : public ExportCommand {
 public:
-    TableExportCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
+    TableExportCommand(const TableName &name, DataModel &model, const ExportTarget &target)
         : ExportCommand(
-              kind, [](DataModel &exported, const ExportTarget &files) { return Write(exported, files); }, model,
+              name, [](DataModel &exported, const ExportTarget &files) { return Write(exported, files); }, model,
               target)
     {
     }
 };
 
+/// With the columns that the store says.
+ExportResult writeGeneralStatistics(const DataModel &model, const ExportTarget &target);
+ExportResult writeAoiStatistics(const DataModel &model, const ExportTarget &target);
+
 using CommandExportFixations = TableExportCommand<exportFixations>;
 using CommandExportClusters = TableExportCommand<exportClusters>;
 using CommandExportEvents = TableExportCommand<exportEvents>;
 using CommandExportCumulativeClusters = TableExportCommand<exportCumulativeClusters>;
-using CommandExportGeneralStatistics = TableExportCommand<exportGeneralStatistics>;
-using CommandExportAoiStatistics = TableExportCommand<exportAoiStatistics>;
+using CommandExportGeneralStatistics = TableExportCommand<writeGeneralStatistics>;
+using CommandExportAoiStatistics = TableExportCommand<writeAoiStatistics>;

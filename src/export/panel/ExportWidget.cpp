@@ -2,7 +2,7 @@
 #include "export/panel/ExportWidget.h"
 
 #include "base/SideBySide.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/bids/BidsExport.h"
 #include "export/panel/ExportedTable.h"
 #include "export/panel/ExportForm.h"
@@ -41,14 +41,17 @@ using Text = QLatin1StringView;
 
 /// In the order of the form, which is that of writing.
 constexpr ExportedTable<Ui::ExportWidget> tableKinds[] = {
-    {&Ui::ExportWidget::fixationCheckBox, Text("fixations"), newTableCommand<exportFixations>},
-    {&Ui::ExportWidget::clusterCheckBox, Text("clusters"), newTableCommand<exportClusters>},
-    {&Ui::ExportWidget::eventCheckBox, Text("events"), newTableCommand<exportEvents>},
-    {&Ui::ExportWidget::cumulativeClusterCheckBox, Text("cumulative clusters"),
+    {&Ui::ExportWidget::fixationCheckBox, {Text("fixations"), Text("fixations")}, newTableCommand<exportFixations>},
+    {&Ui::ExportWidget::clusterCheckBox, {Text("clusters"), Text("clusters")}, newTableCommand<exportClusters>},
+    {&Ui::ExportWidget::eventCheckBox, {Text("events"), Text("events")}, newTableCommand<exportEvents>},
+    {&Ui::ExportWidget::cumulativeClusterCheckBox,
+     {Text("cumulative clusters"), Text("cumulative-clusters")},
      newTableCommand<exportCumulativeClusters>},
-    {&Ui::ExportWidget::tidyCheckBox, Text("tidy tables"), newTableCommand<writeTidy>},
-    {&Ui::ExportWidget::tidySamplesCheckBox, Text("tidy samples"), newTableCommand<writeTidySamples>},
-    {&Ui::ExportWidget::bidsCheckBox, Text("BIDS"), newTableCommand<writeBids>},
+    {&Ui::ExportWidget::tidyCheckBox, {Text("tidy tables"), Text("tidy")}, newTableCommand<writeTidy>},
+    {&Ui::ExportWidget::tidySamplesCheckBox,
+     {Text("tidy samples"), Text("tidy-samples")},
+     newTableCommand<writeTidySamples>},
+    {&Ui::ExportWidget::bidsCheckBox, {Text("BIDS"), Text("bids")}, newTableCommand<writeBids>},
 };
 
 /// A kind of chart and the signal that asks for it.

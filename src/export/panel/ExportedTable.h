@@ -8,18 +8,18 @@
 
 #include <cstddef>
 
-/// A kind of table on a form: its check box, its name in the undo view, its command.
+/// A kind of table on a form: its check box, its name, its command.
 template <class Form>
 struct ExportedTable {
     QCheckBox *Form::*box;
-    QLatin1StringView caption;
-    QUndoCommand *(*command)(QLatin1StringView, DataModel &, const ExportTarget &);
+    TableName name;
+    QUndoCommand *(*command)(const TableName &, DataModel &, const ExportTarget &);
 };
 
 template <auto Write>
-QUndoCommand *newTableCommand(QLatin1StringView kind, DataModel &model, const ExportTarget &target)
+QUndoCommand *newTableCommand(const TableName &name, DataModel &model, const ExportTarget &target)
 {
-    return new TableExportCommand<Write>(kind, model, target);
+    return new TableExportCommand<Write>(name, model, target);
 }
 
 /// Writes the tables whose boxes are checked, in the order of the kinds; none without a model.
@@ -28,6 +28,6 @@ void pushChosen(const Form &form, const ExportedTable<Form> (&kinds)[N], DataMod
 {
     for (const ExportedTable<Form> &kind : kinds) {
         if (model && (form.*kind.box)->isChecked())
-            CommandStack::instance().push(kind.command(kind.caption, *model, target));
+            CommandStack::instance().push(kind.command(kind.name, *model, target));
     }
 }

@@ -2,7 +2,7 @@
 #include "export/panel/GroupComparisonWidget.h"
 
 #include "base/Messages.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/MeasureExport.h"
 #include "export/panel/GroupColumns.h"
 #include "settings/StoredKeys.h"

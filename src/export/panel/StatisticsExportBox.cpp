@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/panel/StatisticsExportBox.h"
 
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "export/MeasureExport.h"
 #include "export/panel/ExportedTable.h"
 #include "export/panel/ExportForm.h"
 #include "export/QualityExport.h"
-#include "export/StatisticsExport.h"
 #include "settings/StoredKeys.h"
 #include "ui_StatisticsExportBox.h"
 
@@ -52,15 +51,27 @@ ExportResult writeQuality(const DataModel &model, const ExportTarget &target)
 }
 
 constexpr ExportedTable<Form> requiredTables[] = {
-    {&Form::generalCheckBox, QLatin1StringView("general statistics"), newTableCommand<exportGeneralStatistics>},
-    {&Form::aoiCheckBox, QLatin1StringView("AOI statistics"), newTableCommand<exportAoiStatistics>},
+    {&Form::generalCheckBox,
+     {QLatin1StringView("general statistics"), QLatin1StringView("general-statistics")},
+     newTableCommand<writeGeneralStatistics>},
+    {&Form::aoiCheckBox,
+     {QLatin1StringView("AOI statistics"), QLatin1StringView("aoi-statistics")},
+     newTableCommand<writeAoiStatistics>},
 };
 
 constexpr ExportedTable<Form> tidyTables[] = {
-    {&Form::aoiMeasuresCheckBox, QLatin1StringView("AOI measures"), newTableCommand<writeAoiMeasures>},
-    {&Form::scanpathMeasuresCheckBox, QLatin1StringView("scanpath measures"), newTableCommand<writeScanpathMeasures>},
-    {&Form::groupComparisonCheckBox, QLatin1StringView("group comparison"), newTableCommand<writeGroupComparison>},
-    {&Form::qualityCheckBox, QLatin1StringView("data quality"), newTableCommand<writeQuality>},
+    {&Form::aoiMeasuresCheckBox,
+     {QLatin1StringView("AOI measures"), QLatin1StringView("aoi-measures")},
+     newTableCommand<writeAoiMeasures>},
+    {&Form::scanpathMeasuresCheckBox,
+     {QLatin1StringView("scanpath measures"), QLatin1StringView("scanpath-measures")},
+     newTableCommand<writeScanpathMeasures>},
+    {&Form::groupComparisonCheckBox,
+     {QLatin1StringView("group comparison"), QLatin1StringView("group-comparison")},
+     newTableCommand<writeGroupComparison>},
+    {&Form::qualityCheckBox,
+     {QLatin1StringView("data quality"), QLatin1StringView("quality")},
+     newTableCommand<writeQuality>},
 };
 
 } // namespace

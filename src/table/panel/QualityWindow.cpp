@@ -2,7 +2,7 @@
 #include "table/panel/QualityWindow.h"
 
 #include "commands/CommandStack.h"
-#include "detection/PixelSize.h"
+#include "detection/StoredGeometry.h"
 #include "settings/StoredKeys.h"
 #include "settings/WindowMemory.h"
 #include "table/QualityLimits.h"

@@ -32,8 +32,9 @@ Drawing outlinesAndShares(const DrawingContext &context)
 constexpr AoiMode modes[] = {
     {"none"_L1},
     {"Outlined"_L1, aoiOutlineDrawing, outlineOptions},
-    {"Transition Diagramm"_L1, aoiOutlineDrawing, outlineOptions | AoiModeOption::TransitionType}, // sic
-    {"Transitions"_L1, aoiTransitionDrawing, transitionOptions},
+    {"Transition Diagramm"_L1, // sic
+     aoiOutlineDrawing, outlineOptions | AoiModeOption::TransitionType, "Transition diagram(external)"_L1},
+    {"Transitions"_L1, aoiTransitionDrawing, transitionOptions, "Transition diagram(internally)"_L1},
     {"Time dependent transitions"_L1, aoiChart<aoiTransitionChart>, chartOptions | AoiModeOption::TransitionType},
     {"Fixations over time"_L1, aoiChart<aoiFixationChart>, chartOptions},
     {"Transitions over time"_L1, aoiChart<aoiTransitionPairChart>,

@@ -30,6 +30,7 @@ struct AoiMode {
     QLatin1StringView name;                             ///< as the panel's combo box shows it
     Drawing (*build)(const DrawingContext &) = nullptr; ///< null where nothing is drawn
     AoiModeOptions options = {};
+    QLatin1StringView report{}; ///< its name in the calculation report, where it has another one there
 };
 
 std::span<const AoiMode> aoiModes();

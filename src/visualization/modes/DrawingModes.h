@@ -36,6 +36,12 @@ struct DrawnWords {
     QLatin1StringView cumulative{}; ///< for the clusters of several examinations
 };
 
+/// What the calculation report tells of a mode; null where nothing is drawn.
+struct ModeReport {
+    QLatin1StringView word{};
+    QString (*lines)(const VisualizationParameters &) = nullptr; ///< what follows the word
+};
+
 /// One way of drawing what a record describes; all that is known of it. The place in its table is the stored number of
 /// the mode.
 struct DataMode {
@@ -43,6 +49,7 @@ struct DataMode {
     ModeBuild build{};      ///< empty where nothing is drawn
     DrawnWords words{};
     QList<ShownOption> (*options)(const VisualizationParameters &) = nullptr; ///< what the panel shows; null: nothing
+    ModeReport report{};
 };
 
 /// The modes of a kind of data.

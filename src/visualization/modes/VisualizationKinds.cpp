@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/modes/VisualizationKinds.h"
 
+#include "model/Group.h"
+
 #include <algorithm>
 
 namespace {
@@ -8,10 +10,10 @@ namespace {
 using Qt::StringLiterals::operator""_L1;
 
 constexpr VisualizationKind kindRows[] = {
-    {DataKind::GazePoints, gazePointParameters, "GazepointVisualization"_L1, "Points size:"_L1},
-    {DataKind::Fixations, fixationParameters, "FixationVisualization"_L1, "Circle size:"_L1},
-    {DataKind::Clusters, clusterParameters, "FixationclusterVisualization"_L1, "Circles size:"_L1},
-    {DataKind::Saccades, saccadeParameters, "SaccadeVisualization"_L1, "Line thickness:"_L1},
+    {DataKind::GazePoints, gazePointParameters, "Points size:"_L1},
+    {DataKind::Fixations, fixationParameters, "Circle size:"_L1},
+    {DataKind::Clusters, clusterParameters, "Circles size:"_L1},
+    {DataKind::Saccades, saccadeParameters, "Line thickness:"_L1},
 };
 
 } // namespace
@@ -31,7 +33,7 @@ std::span<const VisualizationKind, allDataKinds.size()> visualizationKinds()
 
 DataKind visualizationKindOf(const QString &settingsName)
 {
-    const auto found = std::find_if(std::begin(kindRows), std::end(kindRows),
-                                    [&](const VisualizationKind &row) { return row.settingsName == settingsName; });
-    return found == std::end(kindRows) ? DataKind::GazePoints : found->kind;
+    const auto found = std::find_if(allDataKinds.begin(), allDataKinds.end(),
+                                    [&](DataKind kind) { return Group::kindNames[kind] == settingsName; });
+    return found == allDataKinds.end() ? DataKind::GazePoints : *found;
 }

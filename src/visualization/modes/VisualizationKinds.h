@@ -12,7 +12,6 @@ struct VisualizationKind {
 
     DataKind kind;
     VisualizationParameters (*stored)(); ///< its record, as the store has it
-    QLatin1StringView settingsName;      ///< its name in the colour maps of groups
     QLatin1StringView sizeLabel;
 };
 

@@ -3,10 +3,9 @@
 
 Group::ColorTable groupColors(const DrawingRecords &records)
 {
-    static constexpr ByDataKind<const char *> entries{{"gazepoints", "fixations", "fixationClusters", "saccades"}};
     Group::ColorTable colors;
     for (const DataKind kind : allDataKinds) {
-        const QString entry = QString::fromLatin1(entries[kind]);
+        const QString entry = Group::tableNames[kind];
         colors[entry + QStringLiteral("Left")] = records[kind]->fillColorLeft;
         colors[entry + QStringLiteral("Right")] = records[kind]->fillColorRight;
         colors[entry + QStringLiteral("Dominant")] = records[kind]->fillColor;

@@ -28,23 +28,22 @@ VisualizationParameters loadedParameters(const QString &settingsPath, const QStr
 
 VisualizationParameters gazePointParameters()
 {
-    return loadedParameters(QStringLiteral("Visualization/Gazepoint"), QStringLiteral("GazepointVisualization"));
+    return loadedParameters(QStringLiteral("Visualization/Gazepoint"), Group::kindNames[DataKind::GazePoints]);
 }
 
 VisualizationParameters fixationParameters()
 {
-    return loadedParameters(QStringLiteral("Visualization/Fixation"), QStringLiteral("FixationVisualization"));
+    return loadedParameters(QStringLiteral("Visualization/Fixation"), Group::kindNames[DataKind::Fixations]);
 }
 
 VisualizationParameters clusterParameters()
 {
-    return loadedParameters(QStringLiteral("Visualization/Fixationcluster"),
-                            QStringLiteral("FixationclusterVisualization"));
+    return loadedParameters(QStringLiteral("Visualization/Fixationcluster"), Group::kindNames[DataKind::Clusters]);
 }
 
 VisualizationParameters saccadeParameters()
 {
-    return loadedParameters(QStringLiteral("Visualization/Saccade"), QStringLiteral("SaccadeVisualization"));
+    return loadedParameters(QStringLiteral("Visualization/Saccade"), Group::kindNames[DataKind::Saccades]);
 }
 
 QColor borderColorFor(const QColor &fill, int borderType)

@@ -12,7 +12,7 @@ struct VisualizationParameters {
     bool operator==(const VisualizationParameters &) const = default;
 
     QString settingsPath; ///< first part of the keys, such as "Visualization/Fixation"
-    QString settingsName; ///< kind of data, as in the colour maps of groups: "FixationVisualization" and so on
+    QString settingsName; ///< kind of data, as in the colour maps of groups: one of `Group::kindNames`
 
     // Not stored: they start anew with each run.
     bool gaussianSaccades = false;
