@@ -4,6 +4,9 @@
 #include "settings/WindowMemory.h"
 
 #include <QSplitter>
+#include <QTabBar>
+
+#include <algorithm>
 
 namespace {
 
@@ -11,6 +14,13 @@ constexpr int shares[] = {1, 4, 2}; // of the width: table, picture, panels
 
 const QString windowName = QStringLiteral("Window");
 const QString panesName = QStringLiteral("Panes");
+
+/// So that no tab hides.
+int tabsWidth(const QSplitter &panes)
+{
+    const auto *tabs = panes.widget(2)->findChild<QTabBar *>();
+    return tabs ? tabs->sizeHint().width() : 0;
+}
 
 } // namespace
 
@@ -20,7 +30,7 @@ void dividePanes(QSplitter &panes, int widthPx)
         panes.setStretchFactor(pane, shares[pane]);
     constexpr int tableCharacters = 52;
     const int table = tableCharacters * panes.fontMetrics().averageCharWidth();
-    const int panels = widthPx * shares[2] / (shares[0] + shares[1] + shares[2]);
+    const int panels = std::max(widthPx * shares[2] / (shares[0] + shares[1] + shares[2]), tabsWidth(panes));
     panes.setSizes({table, widthPx - table - panels, panels});
 }
 

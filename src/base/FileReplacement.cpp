@@ -37,7 +37,7 @@ bool FileReplacement::write(const QByteArray &bytes)
 {
     if (m_problem || (!m_file && !open()))
         return false;
-    return m_file->write(bytes) == bytes.size() || fail(m_file->errorString());
+    return m_file->write(bytes) == bytes.size() || fail(writeProblem());
 }
 
 std::optional<QString> FileReplacement::commit()
@@ -45,7 +45,9 @@ std::optional<QString> FileReplacement::commit()
     if (!m_problem && !m_file)
         open();
     // What is still in the buffer can fail, too, and the commit alone would not tell.
-    if (!m_problem && !(m_file->flush() && m_file->commit()))
+    if (!m_problem && !m_file->flush())
+        fail(writeProblem());
+    if (!m_problem && !m_file->commit())
         fail(m_file->errorString());
     if (!m_problem && m_links == Links::Replaced)
         moveOverLink();
@@ -60,6 +62,16 @@ bool FileReplacement::open()
         return fail(QStringLiteral("it is not a regular file"));
     m_file = std::make_unique<QSaveFile>(m_links == Links::Replaced ? besideLink(m_path) : m_path);
     return m_file->open(QIODevice::WriteOnly) || fail(m_file->errorString());
+}
+
+/// Where a disk takes the first part of some bytes, the system tells the reason with the next bytes only.
+QString FileReplacement::writeProblem()
+{
+    if (m_file->error() == QFileDevice::NoError) {
+        m_file->write("\n");
+        m_file->flush();
+    }
+    return m_file->errorString();
 }
 
 /// What is written from here on would not be whole.
@@ -86,6 +98,15 @@ std::optional<QString> replaceFile(const QString &path, const QByteArray &bytes)
     FileReplacement file(path);
     file.write(bytes);
     return file.commit();
+}
+
+std::optional<QString> makeFolder(const QString &path)
+{
+    std::error_code error;
+    std::filesystem::create_directories(nativePath(path), error);
+    if (error)
+        return QStringLiteral("the folder cannot be made: ") + QString::fromLocal8Bit(error.message());
+    return std::nullopt;
 }
 
 QString writeFailure(const QString &path, const QString &reason)

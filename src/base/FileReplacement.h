@@ -39,6 +39,7 @@ public:
 private:
     bool open();
     bool fail(const QString &reason);
+    QString writeProblem();
     void moveOverLink();
 
     QString m_path;
@@ -51,6 +52,11 @@ private:
 ///
 /// @return what went wrong, in words for the user; nothing if the file is written.
 std::optional<QString> replaceFile(const QString &path, const QByteArray &bytes);
+
+/// Makes a folder and those above it; one that is there is right, too.
+///
+/// @return what went wrong, in words for the user: "the folder cannot be made: Permission denied".
+std::optional<QString> makeFolder(const QString &path);
 
 /// "a.png could not be written: the disk is full"
 QString writeFailure(const QString &path, const QString &reason);

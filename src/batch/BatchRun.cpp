@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/BatchRun.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "base/SideBySide.h"
@@ -27,7 +28,6 @@
 #include "settings/StoredKeys.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 
@@ -163,9 +163,9 @@ std::optional<UsageError> BatchRun::chooseLayout()
 /// After all other checks: a run that is refused leaves nothing behind.
 std::optional<UsageError> BatchRun::makeOutputFolder() const
 {
-    if (QDir().mkpath(m_options.outputFolder))
-        return std::nullopt;
-    return UsageError{QStringLiteral("--out %1: the folder cannot be made").arg(m_options.outputFolder)};
+    if (const auto problem = makeFolder(m_options.outputFolder))
+        return UsageError{QStringLiteral("--out %1: %2").arg(m_options.outputFolder, *problem)};
+    return std::nullopt;
 }
 
 std::optional<UsageError> BatchRun::chooseSettings()

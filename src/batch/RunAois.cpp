@@ -139,7 +139,7 @@ void exportAois(RunState &run)
     else if (writeAois(aois, path))
         run.journal.keep(path);
     else
-        run.journal.fail(areasTitle, QStringLiteral("%1 could not be written.").arg(path));
+        run.journal.fail(); // the writer told why
 }
 
 void exportSaliency(RunState &run)

@@ -2,6 +2,7 @@
 #include "batch/RunPictures.h"
 
 #include "aoi/AoiThumbnail.h"
+#include "base/FileReplacement.h"
 #include "base/NamedPlace.h"
 #include "batch/CalculationRows.h"
 #include "batch/PictureCheck.h"
@@ -16,7 +17,6 @@
 #include "visualization/scene/Background.h"
 #include "visualization/scene/DrawingPass.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
@@ -183,9 +183,12 @@ void exportAoiImages(RunState &run)
         return;
     const QString title = QStringLiteral("AOI images");
     QList<AreaOfInterest> areas = run.model.aoiList();
-    if (areas.isEmpty() || !QDir().mkpath(folder)) {
-        run.journal.fail(title, areas.isEmpty() ? QStringLiteral("There is no area of interest.")
-                                                : QStringLiteral("%1: the folder cannot be made.").arg(folder));
+    if (areas.isEmpty()) {
+        run.journal.fail(title, QStringLiteral("There is no area of interest."));
+        return;
+    }
+    if (const auto problem = makeFolder(folder)) {
+        run.journal.fail(title, QStringLiteral("%1: %2").arg(folder, *problem));
         return;
     }
     const Border border = run.options.noBorder ? Border::None : Border::Black;

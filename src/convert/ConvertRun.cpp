@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "convert/ConvertRun.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "base/SideBySide.h"
 #include "import/conversion/TableReport.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 
@@ -63,8 +63,8 @@ std::optional<UsageError> ConvertRun::prepare()
     m_request = std::get<LayoutRequest>(std::move(request));
     if (QFileInfo(m_options.layout).isFile())
         m_journal.addInput(m_options.layout, u"layout"_s);
-    if (!QDir().mkpath(m_options.outputFolder))
-        return UsageError{u"--out %1: the folder cannot be made"_s.arg(m_options.outputFolder)};
+    if (const auto problem = makeFolder(m_options.outputFolder))
+        return UsageError{u"--out %1: %2"_s.arg(m_options.outputFolder, *problem)};
     for (const QString &path : m_options.tables)
         m_used.insert(usedName(path), path);
     return std::nullopt;

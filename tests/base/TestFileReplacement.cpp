@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cerrno>
 #include <sys/stat.h>
 
 class TestFileReplacement : public QObject {
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void refusesWhatIsNoFile();
     void piecesAppearTogether();
     void fullDiskKeepsTheOlderFile();
+    void foldersAndWhyNot();
     void aLinkIsFollowedOrReplaced();
 };
 
@@ -88,9 +90,21 @@ void TestFileReplacement::fullDiskKeepsTheOlderFile()
         file.write(QByteArray(100'000, 'x'));
         problem = file.commit();
     }
-    QVERIFY(problem && !problem->isEmpty());
+    QCOMPARE(problem, qt_error_string(EFBIG)); // though a part of the bytes was taken
     QCOMPARE(contentOf(path), QByteArray("older"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+}
+
+void TestFileReplacement::foldersAndWhyNot()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("file"));
+    QCOMPARE(replaceFile(file, "x"), std::nullopt);
+    QCOMPARE(makeFolder(folder.filePath(QStringLiteral("a/b"))), std::nullopt);
+    QVERIFY(QFileInfo(folder.filePath(QStringLiteral("a/b"))).isDir());
+    QCOMPARE(makeFolder(folder.path()), std::nullopt);
+    QCOMPARE(makeFolder(file + QStringLiteral("/b")),
+             QStringLiteral("the folder cannot be made: ") + qt_error_string(ENOTDIR));
 }
 
 void TestFileReplacement::aLinkIsFollowedOrReplaced()

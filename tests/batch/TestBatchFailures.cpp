@@ -122,9 +122,9 @@ void TestBatchFailures::refusedCalls_data()
     row("a background that is no picture", "--out tables --background study/S01.set study/S01.data",
         "--background study/S01.set: not a picture");
     row("a file where the output folder should be", "--out study/S01.set --export events study/S01.data",
-        "--out study/S01.set: the folder cannot be made");
+        "--out study/S01.set: the folder cannot be made: Not a directory");
     row("an output folder below a file", "--out study/S01.set/tables --export events study/S01.data",
-        "--out study/S01.set/tables: the folder cannot be made");
+        "--out study/S01.set/tables: the folder cannot be made: Not a directory");
     row("a unit for another detector", "--detector gaussian --velocity-unit percentile study/S01.data",
         "--velocity-unit: only with --detector velocity");
 }

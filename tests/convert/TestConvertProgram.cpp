@@ -248,7 +248,7 @@ void TestConvertProgram::usage_data()
                                     << u"vistrum-import: --layout nobodys: no layout of this name"_s;
     QTest::newRow("a layout that is none") << u"--layout ann.csv ann.csv"_s << u"vistrum-import: --layout ann.csv: "_s;
     QTest::newRow("no folder") << u"--layout mine.layout.json --out ann.csv/x ann.csv"_s
-                               << u"vistrum-import: --out ann.csv/x: the folder cannot be made"_s;
+                               << u"vistrum-import: --out ann.csv/x: the folder cannot be made: Not a directory"_s;
 }
 
 void TestConvertProgram::usage()

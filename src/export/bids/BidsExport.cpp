@@ -135,8 +135,8 @@ void write(const BidsFiles &files, const QString &folder, ExportResult &result)
 {
     for (const BidsFile &each : files) {
         const QString path = folder + u'/' + each.name;
-        if (!QDir().mkpath(path.section(u'/', 0, -2))) {
-            result.refuse(path, u"its folder cannot be made"_s);
+        if (const auto problem = makeFolder(path.section(u'/', 0, -2))) {
+            result.refuse(path, *problem);
             continue;
         }
         FileReplacement file(path, Links::Replaced);
