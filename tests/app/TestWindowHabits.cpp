@@ -18,6 +18,7 @@
 #include <QMimeData>
 #include <QSpinBox>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTextBrowser>
 #include <QTimer>
 #include <QToolBox>
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void aPictureThatCannotBeReadIsTold();
     void placeAndPanesAreRemembered();
     void thePaneOfTheTableIsWideEnough();
+    void allTabsAreSeen();
     void thePageOfTheOverlapMethodFits();
     void filesAndFoldersAreImported();
     void droppedFilesAreImported();
@@ -362,6 +364,14 @@ void TestWindowHabits::thePaneOfTheTableIsWideEnough()
     const QRect group = table->visualRect(table->model()->index(0, 4));
     QVERIFY2(group.right() <= table->viewport()->width(),
              qPrintable(QStringLiteral("%1 of %2").arg(group.right()).arg(table->viewport()->width())));
+}
+
+void TestWindowHabits::allTabsAreSeen()
+{
+    openOnASmallScreen();
+    const auto *tabs = find<QTabWidget>("tabWidget")->tabBar();
+    QTRY_VERIFY2(tabs->width() >= tabs->sizeHint().width(),
+                 qPrintable(QStringLiteral("%1 of %2").arg(tabs->width()).arg(tabs->sizeHint().width())));
 }
 
 /// It has the longest text of all buttons.
