@@ -285,7 +285,8 @@ void TestBatchAois::failures_data()
     row("no area to write", "--aois-out out.aoi", "There is no area of interest: out.aoi is not written.");
     row("no clusters", "--generate-aois clusters", "There are no cumulative clusters");
     row("nothing to search in", "--generate-aois regions --regions source=clusters", "nothing to search regions in");
-    row("no folder", "--generate-aois grid --aois-out nowhere/out.aoi", "nowhere/out.aoi could not be written.");
+    row("no folder", "--generate-aois grid --aois-out nowhere/out.aoi",
+        "nowhere/out.aoi could not be written: No such file or directory");
 }
 
 void TestBatchAois::failures()
