@@ -56,15 +56,20 @@ void TestFixationKernel::sameAsThePlainRaster()
         QVERIFY(kernel.build(event));
         const std::vector<double> found = rasterOf(kernel);
         const std::vector<double> expected = plain::fixationKernel(event, size); // each cell as a share of the sum
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            const double share = found[i] / kernel.mass();
-            QVERIFY2(std::abs(share - expected[i]) <= 1e-12 * expected[i] + 1e-290,
-                     qPrintable(QStringLiteral("event %1, cell %2: %3, expected %4")
-                                    .arg(n)
-                                    .arg(i)
-                                    .arg(share, 0, 'g', 17)
-                                    .arg(expected[i], 0, 'g', 17)));
-        }
+        const double mass = kernel.mass();
+        const auto share = [&](std::size_t cell) { return found[cell] / mass; };
+        const auto isRight = [&](std::size_t cell) {
+            return std::abs(share(cell) - expected[cell]) <= 1e-12 * expected[cell] + 1e-290;
+        };
+        std::size_t cell = 0;
+        while (cell < found.size() && isRight(cell))
+            ++cell;
+        if (cell < found.size()) // a text for each cell would take longer than all the rest
+            QFAIL(qPrintable(QStringLiteral("event %1, cell %2: %3, expected %4")
+                                 .arg(n)
+                                 .arg(cell)
+                                 .arg(share(cell), 0, 'g', 17)
+                                 .arg(expected[cell], 0, 'g', 17)));
     }
 }
 
