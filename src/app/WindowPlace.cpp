@@ -3,6 +3,7 @@
 
 #include "settings/WindowMemory.h"
 
+#include <QLayout>
 #include <QSplitter>
 #include <QTabBar>
 
@@ -31,7 +32,9 @@ void dividePanes(QSplitter &panes, int widthPx)
     constexpr int tableCharacters = 52;
     const int table = tableCharacters * panes.fontMetrics().averageCharWidth();
     const int panels = std::max(widthPx * shares[2] / (shares[0] + shares[1] + shares[2]), tabsWidth(panes));
-    panes.setSizes({table, widthPx - table - panels, panels});
+    const QMargins around = panes.parentWidget()->layout()->contentsMargins();
+    const int unused = around.left() + around.right() + 2 * panes.handleWidth();
+    panes.setSizes({table, widthPx - unused - table - panels, panels});
 }
 
 bool restorePlace(QWidget &window, QSplitter &panes)

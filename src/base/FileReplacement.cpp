@@ -67,10 +67,8 @@ bool FileReplacement::open()
 /// Where a disk takes the first part of some bytes, the system tells the reason with the next bytes only.
 QString FileReplacement::writeProblem()
 {
-    if (m_file->error() == QFileDevice::NoError) {
-        m_file->write("\n");
-        m_file->flush();
-    }
+    m_file->write("\n");
+    m_file->flush();
     return m_file->errorString();
 }
 

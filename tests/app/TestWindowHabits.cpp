@@ -92,6 +92,7 @@ private Q_SLOTS:
     void aPictureThatCannotBeReadIsTold();
     void placeAndPanesAreRemembered();
     void thePaneOfTheTableIsWideEnough();
+    void allTabsAreSeen_data();
     void allTabsAreSeen();
     void thePageOfTheOverlapMethodFits();
     void filesAndFoldersAreImported();
@@ -366,9 +367,18 @@ void TestWindowHabits::thePaneOfTheTableIsWideEnough()
              qPrintable(QStringLiteral("%1 of %2").arg(group.right()).arg(table->viewport()->width())));
 }
 
+void TestWindowHabits::allTabsAreSeen_data()
+{
+    QTest::addColumn<bool>("isSmallScreen");
+    QTest::newRow("as the window is made") << false;
+    QTest::newRow("1366 pixels") << true;
+}
+
 void TestWindowHabits::allTabsAreSeen()
 {
-    openOnASmallScreen();
+    QFETCH(bool, isSmallScreen);
+    if (isSmallScreen)
+        openOnASmallScreen();
     const auto *tabs = find<QTabWidget>("tabWidget")->tabBar();
     QTRY_VERIFY2(tabs->width() >= tabs->sizeHint().width(),
                  qPrintable(QStringLiteral("%1 of %2").arg(tabs->width()).arg(tabs->sizeHint().width())));

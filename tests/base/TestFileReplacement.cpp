@@ -16,6 +16,7 @@ private Q_SLOTS:
     void keepsTheOldFileOnFailure();
     void refusesWhatIsNoFile();
     void piecesAppearTogether();
+    void fullDiskKeepsTheOlderFile_data();
     void fullDiskKeepsTheOlderFile();
     void foldersAndWhyNot();
     void aLinkIsFollowedOrReplaced();
@@ -77,8 +78,16 @@ void TestFileReplacement::piecesAppearTogether()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
 }
 
+void TestFileReplacement::fullDiskKeepsTheOlderFile_data()
+{
+    QTest::addColumn<int>("second");
+    QTest::newRow("straight to the disk") << 100'000;
+    QTest::newRow("from the buffer") << 80;
+}
+
 void TestFileReplacement::fullDiskKeepsTheOlderFile()
 {
+    QFETCH(int, second);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a"));
     QCOMPARE(replaceFile(path, "older"), std::nullopt);
@@ -87,7 +96,7 @@ void TestFileReplacement::fullDiskKeepsTheOlderFile()
         const FullDisk disk(100);
         FileReplacement file(path);
         file.write(QByteArray(60, 'x'));
-        file.write(QByteArray(100'000, 'x'));
+        file.write(QByteArray(second, 'x'));
         problem = file.commit();
     }
     QCOMPARE(problem, qt_error_string(EFBIG)); // though a part of the bytes was taken
