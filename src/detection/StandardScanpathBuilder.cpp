@@ -9,22 +9,22 @@
 
 #include <QStringList>
 
-#include <ranges>
 #include <span>
 
 namespace {
 
 constexpr int filterLength = 1; // no filtering
 
-constexpr QLatin1StringView violated("Fixation calculation invariant violated!");
 constexpr QLatin1StringView tooShort("Fixation too short!");
 constexpr QLatin1StringView tooManyOutliers("Fixation with too many outliers!");
 
 QList<GazePoint> copiesOf(std::span<const WorkSample *const> records)
 {
-    const auto sources =
-        records | std::views::transform([](const WorkSample *record) -> const GazePoint & { return *record->source; });
-    return {sources.begin(), sources.end()};
+    QList<GazePoint> copies;
+    copies.reserve(std::ssize(records));
+    for (const WorkSample *record : records)
+        copies.append(*record->source);
+    return copies;
 }
 
 QPoint centroidOf(std::span<const WorkSample *const> records)
@@ -96,6 +96,7 @@ void StandardScanpathBuilder::checkInvariants()
 {
     if (m_state != State::Growing)
         return;
+    const QString violated = QStringLiteral("Fixation calculation invariant violated!");
     if (m_window.durationMs() < m_parameters.minimumDurationMs)
         messages::critical(tooShort, violated);
     if (!m_window.fits())
