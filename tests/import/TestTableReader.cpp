@@ -167,16 +167,16 @@ void TestTableReader::everyPieceBoundary()
 {
     const TableLayout layout =
         table_writer::with([](TableLayout &each) { each.split << TableColumn::named(QStringLiteral("recording")); });
-    QByteArray bytes = table_writer::tableText(
-        {{QStringLiteral("ann"), table_writer::gaze(6, 6)}, {QStringLiteral("\"b,b\""), table_writer::gaze(3, 7)}},
-        layout);
+    QByteArray bytes = table_writer::tableText({{QStringLiteral("ann"), table_writer::gaze(6, 6)},
+                                                {QStringLiteral("\"b,b\U0001D11E\""), table_writer::gaze(3, 7)}},
+                                               layout);
     bytes.replace("\n", "\r\n");
     bytes.chop(2); // the last line has no end
     const TableContent whole = table_writer::content(table_writer::read(bytes, layout));
     QCOMPARE(whole.recordings.size(), 2);
     QCOMPARE(whole.recordings[0].samples.size(), 6);
     QCOMPARE(whole.recordings[1].samples.size(), 3);
-    QCOMPARE(whole.recordings[1].name, QStringLiteral("p01_b,b"));
+    QCOMPARE(whole.recordings[1].name, QStringLiteral("p01_b,b\U0001D11E")); // in UTF-16 two units
     const QByteArray wide = table_writer::encoded(bytes, TableEncoding::Utf16LittleEndian);
     for (qsizetype piece = 1; piece <= bytes.size(); ++piece) {
         for (const QByteArray &file : {bytes, wide, table_writer::stored(bytes)}) {
@@ -184,6 +184,7 @@ void TestTableReader::everyPieceBoundary()
             QCOMPARE(cut.recordings.size(), 2);
             QVERIFY(cut.recordings[0].samples == whole.recordings[0].samples);
             QVERIFY(cut.recordings[1].samples == whole.recordings[1].samples);
+            QCOMPARE(cut.recordings[1].name, whole.recordings[1].name);
         }
     }
 }

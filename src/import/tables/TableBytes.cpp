@@ -147,15 +147,27 @@ QByteArray TableBytes::nextPiece()
     return piece;
 }
 
+/// Of a character in two parts the first one waits for the next piece.
+QByteArray TableBytes::utf8Of(const QByteArray &piece)
+{
+    QString text = m_halfCharacter + QString((*m_decoder)(piece));
+    m_halfCharacter.clear();
+    if (!piece.isEmpty() && !text.isEmpty() && text.back().isHighSurrogate()) {
+        m_halfCharacter = text.back();
+        text.chop(1);
+    }
+    return text.toUtf8();
+}
+
 bool TableBytes::appendPiece(QByteArray &bytes)
 {
     QByteArray piece = nextPiece();
-    if (piece.isEmpty()) {
+    if (piece.isEmpty() && m_halfCharacter.isEmpty()) {
         m_problem = readProblem();
         return false;
     }
     if (m_decoder)
-        piece = QString((*m_decoder)(piece)).toUtf8();
+        piece = utf8Of(piece);
     if (m_hasOldLineEnds)
         piece.replace('\r', '\n');
     bytes += piece;

@@ -50,6 +50,7 @@ private:
     void decideEncoding(const QByteArray &piece);
     void lookAhead();
     QByteArray nextPiece();
+    QByteArray utf8Of(const QByteArray &piece);
     std::optional<TableProblem> readProblem() const;
 
     QIODevice &m_device;
@@ -60,6 +61,7 @@ private:
     qint64 m_consumed = 0;
     std::unique_ptr<GzipUnpacker> m_unpacker;
     std::unique_ptr<QStringDecoder> m_decoder;
+    QString m_halfCharacter; ///< what the end of the last piece had of one
     std::optional<TableProblem> m_problem;
     bool m_isFoundOut = false; ///< the encoding, by the first bytes
     bool m_hasOldLineEnds = false;
