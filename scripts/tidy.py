@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Static analysis of sources: scripts/tidy.py [changed | FILE.cpp...], all of src/ and tools/ where none is named.
 
-"changed" stands for what changed since the commit of which all sources passed, which a whole run without complaints notes
-in scripts/tidy.passed; a changed header is seen through the first source that includes it. Where the history does not go
-back so far, nothing is looked at, and that is said. Headers are not precompiled here, so that a missing include shows.
+"changed" stands for what differs from the commit in scripts/tidy.passed, which a whole run without complaints writes; a
+changed header is seen through the first source that includes it. Where the history has no such commit, nothing is looked
+at, and that is said. Headers are not precompiled here, so that a missing include shows.
 
 Nearly all of the time goes into the toolkit's headers, so sources with the same options are looked at together, one
 text behind the other, as far as what is local to each has names of its own. A text that passed before, with the same
@@ -68,25 +68,28 @@ def all_sources():
     return sorted(path for area in ("src", "tools") for path in (ROOT / area).rglob("*.cpp"))
 
 
-def with_includer(path):
-    """A source itself; of a header the first source that includes it."""
-    if path.suffix == ".cpp":
-        return path
-    include = f'#include "{path.relative_to(ROOT / path.relative_to(ROOT).parts[0])}"'
-    return next((source for source in all_sources() if include in source.read_text(encoding="utf-8")), None)
+def includers(headers):
+    """For each header the first source that includes it."""
+    names = {str(header.relative_to(ROOT / header.relative_to(ROOT).parts[0])) for header in headers}
+    first = {}
+    for source in all_sources() if names else []:
+        for include in names & set(re.findall(r'^#include "(.+)"', source.read_text(encoding="utf-8"), re.MULTILINE)):
+            first.setdefault(include, source)
+    return first.values()
 
 
 def changed():
     passed = PASSED_COMMIT.read_text(encoding="ascii").strip()
     if subprocess.run(["git", "merge-base", "--is-ancestor", passed, "HEAD"], cwd=ROOT, capture_output=True,
                       check=False).returncode:
-        print(f"The history does not go back to {passed}, of which all sources passed.")
+        print(f"The history has no commit {passed}: nothing is looked at.")
         return []
     names = output_of("git", "diff", "--name-only", "--diff-filter=d", passed, "--", "src", "tools", ".clang-tidy")
     paths = [ROOT / name for name in names.decode().split()]
     if ROOT / ".clang-tidy" in paths:
         return all_sources()
-    return sorted({with_includer(path) for path in paths if path.suffix in (".cpp", ".h")} - {None})
+    sources = {path for path in paths if path.suffix == ".cpp"}
+    return sorted(sources.union(includers(path for path in paths if path.suffix == ".h")))
 
 
 def chosen(arguments):
