@@ -19,9 +19,9 @@ constexpr long long maskOf(bool condition)
     return -static_cast<long long>(condition);
 }
 
-double masked(long long mask, double value)
+double chosen(long long mask, double value, double other)
 {
-    return std::bit_cast<double>(std::bit_cast<long long>(value) & mask);
+    return std::bit_cast<double>((std::bit_cast<long long>(value) & mask) | (std::bit_cast<long long>(other) & ~mask));
 }
 
 } // namespace
@@ -105,12 +105,10 @@ bool fillHoles(double *out, const double *cells, const quint16 *drawn, int strid
         const long long right = maskOf(drawn[i + stride] != 0);
         const long long above = maskOf(drawn[i - 1] != 0);
         const long long below = maskOf(drawn[i + 1] != 0);
-        const double sum = masked(left, cells[i - stride]) + masked(right, cells[i + stride]) +
-                           masked(above, cells[i - 1]) + masked(below, cells[i + 1]);
+        const double sum = chosen(left, cells[i - stride], 0) + chosen(right, cells[i + stride], 0) +
+                           chosen(above, cells[i - 1], 0) + chosen(below, cells[i + 1], 0);
         const long long hole = maskOf(left + right + above + below < -2) & maskOf(drawn[i] == 0);
-        const long long bits =
-            std::bit_cast<long long>(masked(hole, share * sum)) | std::bit_cast<long long>(masked(~hole, cells[i]));
-        out[i] = std::bit_cast<double>(bits);
+        out[i] = chosen(hole, share * sum, cells[i]);
         any |= hole;
     }
     return any != 0;

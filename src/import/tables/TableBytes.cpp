@@ -5,6 +5,7 @@
 #include "import/tables/GzipUnpacker.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -150,8 +151,8 @@ QByteArray TableBytes::nextPiece()
 /// Of a character in two parts the first one waits for the next piece.
 QByteArray TableBytes::utf8Of(const QByteArray &piece)
 {
-    QString text = m_halfCharacter + QString((*m_decoder)(piece));
-    m_halfCharacter.clear();
+    QString text = (*m_decoder)(piece);
+    text.prepend(std::exchange(m_halfCharacter, {})); // mostly nothing
     if (!piece.isEmpty() && !text.isEmpty() && text.back().isHighSurrogate()) {
         m_halfCharacter = text.back();
         text.chop(1);
