@@ -79,12 +79,22 @@ void CalculationControl::sltCalculateGeneralStatistics()
 {
     calculateGeneralStatistics(m_sources.model, &m_sources.log);
     m_sources.session.note(recipe::Statistics{QStringLiteral("general-statistics")});
+    tellStatistics(QStringLiteral("General statistics"));
 }
 
 void CalculationControl::sltCalcAOIStats()
 {
     calculateAoiStatistics(m_sources.model, &m_sources.log);
     m_sources.session.note(recipe::Statistics{QStringLiteral("aoi-statistics")});
+    const auto enabled = std::ranges::count_if(m_sources.model.aoiList(), &AreaOfInterest::enabled);
+    tellStatistics(QStringLiteral("AOI statistics (enabled areas: %1)").arg(enabled));
+}
+
+void CalculationControl::tellStatistics(const QString &what)
+{
+    const auto recordings = m_sources.model.checkedExaminations().size();
+    m_sources.window.tell(
+        {QStringLiteral("%1 in %2 recordings; \"Export statistics\" writes them").arg(what).arg(recordings), {}, {}});
 }
 
 /// Some recordings come with their fixations.

@@ -4,6 +4,7 @@
 #include <QObject>
 
 class DataModel;
+class IMainWindow;
 class Log;
 class PictureControl;
 class SessionControl;
@@ -21,6 +22,7 @@ public:
         SessionControl &session;
         controlWidget &control;
         const Log &log;
+        IMainWindow &window;
     };
     explicit CalculationControl(const Sources &sources);
 
@@ -44,6 +46,8 @@ private:
     void connectExports();
     void followImport();
     void followDrawing();
+    /// @param what  has been calculated, over the checked recordings.
+    void tellStatistics(const QString &what);
 
     Sources m_sources;
 };

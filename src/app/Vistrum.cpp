@@ -84,7 +84,7 @@ void Vistrum::makeControls()
     m_exports = std::make_unique<WindowExports>(
         WindowExports::Sources{*m_picture, *m_session, control, *m_regionDialog, m_log, *this});
     m_calculations = std::make_unique<CalculationControl>(
-        CalculationControl::Sources{m_model, *m_picture, *m_session, control, m_log});
+        CalculationControl::Sources{m_model, *m_picture, *m_session, control, m_log, *this});
 }
 
 void Vistrum::makeTable()

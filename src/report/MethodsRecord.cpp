@@ -3,6 +3,7 @@
 
 #include "clustering/ClusterJson.h"
 #include "detection/DetectionJson.h"
+#include "detection/DetectionWarnings.h"
 #include "model/ImageCache.h"
 #include "table/FixationPrecision.h"
 #include "table/QualityLimits.h"
@@ -98,6 +99,8 @@ void takeFixations(MethodsRecord &record, const DataModel &model)
     for (const Examination *examination : model.checkedExaminations()) {
         for (const Eye eye : eyesOf(record.run.eyes)) {
             const EyeData &stream = examination->stream(eye);
+            if (!wasRecorded(stream.gazePoints))
+                continue;
             double count = 0;
             double sumMs = 0;
             for (const Fixation &fixation : stream.scanpath) {

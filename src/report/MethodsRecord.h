@@ -62,7 +62,7 @@ struct MethodsRecord {
     std::optional<MethodsRange> precisionDegrees;
     std::optional<MethodsRange> eyeDistancePx;
 
-    // Results.
+    // Results of the eyes that were recorded.
     std::optional<MethodsRange> fixations;     ///< number in each recording and eye
     std::optional<MethodsRange> fixationMs;    ///< mean duration in each recording and eye
     std::optional<MethodsRange> clusterNumber; ///< in each recording and eye

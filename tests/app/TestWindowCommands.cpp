@@ -213,6 +213,14 @@ void TestWindowCommands::aCalculationIsTold()
     QVERIFY2(notice()->text().startsWith(QStringLiteral("Clusters in %1 recordings: left eye ").arg(recordings)) &&
                  notice()->text().endsWith(QStringLiteral("; not drawn: mode none")),
              qPrintable(notice()->text()));
+
+    find<QPushButton>("generalButton")->click();
+    QCOMPARE(notice()->text(),
+             QStringLiteral("General statistics in %1 recordings; \"Export statistics\" writes them").arg(recordings));
+    find<QPushButton>("aoiButton")->click();
+    QCOMPARE(notice()->text(),
+             QStringLiteral("AOI statistics (enabled areas: 0) in %1 recordings; \"Export statistics\" writes them")
+                 .arg(recordings));
 }
 
 void TestWindowCommands::saccadeClustersFollowTheTimeline()

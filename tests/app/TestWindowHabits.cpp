@@ -16,6 +16,8 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QTabBar>
@@ -94,6 +96,8 @@ private Q_SLOTS:
     void thePaneOfTheTableIsWideEnough();
     void allTabsAreSeen_data();
     void allTabsAreSeen();
+    void noPageScrollsSideways_data();
+    void noPageScrollsSideways();
     void thePageOfTheOverlapMethodFits();
     void filesAndFoldersAreImported();
     void droppedFilesAreImported();
@@ -382,6 +386,25 @@ void TestWindowHabits::allTabsAreSeen()
     const auto *tabs = find<QTabWidget>("tabWidget")->tabBar();
     QTRY_VERIFY2(tabs->width() >= tabs->sizeHint().width(),
                  qPrintable(QStringLiteral("%1 of %2").arg(tabs->width()).arg(tabs->sizeHint().width())));
+}
+
+void TestWindowHabits::noPageScrollsSideways_data()
+{
+    QTest::addColumn<QString>("tab");
+    QTest::addColumn<QString>("area");
+    QTest::newRow("statistics") << QStringLiteral("tab_2") << QStringLiteral("statisticsScrollArea");
+    QTest::newRow("export") << QStringLiteral("tab_5") << QStringLiteral("exportScrollArea");
+}
+
+void TestWindowHabits::noPageScrollsSideways()
+{
+    QFETCH(QString, tab);
+    QFETCH(QString, area);
+    openOnASmallScreen();
+    showTab(tab.toUtf8().constData());
+    const auto *page = find<QScrollArea>(area.toUtf8().constData());
+    QTRY_VERIFY(page->isVisible() && page->verticalScrollBar()->isVisible()); // which takes some of the width
+    QCOMPARE(page->horizontalScrollBar()->maximum(), 0);
 }
 
 /// It has the longest text of all buttons.

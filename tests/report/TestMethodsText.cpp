@@ -467,6 +467,12 @@ void TestMethodsText::recordOfAModel()
     QCOMPARE(record.fixations, (MethodsRange{1, 1, 1}));
     QCOMPARE(record.fixationMs, (MethodsRange{100, 200, 300}));
     QVERIFY(!record.clusterNumber && !record.pooledClusterNumber);
+
+    run.eyes = EyeMode::showAll; // the eye that was not recorded is none with 0 fixations
+    run.clusters = ClusterParameters{};
+    const MethodsRecord both = methodsRecord(model, run, {});
+    QCOMPARE(both.fixations, (MethodsRange{1, 1, 1}));
+    QCOMPARE(both.clusterNumber, (MethodsRange{0, 0, 0}));
 }
 
 void TestMethodsText::asData()

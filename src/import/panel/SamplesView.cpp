@@ -14,6 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int margin = 6;     // px, around what is drawn
 constexpr double pointPx = 2; // of a sample
+constexpr int captionLines = 2;
 const QColor leftColor(200, 30, 30);
 const QColor rightColor(30, 70, 200);
 const QColor paper(250, 250, 250);
@@ -98,7 +99,7 @@ void SamplesView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), palette().window());
     if (m_screen.isEmpty())
         return;
-    const int caption = fontMetrics().height() + margin;
+    const int caption = captionLines * fontMetrics().lineSpacing() + margin;
     const QRectF room = QRectF(rect()).adjusted(margin, margin, -margin, -caption);
     const QRectF screen = fitted(m_screen.size(), room);
     painter.fillRect(screen, paper);
@@ -117,10 +118,9 @@ void SamplesView::paintEvent(QPaintEvent *)
     const QString size = u"%1 x %2 px"_s.arg(m_screen.width(), 0, 'f', 0).arg(m_screen.height(), 0, 'f', 0);
     const QString text =
         (m_isScreenKnown ? u"Screen of %1"_s.arg(size) : u"Screen not known; the samples span %1"_s.arg(size)) +
-        u" (left eye red, right eye blue)"_s;
+        u"\nLeft eye red, right eye blue"_s;
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(rect().adjusted(margin, 0, -margin, -2), Qt::AlignBottom | Qt::AlignLeft,
-                     fontMetrics().elidedText(text, Qt::ElideRight, width() - 2 * margin));
+    painter.drawText(rect().adjusted(margin, 0, -margin, -2), Qt::AlignBottom | Qt::AlignLeft, text);
 }
 
 TimeView::TimeView(QWidget *parent) : QWidget(parent)
@@ -170,7 +170,7 @@ void TimeView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), palette().window());
     if (m_range.isEmpty())
         return;
-    const int caption = fontMetrics().height() + margin;
+    const int caption = captionLines * fontMetrics().lineSpacing() + margin;
     const QRectF room = QRectF(rect()).adjusted(margin, margin, -margin, -caption);
     painter.fillRect(room, paper);
     painter.setPen(frame);
