@@ -15,7 +15,7 @@ constexpr QLatin1StringView colorKey("color");
 constexpr QLatin1StringView enabledKey("enabled");
 constexpr QLatin1StringView polygonKey("polygon");
 
-std::optional<QPoint> vertexOf(const QJsonValue &value)
+std::optional<QPoint> vertexOfPair(const QJsonValue &value)
 {
     const QJsonArray pair = value.toArray();
     if (pair.size() != 2 || !pair[0].isDouble() || !pair[1].isDouble())
@@ -26,7 +26,7 @@ std::optional<QPoint> vertexOf(const QJsonValue &value)
 }
 
 /// Invalid unless there are three or four whole numbers from 0 to 255.
-QColor colorOf(const QJsonArray &levels)
+QColor colorOfLevels(const QJsonArray &levels)
 {
     constexpr int opaque = 255;
     const auto level = [&levels](qsizetype i) { return levels[i].toInt(-1); };
@@ -40,10 +40,10 @@ AreaOfInterest areaOf(const QJsonObject &object, qsizetype &badVertices)
     AreaOfInterest aoi;
     aoi.name = object[nameKey].toString();
     aoi.enabled = object[enabledKey].toBool(true);
-    if (const QColor color = colorOf(object[colorKey].toArray()); color.isValid())
+    if (const QColor color = colorOfLevels(object[colorKey].toArray()); color.isValid())
         aoi.color = color;
     for (const auto &value : object[polygonKey].toArray()) {
-        if (const std::optional<QPoint> vertex = vertexOf(value))
+        if (const std::optional<QPoint> vertex = vertexOfPair(value))
             aoi.polygon << *vertex;
         else
             ++badVertices;

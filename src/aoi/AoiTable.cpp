@@ -65,7 +65,7 @@ private:
     QList<QStringList> m_records;
 };
 
-bool isBlank(const QStringList &record)
+bool isBlankRecord(const QStringList &record)
 {
     return record.size() == 1 && record.first().trimmed().isEmpty();
 }
@@ -83,7 +83,7 @@ std::optional<int> coordinateOf(const QString &text)
     return ok ? pixelOf(value) : std::nullopt;
 }
 
-std::optional<QPoint> vertexOf(const QStringList &record)
+std::optional<QPoint> vertexOfRecord(const QStringList &record)
 {
     if (record.size() != 3 || record.first().isEmpty())
         return std::nullopt;
@@ -120,9 +120,9 @@ AoiFileContents parseAoiTable(const QByteArray &bytes)
     QHash<QString, qsizetype> places;
     const QList<QStringList> records = csvRecords(decodeText(bytes));
     for (qsizetype i = isHeading(records.value(0)) ? 1 : 0; i < records.size(); ++i) {
-        if (isBlank(records[i]))
+        if (isBlankRecord(records[i]))
             continue;
-        const std::optional<QPoint> vertex = vertexOf(records[i]);
+        const std::optional<QPoint> vertex = vertexOfRecord(records[i]);
         if (!vertex) {
             if (contents.badVertexLines++ == 0)
                 contents.firstBadVertexLine = i + 1;

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 bool isBelow(const QString &path, const QString &folder)
@@ -34,4 +36,9 @@ std::optional<QString> placeInside(const QString &folder, const QString &name)
     if (!canonicalRoot.isEmpty() && canonicalFolder != canonicalRoot && !isBelow(canonicalFolder, canonicalRoot))
         return std::nullopt;
     return folder + QDir::separator() + name;
+}
+
+QString fileNameOf(const QString &path)
+{
+    return path.sliced(std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1);
 }

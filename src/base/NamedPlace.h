@@ -12,3 +12,6 @@
 ///         a separator, an absolute one, one that leads out by "..", one with a character that ends names, or one
 ///         through a link that leads out.
 std::optional<QString> placeInside(const QString &folder, const QString &name);
+
+/// The name of a file, whichever way its folders are separated: its path may be one of another system.
+QString fileNameOf(const QString &path);

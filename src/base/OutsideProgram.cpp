@@ -16,7 +16,7 @@ using Result = OutsideResult;
 constexpr int intervalMs = 50;
 constexpr qint64 longestOutput = qint64(64) * 1024; ///< bytes
 
-QString textOf(const QTemporaryFile &said)
+QString outputIn(const QTemporaryFile &said)
 {
     QFile file(said.fileName());
     if (!file.open(QIODevice::ReadOnly))
@@ -73,12 +73,12 @@ OutsideResult runOutside(const OutsideCall &call, const std::function<bool()> &g
         if (!isLate && goOn())
             continue;
         Result result{isLate ? Result::End::TimedOut : Result::End::Cancelled,
-                      isLate ? QStringLiteral("it has not ended in time") : QString(), textOf(said)};
+                      isLate ? QStringLiteral("it has not ended in time") : QString(), outputIn(said)};
         letGoOn(std::move(process));
         return result;
     }
     Result result = endOf(*process);
-    result.output = textOf(said);
+    result.output = outputIn(said);
     return result;
 }
 

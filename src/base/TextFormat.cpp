@@ -7,7 +7,7 @@ namespace text {
 
 namespace {
 
-QString number(double value, char format, int precision)
+QString printedNumber(double value, char format, int precision)
 {
     const double unsignedZero = value == 0.0 ? 0.0 : value;
     return QString::number(unsignedZero, format, precision);
@@ -17,12 +17,12 @@ QString number(double value, char format, int precision)
 
 QString general6(double value)
 {
-    return number(value, 'g', 6);
+    return printedNumber(value, 'g', 6);
 }
 
 QString fixed(double value, int decimals)
 {
-    return number(value, 'f', decimals);
+    return printedNumber(value, 'f', decimals);
 }
 
 QString decimalComma(QString number)

@@ -11,13 +11,13 @@
 
 namespace {
 
-double lengthOf(QVector2D axis)
+double lengthOfAxis(QVector2D axis)
 {
     return static_cast<double>(axis.length());
 }
 
 /// Component of the axis in the direction of the unit vector.
-double along(QVector2D axis, double x, double y)
+double alongAxis(QVector2D axis, double x, double y)
 {
     return static_cast<double>(axis.x()) * x + static_cast<double>(axis.y()) * y;
 }
@@ -33,7 +33,7 @@ FixationOutline::FixationOutline(const ScanpathSection &fixation)
         std::swap(m_major, m_minor);
     const double angle = std::atan2(-static_cast<double>(m_major.y()), static_cast<double>(m_major.x()));
     QPainterPath unturned;
-    unturned.addEllipse(QPointF(0, 0), lengthOf(m_major), lengthOf(m_minor));
+    unturned.addEllipse(QPointF(0, 0), lengthOfAxis(m_major), lengthOfAxis(m_minor));
     m_path = QTransform().rotate(-(angle * 180 / std::numbers::pi)).map(unturned);
     m_path.translate(m_mean);
     m_bounds = m_path.controlPointRect();
@@ -83,13 +83,13 @@ FixationOutline::Answer FixationOutline::judged(const FixationOutline &other) co
 /// Half the width of the ellipse in the projection on a direction.
 double FixationOutline::supportAlong(double x, double y) const
 {
-    return std::hypot(along(m_major, x, y), along(m_minor, x, y));
+    return std::hypot(alongAxis(m_major, x, y), alongAxis(m_minor, x, y));
 }
 
 /// From the centre to the edge in a direction.
 double FixationOutline::reachAlong(double x, double y) const
 {
-    const double major = lengthOf(m_major);
-    const double minor = lengthOf(m_minor);
-    return 1 / std::hypot(along(m_major, x, y) / (major * major), along(m_minor, x, y) / (minor * minor));
+    const double major = lengthOfAxis(m_major);
+    const double minor = lengthOfAxis(m_minor);
+    return 1 / std::hypot(alongAxis(m_major, x, y) / (major * major), alongAxis(m_minor, x, y) / (minor * minor));
 }

@@ -15,17 +15,17 @@ bool isFinite(PlanePoint point)
 
 /// The points without repetitions, ordered by x and y and counted from the smallest coordinates: an order of places,
 /// not of the input, and the same numbers wherever the points lie as a whole.
-struct Places {
+struct OrderedPlaces {
     std::vector<PlanePoint> points;
     std::vector<double> weights; ///< how often each is there
     std::vector<size_t> sources; ///< of the input, in the order of the places
     std::vector<size_t> placeOf; ///< for each source
 };
 
-Places placesOf(const std::vector<double> &data)
+OrderedPlaces placesOf(const std::vector<double> &data)
 {
     const auto point = [&](size_t i) { return PlanePoint{data[2 * i], data[2 * i + 1]}; };
-    Places places;
+    OrderedPlaces places;
     for (size_t i = 0; i < data.size() / 2; ++i) {
         if (isFinite(point(i)))
             places.sources.push_back(i);
@@ -103,7 +103,7 @@ void MeanShiftClustering::cluster(std::vector<double> data, double radius, doubl
     constexpr double widestPx = 1e9; // wider ones are flat over any data, and their squares leave the numbers
     constexpr double shortestStep = 1e-6;
     const double width = radius > 0 ? std::min(radius, widestPx) : 0;
-    const Places places = placesOf(data);
+    const OrderedPlaces places = placesOf(data);
     std::vector<PlanePoint> points = places.points;
     if (width > 0) {
         GaussianField field(places.points, places.weights, width);

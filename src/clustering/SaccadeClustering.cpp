@@ -14,7 +14,7 @@ const QString matrixText = QStringLiteral("Saccade clustering initialize matrix.
 const QString treeText = QStringLiteral("Saccade clustering create tree.");
 
 template <class Distance>
-SaccadeGroup groupOf(const QList<SaccadeVector> &vectors, const Distance &distance, Progress &progress)
+SaccadeGroup measuredGroup(const QList<SaccadeVector> &vectors, const Distance &distance, Progress &progress)
 {
     const auto size = static_cast<size_t>(vectors.size());
     SaccadeGroup group{vectors, DistanceMatrix(size)};
@@ -93,7 +93,7 @@ std::vector<SaccadeGroup> angleGroups(const QList<SaccadeVector> &vectors, Direc
     if (vectors.size() < 2)
         return groups;
     Progress progress(matrixText, static_cast<int>(vectors.size()));
-    groups.push_back(groupOf(
+    groups.push_back(measuredGroup(
         vectors, [direction](const SaccadeVector &a, const SaccadeVector &b) { return angleDistance(a, b, direction); },
         progress));
     return groups;
@@ -128,7 +128,7 @@ std::vector<SaccadeGroup> distanceGroups(const SaccadeClusterList &clusters, Dis
         return segmentDistance(a, b, algorithm);
     };
     for (const QList<SaccadeVector> &cluster : clusters)
-        groups.push_back(groupOf(cluster, distance, progress));
+        groups.push_back(measuredGroup(cluster, distance, progress));
     return groups;
 }
 

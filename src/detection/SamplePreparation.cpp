@@ -29,14 +29,14 @@ Neighbours neighboursOf(const QList<GazePoint> &samples, qsizetype index)
     return neighbours;
 }
 
-qint64 gapDuration(const QList<GazePoint> &samples, const Neighbours &neighbours)
+qint64 durationBetween(const QList<GazePoint> &samples, const Neighbours &neighbours)
 {
     const qsizetype left = neighbours.left == none ? 0 : neighbours.left;
     const qsizetype right = neighbours.right == none ? samples.size() - 1 : neighbours.right;
     return elapsedMs(samples[left].time, samples[right].time);
 }
 
-QPointF interpolateGap(const QList<GazePoint> &samples, qsizetype index, const Neighbours &neighbours)
+QPointF placeBetween(const QList<GazePoint> &samples, qsizetype index, const Neighbours &neighbours)
 {
     if (neighbours.left == none && neighbours.right == none) {
         messages::warning(QStringLiteral("All samples are invalid."),
@@ -60,7 +60,7 @@ QPointF interpolateGap(const QList<GazePoint> &samples, qsizetype index, const N
     return {left.x + (right.x - left.x) / length * elapsed, left.y + (right.y - left.y) / length * elapsed};
 }
 
-double medianOf(std::vector<double> &values)
+double medianOrZero(std::vector<double> &values)
 {
     if (values.empty())
         return 0;
@@ -84,12 +84,11 @@ std::vector<WorkSample> prepareSamples(const QList<GazePoint> &rawSamples, qint6
         }
         // All samples of one loss have the same neighbours: they are searched once.
         const Neighbours neighbours = neighboursOf(rawSamples, index);
-        const bool isBridged = gapDuration(rawSamples, neighbours) <= maximumGapMs;
+        const bool isBridged = durationBetween(rawSamples, neighbours) <= maximumGapMs;
         const qsizetype end = neighbours.right == none ? count : neighbours.right;
         for (; index < end; ++index) {
             const GazePoint &lost = rawSamples[index];
-            const QPointF position =
-                isBridged ? interpolateGap(rawSamples, index, neighbours) : QPointF(lost.x, lost.y);
+            const QPointF position = isBridged ? placeBetween(rawSamples, index, neighbours) : QPointF(lost.x, lost.y);
             prepared.push_back({&lost, position.x(), position.y(), isBridged, isBridged});
         }
     }
@@ -98,12 +97,12 @@ std::vector<WorkSample> prepareSamples(const QList<GazePoint> &rawSamples, qint6
 
 qint64 gapDuration(const QList<GazePoint> &rawSamples, qsizetype index)
 {
-    return gapDuration(rawSamples, neighboursOf(rawSamples, index));
+    return durationBetween(rawSamples, neighboursOf(rawSamples, index));
 }
 
 QPointF interpolateGap(const QList<GazePoint> &rawSamples, qsizetype index)
 {
-    return interpolateGap(rawSamples, index, neighboursOf(rawSamples, index));
+    return placeBetween(rawSamples, index, neighboursOf(rawSamples, index));
 }
 
 void medianFilter(std::vector<WorkSample> &workSamples, int length)
@@ -141,5 +140,5 @@ WorkSample medianOfWindow(const std::vector<WorkSample> &workSamples, qsizetype 
             y.push_back(sample.y);
         }
     }
-    return {center.source, medianOf(x), medianOf(y), index != none, center.usable};
+    return {center.source, medianOrZero(x), medianOrZero(y), index != none, center.usable};
 }

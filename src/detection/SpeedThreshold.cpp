@@ -12,7 +12,7 @@ constexpr double degreesPerRadian = 180 / pi;
 constexpr double margin = 1e-9;
 
 /// The squares of distances in this range neither overflow nor lose digits.
-bool isUsable(double value)
+bool canBeSquared(double value)
 {
     return value > 1e-100 && value < 1e100;
 }
@@ -46,7 +46,7 @@ void SpeedThreshold::setBands()
 std::optional<double> SpeedThreshold::distancePx(double speedShare, double timeMs) const
 {
     const double way = m_perMs * speedShare * timeMs;
-    if (!isUsable(way))
+    if (!canBeSquared(way))
         return std::nullopt;
     if (!m_geometry)
         return way;
@@ -55,7 +55,7 @@ std::optional<double> SpeedThreshold::distancePx(double speedShare, double timeM
         return std::nullopt;
     const double distance = std::tan(way / degreesPerRadian) * m_geometry->screenDistanceM /
                             (m_geometry->imageSizeM / m_geometry->imageWidthPx);
-    return isUsable(distance) ? std::optional(distance) : std::nullopt;
+    return canBeSquared(distance) ? std::optional(distance) : std::nullopt;
 }
 
 bool SpeedThreshold::isGreaterThanExactly(double squaredPx, qint64 timeMs) const

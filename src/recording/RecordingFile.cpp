@@ -13,15 +13,15 @@ namespace {
 
 constexpr qsizetype framesPerStep = 16384;
 
-QByteArray number(float value)
+QByteArray fieldText(float value)
 {
     return text::general6(static_cast<double>(value)).toLatin1();
 }
 
 QByteArray eyeFields(const gtl::Eye &eye, const QByteArray &validity)
 {
-    const QByteArray pupil = number(eye.psize);
-    return number(eye.raw.x) + '\t' + number(eye.raw.y) + '\t' + pupil + '\t' + pupil + '\t' + validity;
+    const QByteArray pupil = fieldText(eye.psize);
+    return fieldText(eye.raw.x) + '\t' + fieldText(eye.raw.y) + '\t' + pupil + '\t' + pupil + '\t' + validity;
 }
 
 } // namespace

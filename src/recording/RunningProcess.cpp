@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/RunningProcess.h"
 
+#include "base/NamedPlace.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 
 namespace {
-
-/// The last part of a path of this system or of Windows.
-QString fileNameOf(const QString &path)
-{
-    return path.section(u'/', -1).section(u'\\', -1);
-}
 
 bool isNumber(const QString &name)
 {

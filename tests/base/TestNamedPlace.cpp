@@ -13,6 +13,7 @@ private Q_SLOTS:
     void names();
     void aLinkThatLeadsOut();
     void aFolderThatIsNotThereYet();
+    void fileNames();
 };
 
 void TestNamedPlace::names_data()
@@ -70,6 +71,18 @@ void TestNamedPlace::aFolderThatIsNotThereYet()
     const QString chosen = folder.filePath(QStringLiteral("later"));
     QVERIFY(placeInside(chosen, QStringLiteral("a.csv")));
     QVERIFY(!placeInside(chosen, QStringLiteral("../a.csv")));
+}
+
+void TestNamedPlace::fileNames()
+{
+    const auto named = [](const char *path) { return fileNameOf(QString::fromLatin1(path)); };
+    QCOMPARE(named("C:\\study\\a.txt"), QStringLiteral("a.txt"));
+    QCOMPARE(named("/study/a b.txt"), QStringLiteral("a b.txt"));
+    QCOMPARE(named("C:\\study/a.txt"), QStringLiteral("a.txt"));
+    QCOMPARE(named("/study\\a.txt"), QStringLiteral("a.txt"));
+    QCOMPARE(named("a.txt"), QStringLiteral("a.txt"));
+    QCOMPARE(named("/study/"), QString());
+    QCOMPARE(named(""), QString());
 }
 
 QTEST_GUILESS_MAIN(TestNamedPlace)

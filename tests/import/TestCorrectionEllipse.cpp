@@ -345,9 +345,6 @@ void TestCorrectionEllipse::sourcesAndTheirLines()
     QCOMPARE(sourcesOf(ellipses), QStringList{u"C:\\study\\a.txt"_s});
     QCOMPARE(ellipseLines(ellipses, u"C:\\study\\a.txt"_s),
              (QStringList{ellipseHeader(), u"Ellipse 2;0;100;0;100;50;50;50;50;0;0"_s}));
-    QCOMPARE(fileNameOf(u"C:\\study\\a.txt"_s), u"a.txt"_s);
-    QCOMPARE(fileNameOf(u"/study/a b.txt"_s), u"a b.txt"_s);
-    QCOMPARE(fileNameOf(u"a.txt"_s), u"a.txt"_s);
 }
 
 void TestCorrectionEllipse::calibration()

@@ -9,12 +9,12 @@
 #include <cmath>
 #include <numbers>
 
-using regionsteps::endOfInterior;
-using regionsteps::firstInterior;
-
 namespace gradientsearch {
 
 namespace {
+
+using regionsteps::endOfInterior;
+using regionsteps::firstInterior;
 
 constexpr int kernelReach = 3;
 constexpr int kernelSide = 2 * kernelReach; ///< the last row and column of the kernel are left out

@@ -40,11 +40,6 @@ QString unitOf(RegionSource source)
     return row == std::end(sources) ? QString() : QString(row->unit);
 }
 
-bool isSaliency(RegionSource source)
-{
-    return source >= RegionSource::SaliencyItti;
-}
-
 /// What is taken for a density: the events, and whether there was anything to take them from.
 template <class Event>
 struct Taken {

@@ -13,6 +13,11 @@ enum class RegionSource {
     SaliencyFrequencyTuned = 5,
     SaliencyIntegratedFeatures = 6
 };
+constexpr bool isSaliency(RegionSource source)
+{
+    return source >= RegionSource::SaliencyItti;
+}
+
 enum class RegionMethod { Standard = 0, Gradient = 1 };
 enum class RegionExport { Aois = 0, CumulativeClusters = 1 };
 

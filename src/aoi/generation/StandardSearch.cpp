@@ -8,12 +8,12 @@
 #include <array>
 #include <optional>
 
-using regionsteps::endOfInterior;
-using regionsteps::firstInterior;
-
 namespace standardsearch {
 
 namespace {
+
+using regionsteps::endOfInterior;
+using regionsteps::firstInterior;
 
 constexpr int blockSide = 8;
 constexpr int blockReach = 4; ///< before the cell

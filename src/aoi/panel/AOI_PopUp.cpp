@@ -35,7 +35,7 @@ QPolygon rectanglePolygon(QPoint corner, QPoint opposite)
 }
 
 /// The ellipse that fills the rectangle, each vertex rounded to the nearest pixel.
-QPolygon ellipsePolygon(QPoint corner, QPoint opposite)
+QPolygon ellipseBetween(QPoint corner, QPoint opposite)
 {
     constexpr int vertices = 48;
     const QPointF center = (corner.toPointF() + opposite.toPointF()) / 2;
@@ -269,7 +269,7 @@ bool AOI_PopUp::takeMove(const QMouseEvent &event)
 QPolygon AOI_PopUp::shapeTo(QPoint corner) const
 {
     return ctrlTool() == CtrlTool::Rectangle ? rectanglePolygon(m_dragStart, corner)
-                                             : ellipsePolygon(m_dragStart, corner);
+                                             : ellipseBetween(m_dragStart, corner);
 }
 
 bool AOI_PopUp::takeKey(const QEvent &event)

@@ -22,11 +22,6 @@ constexpr std::array sourceSuffixes{QLatin1StringView(" gp/min"),   QLatin1Strin
                                     QLatin1StringView(" saliency"), QLatin1StringView(" saliency"),
                                     QLatin1StringView(" saliency")};
 
-bool isSaliency(RegionSource source)
-{
-    return source >= RegionSource::SaliencyItti;
-}
-
 /// The box of each number of the search, in the order of `regionNumbers`.
 std::array<QSpinBox *, std::size(regionNumbers)> numberBoxes(const Ui::addaoiheatmap &form)
 {

@@ -13,8 +13,6 @@
 #include <cmath>
 #include <numbers>
 
-using integrated::Bins;
-
 namespace {
 
 constexpr uchar setPixel = 255;
@@ -73,8 +71,8 @@ cv::Mat edgesOf(const Channels &channels, const IntegratedNumbers &numbers)
 }
 
 struct Histograms {
-    Bins all{};
-    Bins edges{};
+    integrated::Bins all{};
+    integrated::Bins edges{};
 };
 
 Histograms histogramsOf(const cv::Mat &bins, const cv::Mat &edges)
@@ -129,14 +127,14 @@ private:
         return static_cast<std::size_t>((l * integrated::colorLevels + a) * integrated::colorLevels + b);
     }
 
-    Bins m_distances{};
+    integrated::Bins m_distances{};
 };
 
 /// The ratio of a bin, before it is stretched.
-double ratioOf(int bin, const BinDistances &distances, const Bins &all, const Bins &edges)
+double ratioOf(int bin, const BinDistances &distances, const integrated::Bins &all, const integrated::Bins &edges)
 {
     constexpr double fewestEdges = 30; // sums that are not above say nothing
-    Bins away{};
+    integrated::Bins away{};
     double total = 0;
     for (int other = 0; other < integrated::binCount; ++other) {
         away[static_cast<std::size_t>(other)] = distances.between(bin, other);
@@ -154,7 +152,7 @@ double ratioOf(int bin, const BinDistances &distances, const Bins &all, const Bi
 /// The ratio of each pixel's colour where edges have that colour, else 0; stretched to 0..1.
 cv::Mat colorMap(const cv::Mat &bins, const Histograms &histograms)
 {
-    Bins ratios = integrated::colorRatios(histograms.all, histograms.edges);
+    integrated::Bins ratios = integrated::colorRatios(histograms.all, histograms.edges);
     for (std::size_t bin = 0; bin < ratios.size(); ++bin) {
         if (!(histograms.edges[bin] > 0))
             ratios[bin] = 0;
@@ -210,7 +208,7 @@ cv::Mat centerMap(cv::Size size, cv::Point center, double sigma)
 
 } // namespace
 
-Bins integrated::colorRatios(const Bins &all, const Bins &edges)
+integrated::Bins integrated::colorRatios(const Bins &all, const Bins &edges)
 {
     const BinDistances distances;
     Bins ratios{};

@@ -28,7 +28,7 @@ QByteArrayView fieldOf(QByteArrayView line, int number)
     return end < 0 ? line : line.first(end);
 }
 
-std::optional<double> numberOf(QByteArrayView line, int column)
+std::optional<double> numberInColumn(QByteArrayView line, int column)
 {
     bool isNumber = false;
     const double number = column > 0 ? fieldOf(line, column).toDouble(&isNumber) : 0;
@@ -38,8 +38,8 @@ std::optional<double> numberOf(QByteArrayView line, int column)
 std::optional<QPoint> placeOf(QByteArrayView line, const BidsEventColumns &columns)
 {
     constexpr double largest = 1e6;
-    const std::optional<double> x = numberOf(line, columns.x);
-    const std::optional<double> y = numberOf(line, columns.y);
+    const std::optional<double> x = numberInColumn(line, columns.x);
+    const std::optional<double> y = numberInColumn(line, columns.y);
     if (!x || !y || std::abs(*x) > largest || std::abs(*y) > largest)
         return std::nullopt;
     return QPoint(static_cast<int>(*x), static_cast<int>(*y));
@@ -98,15 +98,15 @@ BidsEventList bidsEvents(QByteArrayView text, const BidsEventColumns &columns)
     BidsEventList list;
     LineWalk walk(text);
     while (const auto line = walk.next()) {
-        const std::optional<double> onset = numberOf(*line, columns.onset);
-        const std::optional<double> duration = numberOf(*line, columns.duration);
+        const std::optional<double> onset = numberInColumn(*line, columns.onset);
+        const std::optional<double> duration = numberInColumn(*line, columns.duration);
         const QString type = QString::fromUtf8(fieldOf(*line, columns.type)).trimmed().toLower();
         if (!onset || !duration || *duration < 0) {
             list.unreadable += isSection(type) ? 1 : 0; // messages have no duration
             continue;
         }
         constexpr double most = 1e9;
-        const double samples = numberOf(*line, columns.samples).value_or(0);
+        const double samples = numberInColumn(*line, columns.samples).value_or(0);
         list.events << BidsEvent{*onset * columns.onsetMs, *duration * columns.durationMs, type,
                                  placeOf(*line, columns),
                                  samples > 0 && samples < most ? static_cast<qsizetype>(samples) : 0};

@@ -9,41 +9,41 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 template <class Value>
-struct Word {
+struct MetadataWord {
     QLatin1StringView word;
     Value value;
 };
 
-constexpr Word<Eye> eyes[] = {{"left"_L1, Eye::Left}, {"right"_L1, Eye::Right}, {"cyclopean"_L1, Eye::Mean}};
+constexpr MetadataWord<Eye> eyes[] = {{"left"_L1, Eye::Left}, {"right"_L1, Eye::Right}, {"cyclopean"_L1, Eye::Mean}};
 
-constexpr Word<TableTimeUnit> timeUnits[] = {{"ms"_L1, TableTimeUnit::Milliseconds},
-                                             {"millisecond"_L1, TableTimeUnit::Milliseconds},
-                                             {"milliseconds"_L1, TableTimeUnit::Milliseconds},
-                                             {"s"_L1, TableTimeUnit::Seconds},
-                                             {"second"_L1, TableTimeUnit::Seconds},
-                                             {"seconds"_L1, TableTimeUnit::Seconds},
-                                             {"us"_L1, TableTimeUnit::Microseconds},
-                                             {"microsecond"_L1, TableTimeUnit::Microseconds},
-                                             {"microseconds"_L1, TableTimeUnit::Microseconds},
-                                             {"ns"_L1, TableTimeUnit::Nanoseconds},
-                                             {"nanosecond"_L1, TableTimeUnit::Nanoseconds},
-                                             {"nanoseconds"_L1, TableTimeUnit::Nanoseconds}};
+constexpr MetadataWord<TableTimeUnit> timeUnits[] = {{"ms"_L1, TableTimeUnit::Milliseconds},
+                                                     {"millisecond"_L1, TableTimeUnit::Milliseconds},
+                                                     {"milliseconds"_L1, TableTimeUnit::Milliseconds},
+                                                     {"s"_L1, TableTimeUnit::Seconds},
+                                                     {"second"_L1, TableTimeUnit::Seconds},
+                                                     {"seconds"_L1, TableTimeUnit::Seconds},
+                                                     {"us"_L1, TableTimeUnit::Microseconds},
+                                                     {"microsecond"_L1, TableTimeUnit::Microseconds},
+                                                     {"microseconds"_L1, TableTimeUnit::Microseconds},
+                                                     {"ns"_L1, TableTimeUnit::Nanoseconds},
+                                                     {"nanosecond"_L1, TableTimeUnit::Nanoseconds},
+                                                     {"nanoseconds"_L1, TableTimeUnit::Nanoseconds}};
 
-constexpr Word<TablePlaceUnit> placeUnits[] = {{"pixel"_L1, TablePlaceUnit::Pixels},
-                                               {"pixels"_L1, TablePlaceUnit::Pixels},
-                                               {"px"_L1, TablePlaceUnit::Pixels},
-                                               {"mm"_L1, TablePlaceUnit::Millimetres},
-                                               {"degree"_L1, TablePlaceUnit::Degrees},
-                                               {"degrees"_L1, TablePlaceUnit::Degrees},
-                                               {"deg"_L1, TablePlaceUnit::Degrees},
-                                               {"normalized"_L1, TablePlaceUnit::Normalised},
-                                               {"normalised"_L1, TablePlaceUnit::Normalised},
-                                               {"a.u. 0-1"_L1, TablePlaceUnit::Normalised}};
+constexpr MetadataWord<TablePlaceUnit> placeUnits[] = {{"pixel"_L1, TablePlaceUnit::Pixels},
+                                                       {"pixels"_L1, TablePlaceUnit::Pixels},
+                                                       {"px"_L1, TablePlaceUnit::Pixels},
+                                                       {"mm"_L1, TablePlaceUnit::Millimetres},
+                                                       {"degree"_L1, TablePlaceUnit::Degrees},
+                                                       {"degrees"_L1, TablePlaceUnit::Degrees},
+                                                       {"deg"_L1, TablePlaceUnit::Degrees},
+                                                       {"normalized"_L1, TablePlaceUnit::Normalised},
+                                                       {"normalised"_L1, TablePlaceUnit::Normalised},
+                                                       {"a.u. 0-1"_L1, TablePlaceUnit::Normalised}};
 
 template <class Value, size_t N>
-std::optional<Value> valueOf(const Word<Value> (&words)[N], const QString &text)
+std::optional<Value> valueOfWord(const MetadataWord<Value> (&words)[N], const QString &text)
 {
-    for (const Word<Value> &each : words) {
+    for (const MetadataWord<Value> &each : words) {
         if (text.compare(each.word, Qt::CaseInsensitive) == 0)
             return each.value;
     }
@@ -147,7 +147,7 @@ void readTime(KeyReader &reader, const QStringList &columns, TableLayout &layout
         return;
     }
     const QString text = reader.unit(u"timestamp"_s);
-    const std::optional<TableTimeUnit> unit = valueOf(timeUnits, text);
+    const std::optional<TableTimeUnit> unit = valueOfWord(timeUnits, text);
     if (!unit)
         reader.refuse(u"timestamp.Units"_s, text.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(text),
                       u"\"ms\", \"s\", \"us\" or \"ns\""_s);
@@ -163,7 +163,7 @@ void readPlaces(KeyReader &reader, const QStringList &columns, TableLayout &layo
             return;
         }
         const QString text = reader.unit(name);
-        const std::optional<TablePlaceUnit> unit = valueOf(placeUnits, text);
+        const std::optional<TablePlaceUnit> unit = valueOfWord(placeUnits, text);
         if (!unit)
             reader.refuse(name + ".Units"_L1, text.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(text),
                           u"\"pixel\", \"mm\", \"degree\" or \"normalized\""_s);
@@ -248,7 +248,7 @@ std::variant<BidsEyeTable, TableProblem> bidsEyeTable(const QJsonObject &samples
     BidsEyeTable table;
     const QString eyeNames = u"\"left\", \"right\" or \"cyclopean\""_s;
     const QString eyeText = reader.word(u"RecordedEye"_s, eyeNames);
-    const std::optional<Eye> eye = valueOf(eyes, eyeText);
+    const std::optional<Eye> eye = valueOfWord(eyes, eyeText);
     if (!eye)
         reader.refuse(u"RecordedEye"_s, eyeText, eyeNames);
     table.eye = eye.value_or(Eye::Left);
@@ -288,8 +288,8 @@ std::variant<BidsEventColumns, TableProblem> bidsEventColumns(const QJsonObject 
         if (number == 0)
             reader.refuse(u"Columns"_s, events[u"Columns"_s], u"a column %1"_s.arg(name));
     }
-    columns.onsetMs = lengthMs(valueOf(timeUnits, reader.unit(u"onset"_s)).value_or(timeUnit));
-    const std::optional<TableTimeUnit> duration = valueOf(timeUnits, reader.unit(u"duration"_s));
+    columns.onsetMs = lengthMs(valueOfWord(timeUnits, reader.unit(u"onset"_s)).value_or(timeUnit));
+    const std::optional<TableTimeUnit> duration = valueOfWord(timeUnits, reader.unit(u"duration"_s));
     columns.durationMs = duration ? lengthMs(*duration) : columns.onsetMs;
     if (reader.problem())
         return *reader.problem();

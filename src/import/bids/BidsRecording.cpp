@@ -42,7 +42,7 @@ GazePoint missingSample(Eye eye, qint64 timeMs)
     return {timeMs, nothing, nothing, nothing, nothing, 0};
 }
 
-GazePoint gazePoint(Eye eye, const DataSample &sample)
+GazePoint gazePointOfEye(Eye eye, const DataSample &sample)
 {
     const auto point = [&](const TableEyeSample &values, int validity) {
         return GazePoint(sample.timeMs, values.x, values.y, values.pupilWidth, values.pupilHeight, validity);
@@ -98,7 +98,7 @@ EyeTableOrProblem readSamples(EyeTable table)
             if (!made)
                 continue;
             made->timeMs -= static_cast<qint64>(shift);
-            table.samples << gazePoint(table.description.eye, *made);
+            table.samples << gazePointOfEye(table.description.eye, *made);
         }
     }
     takeOddities(maker.oddities(), table);
@@ -357,7 +357,7 @@ void describe(const BidsRun &run, const BidsEyeTable &table, ImportedFile &file)
     file.images = described.images;
 }
 
-void read(const BidsRun &run, ImportedFile &file)
+void readRun(const BidsRun &run, ImportedFile &file)
 {
     const auto eyes = readEyes(run);
     if (const auto *problem = std::get_if<TableProblem>(&eyes)) {
@@ -392,7 +392,7 @@ ImportedFile readBidsRecording(const QString &path)
     ImportedFile file;
     file.path = path;
     try {
-        read(bidsRun(path), file);
+        readRun(bidsRun(path), file);
     } catch (const std::bad_alloc &) {
         file = {};
         file.path = path;

@@ -45,11 +45,6 @@ QStringList sourcesOf(const QList<NamedPair> &ellipses)
     return sources;
 }
 
-QString fileNameOf(const QString &path)
-{
-    return path.sliced(std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1);
-}
-
 QString correctionTable(const QList<NamedPair> &ellipses, const QString &source)
 {
     QString table = u"line;gp_original_x;gp_original_y;gp_corrected_x;gp_corrected_y\n"_s;

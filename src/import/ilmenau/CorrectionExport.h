@@ -12,9 +12,6 @@ struct NamedPair {
 /// The recordings that points of the ellipses come from, in the order of their first appearance.
 QStringList sourcesOf(const QList<NamedPair> &ellipses);
 
-/// The name of a recording's file, whichever way its folders are separated.
-QString fileNameOf(const QString &path);
-
 /// The table of a recording's points for a correction program: number, original x and y, corrected x and y, in mm of
 /// the stimulus: to the right from its middle and upwards from its bottom. Fields are separated by ";", numbers have a
 /// decimal comma and up to six digits.

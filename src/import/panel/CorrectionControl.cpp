@@ -18,7 +18,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-void showColor(QPushButton &button, const QColor &color)
+void paintBackground(QPushButton &button, const QColor &color)
 {
     button.setStyleSheet(u"background-color:"_s + color.name());
 }
@@ -32,9 +32,9 @@ CorrectionControl::CorrectionControl(QWidget *parent)
     , m_programFolder(QDir(QCoreApplication::applicationDirPath()).filePath(u"correctionmodule"_s))
 {
     m_ui->setupUi(this);
-    showColor(*m_ui->colorgp, m_pointColor);
-    showColor(*m_ui->colorel, m_originalColor);
-    showColor(*m_ui->colorelcorr, m_correctedColor);
+    paintBackground(*m_ui->colorgp, m_pointColor);
+    paintBackground(*m_ui->colorel, m_originalColor);
+    paintBackground(*m_ui->colorelcorr, m_correctedColor);
     using Control = CorrectionControl;
     connect(m_ui->add_elipse, &QPushButton::clicked, this, &Control::sltAddEllipsis);
     connect(m_ui->remove_ellipse, &QPushButton::clicked, this, &Control::sltRemoveEllipsis);
@@ -192,7 +192,7 @@ void CorrectionControl::chooseColor(QColor &color, QPushButton &button)
     if (!chosen.isValid())
         return;
     color = chosen;
-    showColor(button, color);
+    paintBackground(button, color);
     Q_EMIT sigGraphicsParametersChanged();
 }
 

@@ -6,6 +6,7 @@
 
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
+#include "base/NamedPlace.h"
 #include "commands/panel/OutsideProgramDialog.h"
 #include "import/ilmenau/CorrectionIni.h"
 
@@ -36,17 +37,17 @@ bool writeExport(const QString &path, const QString &text)
     return canBeMade;
 }
 
-int wholeNumber(float size)
+int wholeSize(float size)
 {
     return static_cast<int>(size);
 }
 
-MillimetreStimulus stimulusOf(const Examination &examination)
+MillimetreStimulus millimetreStimulus(const Examination &examination)
 {
-    return {.size = {.widthPx = wholeNumber(examination.imageWidthPx),
-                     .heightPx = wholeNumber(examination.imageHeightPx),
-                     .widthMm = wholeNumber(examination.imageWidthMm),
-                     .heightMm = wholeNumber(examination.imageHeightMm)},
+    return {.size = {.widthPx = wholeSize(examination.imageWidthPx),
+                     .heightPx = wholeSize(examination.imageHeightPx),
+                     .widthMm = wholeSize(examination.imageWidthMm),
+                     .heightMm = wholeSize(examination.imageHeightMm)},
             .imagePath = examination.imagePath,
             .iniPath = examination.iniPath};
 }
@@ -111,7 +112,7 @@ bool CorrectionControl::writeFiles(const Export &exported, const QList<NamedPair
 {
     const CorrectionIni ini{.measuredPath = exported.source,
                             .correctedPath = exported.corrected,
-                            .stimulus = stimulusOf(*exported.examination),
+                            .stimulus = millimetreStimulus(*exported.examination),
                             .ellipseLines = ellipseLines(ellipses, exported.source)};
     return writeExport(exported.corrected + u".ini"_s, correctionIniText(ini)) &&
            writeExport(exported.table, correctionTable(ellipses, exported.source));
@@ -152,7 +153,7 @@ void CorrectionControl::importCorrected(const QList<Export> &exports)
     QList<MillimetreRecording> recordings;
     QString text;
     for (const Export &each : exports) {
-        recordings << MillimetreRecording{each.corrected, stimulusOf(*each.examination)};
+        recordings << MillimetreRecording{each.corrected, millimetreStimulus(*each.examination)};
         text += fileNameOf(each.source) + u":\n"_s + calibrationLines(each.examination->iniPath) +
                 u"-------------------------------------\n"_s;
     }

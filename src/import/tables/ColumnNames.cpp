@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 using Words = std::initializer_list<QLatin1StringView>;
 
 /// Lower-case words: cut at signs, between a small and a capital letter, and between letters and digits.
-QStringList wordsOf(const QString &name)
+QStringList wordsInName(const QString &name)
 {
     QStringList words;
     QString word;
@@ -192,7 +192,7 @@ ColumnMeaning meaningOf(const QString &name)
             return meaning;
         }
     }
-    const QStringList words = wordsOf(name);
+    const QStringList words = wordsInName(name);
     meaning.eye = eyeIn(words);
     meaning.role = roleOf(words, meaning);
     if (meaning.role == ColumnRole::Time)

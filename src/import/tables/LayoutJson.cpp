@@ -124,22 +124,22 @@ void putDelimited(const TableLayout &layout, QJsonObject &json)
 }
 
 /// Reads an object key by key, keeps the first problem, and knows at the end which keys nobody asked for.
-class JsonFields {
+class LayoutKeys {
 public:
-    JsonFields(QJsonObject object, QString path, std::optional<TableProblem> &problem)
+    LayoutKeys(QJsonObject object, QString path, std::optional<TableProblem> &problem)
         : m_object(std::move(object))
         , m_path(std::move(path))
         , m_problem(problem)
     {
     }
-    ~JsonFields() = default;
+    ~LayoutKeys() = default;
 
     bool has(QLatin1StringView key) const { return m_object.contains(key); }
 
     /// @return undefined where the key is not there.
     QJsonValue take(QLatin1StringView key) { return m_object.take(key); }
 
-    JsonFields object(QLatin1StringView key)
+    LayoutKeys object(QLatin1StringView key)
     {
         const QJsonValue value = take(key);
         if (!value.isUndefined() && !value.isObject())
@@ -265,7 +265,7 @@ private:
     std::optional<TableProblem> &m_problem;
 };
 
-TableEyeColumns readEyeColumns(JsonFields json)
+TableEyeColumns readEyeColumns(LayoutKeys json)
 {
     TableEyeColumns eye;
     json.column("x"_L1, eye.x);
@@ -277,7 +277,7 @@ TableEyeColumns readEyeColumns(JsonFields json)
     return eye;
 }
 
-TableGeometry readPlace(JsonFields json)
+TableGeometry readPlace(LayoutKeys json)
 {
     TableGeometry place;
     json.word("unit"_L1, layout_words::placeUnits, place.unit);
@@ -291,7 +291,7 @@ TableGeometry readPlace(JsonFields json)
     return place;
 }
 
-TableValidityRule readRule(JsonFields json)
+TableValidityRule readRule(LayoutKeys json)
 {
     TableValidityRule rule;
     const bool hasAtLeast = json.has("atLeast"_L1);
@@ -309,7 +309,7 @@ TableValidityRule readRule(JsonFields json)
     return rule;
 }
 
-void readDelimiter(JsonFields &json, TableLayout &layout)
+void readDelimiter(LayoutKeys &json, TableLayout &layout)
 {
     const QJsonValue value = json.take("delimiter"_L1);
     if (value.isUndefined())
@@ -322,7 +322,7 @@ void readDelimiter(JsonFields &json, TableLayout &layout)
                   layout_words::listOf(layout_words::delimiters) + QStringLiteral(", or a single sign"));
 }
 
-void readHeader(JsonFields &json, TableLayout &layout)
+void readHeader(LayoutKeys &json, TableLayout &layout)
 {
     const QJsonValue value = json.take("header"_L1);
     const bool isNone = value == QJsonValue("no"_L1);
@@ -341,7 +341,7 @@ void readHeader(JsonFields &json, TableLayout &layout)
     layout.headerLine += static_cast<qsizetype>(std::min(skipped, mostSkipped));
 }
 
-void readEyeColumn(JsonFields json, TableLayout &layout)
+void readEyeColumn(LayoutKeys json, TableLayout &layout)
 {
     json.column("column"_L1, layout.eye.column);
     json.texts("left"_L1, layout.eye.left);
@@ -349,14 +349,14 @@ void readEyeColumn(JsonFields json, TableLayout &layout)
     json.finish();
 }
 
-void readColumnLists(JsonFields &json, TableLayout &layout)
+void readColumnLists(LayoutKeys &json, TableLayout &layout)
 {
     const QJsonValue split = json.take("split"_L1);
     if (!split.isUndefined() && !split.isArray())
         json.fail(QStringLiteral("split"), split, QStringLiteral("a list of columns in brackets"));
     for (const QJsonValue each : split.toArray())
         layout.split << json.columnOf("split"_L1, each);
-    JsonFields set = json.object("set"_L1);
+    LayoutKeys set = json.object("set"_L1);
     for (const QString &key : set.keys()) {
         TableColumn column;
         const QByteArray bytes = key.toUtf8();
@@ -369,13 +369,13 @@ void readColumnLists(JsonFields &json, TableLayout &layout)
     }
 }
 
-void readDelimited(JsonFields &json, TableLayout &layout)
+void readDelimited(LayoutKeys &json, TableLayout &layout)
 {
     readDelimiter(json, layout);
     json.word("decimal"_L1, layout_words::decimalSigns, layout.decimalSign);
     readHeader(json, layout);
     json.text("comment"_L1, layout.commentPrefix);
-    JsonFields time = json.object("time"_L1);
+    LayoutKeys time = json.object("time"_L1);
     time.word("unit"_L1, layout_words::timeUnits, layout.timeUnit);
     time.column("column"_L1, layout.time);
     time.positive("rateHz"_L1, layout.rateHz);
@@ -388,7 +388,7 @@ void readDelimited(JsonFields &json, TableLayout &layout)
     readColumnLists(json, layout);
 }
 
-void readVersion(JsonFields &json)
+void readVersion(LayoutKeys &json)
 {
     const QJsonValue version = json.take("version"_L1);
     if (version.toInt(0) != TableLayout::version)
@@ -442,7 +442,7 @@ std::variant<TableLayout, TableProblem> layoutFromJson(QByteArrayView bytes, con
     if (!document.isObject())
         return refused(syntaxProblem(error, bytes));
     TableLayout layout;
-    JsonFields json(document.object(), {}, problem);
+    LayoutKeys json(document.object(), {}, problem);
     readVersion(json);
     json.text("description"_L1, layout.description);
     json.word("kind"_L1, layout_words::kinds, layout.kind);
@@ -452,7 +452,7 @@ std::variant<TableLayout, TableProblem> layoutFromJson(QByteArrayView bytes, con
     if (layout.kind == TableKind::Delimited) {
         readDelimited(json, layout);
     } else {
-        JsonFields messages = json.object("messages"_L1);
+        LayoutKeys messages = json.object("messages"_L1);
         messages.text("begin"_L1, layout.beginMessage);
         messages.text("end"_L1, layout.endMessage);
         messages.finish();

@@ -9,7 +9,7 @@ namespace {
 
 constexpr qsizetype longestNumber = 400; ///< the longest double without exponent has some 330 digits
 
-int shiftOf(TableTimeUnit unit)
+int timeShiftOf(TableTimeUnit unit)
 {
     switch (unit) {
     case TableTimeUnit::Seconds:
@@ -123,7 +123,7 @@ QList<QByteArrayView> splitFields(QByteArrayView line, char delimiter, qsizetype
 NumberFields::NumberFields(char decimalSign, const QList<QByteArray> &missing, TableTimeUnit timeUnit)
     : m_decimalSign(decimalSign)
     , m_isClock(timeUnit == TableTimeUnit::Clock)
-    , m_timeShift(shiftOf(timeUnit))
+    , m_timeShift(timeShiftOf(timeUnit))
 {
     for (const QByteArray &code : missing) {
         auto value = anyNumber(code, m_decimalSign);

@@ -18,8 +18,8 @@ TableProblem cannotOpen(const QString &path, const QString &reason)
             .remedy = QStringLiteral("Check its name and whether you may read it.")};
 }
 
-std::variant<TableContent, TableProblem> read(QIODevice &device, const QString &file, const TableLayout &layout,
-                                              const TableReadOptions &options)
+std::variant<TableContent, TableProblem> readDevice(QIODevice &device, const QString &file, const TableLayout &layout,
+                                                    const TableReadOptions &options)
 {
     if (auto problem = layoutProblem(layout)) {
         problem->file = file;
@@ -48,7 +48,7 @@ std::variant<TableContent, TableProblem> readTable(QIODevice &device, const QStr
                                                    const TableReadOptions &options)
 {
     try {
-        return read(device, file, layout, options);
+        return readDevice(device, file, layout, options);
     } catch (const std::bad_alloc &) {
         return TableProblem{.file = file,
                             .found = QStringLiteral("more samples than fit into the memory"),

@@ -11,7 +11,7 @@ namespace gtl::replies {
 
 namespace {
 
-bool isDigit(char c)
+bool isDecimalDigit(char c)
 {
     return c >= '0' && c <= '9';
 }
@@ -21,7 +21,7 @@ template <class Number>
 std::optional<Number> numberOf(std::string_view text)
 {
     const std::size_t sign = text.starts_with('-') ? 1 : 0;
-    if (text.size() <= sign || !isDigit(text[sign]))
+    if (text.size() <= sign || !isDecimalDigit(text[sign]))
         return {};
     Number number{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr double percent = 100;
 
-chart::BinScale scaleOf(const DrawingContext &context)
+chart::BinScale areaScale(const DrawingContext &context)
 {
     return chart::binScale(context.frame, context.areas.timeWindowMs);
 }
@@ -23,7 +23,7 @@ chart::BinScale scaleOf(const DrawingContext &context)
 QList<QList<double>> looksOf(const Examination &examination, const QList<AreaOfInterest> &areas,
                              const DrawingContext &context)
 {
-    const chart::BinScale scale = scaleOf(context);
+    const chart::BinScale scale = areaScale(context);
     QList<QList<double>> looks(areas.size(), chart::emptyBins());
     for (const ExaminationEye &each : eyesToDraw(examination, context.eyeMode)) {
         const QList<Fixation> &scanpath = each.stream().scanpath;
@@ -83,7 +83,7 @@ struct AreaStep {
 /// The transitions between different areas.
 QList<AreaStep> stepsBetween(const QList<AreaOfInterest> &areas, const DrawingContext &context)
 {
-    const chart::BinScale scale = scaleOf(context);
+    const chart::BinScale scale = areaScale(context);
     const auto type = static_cast<TransitionType>(context.areas.transitionType);
     QList<AreaStep> steps;
     const auto take = [&](const GazeStay &stay, const Fixation &next, const Places &places) {
@@ -179,7 +179,7 @@ Chart aoiTransitionPairChart(const DrawingContext &context)
     QMap<std::pair<qsizetype, qsizetype>, QList<AreaStep>> pairs;
     for (const AreaStep &step : stepsBetween(areas, context))
         pairs[{step.from, step.to}] << step;
-    const double perMinute = perMinuteOf(scaleOf(context));
+    const double perMinute = perMinuteOf(areaScale(context));
     Chart chart{.frame = context.frame, .unit = QStringLiteral(" trans/min")};
     for (auto pair = pairs.cbegin(); pair != pairs.cend(); ++pair) {
         const auto [from, to] = pair.key();

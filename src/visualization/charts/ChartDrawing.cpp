@@ -16,7 +16,7 @@ constexpr double axisRight = 4761;
 constexpr double firstColumn = 2761;
 constexpr double baseLine = 800; ///< y; the height of the chart, too
 
-constexpr int labelSteps = 10;
+constexpr int axisSteps = 10;
 
 QFont labelFont()
 {
@@ -112,12 +112,12 @@ Drawing axes()
 }
 
 /// In two rows: neighbours would run into each other.
-Drawing timeLabels(TimeFrame frame)
+Drawing timeAxisLabels(TimeFrame frame)
 {
     constexpr double secondRow = 850;
     Drawing drawing;
-    for (int step = 0; step <= labelSteps; ++step) {
-        const double fraction = step / double(labelSteps);
+    for (int step = 0; step <= axisSteps; ++step) {
+        const double fraction = step / double(axisSteps);
         const double x = axisLeft + fraction * chart::binCount;
         const double y = step % 2 == 0 ? baseLine : secondRow;
         const auto timeMs = static_cast<qint64>(fraction * static_cast<double>(frame.endMs));
@@ -132,8 +132,8 @@ Drawing valueLabels(const Chart &chart)
     constexpr double labelLeft = 4810;
     constexpr double gridRight = 4801;
     Drawing drawing;
-    for (int step = 0; step <= labelSteps; ++step) {
-        const double fraction = step / double(labelSteps);
+    for (int step = 0; step <= axisSteps; ++step) {
+        const double fraction = step / double(axisSteps);
         const double y = baseLine - fraction * baseLine;
         drawing << TextShape{{labelLeft, y},
                              text::general6(fraction * std::max(0.0, chart.labelAtTop)) + chart.unit,
@@ -194,6 +194,6 @@ Drawing groundFor(qsizetype names)
 Drawing chartDrawing(const Chart &chart, const ChartStyle &style)
 {
     const QList<ChartCurve> named = style.legend && chart.curves.size() > 1 ? chart.curves : QList<ChartCurve>();
-    return groundFor(named.size()) + curveShapes(chart, style) + axes() + timeLabels(chart.frame) + valueLabels(chart) +
-           legend(named);
+    return groundFor(named.size()) + curveShapes(chart, style) + axes() + timeAxisLabels(chart.frame) +
+           valueLabels(chart) + legend(named);
 }

@@ -10,18 +10,19 @@
 namespace {
 
 using Text = QLatin1StringView;
-using enum ChartOwner;
+using Owner = ChartOwner;
 
 constexpr ChartKind kinds[] = {
-    {Text("saccades"), Text("Saccade histogram"), saccadeChart, Saccades},
-    {Text("saccades-by-eye"), Text("Saccade histogram separated"), saccadesByEyeChart, Saccades},
-    {Text("saccades-and-fixations"), Text("Saccade and fixation histogram"), saccadesAndFixationsChart, Saccades},
-    {Text("fixations"), Text("Fixation histogram"), fixationChart, Fixations},
-    {Text("fixations-by-eye"), Text("Fixation histogram separated"), fixationsByEyeChart, Fixations},
-    {Text("aoi-transitions"), Text("Time dependent transitions"), aoiTransitionChart, Areas},
-    {Text("aoi-fixations"), Text("Fixations over time"), aoiFixationChart, Areas},
-    {Text("aoi-transitions-by-pair"), Text("Transitions over time"), aoiTransitionPairChart, Areas},
-    {Text("aoi-fixation-shares"), Text("Fixations relative to time window"), aoiFixationShareChart, Areas},
+    {Text("saccades"), Text("Saccade histogram"), saccadeChart, Owner::Saccades},
+    {Text("saccades-by-eye"), Text("Saccade histogram separated"), saccadesByEyeChart, Owner::Saccades},
+    {Text("saccades-and-fixations"), Text("Saccade and fixation histogram"), saccadesAndFixationsChart,
+     Owner::Saccades},
+    {Text("fixations"), Text("Fixation histogram"), fixationChart, Owner::Fixations},
+    {Text("fixations-by-eye"), Text("Fixation histogram separated"), fixationsByEyeChart, Owner::Fixations},
+    {Text("aoi-transitions"), Text("Time dependent transitions"), aoiTransitionChart, Owner::Areas},
+    {Text("aoi-fixations"), Text("Fixations over time"), aoiFixationChart, Owner::Areas},
+    {Text("aoi-transitions-by-pair"), Text("Transitions over time"), aoiTransitionPairChart, Owner::Areas},
+    {Text("aoi-fixation-shares"), Text("Fixations relative to time window"), aoiFixationShareChart, Owner::Areas},
 };
 
 ChartStyle styleOf(const VisualizationParameters &record)

@@ -22,7 +22,7 @@ struct Events {
     DataKind kind;
 };
 
-chart::BinScale scaleOf(const DrawingContext &context, const Record &record)
+chart::BinScale eventScale(const DrawingContext &context, const Record &record)
 {
     constexpr double msPerUnit = 100; // the field serves other modes as an exponent
     return chart::binScale(context.frame, truncated(std::ceil(record.power * msPerUnit)));
@@ -73,7 +73,7 @@ ChartCurve curveOf(const QString &name, const QColor &color, const Events &event
                    const DrawingContext &context)
 {
     ChartCurve curve{name, color, chart::emptyBins()};
-    const chart::BinScale scale = scaleOf(context, context.of(events.kind));
+    const chart::BinScale scale = eventScale(context, context.of(events.kind));
     for (const ExaminationEye &each : streams)
         events.add(curve.bins, each.stream(), context, scale);
     return curve;

@@ -38,8 +38,8 @@ SaccadeMarkStyle markStyle(const VisualizationParameters &parameters, HeatmapLoo
 }
 
 template <class Event>
-HeatmapDensity counted(Density cells, const std::vector<Event> &events, NormalDistribution kernel, int workers,
-                       const QString &unit)
+HeatmapDensity countedDensity(Density cells, const std::vector<Event> &events, NormalDistribution kernel, int workers,
+                              const QString &unit)
 {
     const int atPeak = eventsAround<Event>(cells.peak(), events, kernel.width);
     return {.cells = std::move(cells),
@@ -58,8 +58,8 @@ std::optional<HeatmapDensity> densityOfGazePoints(const DrawingContext &context)
         return std::nullopt;
     const int workers = workersFor(events.size(), enoughEvents);
     const NormalDistribution kernel = normalDistribution(context.of(DataKind::GazePoints));
-    return counted(gazePointDensity(events, kernel, workers), events, kernel, workers,
-                   QStringLiteral("gaze points per px^2"));
+    return countedDensity(gazePointDensity(events, kernel, workers), events, kernel, workers,
+                          QStringLiteral("gaze points per px^2"));
 }
 
 /// Fixations and clusters differ in their events, their parameters and their name.
@@ -74,7 +74,7 @@ std::optional<HeatmapDensity> densityOfSections(std::vector<FixationEvent> event
     const QString unit =
         mass == FixationMass::Duration ? QStringLiteral("ms of %1 per px^2") : QStringLiteral("%1 per px^2");
     HeatmapDensity density =
-        counted(fixationDensity(events, kernel, mass, workers), events, kernel, workers, unit.arg(name));
+        countedDensity(fixationDensity(events, kernel, mass, workers), events, kernel, workers, unit.arg(name));
     density.sections = std::move(events);
     return density;
 }
@@ -86,8 +86,8 @@ std::optional<HeatmapDensity> densityOfSaccades(const DrawingContext &context, H
         return std::nullopt;
     const int workers = workersFor(events.size(), enoughSaccades);
     const SaccadeMarkStyle style = markStyle(context.of(DataKind::Saccades), look);
-    return counted(saccadeDensity(events, style, workers), events, style.kernel, workers,
-                   QStringLiteral("sum of the heights of saccade marks"));
+    return countedDensity(saccadeDensity(events, style, workers), events, style.kernel, workers,
+                          QStringLiteral("sum of the heights of saccade marks"));
 }
 
 } // namespace

@@ -12,9 +12,10 @@
 #include "visualization/shapes/SaccadeShapes.h"
 #include "visualization/shapes/TransitionShapes.h"
 
+namespace modeoptions {
+
 namespace {
 
-using namespace modeoptions;
 using Qt::StringLiterals::operator""_L1;
 using Option = DrawingOption;
 using Record = VisualizationParameters;
@@ -195,19 +196,21 @@ constexpr DataMode saccadeModes[] = {
 
 } // namespace
 
+} // namespace modeoptions
+
 std::span<const DataMode> drawingModes(DataKind kind)
 {
     switch (kind) {
     case DataKind::GazePoints:
         break;
     case DataKind::Fixations:
-        return fixationModes;
+        return modeoptions::fixationModes;
     case DataKind::Clusters:
-        return clusterModes;
+        return modeoptions::clusterModes;
     case DataKind::Saccades:
-        return saccadeModes;
+        return modeoptions::saccadeModes;
     }
-    return gazePointModes;
+    return modeoptions::gazePointModes;
 }
 
 ModeBuild buildOf(DataKind kind, const VisualizationParameters &record)

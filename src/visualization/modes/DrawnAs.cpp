@@ -12,7 +12,7 @@ struct DrawnTexts {
     QString CalculationInfo::*cumulative = nullptr;
 };
 
-constexpr DrawnTexts texts[] = {
+constexpr DrawnTexts drawnTexts[] = {
     {DataKind::GazePoints, &CalculationInfo::gazepointsVisualizationInfo},
     {DataKind::Fixations, &CalculationInfo::fixationVisualizationInfo},
     {DataKind::Clusters, &CalculationInfo::clusterVisualizationInfo,
@@ -31,7 +31,7 @@ void setDrawnAs(QList<Examination> &examinations, const DrawingContext &context)
 {
     constexpr int none = 0;
     for (Examination &examination : examinations) {
-        for (const auto &[kind, own, cumulative] : texts) {
+        for (const auto &[kind, own, cumulative] : drawnTexts) {
             const int number = examination.checked ? context.of(kind).visualizationMode : none;
             const DataMode *mode = modeAt(drawingModes(kind), number);
             if (!mode)

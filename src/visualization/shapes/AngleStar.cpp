@@ -24,14 +24,14 @@ constexpr double longestBar = 500;    // px
 constexpr double spokeLength = 600;   // px
 constexpr double labelDistance = 675; // px
 
-struct Measure {
+struct StarMeasure {
     bool V::*isShown;
     QList<double> AngleStarBins::*values;
     Qt::PenStyle line;
     int thirds; ///< of a bin's width, by which the bars stand beside the middle
 };
 
-constexpr Measure measures[] = {
+constexpr StarMeasure measures[] = {
     {&V::showQuantityArcs, &AngleStarBins::quantity, Qt::SolidLine, -1},
     {&V::showDurationArcs, &AngleStarBins::meanDuration, Qt::DotLine, 0},
     {&V::showLenghtArcs, &AngleStarBins::meanLength, Qt::DashLine, 1},
@@ -113,7 +113,7 @@ Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const Vis
     translucent.setAlpha(std::clamp(parameters.fillOpacity, 0, opaque)); // the number itself, not a percentage
     const qsizetype count = bins.quantity.size();
     Drawing drawing;
-    for (const Measure &measure : measures) {
+    for (const StarMeasure &measure : measures) {
         if (!(parameters.*measure.isShown))
             continue;
         if (drawing.isEmpty())

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double wholeInPercent = 100.0;
+constexpr double percentOfWhole = 100.0;
 
 /// What all ribbons of one drawing share.
 struct Sources {
@@ -42,7 +42,7 @@ int largestOfAll(const AoiTransitions &transitions)
     return std::max(1, largest);
 }
 
-bool isShown(const Sources &sources, qsizetype from, qsizetype to)
+bool isTransitionShown(const Sources &sources, qsizetype from, qsizetype to)
 {
     return from != to && sources.transitions.shareOfRow(from, to) > 0 &&
            sources.transitions.rate(from, to) / sources.examinations >= sources.parameters.transMin &&
@@ -141,7 +141,7 @@ QString shareText(const AoiTransitions &transitions, qsizetype from, qsizetype t
 {
     return QStringLiteral("(%1):%2%")
         .arg(transitions.count(from, to))
-        .arg(text::general6(transitions.shareOfRow(from, to) * wholeInPercent));
+        .arg(text::general6(transitions.shareOfRow(from, to) * percentOfWhole));
 }
 
 QString ribbonText(const AoiTransitions &transitions, qsizetype from, qsizetype to)
@@ -150,7 +150,7 @@ QString ribbonText(const AoiTransitions &transitions, qsizetype from, qsizetype 
            QStringLiteral(" \n Transitions in ") + shareText(transitions, to, from);
 }
 
-QPointF meanOf(const QPolygonF &points)
+QPointF meanOfPoints(const QPolygonF &points)
 {
     return std::accumulate(points.cbegin(), points.cend(), QPointF()) / double(std::max<qsizetype>(1, points.size()));
 }
@@ -167,7 +167,7 @@ Drawing ribbonShapes(const Sources &sources, qsizetype from, qsizetype to, const
     }
     Drawing drawing{ribbon};
     if (!sources.parameters.noText)
-        drawing << aoiText(text, meanOf(polygon), Qt::black, TextAnchor::Left);
+        drawing << aoiText(text, meanOfPoints(polygon), Qt::black, TextAnchor::Left);
     return drawing;
 }
 
@@ -176,7 +176,7 @@ Drawing ribbonsOutOf(const Sources &sources, qsizetype from)
     Drawing drawing;
     OutlineShares shares(sources.areas[from].polygon);
     for (qsizetype to = 0; to < sources.areas.size(); ++to) {
-        if (!isShown(sources, from, to))
+        if (!isTransitionShown(sources, from, to))
             continue;
         const QPolygonF polygon =
             sources.parameters.showLines
@@ -194,7 +194,7 @@ Drawing areaShapes(const Sources &sources, qsizetype index)
     const AreaOfInterest &area = sources.areas[index];
     const AoiVisualizationParameters &parameters = sources.parameters;
     QColor color = parameters.oneColor ? parameters.colorAoi : area.color;
-    color.setAlphaF(static_cast<float>(std::clamp(parameters.fillOpacity / wholeInPercent, 0.0, 1.0)));
+    color.setAlphaF(static_cast<float>(std::clamp(parameters.fillOpacity / percentOfWhole, 0.0, 1.0)));
     const QString text = QStringLiteral("Transitions ") + shareText(sources.transitions, index, index);
     Drawing drawing{AreaShape{area.polygon, QPen(color, borderWidth),
                               parameters.outlines ? QBrush(Qt::NoBrush) : QBrush(color),

@@ -36,7 +36,7 @@ qint64 durationOf(const FixationCluster &cluster)
     return sum;
 }
 
-bool isShown(const FixationCluster &cluster, TimeFrame frame, const VisualizationParameters &parameters)
+bool isClusterShown(const FixationCluster &cluster, TimeFrame frame, const VisualizationParameters &parameters)
 {
     const auto all = static_cast<double>(cluster.fixations.size());
     const auto inside = static_cast<double>(cluster.fixationsWithin(frame));
@@ -75,7 +75,7 @@ Drawing shapesOfEach(const QList<FixationCluster> &clusters, TimeFrame frame, co
 {
     Drawing drawing;
     for (qsizetype i = 0; i < clusters.size(); ++i) {
-        if (!isShown(clusters[i], frame, parameters))
+        if (!isClusterShown(clusters[i], frame, parameters))
             continue;
         if (parameters.showGazePoints) {
             QPen pen = style.pen;

@@ -46,7 +46,7 @@ QList<ArrowShape> singleLineOf(const QList<SaccadeVector> &cluster, const QColor
     return {ArrowShape{from, to, false, penOf(color, style.lineWidthPx), color, QString()}};
 }
 
-ClusterBuild buildOf(SaccadeClusterMode mode)
+ClusterBuild clusterBuildOf(SaccadeClusterMode mode)
 {
     switch (mode) {
     case SaccadeClusterMode::Lines:
@@ -95,7 +95,7 @@ SaccadeClusterLine singleLine(const QList<SaccadeVector> &cluster)
 QList<ArrowShape> saccadeClusterArrows(const SaccadeClusterList &clusters, SaccadeClusterMode mode,
                                        const SaccadeClusterStyle &style)
 {
-    const ClusterBuild build = buildOf(mode);
+    const ClusterBuild build = clusterBuildOf(mode);
     if (!build)
         return {};
     const QList<QColor> colors = saccadeClusterColors(clusters.size());

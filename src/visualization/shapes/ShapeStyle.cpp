@@ -19,7 +19,7 @@ QColor borderColorOf(const VisualizationParameters &parameters, Eye eye)
     return ofEye(eye, parameters.borderColorLeft, parameters.borderColorRight, parameters.borderColor);
 }
 
-const Group *groupOf(const Examination &examination, const DataModel &model)
+const Group *colorGroupOf(const Examination &examination, const DataModel &model)
 {
     return examination.groupName == Group::none ? nullptr : model.group(examination.groupName);
 }
@@ -52,7 +52,7 @@ QColor withOpacity(QColor color, int opacityPercent)
 ShapeStyle shapeStyle(const Examination &examination, Eye eye, const DataModel &model,
                       const VisualizationParameters &parameters)
 {
-    const Group *group = groupOf(examination, model);
+    const Group *group = colorGroupOf(examination, model);
     const QColor fill = group ? fillColorOf(*group, eye, parameters) : fillColorOf(parameters, eye);
     const QColor border = group ? borderColorFor(fill, parameters.borderType) : borderColorOf(parameters, eye);
     return {QPen(border, std::max(0, parameters.borderWidth)),
