@@ -8,7 +8,7 @@
 
 namespace {
 
-QString countText(qsizetype value)
+QString numberText(qsizetype value)
 {
     return QString::number(value);
 }
@@ -30,7 +30,7 @@ QString missingAreas(const AoiFileContents &contents)
         return QStringLiteral(
                    "reading stopped at line %1; areas read before: %2. In each block, color= and name= stand "
                    "before the first vertex.")
-            .arg(countText(contents.stoppedAtLine), countText(contents.aois.size()));
+            .arg(numberText(contents.stoppedAtLine), numberText(contents.aois.size()));
     if (contents.aois.isEmpty())
         return QStringLiteral("holds no area of interest.");
     return {};
@@ -43,7 +43,7 @@ QString badVertexLines(const AoiFileContents &contents)
     return QStringLiteral(
                "lines left out that are no vertex: %1; the first is line %2. A vertex is two whole numbers with "
                "one blank between them.")
-        .arg(countText(contents.badVertexLines), countText(contents.firstBadVertexLine));
+        .arg(numberText(contents.badVertexLines), numberText(contents.firstBadVertexLine));
 }
 
 QString unfinishedBlocks(const AoiFileContents &contents)
@@ -51,7 +51,7 @@ QString unfinishedBlocks(const AoiFileContents &contents)
     if (contents.unfinishedBlocks == 0)
         return {};
     return QStringLiteral("areas left out that have no name or no vertices: %1. Each needs both.")
-        .arg(countText(contents.unfinishedBlocks));
+        .arg(numberText(contents.unfinishedBlocks));
 }
 
 QString replacedAreas(const QStringList &names)
@@ -61,7 +61,7 @@ QString replacedAreas(const QStringList &names)
     return QStringLiteral(
                "areas that replace one of the same name: %1; the first is \"%2\". Each area needs a name of its "
                "own.")
-        .arg(countText(names.size()), shortened(names.first()));
+        .arg(numberText(names.size()), shortened(names.first()));
 }
 
 /// Puts the areas into the model; the names of those that replaced another one.

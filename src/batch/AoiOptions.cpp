@@ -8,9 +8,10 @@
 
 namespace {
 
-using O = AoiOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::WholeNumber, optionvalues::Word, optionvalues::namesOf, optionvalues::oneOf, optionvalues::text,
+    optionvalues::texts, optionvalues::unknownWord, optionvalues::wholeNumber, optionvalues::wordFor;
 
 constexpr Word<GeneratedAois> kinds[] = {{Text("grid"), GeneratedAois::Grid},
                                          {Text("clusters"), GeneratedAois::Clusters},
@@ -176,7 +177,7 @@ constexpr OptionValue output{.read = readOutput, .show = text<&O::aoiOutput>.sho
 constexpr OptionValue saliencyFile{.read = readSaliencyFile, .show = text<&O::saliencyFile>.show};
 constexpr OptionValue saliencyNumbers{.read = readNumbers, .show = shownNumbers};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow aoiOptionRows[] = {
     {Text("aois"), Text("FILE"), Text("areas of interest: .aoi, .csv, .json or a label image .png; repeatable"),
      &texts<&O::aoiFiles>, Reported::Never},
     {Text("generate-aois"), Text("KIND"), Text("of %1; repeatable, after fixations and clusters, before statistics"),
@@ -203,7 +204,7 @@ bool isOfSaliency(const AoiOptions &options)
 
 OptionGroup aoiOptions()
 {
-    return {Text("Areas of interest"), rows};
+    return {Text("Areas of interest"), aoiOptionRows};
 }
 
 std::optional<QString> aoiComplaint(const AoiOptions &options)

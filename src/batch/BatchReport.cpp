@@ -25,14 +25,14 @@ QLatin1StringView severityName(messages::Severity severity)
     return QLatin1StringView("critical");
 }
 
-QJsonObject toJson(const ReportedFile &file)
+QJsonObject reportedJson(const ReportedFile &file)
 {
     return {{QStringLiteral("path"), file.path},
             {QStringLiteral("bytes"), file.bytes},
             {QStringLiteral("sha256"), file.sha256.isEmpty() ? QJsonValue() : QJsonValue(file.sha256)}};
 }
 
-QJsonArray toJson(const QList<ShownMessage> &messages)
+QJsonArray reportedJson(const QList<ShownMessage> &messages)
 {
     QJsonArray array;
     for (const ShownMessage &message : messages)
@@ -43,7 +43,7 @@ QJsonArray toJson(const QList<ShownMessage> &messages)
 }
 
 template <class T>
-QJsonObject toJson(const QMap<QString, T> &map)
+QJsonObject reportedJson(const QMap<QString, T> &map)
 {
     QJsonObject object;
     for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
@@ -51,13 +51,13 @@ QJsonObject toJson(const QMap<QString, T> &map)
     return object;
 }
 
-QJsonObject toJson(const ReportedInput &input)
+QJsonObject reportedJson(const ReportedInput &input)
 {
-    QJsonObject object = toJson(input.file);
+    QJsonObject object = reportedJson(input.file);
     object.insert(QStringLiteral("kind"), input.kind);
     object.insert(QStringLiteral("used"), input.used);
-    object.insert(QStringLiteral("counts"), toJson(input.counts));
-    object.insert(QStringLiteral("messages"), toJson(input.messages));
+    object.insert(QStringLiteral("counts"), reportedJson(input.counts));
+    object.insert(QStringLiteral("messages"), reportedJson(input.messages));
     if (!input.table.isEmpty())
         object.insert(QStringLiteral("table"), input.table);
     if (!input.quality.isEmpty())
@@ -65,7 +65,7 @@ QJsonObject toJson(const ReportedInput &input)
     return object;
 }
 
-QJsonObject toJson(const ReportedArea &area)
+QJsonObject reportedJson(const ReportedArea &area)
 {
     return {{QStringLiteral("name"), area.name},
             {QStringLiteral("enabled"), area.enabled},
@@ -74,11 +74,11 @@ QJsonObject toJson(const ReportedArea &area)
 }
 
 template <class T>
-QJsonArray toJsonArray(const QList<T> &list)
+QJsonArray reportedArray(const QList<T> &list)
 {
     QJsonArray array;
     for (const T &each : list)
-        array << toJson(each);
+        array << reportedJson(each);
     return array;
 }
 
@@ -108,17 +108,17 @@ QJsonDocument toJson(const BatchReport &report)
     QJsonObject object{
         {QStringLiteral("program"), report.program},
         {QStringLiteral("version"), report.version},
-        {QStringLiteral("options"), toJson(report.options)},
-        {QStringLiteral("parameters"), toJson(report.parameters)},
-        {QStringLiteral("inputs"), toJsonArray(report.inputs)},
-        {QStringLiteral("messages"), toJson(report.messages)},
-        {QStringLiteral("outputs"), toJsonArray(report.outputs)},
+        {QStringLiteral("options"), reportedJson(report.options)},
+        {QStringLiteral("parameters"), reportedJson(report.parameters)},
+        {QStringLiteral("inputs"), reportedArray(report.inputs)},
+        {QStringLiteral("messages"), reportedJson(report.messages)},
+        {QStringLiteral("outputs"), reportedArray(report.outputs)},
     };
     if (!report.density.isEmpty())
-        object.insert(QStringLiteral("density"), toJson(report.density));
+        object.insert(QStringLiteral("density"), reportedJson(report.density));
     if (!report.methods.isEmpty())
         object.insert(QStringLiteral("methods"), report.methods);
     if (!report.areas.isEmpty())
-        object.insert(QStringLiteral("areasOfInterest"), toJsonArray(report.areas));
+        object.insert(QStringLiteral("areasOfInterest"), reportedArray(report.areas));
     return QJsonDocument(object);
 }

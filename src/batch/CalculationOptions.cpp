@@ -7,9 +7,9 @@
 
 namespace {
 
-using O = CalculationOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::number, optionvalues::someOf;
 
 constexpr int mostOfPanel = 500;
 
@@ -32,7 +32,7 @@ QString shownSaccadeClusters(const BatchOptions &options)
 constexpr OptionValue saccadeCluster{
     .read = readSaccadeCluster, .show = shownSaccadeClusters, .given = Given::Repeatedly};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow calculationOptionRows[] = {
     {Text("calculate"), Text("LIST"), Text("of %1"), &someOf<&O::calculations, calculationRows>, Reported::Always},
     {Text("overlap-fixations"), Text("N"), Text("minimum of the overlap method of clusters (default: 1)"),
      &number<&O::overlapFixations, 1, mostOfPanel>},
@@ -46,5 +46,5 @@ constexpr OptionRow rows[] = {
 
 OptionGroup calculationOptions()
 {
-    return {Text("Calculations"), rows};
+    return {Text("Calculations"), calculationOptionRows};
 }

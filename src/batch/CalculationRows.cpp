@@ -79,7 +79,7 @@ void detectFixations(RunState &run)
         tellDetection(*outcome);
 }
 
-ClusterParameters clusterParametersOf(const BatchOptions &options, std::optional<int> overlapOutliers)
+ClusterParameters runClusterParameters(const BatchOptions &options, std::optional<int> overlapOutliers)
 {
     ClusterSettingsModel settings;
     loadParameters(settings, rows::cluster);
@@ -88,13 +88,13 @@ ClusterParameters clusterParametersOf(const BatchOptions &options, std::optional
 
 void clusterFixations(RunState &run)
 {
-    run.done.clusters = clusterParametersOf(run.options, std::nullopt);
+    run.done.clusters = runClusterParameters(run.options, std::nullopt);
     calculateClusters(run.model, *run.done.clusters, run.threads());
 }
 
 void clusterCumulatively(RunState &run)
 {
-    run.done.pooledClusters = clusterParametersOf(run.options, run.options.overlapOutliers);
+    run.done.pooledClusters = runClusterParameters(run.options, run.options.overlapOutliers);
     calculateCumulativeClusters(run.model, *run.done.pooledClusters);
 }
 
@@ -130,7 +130,7 @@ ReportRecords reportRecords(const BatchOptions &options)
     const bool fromRegions =
         options.generatedAois.contains(GeneratedAois::Regions) && options.regionExport == RegionExport::Aois;
     return {.fixations = fixationSettings(options),
-            .clusters = clusterParametersOf(options, options.overlapOutliers),
+            .clusters = runClusterParameters(options, options.overlapOutliers),
             .saccadeClusters = options.saccadeClusters.parameters,
             .saccadeClusterMode = options.saccadeClusters.mode,
             .saccadeClusterStyle = options.saccadeClusters.style,

@@ -6,9 +6,9 @@
 
 namespace {
 
-using O = InputOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::WholeNumber, optionvalues::text, optionvalues::wholeNumber;
 
 std::optional<WrongValue> readTime(const QString &value, BatchOptions &options)
 {
@@ -66,7 +66,7 @@ constexpr OptionValue millimetreImage{
     .read = readMillimetreImage, .show = [](const BatchOptions &options) { return options.millimetres.imagePath; }};
 constexpr OptionValue timeFrame{.read = readTime, .show = shownTime};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow inputOptionRows[] = {
     {Text("recipe"), Text("FILE"),
      Text("does the steps that the window saved, with its recordings or with those given here"), &text<&O::recipeFile>},
     {Text("background"), Text("FILE"), Text("picture behind the drawing"), &text<&O::background>, Reported::Never},
@@ -83,7 +83,7 @@ constexpr OptionRow rows[] = {
 
 OptionGroup inputOptions()
 {
-    return {Text("Input"), rows};
+    return {Text("Input"), inputOptionRows};
 }
 
 std::optional<QString> inputComplaint(const InputOptions &options)

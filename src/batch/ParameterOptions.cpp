@@ -6,9 +6,9 @@
 
 namespace {
 
-using O = ParameterOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::Word, optionvalues::oneOf, optionvalues::texts;
 
 constexpr Word<O::Detector> detectors[] = {{Text("standard"), O::Detector::Standard},
                                            {Text("gaussian"), O::Detector::Gaussian},
@@ -37,7 +37,7 @@ QString shownSettings(const BatchOptions &options)
 
 constexpr OptionValue settingList{.read = readSetting, .show = shownSettings, .given = Given::Repeatedly};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow parameterOptionRows[] = {
     {Text("settings"), Text("FILE"), Text("parameters as the window saves them; repeatable, later wins"),
      &texts<&O::settingsFiles>, Reported::Never},
     {Text("set"), Text("KEY=VALUE"), Text("one key of the settings; repeatable, after --settings"), &settingList,
@@ -50,5 +50,5 @@ constexpr OptionRow rows[] = {
 
 OptionGroup parameterOptions()
 {
-    return {Text("Parameters"), rows};
+    return {Text("Parameters"), parameterOptionRows};
 }

@@ -12,9 +12,10 @@
 
 namespace {
 
-using O = PictureOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::Word, optionvalues::flag, optionvalues::namesOf, optionvalues::number, optionvalues::oneOf,
+    optionvalues::text, optionvalues::texts, optionvalues::unknownWord, optionvalues::wordFor;
 
 constexpr Word<DataKind> densityKinds[] = {{Text("gaze"), DataKind::GazePoints},
                                            {Text("fixations"), DataKind::Fixations},

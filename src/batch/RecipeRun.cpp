@@ -65,7 +65,7 @@ std::optional<QString> exportComplaint(const recipe::Export &step, const QString
     return unknownAmong(step.transitions->values, wordsOf(transitionValueRows()));
 }
 
-QString nameOf(const Examination &examination)
+QString recordingNameOf(const Examination &examination)
 {
     return examination.baseName;
 }
@@ -154,7 +154,7 @@ void RecipeRun::warnOfMissing(const QStringList &names, QLatin1StringView what) 
 {
     QSet<QString> known;
     for (const Examination &examination : m_state.model.examinations())
-        known.insert(nameOf(examination));
+        known.insert(recordingNameOf(examination));
     for (const QString &name : names) {
         if (!known.contains(name))
             messages::warning(u"Recipe"_s, u"%1: there is no recording %2"_s.arg(what, name));
@@ -165,7 +165,7 @@ void RecipeRun::take(const recipe::LeaveOut &step)
 {
     warnOfMissing(step.recordings, "leave-out"_L1);
     for (Examination &examination : m_state.model.examinations())
-        examination.checked = !step.recordings.contains(nameOf(examination));
+        examination.checked = !step.recordings.contains(recordingNameOf(examination));
     followTime();
 }
 
@@ -173,7 +173,7 @@ void RecipeRun::take(const recipe::Groups &step)
 {
     warnOfMissing(step.groups.keys(), "groups"_L1);
     for (Examination &examination : m_state.model.examinations()) {
-        const QString group = step.groups.value(nameOf(examination));
+        const QString group = step.groups.value(recordingNameOf(examination));
         if (group.isEmpty())
             clearGroup(examination);
         else

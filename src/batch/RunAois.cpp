@@ -31,7 +31,7 @@ QString picturePathOf(const RunState &run)
 
 /// That picture; null, and the run has failed, where there is none or it cannot be shown.
 /// @param missing  what is told where there is none.
-QImage pictureOf(RunState &run, const QString &title, const QString &missing)
+QImage pictureOrFailure(RunState &run, const QString &title, const QString &missing)
 {
     const QString path = picturePathOf(run);
     const std::optional<QString> problem = pictureProblem(path);
@@ -42,7 +42,7 @@ QImage pictureOf(RunState &run, const QString &title, const QString &missing)
     return path.isEmpty() || problem ? QImage() : QImage(path);
 }
 
-void insertAll(RunState &run, const QList<GeneratedAoi> &generated)
+void insertGenerated(RunState &run, const QList<GeneratedAoi> &generated)
 {
     for (const AreaOfInterest &aoi : aoisOf(generated))
         run.model.insertAoi(aoi);
@@ -54,14 +54,14 @@ void makeClusters(RunState &run)
     if (clusters.isEmpty())
         run.journal.fail(areasTitle, QStringLiteral("There are no cumulative clusters; --calculate cumulative-clusters "
                                                     "makes them."));
-    insertAll(run, clusterAois(clusters));
+    insertGenerated(run, clusterAois(clusters));
 }
 
 void takeRegions(RunState &run, const RegionSearch &search)
 {
     const int minimum = run.options.regions.minimumRegion;
     if (run.options.regionExport == RegionExport::Aois) {
-        insertAll(run, regionAois(search, minimum));
+        insertGenerated(run, regionAois(search, minimum));
         return;
     }
     auto pools = regionClusters(regionContours(search, minimum), run.model);
@@ -76,8 +76,8 @@ void makeRegions(RunState &run)
     const RegionParameters &parameters = run.options.regions;
     const bool isSaliency = parameters.source >= RegionSource::SaliencyItti;
     const QImage picture =
-        isSaliency ? pictureOf(run, areasTitle,
-                               QStringLiteral("Regions of a saliency need a picture; --background gives one."))
+        isSaliency ? pictureOrFailure(run, areasTitle,
+                                      QStringLiteral("Regions of a saliency need a picture; --background gives one."))
                    : QImage();
     if (isSaliency && picture.isNull())
         return;
@@ -116,7 +116,7 @@ void generateAois(RunState &run)
     for (const GeneratedAois kind : run.options.generatedAois) {
         switch (kind) {
         case GeneratedAois::Grid:
-            insertAll(run, gridAois());
+            insertGenerated(run, gridAois());
             break;
         case GeneratedAois::Clusters:
             makeClusters(run);
@@ -147,7 +147,7 @@ void exportSaliency(RunState &run)
     if (!run.options.saliency)
         return;
     const QImage picture =
-        pictureOf(run, saliencyTitle, QStringLiteral("There is no picture; --background gives one."));
+        pictureOrFailure(run, saliencyTitle, QStringLiteral("There is no picture; --background gives one."));
     if (picture.isNull())
         return;
     const cv::Mat map =

@@ -6,9 +6,9 @@
 
 namespace {
 
-using O = RunOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::flag, optionvalues::number, optionvalues::text;
 
 std::optional<WrongValue> readMethodsFile(const QString &value, BatchOptions &options)
 {
@@ -20,7 +20,7 @@ std::optional<WrongValue> readMethodsFile(const QString &value, BatchOptions &op
 
 constexpr OptionValue methodsFile{.read = readMethodsFile, .show = text<&O::methodsFile>.show};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow runOptionRows[] = {
     {Text("report"), Text("FILE.json"), Text("record of the run: version, parameters, inputs, messages, files written"),
      &text<&O::reportFile>, Reported::Never},
     {Text("methods"), Text("FILE.md"),
@@ -39,5 +39,5 @@ constexpr OptionRow rows[] = {
 
 OptionGroup runOptions()
 {
-    return {Text("Run"), rows};
+    return {Text("Run"), runOptionRows};
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-QJsonObject toJson(const EyeQuality &quality)
+QJsonObject qualityJson(const EyeQuality &quality)
 {
     QJsonObject object;
     for (const Measure<EyeQuality> &measure : qualityMeasures()) {
@@ -50,10 +50,10 @@ void addQuality(const QList<StreamQuality> &quality, BatchReport &report)
         QJsonObject &reported = recording.input->quality;
         const QString eye = eyeWord(measured.eye);
         if (recording.name.isEmpty()) {
-            reported.insert(eye, toJson(measured.quality));
+            reported.insert(eye, qualityJson(measured.quality));
         } else {
             QJsonObject ofRecording = reported.value(recording.name).toObject();
-            ofRecording.insert(eye, toJson(measured.quality));
+            ofRecording.insert(eye, qualityJson(measured.quality));
             reported.insert(recording.name, ofRecording);
         }
     }

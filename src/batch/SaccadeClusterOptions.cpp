@@ -12,7 +12,7 @@
 
 namespace {
 
-using Options = SaccadeClusterOptions;
+using ClusterOptions = SaccadeClusterOptions;
 using Text = QLatin1StringView;
 
 /// The member, whichever of the records has it.
@@ -29,15 +29,15 @@ auto &field(O &options)
 
 struct ClusterRow {
     NumberRange range;
-    int (*get)(const Options &);
-    void (*set)(Options &, int);
+    int (*get)(const ClusterOptions &);
+    void (*set)(ClusterOptions &, int);
 };
 
 template <auto Member>
 constexpr ClusterRow row(const NumberRange &range)
 {
-    return {range, [](const Options &options) { return static_cast<int>(field<Member>(options)); },
-            [](Options &options, int value) {
+    return {range, [](const ClusterOptions &options) { return static_cast<int>(field<Member>(options)); },
+            [](ClusterOptions &options, int value) {
                 auto &member = field<Member>(options);
                 member = static_cast<std::remove_reference_t<decltype(member)>>(value);
             }};
@@ -50,16 +50,16 @@ constexpr auto allRows(std::index_sequence<I...>)
     using S = SaccadeClusterStyle;
     return std::array{
         row<std::get<I>(stagedrows::all).member>(std::get<I>(stagedrows::all).range)...,
-        row<&Options::mode>({Text("mode"), 0, 2, Text("none,lines,single-line")}),
+        row<&ClusterOptions::mode>({Text("mode"), 0, 2, Text("none,lines,single-line")}),
         row<&S::lineWidthPx>({Text("line-width"), 1, 100}),
         row<&S::showArrowTips>({Text("arrow-tips"), 0, 1, stagedrows::flags}),
         row<&S::minimumQuantity>({Text("minimum-quantity"), 1, stagedrows::manyVectors}),
     };
 }
 
-constexpr auto rows = allRows(std::make_index_sequence<std::tuple_size_v<decltype(stagedrows::all)>>());
+constexpr auto saccadeClusterRows = allRows(std::make_index_sequence<std::tuple_size_v<decltype(stagedrows::all)>>());
 
-QStringList wordsOf(const ClusterRow &row)
+QStringList wordsOfRow(const ClusterRow &row)
 {
     return row.range.words.isEmpty() ? QStringList() : QString(row.range.words).split(u',');
 }
@@ -70,9 +70,9 @@ QString notOneOf(const QString &word, const QStringList &words)
            didYouMean(word, words);
 }
 
-std::variant<int, QString> valueOf(const ClusterRow &row, const QString &text)
+std::variant<int, QString> clusterValueOf(const ClusterRow &row, const QString &text)
 {
-    if (const QStringList words = wordsOf(row); !words.isEmpty()) {
+    if (const QStringList words = wordsOfRow(row); !words.isEmpty()) {
         const qsizetype place = words.indexOf(text);
         return place < 0 ? std::variant<int, QString>(notOneOf(text, words)) : static_cast<int>(place);
     }
@@ -92,15 +92,15 @@ std::variant<SaccadeClusterOptions, QString> withAssignment(const SaccadeCluster
     if (equals < 1)
         return QStringLiteral("not of the form NAME=VALUE");
     const QString name = assignment.left(equals);
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&](const ClusterRow &each) { return each.range.name == name; });
-    if (row == rows.end()) {
+    const auto row = std::find_if(saccadeClusterRows.begin(), saccadeClusterRows.end(),
+                                  [&](const ClusterRow &each) { return each.range.name == name; });
+    if (row == saccadeClusterRows.end()) {
         QStringList names;
-        std::transform(rows.begin(), rows.end(), std::back_inserter(names),
+        std::transform(saccadeClusterRows.begin(), saccadeClusterRows.end(), std::back_inserter(names),
                        [](const ClusterRow &each) { return each.range.name; });
         return notOneOf(name, names);
     }
-    const std::variant<int, QString> value = valueOf(*row, assignment.mid(equals + 1));
+    const std::variant<int, QString> value = clusterValueOf(*row, assignment.mid(equals + 1));
     if (const auto *problem = std::get_if<QString>(&value))
         return *problem;
     SaccadeClusterOptions changed = options;
@@ -111,8 +111,8 @@ std::variant<SaccadeClusterOptions, QString> withAssignment(const SaccadeCluster
 QString assignments(const SaccadeClusterOptions &options)
 {
     QStringList texts;
-    for (const ClusterRow &row : rows) {
-        const QStringList words = wordsOf(row);
+    for (const ClusterRow &row : saccadeClusterRows) {
+        const QStringList words = wordsOfRow(row);
         const int value = row.get(options);
         texts << row.range.name + u'=' + (words.isEmpty() ? QString::number(value) : words.value(value));
     }

@@ -8,9 +8,9 @@
 
 namespace {
 
-using O = StatisticsOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::someOf, optionvalues::text;
 
 std::optional<WrongValue> readSimilarity(const QString &value, BatchOptions &options)
 {
@@ -25,7 +25,7 @@ constexpr OptionValue similarity{
     .words = similarityvalues::names,
     .given = Given::Repeatedly};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow statisticsOptionRows[] = {
     {Text("transitions"), Text("LIST"), Text("of %1 (default: all that have data)"),
      &someOf<&O::transitions, transitionRows>, Reported::IfGiven, Text("export transitions")},
     {Text("transition-values"), Text("LIST"), Text("of %1 (default: all)"),
@@ -43,5 +43,5 @@ constexpr OptionRow rows[] = {
 
 OptionGroup statisticsOptions()
 {
-    return {Text("Statistics"), rows};
+    return {Text("Statistics"), statisticsOptionRows};
 }

@@ -7,9 +7,9 @@
 
 namespace {
 
-using O = TableOptions;
+using O = BatchOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::Word, optionvalues::oneOf, optionvalues::someOf, optionvalues::text;
 
 constexpr Word<EyeMode> eyeWords[] = {{Text("all"), EyeMode::showAll},
                                       {Text("dominant"), EyeMode::showDominant},
@@ -20,7 +20,7 @@ constexpr Word<EyeMode> eyeWords[] = {{Text("all"), EyeMode::showAll},
 constexpr OptionValue prefixText{
     .read = text<&O::prefix>.read, .show = text<&O::prefix>.show, .empty = EmptyValue::Allowed};
 
-constexpr OptionRow rows[] = {
+constexpr OptionRow tableOptionRows[] = {
     {Text("export"), Text("LIST"), Text("of %1"), &someOf<&O::tables, tableRows>, Reported::Always},
     {Text("eyes"), Text("E"), Text("of %1, in tables and pictures (default: as the settings say, else all)"),
      &oneOf<&O::eyes, eyeWords>, Reported::Always},
@@ -34,5 +34,5 @@ constexpr OptionRow rows[] = {
 
 OptionGroup tableOptions()
 {
-    return {Text("Tables"), rows};
+    return {Text("Tables"), tableOptionRows};
 }

@@ -12,7 +12,7 @@ void addFlavour(TransitionChoice &choice)
 }
 
 template <bool TransitionChoice::*Member>
-void set(TransitionChoice &choice)
+void setChoice(TransitionChoice &choice)
 {
     choice.*Member = true;
 }
@@ -32,14 +32,14 @@ QList<TransitionRow> transitionRows()
     return {{Text("own"), addFlavour<TransitionFlavour::Own>},
             {Text("pooled"), addFlavour<TransitionFlavour::Pooled>},
             {Text("own-and-pooled"), addFlavour<TransitionFlavour::OwnAndPooled>},
-            {Text("aoi"), set<&TransitionChoice::areas>}};
+            {Text("aoi"), setChoice<&TransitionChoice::areas>}};
 }
 
 QList<TransitionRow> transitionValueRows()
 {
-    return {{Text("absolute"), set<&TransitionChoice::absolute>},
-            {Text("relative"), set<&TransitionChoice::relative>},
-            {Text("statistics"), set<&TransitionChoice::measures>}};
+    return {{Text("absolute"), setChoice<&TransitionChoice::absolute>},
+            {Text("relative"), setChoice<&TransitionChoice::relative>},
+            {Text("statistics"), setChoice<&TransitionChoice::measures>}};
 }
 
 TransitionChoice chosenTransitions(const StatisticsOptions &options, const DataModel &model, EyeMode eyes)

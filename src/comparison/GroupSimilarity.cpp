@@ -108,7 +108,7 @@ int orders(const std::vector<int> &groups)
     return ways > rounds ? rounds + 1 : static_cast<int>(std::lround(ways));
 }
 
-double permutationP(const MemberMatrix &matrix, std::vector<int> groups)
+double labelPermutationP(const MemberMatrix &matrix, std::vector<int> groups)
 {
     constexpr double rounding = 1e-12; // sums of the same numbers in another order
     const double observed = std::abs(meansOf(matrix, groups).difference());
@@ -166,6 +166,6 @@ GroupSimilarity compareGroups(const SimilaritySet &set, std::size_t measure)
     for (const auto &[names, mean] : pairs)
         found.pairs << GroupPair{names.first, names.second, mean.count, mean.value()};
     if (!isInSeveralGroups(matrix.members))
-        found.p = permutationP(matrix, groups);
+        found.p = labelPermutationP(matrix, groups);
     return found;
 }

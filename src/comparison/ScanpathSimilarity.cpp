@@ -18,7 +18,7 @@ struct Work {
     std::vector<PreparedScanpath> paths;
 };
 
-QString pictureOf(const Examination &examination)
+QString picturePathOf(const Examination &examination)
 {
     return examination.image ? examination.image->path : QString();
 }
@@ -62,7 +62,7 @@ QList<QList<const Examination *>> byPicture(const DataModel &model)
     QStringList pictures;
     QList<QList<const Examination *>> parts;
     for (const Examination *examination : model.checkedExaminations()) {
-        const QString picture = pictureOf(*examination);
+        const QString picture = picturePathOf(*examination);
         if (!pictures.contains(picture)) {
             pictures << picture;
             parts << QList<const Examination *>();

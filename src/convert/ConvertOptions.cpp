@@ -10,9 +10,9 @@ namespace {
 
 using O = ConvertOptions;
 using Text = QLatin1StringView;
-using namespace optionvalues;
+using optionvalues::flag, optionvalues::number, optionvalues::text, optionvalues::texts;
 
-constexpr OptionRowOf<O> tableRows[] = {
+constexpr OptionRowOf<O> inputTableRows[] = {
     {Text("layout"), Text("FILE|NAME|auto"),
      Text("how the tables are read: a layout file, the name of one that comes with the program, or found by looking at "
           "each table (default: auto)"),
@@ -38,10 +38,10 @@ constexpr OptionRowOf<O> runRows[] = {
 
 QList<OptionGroupOf<O>> groups()
 {
-    return {{Text("Tables"), tableRows}, {Text("Run"), runRows}};
+    return {{Text("Tables"), inputTableRows}, {Text("Run"), runRows}};
 }
 
-std::optional<UsageError> takeTable(const QString &argument, O &options)
+std::optional<UsageError> takeTableArgument(const QString &argument, O &options)
 {
     if (argument.isEmpty())
         return UsageError{QStringLiteral("a table has an empty name")};
@@ -61,7 +61,7 @@ std::optional<UsageError> complaintAbout(const O &options)
 std::variant<ConvertOptions, UsageError> parseConvertOptions(const QStringList &arguments)
 {
     return OptionParser<O>(arguments, {.groups = groups(),
-                                       .takeInput = takeTable,
+                                       .takeInput = takeTableArgument,
                                        .isAnswered = [](const O &options) { return options.help || options.version; },
                                        .complaint = complaintAbout})
         .run();

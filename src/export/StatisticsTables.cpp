@@ -61,7 +61,7 @@ constexpr Column<Aoi> aoiColumns[] = {
 };
 
 template <class Record, size_t N>
-QString header(const char *fixed, const Column<Record> (&columns)[N], const StatisticsColumns &chosen)
+QString columnHeader(const char *fixed, const Column<Record> (&columns)[N], const StatisticsColumns &chosen)
 {
     QString line = QString::fromLatin1(fixed);
     for (const Column<Record> &column : columns) {
@@ -86,7 +86,7 @@ QString values(const Record &record, const Column<Record> (&columns)[N], const S
 
 QString generalStatisticsHeader(const StatisticsColumns &columns)
 {
-    return header("subjectID;subjectINFO;eye;", generalColumns, columns);
+    return columnHeader("subjectID;subjectINFO;eye;", generalColumns, columns);
 }
 
 QString generalStatisticsRow(const Examination &examination, Eye eye, const StatisticsColumns &columns)
@@ -100,7 +100,7 @@ QString generalStatisticsRow(const Examination &examination, Eye eye, const Stat
 
 QString aoiStatisticsHeader(const StatisticsColumns &columns)
 {
-    return header("subjectID;subjectINFO;AOI_name;", aoiColumns, columns);
+    return columnHeader("subjectID;subjectINFO;AOI_name;", aoiColumns, columns);
 }
 
 QString aoiStatisticsRows(const Examination &examination, Eye eye, const StatisticsColumns &columns)

@@ -26,14 +26,14 @@ struct File {
 };
 
 /// Files that are chosen together and told of together.
-struct Group {
+struct FileGroup {
     bool TransitionChoice::*chosen;
     Text word; // sic
     Text pattern;
     std::array<std::optional<File>, 2> files;
 };
 
-constexpr Group groups[] = {
+constexpr FileGroup groups[] = {
     {&TransitionChoice::absolute,
      Text("absolut"),
      Text("transitions_absolut.csv"),
@@ -93,7 +93,7 @@ void writeFlavour(const QList<EyeBlocks> &eyes, const FlavourWords &words, const
         tell(title, words.title + Text(": there are no clusters, nothing was exported."), {}, log);
         return;
     }
-    for (const Group &group : groups) {
+    for (const FileGroup &group : groups) {
         if (!(choice.*group.chosen))
             continue;
         ExportResult part;

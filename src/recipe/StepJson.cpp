@@ -26,7 +26,7 @@ QStringList eyeModeWords()
 
 // ---- areas
 
-QJsonObject toJson(const Areas::Area &area)
+QJsonObject areaJson(const Areas::Area &area)
 {
     QJsonArray vertices;
     for (const QPoint vertex : area.polygon)
@@ -141,10 +141,10 @@ QJsonObject json(const Areas &step)
 {
     QJsonArray areas;
     for (const Areas::Area &area : step.areas)
-        areas << toJson(area);
+        areas << areaJson(area);
     return {{u"areas"_s, areas}};
 }
-Step areasOf(JsonFields &fields)
+Step areaStepOf(JsonFields &fields)
 {
     Areas step;
     for (const auto &each : fields.array(u"areas"_s)) {
@@ -239,7 +239,7 @@ struct StepKind {
 constexpr StepKind kinds[] = {
     {"import"_L1, importOf},       {"filter"_L1, filterOf},        {"leave-out"_L1, leaveOutOf},
     {"groups"_L1, groupsOf},       {"compare-by"_L1, compareByOf}, {"time"_L1, timeOf},
-    {"cut-edges"_L1, cutEdgesOf},  {"areas"_L1, areasOf},          {"set"_L1, setOf},
+    {"cut-edges"_L1, cutEdgesOf},  {"areas"_L1, areaStepOf},       {"set"_L1, setOf},
     {"fixations"_L1, fixationsOf}, {"clusters"_L1, clustersOf},    {"statistics"_L1, statisticsOf},
     {"export"_L1, exportOf},
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace reportlines;
+using reportlines::dashes, reportlines::line, reportlines::lineEnd;
 
 /// Streams in the order of the report.
 constexpr Eye eyes[] = {Eye::Dominant, Eye::Left, Eye::Right, Eye::Mean};
@@ -49,20 +49,20 @@ QString eyesWord(EyeMode mode)
 
 // ---- calculations
 
-QString standardFixations(const FixationSettingsModel &settings)
+QString standardFixationLines(const FixationSettingsModel &settings)
 {
     return line("Fixation calculation:Standard") + line("Maximum radius:", settings.standardMaximumRadius) +
            line("Minimum duration:", settings.standardMinimumDuration) + line("Outlier:", settings.standardOutliers);
 }
 
-QString mixtureFixations(const FixationSettingsModel &settings)
+QString mixtureFixationLines(const FixationSettingsModel &settings)
 {
     return line("Fixation calculation:Gaussian Mixture Model") +
            line("Minimum duration:", settings.gaussianMinimumDuration) +
            line("Merge sequential fixations:", settings.gaussianMergeSequential);
 }
 
-QString velocityFixations(const FixationSettingsModel &settings)
+QString velocityFixationLines(const FixationSettingsModel &settings)
 {
     constexpr const char *units[] = {"[pixel/ms]", "[°/s]", "percentile"};
     const auto unit = static_cast<std::size_t>(settings.velocityUnit);
@@ -74,10 +74,10 @@ QString velocityFixations(const FixationSettingsModel &settings)
 /// A type that is not known runs the standard detector.
 QString fixationLines(const FixationSettingsModel &settings)
 {
-    constexpr QString (*texts[])(const FixationSettingsModel &) = {standardFixations, mixtureFixations,
-                                                                   velocityFixations};
+    constexpr QString (*texts[])(const FixationSettingsModel &) = {standardFixationLines, mixtureFixationLines,
+                                                                   velocityFixationLines};
     const auto type = static_cast<std::size_t>(settings.calculationType);
-    return type < std::size(texts) ? texts[type](settings) : standardFixations(settings);
+    return type < std::size(texts) ? texts[type](settings) : standardFixationLines(settings);
 }
 
 QString clusterLines(const StandardClusterParameters &parameters)

@@ -7,7 +7,8 @@
 
 namespace {
 
-using namespace reportlines;
+using reportlines::dashes, reportlines::line;
+
 QString blockOf(DataKind kind, const VisualizationParameters &record)
 {
     static constexpr ByDataKind<const char *> heads{

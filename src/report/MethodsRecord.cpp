@@ -131,26 +131,28 @@ void takeFixations(MethodsRecord &record, const DataModel &model)
 
 // ---- as data
 
-QJsonObject toJson(const MethodsRange &range)
+QJsonValue jsonOrNull(const std::optional<MethodsRange> &range)
 {
-    return {{u"least"_s, range.least}, {u"median"_s, range.median}, {u"most"_s, range.most}};
+    if (!range)
+        return {};
+    return QJsonObject{{u"least"_s, range->least}, {u"median"_s, range->median}, {u"most"_s, range->most}};
 }
 
 template <class Parameters>
-QJsonValue jsonOf(const std::optional<Parameters> &parameters)
+QJsonValue jsonOrNull(const std::optional<Parameters> &parameters)
 {
     return parameters ? QJsonValue(toJson(*parameters)) : QJsonValue();
 }
 
-QJsonObject qualityOf(const MethodsRecord &record)
+QJsonObject qualityJson(const MethodsRecord &record)
 {
-    return {{u"rateHz"_s, jsonOf(record.rateHz)},
-            {u"intervalJitterMs"_s, jsonOf(record.jitterMs)},
-            {u"validPercent"_s, jsonOf(record.validPercent)},
-            {u"dataLossPercent"_s, jsonOf(record.lossPercent)},
-            {u"windowRmsS2sPx"_s, jsonOf(record.precisionPx)},
-            {u"windowRmsS2sDegrees"_s, jsonOf(record.precisionDegrees)},
-            {u"eyeDistancePx"_s, jsonOf(record.eyeDistancePx)}};
+    return {{u"rateHz"_s, jsonOrNull(record.rateHz)},
+            {u"intervalJitterMs"_s, jsonOrNull(record.jitterMs)},
+            {u"validPercent"_s, jsonOrNull(record.validPercent)},
+            {u"dataLossPercent"_s, jsonOrNull(record.lossPercent)},
+            {u"windowRmsS2sPx"_s, jsonOrNull(record.precisionPx)},
+            {u"windowRmsS2sDegrees"_s, jsonOrNull(record.precisionDegrees)},
+            {u"eyeDistancePx"_s, jsonOrNull(record.eyeDistancePx)}};
 }
 
 } // namespace
@@ -189,15 +191,15 @@ QJsonObject toJson(const MethodsRecord &record)
         {u"pixelPerDistance"_s, pixel ? QJsonValue(*pixel) : QJsonValue()},
         {u"timeFrameMs"_s, QJsonArray{record.frame.startMs, record.frame.endMs}},
         {u"edgesCut"_s, record.edgesCut},
-        {u"quality"_s, qualityOf(record)},
-        {u"fixationDetection"_s, jsonOf(record.run.detector)},
-        {u"fixations"_s, jsonOf(record.fixations)},
-        {u"meanFixationDurationMs"_s, jsonOf(record.fixationMs)},
-        {u"clusters"_s, jsonOf(record.run.clusters)},
-        {u"clusterNumber"_s, jsonOf(record.clusterNumber)},
-        {u"pooledClusters"_s, jsonOf(record.run.pooledClusters)},
+        {u"quality"_s, qualityJson(record)},
+        {u"fixationDetection"_s, jsonOrNull(record.run.detector)},
+        {u"fixations"_s, jsonOrNull(record.fixations)},
+        {u"meanFixationDurationMs"_s, jsonOrNull(record.fixationMs)},
+        {u"clusters"_s, jsonOrNull(record.run.clusters)},
+        {u"clusterNumber"_s, jsonOrNull(record.clusterNumber)},
+        {u"pooledClusters"_s, jsonOrNull(record.run.pooledClusters)},
         {u"pooledClusterNumber"_s, record.pooledClusterNumber ? QJsonValue(*record.pooledClusterNumber) : QJsonValue()},
-        {u"saccadeClusters"_s, jsonOf(record.run.saccadeClusters)},
+        {u"saccadeClusters"_s, jsonOrNull(record.run.saccadeClusters)},
         {u"areasOfInterest"_s, areas},
         {u"statistics"_s, QJsonArray::fromStringList(record.run.statistics)}};
 }

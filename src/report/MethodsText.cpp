@@ -11,7 +11,8 @@
 
 namespace {
 
-using namespace methodswords;
+using methodswords::counted, methodswords::eyesText, methodswords::listed, methodswords::markdownEscaped,
+    methodswords::number, methodswords::spread, methodswords::wasOrWere;
 using namespace Qt::StringLiterals;
 
 /// Sentences of one part, with what they cite.

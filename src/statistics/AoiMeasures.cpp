@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "statistics/AoiMeasures.h"
 
+#include "statistics/Quotient.h"
 #include "statistics/RequiredForms.h"
 
 #include <algorithm>
@@ -16,11 +17,6 @@ constexpr qint64 noMinimum = 1000000000;
 qint64 wrappingSum(qint64 a, qint64 b)
 {
     return static_cast<qint64>(static_cast<quint64>(a) + static_cast<quint64>(b));
-}
-
-double quotient(double value, double count)
-{
-    return count == 0 ? 0.0 : value / count;
 }
 
 /// Only what measuring writes; name, colour and polygon stay.

@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "statistics/AoiTransitions.h"
 
+#include "statistics/Quotient.h"
+
 #include <numeric>
-
-namespace {
-
-double quotient(int count, int total)
-{
-    return total == 0 ? 0.0 : static_cast<double>(count) / total;
-}
-
-} // namespace
 
 AoiTransitions::AoiTransitions(qsizetype areas, double perMinute)
     : m_areas(areas)

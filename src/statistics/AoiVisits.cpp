@@ -1,38 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "statistics/AoiVisits.h"
 
+#include "statistics/Quotient.h"
+
 namespace {
 
 using V = AoiVisits;
 using Text = QLatin1StringView;
 using Value = std::optional<double>;
 
-Value quotientOrNone(double value, double count)
-{
-    return count == 0 ? Value() : value / count;
-}
-
 template <auto Member>
-Value number(const V &visits)
+Value visitValue(const V &visits)
 {
     const Value value = std::optional(visits.*Member);
     return value;
 }
 
 constexpr Measure<V> measures[] = {
-    {Text("visits"), number<&V::visits>},
+    {Text("visits"), visitValue<&V::visits>},
     {Text("revisits"), [](const V &v) -> Value { return std::max(0, v.visits - 1); }},
-    {Text("time_to_first_fixation_ms"), number<&V::firstFixationMs>},
-    {Text("first_fixation_duration_ms"), number<&V::firstFixationDurationMs>},
-    {Text("dwell_time_ms"), number<&V::dwellMs>},
+    {Text("time_to_first_fixation_ms"), visitValue<&V::firstFixationMs>},
+    {Text("first_fixation_duration_ms"), visitValue<&V::firstFixationDurationMs>},
+    {Text("dwell_time_ms"), visitValue<&V::dwellMs>},
     {Text("dwell_time_share"), [](const V &v) { return quotientOrNone(double(v.dwellMs), double(v.allFixationsMs)); }},
-    {Text("fixations"), number<&V::fixations>},
+    {Text("fixations"), visitValue<&V::fixations>},
     {Text("mean_fixation_duration_ms"), [](const V &v) { return quotientOrNone(double(v.dwellMs), v.fixations); }},
     {Text("mean_visit_duration_ms"), [](const V &v) { return quotientOrNone(double(v.visitMs), v.visits); }},
-    {Text("hit_samples"), number<&V::hitSamples>},
+    {Text("hit_samples"), visitValue<&V::hitSamples>},
     {Text("hit_sample_share"), [](const V &v) { return quotientOrNone(v.hitSamples, v.validSamples); }},
-    {Text("saccades_into"), number<&V::saccadesInto>},
-    {Text("saccades_out_of"), number<&V::saccadesOutOf>},
+    {Text("saccades_into"), visitValue<&V::saccadesInto>},
+    {Text("saccades_out_of"), visitValue<&V::saccadesOutOf>},
 };
 
 /// The fixations of the frame, one after the other, as one area sees them.

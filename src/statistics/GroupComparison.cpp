@@ -13,12 +13,12 @@ namespace {
 constexpr int rounds = 10000;
 constexpr std::mt19937_64::result_type seed = 20140301; // any number, always the same
 
-double meanOf(const QList<double> &values)
+double meanOfValues(const QList<double> &values)
 {
     return std::accumulate(values.cbegin(), values.cend(), 0.0) / static_cast<double>(values.size());
 }
 
-double medianOf(QList<double> values)
+double medianOfValues(QList<double> values)
 {
     std::sort(values.begin(), values.end());
     const qsizetype middle = values.size() / 2;
@@ -27,7 +27,7 @@ double medianOf(QList<double> values)
 
 double deviationOf(const QList<double> &values)
 {
-    const double mean = meanOf(values);
+    const double mean = meanOfValues(values);
     double squares = 0;
     for (const double value : values)
         squares += (value - mean) * (value - mean);
@@ -71,7 +71,7 @@ QMap<QString, QMap<QString, double>> bySubject(const QList<SubjectValue> &values
     QMap<QString, QMap<QString, double>> means;
     for (auto group = all.cbegin(); group != all.cend(); ++group) {
         for (auto subject = group->cbegin(); subject != group->cend(); ++subject)
-            means[group.key()][subject.key()] = meanOf(*subject);
+            means[group.key()][subject.key()] = meanOfValues(*subject);
     }
     return means;
 }
@@ -80,8 +80,8 @@ GroupSummary summaryOf(const QString &group, const QList<double> &values)
 {
     GroupSummary summary{.group = group,
                          .subjects = static_cast<int>(values.size()),
-                         .mean = meanOf(values),
-                         .median = medianOf(values)};
+                         .mean = meanOfValues(values),
+                         .median = medianOfValues(values)};
     if (values.size() < 2)
         return summary;
     summary.deviation = deviationOf(values);
@@ -94,7 +94,7 @@ GroupDifference differenceOf(const QMap<QString, double> &first, const QMap<QStr
     using Design = GroupDifference::Design;
     const auto inBoth = std::count_if(first.keyBegin(), first.keyEnd(),
                                       [&](const QString &subject) { return second.contains(subject); });
-    GroupDifference found{.difference = meanOf(first.values()) - meanOf(second.values()),
+    GroupDifference found{.difference = meanOfValues(first.values()) - meanOfValues(second.values()),
                           .cliffsDelta = cliffsDelta(first.values(), second.values())};
     if (inBoth == 0) {
         found.p = permutationP(first.values(), second.values());

@@ -2,6 +2,7 @@
 #include "statistics/ScanpathMeasures.h"
 
 #include "statistics/AoiEntropy.h"
+#include "statistics/Quotient.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,37 +11,32 @@
 namespace {
 
 using M = ScanpathMeasures;
-using Value = M::Value;
+using Value = std::optional<double>;
 using Text = QLatin1StringView;
 
 template <auto Member>
-Value number(const M &measures)
+Value scanpathValue(const M &measures)
 {
     return measures.*Member;
 }
 
 constexpr Measure<M> columns[] = {
-    {Text("fixations"), number<&M::fixations>},
-    {Text("saccades"), number<&M::saccades>},
-    {Text("mean_fixation_duration_ms"), number<&M::fixationDurationMs>},
-    {Text("mean_saccade_duration_ms"), number<&M::saccadeDurationMs>},
-    {Text("mean_saccade_amplitude_px"), number<&M::amplitudePx>},
-    {Text("mean_saccade_amplitude_deg"), number<&M::amplitudeDegrees>},
-    {Text("scanpath_length_px"), number<&M::lengthPx>},
-    {Text("transition_entropy_bit"), number<&M::transitionEntropyBits>},
-    {Text("stationary_entropy_bit"), number<&M::stationaryEntropyBits>},
-    {Text("gaze_entropy_bit"), number<&M::gazeEntropyBits>},
-    {Text("convex_hull_area_px2"), number<&M::hullAreaPx2>},
-    {Text("bcea_px2"), number<&M::bceaPx2>},
-    {Text("valid_sample_share"), number<&M::validShare>},
+    {Text("fixations"), scanpathValue<&M::fixations>},
+    {Text("saccades"), scanpathValue<&M::saccades>},
+    {Text("mean_fixation_duration_ms"), scanpathValue<&M::fixationDurationMs>},
+    {Text("mean_saccade_duration_ms"), scanpathValue<&M::saccadeDurationMs>},
+    {Text("mean_saccade_amplitude_px"), scanpathValue<&M::amplitudePx>},
+    {Text("mean_saccade_amplitude_deg"), scanpathValue<&M::amplitudeDegrees>},
+    {Text("scanpath_length_px"), scanpathValue<&M::lengthPx>},
+    {Text("transition_entropy_bit"), scanpathValue<&M::transitionEntropyBits>},
+    {Text("stationary_entropy_bit"), scanpathValue<&M::stationaryEntropyBits>},
+    {Text("gaze_entropy_bit"), scanpathValue<&M::gazeEntropyBits>},
+    {Text("convex_hull_area_px2"), scanpathValue<&M::hullAreaPx2>},
+    {Text("bcea_px2"), scanpathValue<&M::bceaPx2>},
+    {Text("valid_sample_share"), scanpathValue<&M::validShare>},
 };
 
-Value meanOf(double sum, qsizetype count)
-{
-    return count == 0 ? Value() : sum / static_cast<double>(count);
-}
-
-void measureFixations(M &measures, const QList<const Fixation *> &fixations, std::optional<double> pixelPerDistance)
+void measureScanpath(M &measures, const QList<const Fixation *> &fixations, std::optional<double> pixelPerDistance)
 {
     double fixationMs = 0;
     double saccadeMs = 0;
@@ -59,17 +55,17 @@ void measureFixations(M &measures, const QList<const Fixation *> &fixations, std
     }
     measures.fixations = static_cast<int>(fixations.size());
     measures.saccades = std::max(0, measures.fixations - 1);
-    measures.fixationDurationMs = meanOf(fixationMs, measures.fixations);
-    measures.saccadeDurationMs = meanOf(saccadeMs, measures.saccades);
-    measures.amplitudePx = meanOf(lengthPx, measures.saccades);
+    measures.fixationDurationMs = quotientOrNone(fixationMs, measures.fixations);
+    measures.saccadeDurationMs = quotientOrNone(saccadeMs, measures.saccades);
+    measures.amplitudePx = quotientOrNone(lengthPx, measures.saccades);
     if (pixelPerDistance)
-        measures.amplitudeDegrees = meanOf(degrees, measures.saccades);
+        measures.amplitudeDegrees = quotientOrNone(degrees, measures.saccades);
     if (measures.saccades > 0)
         measures.lengthPx = lengthPx;
 }
 
 /// Of overlapping areas the first one has the fixation; fixations in no area are passed over.
-QList<int> areasOf(const QList<const Fixation *> &fixations, const AoiIndex &index)
+QList<int> firstAreasOf(const QList<const Fixation *> &fixations, const AoiIndex &index)
 {
     QList<int> areas;
     for (const Fixation *fixation : fixations) {
@@ -150,7 +146,7 @@ void measureSamples(M &measures, const QList<GazePoint> &samples, TimeFrame fram
             places << QPointF(sample.x, sample.y);
     }
     measures.bceaPx2 = bcea(places);
-    measures.validShare = meanOf(static_cast<double>(places.size()), inFrame);
+    measures.validShare = quotientOrNone(static_cast<double>(places.size()), static_cast<double>(inFrame));
 }
 
 } // namespace
@@ -167,8 +163,8 @@ ScanpathMeasures scanpathMeasures(const EyeData &stream, const AoiIndex &index, 
         }
     }
     ScanpathMeasures measures;
-    measureFixations(measures, fixations, pixelPerDistance);
-    const AoiEntropy entropy = aoiEntropy(areasOf(fixations, index));
+    measureScanpath(measures, fixations, pixelPerDistance);
+    const AoiEntropy entropy = aoiEntropy(firstAreasOf(fixations, index));
     measures.transitionEntropyBits = entropy.transition;
     measures.stationaryEntropyBits = entropy.stationary;
     measures.gazeEntropyBits = entropy.gaze;

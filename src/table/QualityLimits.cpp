@@ -5,10 +5,10 @@ namespace {
 
 using Q = EyeQuality;
 using Text = QLatin1StringView;
-using Value = std::optional<double>;
+using Value = EyeQuality::Value;
 
 template <auto Member>
-Value plain(const Q &quality)
+Value asMeasured(const Q &quality)
 {
     return quality.*Member;
 }
@@ -32,11 +32,11 @@ constexpr QualityLimit limits[] = {
     {Text("outside_share"), Text("Outside the picture"), Text("%"), LimitSide::AtMost, 20, mostPercent,
      percent<&Q::outsideShare>},
     {Text("interval_jitter_ms"), Text("Jitter of the interval"), Text("ms"), LimitSide::AtMost, 2, mostMs,
-     plain<&Q::jitterMs>},
+     asMeasured<&Q::jitterMs>},
     {Text("window_rms_s2s_px"), Text("Precision (RMS-S2S)"), Text("px"), LimitSide::AtMost, 15, mostPx,
-     plain<&Q::windowRmsPx>},
+     asMeasured<&Q::windowRmsPx>},
     {Text("eye_distance_px"), Text("Distance of the eyes"), Text("px"), LimitSide::AtMost, 100, mostPx,
-     plain<&Q::eyeDistancePx>},
+     asMeasured<&Q::eyeDistancePx>},
 };
 
 } // namespace

@@ -9,7 +9,7 @@
 namespace {
 
 using Q = EyeQuality;
-using Value = Q::Value;
+using Value = EyeQuality::Value;
 using Text = QLatin1StringView;
 
 template <auto Member>

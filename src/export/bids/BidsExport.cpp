@@ -131,7 +131,7 @@ BidsFiles datasetFiles(const QList<const Examination *> &examinations, const QLi
         {u"participants.json"_s, sidecarBytes(participants.sidecar)}};
 }
 
-void write(const BidsFiles &files, const QString &folder, ExportResult &result)
+void writeDataset(const BidsFiles &files, const QString &folder, ExportResult &result)
 {
     for (const BidsFile &each : files) {
         const QString path = folder + u'/' + each.name;
@@ -189,7 +189,7 @@ ExportResult exportBids(const DataModel &model, const ExportTarget &target, cons
     const BidsNames named = bidsNames(examinations);
     ExportResult result;
     Progress progress(u"Exporting BIDS. Please wait."_s, static_cast<int>(examinations.size()) + 1);
-    write(datasetFiles(examinations, named.names, model, target, form), folder, result);
+    writeDataset(datasetFiles(examinations, named.names, model, target, form), folder, result);
     std::vector<BidsFiles> files(static_cast<std::size_t>(examinations.size()));
     sideBySide(
         examinations.size(), form.threads,
@@ -198,7 +198,7 @@ ExportResult exportBids(const DataModel &model, const ExportTarget &target, cons
                 recordingFiles(*examinations[i], named.names[i], target, model.timeFrame(), form.geometry);
         },
         [&](qsizetype i) {
-            write(std::exchange(files[static_cast<std::size_t>(i)], {}), folder, result);
+            writeDataset(std::exchange(files[static_cast<std::size_t>(i)], {}), folder, result);
             progress.advance();
         });
     tellRemarks(named.remarks, strangers(folder, named.names, result));

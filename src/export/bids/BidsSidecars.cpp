@@ -91,7 +91,7 @@ QJsonObject textsOf(const QString &keys, const QStringList &texts)
 
 /// The text on the fixations, or a list of the texts where recordings differ, in their order. Recordings without a text
 /// do not count beside such with one.
-QJsonValue fixationParameters(const QList<const Examination *> &examinations)
+QJsonValue fixationTexts(const QList<const Examination *> &examinations)
 {
     QStringList texts;
     for (const Examination *examination : examinations)
@@ -174,7 +174,7 @@ QJsonObject datasetDescription(const QList<const Examination *> &examinations, T
     QJsonObject parameters{{u"Eyes"_s, QString(eyeModeWord(eyes))},
                            {u"TimeFrameMs"_s, QJsonArray{frame.startMs, frame.endMs}}};
     if (!examinations.isEmpty())
-        parameters[u"Fixations"_s] = fixationParameters(examinations);
+        parameters[u"Fixations"_s] = fixationTexts(examinations);
     QJsonObject generator =
         textsOf(u"Name,Version,Description"_s,
                 {u"Vistrum"_s, releaseText(), u"Gaze samples with the fixations, saccades and losses in them"_s});

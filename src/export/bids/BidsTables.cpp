@@ -55,7 +55,7 @@ bool holdsOnly(const GazePoint &sample, double value)
     return std::ranges::all_of(measured, [&](auto member) { return sample.*member == value; });
 }
 
-void addMeasured(TabRow &row, const GazePoint &sample, bool isGiven)
+void addGazeFields(TabRow &row, const GazePoint &sample, bool isGiven)
 {
     for (double GazePoint::*const member : measured) {
         if (isGiven)
@@ -89,9 +89,9 @@ BidsTable bidsSamples(const QList<GazePoint> &samples, TimeFrame frame, double m
             continue;
         TabRow row(table.rows);
         row.integer(sample.time);
-        addMeasured(row, sample, sample.validFlag);
+        addGazeFields(row, sample, sample.validFlag);
         if (keepsLost)
-            addMeasured(row, sample, !sample.validFlag);
+            addGazeFields(row, sample, !sample.validFlag);
     }
     return table;
 }

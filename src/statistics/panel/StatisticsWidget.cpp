@@ -9,12 +9,12 @@ namespace {
 using Form = Ui::StatisticsWidget;
 
 /// A measure: its check box and the key under which the choice is kept.
-struct Measure {
+struct MeasureBox {
     QCheckBox *Form::*box;
     StoredKey<bool> key;
 };
 
-constexpr Measure generalMeasures[] = {
+constexpr MeasureBox generalMeasures[] = {
     {&Form::horizontalActivityCheckBox, keys::horizontalActivity},
     {&Form::verticalActivityCheckBox, keys::verticalActivity},
     {&Form::minimumSpeedCheckBox, keys::minimumSpeed},
@@ -22,7 +22,7 @@ constexpr Measure generalMeasures[] = {
     {&Form::averageSpeedCheckBox, keys::averageSpeed},
 };
 
-constexpr Measure aoiMeasures[] = {
+constexpr MeasureBox aoiMeasures[] = {
     {&Form::timeOfFirstGlanceCheckBox, keys::timeOfFirstGlance},
     {&Form::numberOfGlancesCheckBox, keys::numberOfGlances},
     {&Form::glanceFrequencyCheckBox, keys::glanceFrequency},
@@ -36,9 +36,9 @@ constexpr Measure aoiMeasures[] = {
 };
 
 template <size_t N>
-void store(const Form &form, const Measure (&measures)[N])
+void store(const Form &form, const MeasureBox (&measures)[N])
 {
-    for (const Measure &measure : measures)
+    for (const MeasureBox &measure : measures)
         writeCheckState(measure.key, (form.*measure.box)->checkState());
 }
 
