@@ -12,4 +12,7 @@ public:
     using QScrollArea::QScrollArea;
 
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 };
