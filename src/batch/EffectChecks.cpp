@@ -41,7 +41,7 @@ QStringList resultsWithoutCalculation(const BatchOptions &options)
     }
     for (const TableRow &row : tableRows()) {
         if (isMissing(options.tables, row))
-            lines << QStringLiteral("--export %1: without --calculate %2 there is nothing to write.")
+            lines << QStringLiteral("--export %1: without --calculate %2 whatever rests on %2 is missing.")
                          .arg(row.word, row.needs);
     }
     return lines;

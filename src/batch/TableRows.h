@@ -12,7 +12,7 @@ struct RunState;
 struct TableRow {
     QLatin1StringView word;
     ExportResult (*write)(RunState &, const ExportTarget &); ///< called with at least one recording
-    QLatin1StringView needs = {};                            ///< the calculation without which it is empty
+    QLatin1StringView needs = {};                            ///< the calculation on which it rests, at least in part
 };
 
 /// All tables in the order in which they are written.

@@ -242,7 +242,7 @@ void TestBatchFailures::whatHasNoEffectIsTold_data()
     };
     row("all of it has an effect", "--calculate fixations --export fixations study/S01.data", {});
     row("tables without their calculation", "--export fixations,clusters --calculate fixations study/S01.data",
-        {"--export clusters: without --calculate clusters there is nothing to write."});
+        {"--export clusters: without --calculate clusters whatever rests on clusters is missing."});
     row("numbers of another method", "--calculate fixations,clusters --overlap-fixations 2 study/S01.data",
         {"--overlap-fixations, --overlap-outliers: only clusters of the overlap method, "
          "Calculation/Cluster/CalculationType=2, have them."});

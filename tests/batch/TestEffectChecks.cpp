@@ -49,8 +49,8 @@ void TestEffectChecks::resultsOfNothing_data()
         {"--calculate clusters: without --calculate fixations it finds nothing.",
          "--calculate cumulative-clusters: without --calculate fixations it finds nothing."});
     row("tables of fixations without any", "--export anglestar,scanpath-measures a.data",
-        {"--export anglestar: without --calculate fixations there is nothing to write.",
-         "--export scanpath-measures: without --calculate fixations there is nothing to write."});
+        {"--export anglestar: without --calculate fixations whatever rests on fixations is missing.",
+         "--export scanpath-measures: without --calculate fixations whatever rests on fixations is missing."});
     row("transitions of nothing", "--calculate fixations --export transitions a.data",
         {"--export transitions: without --calculate clusters, --calculate cumulative-clusters, --aois or "
          "--generate-aois there is nothing to write."});
