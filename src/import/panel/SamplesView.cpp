@@ -14,7 +14,6 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int margin = 6;     // px, around what is drawn
 constexpr double pointPx = 2; // of a sample
-constexpr int captionLines = 2;
 const QColor leftColor(200, 30, 30);
 const QColor rightColor(30, 70, 200);
 const QColor paper(250, 250, 250);
@@ -99,7 +98,7 @@ void SamplesView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), palette().window());
     if (m_screen.isEmpty())
         return;
-    const int caption = captionLines * fontMetrics().lineSpacing() + margin;
+    const int caption = 2 * fontMetrics().lineSpacing() + margin; // lines below
     const QRectF room = QRectF(rect()).adjusted(margin, margin, -margin, -caption);
     const QRectF screen = fitted(m_screen.size(), room);
     painter.fillRect(screen, paper);
@@ -170,7 +169,7 @@ void TimeView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), palette().window());
     if (m_range.isEmpty())
         return;
-    const int caption = captionLines * fontMetrics().lineSpacing() + margin;
+    const int caption = fontMetrics().height() + margin;
     const QRectF room = QRectF(rect()).adjusted(margin, margin, -margin, -caption);
     painter.fillRect(room, paper);
     painter.setPen(frame);
