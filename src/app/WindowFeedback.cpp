@@ -118,6 +118,7 @@ public:
     }
 
     void close() override { m_dialog.reset(); }
+    std::chrono::milliseconds interval() const override { return Progress::oneMovement; }
 
 private:
     std::unique_ptr<ProgressDialog> m_dialog;

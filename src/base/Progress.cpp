@@ -27,6 +27,13 @@ Progress *&innermostProgress()
     return current;
 }
 
+/// When this thread has shown something last.
+std::chrono::steady_clock::time_point &lastShown()
+{
+    static thread_local std::chrono::steady_clock::time_point shown;
+    return shown;
+}
+
 } // namespace
 
 std::unique_ptr<Progress::IDisplay> Progress::install(std::unique_ptr<IDisplay> next)
@@ -46,10 +53,9 @@ Progress::Hidden::~Hidden()
 
 Progress::Progress(const QString &label, int steps) : m_label(label), m_steps(steps), m_outer(innermostProgress())
 {
-    if (m_outer)
-        m_outer->close();
     innermostProgress() = this;
-    open();
+    if (!m_outer || isDue())
+        open();
 }
 
 Progress::~Progress()
@@ -61,13 +67,10 @@ Progress::~Progress()
 void Progress::advance()
 {
     ++m_done;
-    show();
-}
-
-void Progress::tick()
-{
-    ++m_done;
-    showIfDue();
+    if (m_done == m_steps && m_isOpen)
+        show();
+    else
+        showIfDue();
 }
 
 void Progress::refresh()
@@ -78,10 +81,12 @@ void Progress::refresh()
 
 void Progress::open()
 {
+    for (Progress *outer = m_outer; outer; outer = outer->m_outer)
+        outer->close();
     if (display())
         display()->open(m_label, m_steps);
     m_isOpen = true;
-    m_shown = std::chrono::steady_clock::now();
+    lastShown() = std::chrono::steady_clock::now();
 }
 
 void Progress::close()
@@ -97,12 +102,16 @@ void Progress::show()
         open();
     if (display())
         display()->show(m_done);
-    m_shown = std::chrono::steady_clock::now();
+    lastShown() = std::chrono::steady_clock::now();
 }
 
 void Progress::showIfDue()
 {
-    constexpr std::chrono::milliseconds interval(50); // twenty pictures a second look like one movement
-    if (std::chrono::steady_clock::now() - m_shown >= interval)
+    if (isDue())
         show();
+}
+
+bool Progress::isDue()
+{
+    return display() && std::chrono::steady_clock::now() - lastShown() >= display()->interval();
 }

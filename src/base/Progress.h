@@ -14,8 +14,9 @@
 ///         progress.advance();
 ///     }
 ///
-/// Work within a step may have progress of its own: that one takes the place of the outer one, which comes back when it
-/// has something to show. To be used from one thread.
+/// The display says how often it is worth while to show anything, so that showing takes less time than the work. Work
+/// within a step may have progress of its own: once that one is due it takes the place of the outer one, which comes
+/// back when it has something to show. To be used from one thread.
 class Progress {
 public:
     /// Where progress is shown. Without one (in tests) nothing is shown. It has one piece of work at a time: what was
@@ -26,7 +27,12 @@ public:
         virtual void open(const QString &label, int steps) = 0;
         virtual void show(int stepsDone) = 0;
         virtual void close() = 0;
+        /// The least time between two pictures of one piece of work; without any, every step is shown.
+        virtual std::chrono::milliseconds interval() const { return {}; }
     };
+
+    /// Of a display for people: twenty pictures a second look like one movement.
+    static constexpr std::chrono::milliseconds oneMovement{50};
 
     /// Makes `display` show all progress from now on and returns the one before.
     static std::unique_ptr<IDisplay> install(std::unique_ptr<IDisplay> display);
@@ -45,14 +51,10 @@ public:
     Progress(const Progress &) = delete;
     Progress &operator=(const Progress &) = delete;
 
-    /// One step is done, and is shown.
+    /// One step is done; the last one is shown in any case, if the others were.
     void advance();
 
-    /// One of many short steps is done. It is shown only if the last time is some while ago, so that showing takes less
-    /// time than the work.
-    void tick();
-
-    /// For work that takes long within a step: shows the innermost progress as it stands, again only after some while.
+    /// For work that takes long within a step: shows the innermost progress as it stands.
     static void refresh();
 
 private:
@@ -60,11 +62,11 @@ private:
     void close();
     void show();
     void showIfDue();
+    static bool isDue();
 
     QString m_label;
     int m_steps;
     int m_done = 0;
     bool m_isOpen = false;
-    std::chrono::steady_clock::time_point m_shown;
     Progress *m_outer;
 };

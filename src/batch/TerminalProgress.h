@@ -15,6 +15,7 @@ public:
     void open(const QString &label, int steps) override;
     void show(int stepsDone) override;
     void close() override;
+    std::chrono::milliseconds interval() const override { return Progress::oneMovement; }
 
 private:
     Terminal &m_terminal;

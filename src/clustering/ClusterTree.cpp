@@ -124,7 +124,7 @@ std::vector<Merge> agglomerate(DistanceMatrix distances, Linkage linkage, Progre
     Agglomeration agglomeration(std::move(distances), linkage);
     while (merges.size() < joins) {
         merges.push_back(agglomeration.joinNearest());
-        progress.tick();
+        progress.advance();
     }
     return merges;
 }

@@ -37,7 +37,7 @@ MeanShiftClusterBuilder::MeanShiftClusterBuilder(EyeData &stream, const MeanShif
     // kept alive.
     std::optional<Progress> progress;
     MeanShiftClustering clustering;
-    clustering.arrived = [&] { progress ? progress->tick() : Progress::refresh(); };
+    clustering.arrived = [&] { progress ? progress->advance() : Progress::refresh(); };
     const auto steps = static_cast<int>(count);
     if (showProgress == ShowProgress::Yes)
         progress.emplace(QStringLiteral("Generate data vector, please wait."), steps);
@@ -70,7 +70,7 @@ QList<FixationCluster> clustersOfGroups(const QList<QList<Fixation>> &groups, in
     Progress progress(QStringLiteral("Calculate PCA for clusters, please wait."), static_cast<int>(groups.size()));
     QList<FixationCluster> clusters;
     for (const QList<Fixation> &group : groups) {
-        progress.tick();
+        progress.advance();
         if (group.isEmpty())
             qWarning("Empty cluster constructed!");
         if (group.size() < minimumFixations)

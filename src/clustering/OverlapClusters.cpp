@@ -32,7 +32,7 @@ public:
                 if (outlines[i].touches(outlines[j]))
                     join(i, j);
             }
-            progress.tick();
+            progress.advance();
         }
     }
 

@@ -21,7 +21,7 @@ SaccadeGroup measuredGroup(const QList<SaccadeVector> &vectors, const Distance &
     for (size_t i = 0; i < size; ++i) {
         for (size_t j = i + 1; j < size; ++j)
             group.distances.at(i, j) = distance(vectors[static_cast<qsizetype>(i)], vectors[static_cast<qsizetype>(j)]);
-        progress.tick();
+        progress.advance();
     }
     return group;
 }
@@ -140,7 +140,7 @@ SaccadeClusterList distanceClusters(const std::vector<ClusterTree> &trees, int c
     SaccadeClusterList clusters;
     for (const ClusterTree &tree : trees) {
         clusters << cutTree(tree.root(), cutoff, minimum);
-        progress.tick();
+        progress.advance();
     }
     return clusters;
 }

@@ -38,10 +38,10 @@ QList<SaccadeVector> collectSaccadeVectors(const QList<Fixation> &scanpath, Time
     QPoint previous;
     auto fixation = scanpath.cbegin();
     for (; fixation != scanpath.cend() && fixation->lastTime() < frame.startMs; ++fixation)
-        progress.tick();
+        progress.advance();
     for (; fixation != scanpath.cend() && fixation->firstTime() <= frame.endMs; ++fixation) {
         moveTo(samplesInside(*fixation, frame), previous, vectors);
-        progress.tick();
+        progress.advance();
     }
     return vectors;
 }

@@ -209,7 +209,7 @@ void StandardClusterBuilder::buildClusters(EyeData &stream, FinalSort finalSort)
         int number = 1;
         for (size_t i = 0; i < count; ++i) {
             const Growth::Round round = growth.roundFrom(i);
-            progress.tick();
+            progress.advance();
             if (round.fixations.empty())
                 continue;
             QList<Fixation> members; // copied before they get their number: in a cluster it is 0

@@ -143,7 +143,7 @@ std::optional<std::vector<SimilaritySet>> compareScanpaths(const DataModel &mode
                 pair->values = work->measures.compare(work->paths[static_cast<std::size_t>(pair->first)],
                                                       work->paths[static_cast<std::size_t>(pair->second)]);
         },
-        [&](qsizetype) { progress.tick(); });
+        [&](qsizetype) { progress.advance(); });
     if (stop.stop_requested())
         return std::nullopt;
     std::vector<SimilaritySet> sets;

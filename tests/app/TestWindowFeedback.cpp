@@ -65,6 +65,7 @@ void TestWindowFeedback::progressCannotBeDismissed()
     QTest::keyClick(dialog, Qt::Key_Escape);
     QVERIFY(dialog->isVisible());
     QVERIFY(!dialog->close());
+    QTest::qSleep(static_cast<int>(Progress::oneMovement.count()));
     progress.advance();
     QVERIFY(dialog->isVisible());
     QVERIFY(!dialog->wasCanceled());
@@ -85,6 +86,7 @@ void TestWindowFeedback::aBoxOverTheProgressCanBeAnswered()
     messages::critical(QStringLiteral("IMPORT ERROR!"), QStringLiteral("A file is bad"));
     QVERIFY(seen);
     QVERIFY(dialog->isVisible());
+    QTest::qSleep(static_cast<int>(Progress::oneMovement.count()));
     progress.advance();
     QCOMPARE(dialog->value(), 1);
 }

@@ -9,13 +9,17 @@ namespace {
 /// Writes down what a display is told.
 class Notes : public Progress::IDisplay {
 public:
-    explicit Notes(QStringList &notes) : m_notes(notes) {}
+    explicit Notes(QStringList &notes, std::chrono::milliseconds interval = {}) : m_notes(notes), m_interval(interval)
+    {
+    }
     void open(const QString &label, int steps) override { m_notes << QStringLiteral("%1 of %2").arg(label).arg(steps); }
     void show(int stepsDone) override { m_notes << QString::number(stepsDone); }
     void close() override { m_notes << QStringLiteral("closed"); }
+    std::chrono::milliseconds interval() const override { return m_interval; }
 
 private:
     QStringList &m_notes;
+    std::chrono::milliseconds m_interval;
 };
 
 const QString outer = QStringLiteral("outer");
@@ -37,6 +41,7 @@ private Q_SLOTS:
     void innerTakesThePlaceOfTheOuter();
     void outerComesBackOnlyToShowSomething();
     void shortStepsAreNotAllShown();
+    void shortWorkWithinAStepIsNotShown();
     void refreshShowsTheInnermostAsItStands();
     void withoutProgressThereIsNothingToRefresh();
 
@@ -80,16 +85,32 @@ void TestProgress::outerComesBackOnlyToShowSomething()
 
 void TestProgress::shortStepsAreNotAllShown()
 {
+    Progress::install(std::make_unique<Notes>(m_notes, Progress::oneMovement));
     constexpr int steps = 100000;
     {
-        Progress progress(outer, steps + 1);
+        Progress progress(outer, steps);
         for (int i = 0; i < steps; ++i)
-            progress.tick();
-        progress.advance();
+            progress.advance();
     }
     QVERIFY(m_notes.size() < steps / 10);
     QCOMPARE(m_notes.last(), QStringLiteral("closed"));
-    QCOMPARE(m_notes[m_notes.size() - 2], QString::number(steps + 1)); // all are counted
+    QCOMPARE(m_notes[m_notes.size() - 2], QString::number(steps)); // all are counted
+}
+
+void TestProgress::shortWorkWithinAStepIsNotShown()
+{
+    constexpr std::chrono::hours never(1);
+    Progress::install(std::make_unique<Notes>(m_notes, never));
+    {
+        Progress first(outer, 2);
+        for (int i = 0; i < 2; ++i) {
+            Progress second(inner, 1);
+            second.advance();
+            Progress::refresh();
+            first.advance();
+        }
+    }
+    QCOMPARE(m_notes, QStringLiteral("outer of 2|2|closed").split(u'|'));
 }
 
 void TestProgress::refreshShowsTheInnermostAsItStands()

@@ -164,6 +164,7 @@ void TestTerminalOutput::progressOnAScreen()
     auto before = Progress::install(std::make_unique<TerminalProgress>(terminal));
     {
         Progress progress(QStringLiteral("Work"), 2);
+        QTest::qSleep(static_cast<int>(Progress::oneMovement.count()));
         progress.advance();
     }
     Progress::install(std::move(before));

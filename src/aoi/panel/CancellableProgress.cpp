@@ -35,6 +35,7 @@ public:
     }
 
     void close() override { m_dialog.reset(); }
+    std::chrono::milliseconds interval() const override { return Progress::oneMovement; }
 
 private:
     QWidget *m_parent;
