@@ -56,13 +56,14 @@ ChordData DiagramControl::diagram() const
 
 void DiagramControl::show()
 {
-    std::optional<QString> problem = emptyDiagram(m_context().model);
-    const ChordData chords = problem ? ChordData() : diagram();
+    if (const auto reason = emptyDiagram(m_context().model)) {
+        messages::information(QString(), *reason);
+        return;
+    }
+    const ChordData chords = diagram();
     const QString folder = chordFolder();
-    if (!problem)
-        problem = writeChordFiles(chords, folder);
-    if (problem) {
-        messages::information(QString(), *problem);
+    if (const auto problem = writeChordFiles(chords, folder)) {
+        messages::show({messages::Severity::Information, QString(), problem->text, problem->reason});
         return;
     }
     const QUrl page = QUrl::fromLocalFile(folder + QStringLiteral("/index.htm"));

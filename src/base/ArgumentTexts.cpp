@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ArgumentTexts.h"
 
-#include <QDir>
+#include "base/FileReplacement.h"
+
 #include <QFileInfo>
 #include <QUtf8StringView>
 
@@ -54,8 +55,8 @@ QString ArgumentTexts::linksBeside(const fs::path &folder)
         if (!m_links)
             m_links.emplace();
         links = m_links->filePath(QString::number(m_folders.size()));
-        QDir().mkpath(links);
-        linkAll(folder, links);
+        if (!makeFolder(links))
+            linkAll(folder, links);
     }
     return links;
 }

@@ -61,7 +61,15 @@ bool FileReplacement::open()
     if (m_links == Links::Followed && info.exists() && !info.isFile())
         return fail(QStringLiteral("it is not a regular file"));
     m_file = std::make_unique<QSaveFile>(m_links == Links::Replaced ? besideLink(m_path) : m_path);
-    return m_file->open(QIODevice::WriteOnly) || fail(m_file->errorString());
+    return m_file->open(QIODevice::WriteOnly) || fail(openProblem());
+}
+
+/// Of a file that is there and cannot be written, the other class says only that; the system says why.
+QString FileReplacement::openProblem() const
+{
+    QFile older(m_path);
+    const bool isOlder = older.exists() && !older.open(QIODevice::ReadWrite | QIODevice::ExistingOnly);
+    return isOlder ? older.errorString() : m_file->errorString();
 }
 
 /// Where a disk takes the first part of some bytes, the system tells the reason with the next bytes only.

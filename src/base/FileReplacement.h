@@ -39,6 +39,7 @@ public:
 private:
     bool open();
     bool fail(const QString &reason);
+    QString openProblem() const;
     QString writeProblem();
     void moveOverLink();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/RecipeRun.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/NamedPlace.h"
 #include "batch/CalculationRows.h"
@@ -18,7 +19,6 @@
 #include "table/ExaminationFilter.h"
 #include "table/Grouping.h"
 
-#include <QDir>
 #include <QFile>
 #include <QSet>
 
@@ -262,7 +262,10 @@ void RecipeRun::take(const recipe::Export &step)
     m_options.transitions = step.transitions ? step.transitions->of : QStringList();
     m_options.transitionValues = step.transitions ? step.transitions->values : QStringList();
     const QString folder = step.folder.isEmpty() ? m_options.outputFolder : m_options.outputFolder + u'/' + step.folder;
-    QDir().mkpath(folder);
+    if (const auto problem = makeFolder(folder)) {
+        m_state.journal.fail(u"Export"_s, writeFailure(folder, *problem));
+        return;
+    }
     for (const TableRow &row : tableRows()) {
         if (row.word != step.table)
             continue;

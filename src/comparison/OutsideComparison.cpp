@@ -4,7 +4,6 @@
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
 
-#include <QDir>
 #include <QMap>
 
 namespace {
@@ -84,7 +83,7 @@ QStringList outsidecomparison::sharedFiles(const QList<const Examination *> &exa
 
 bool outsidecomparison::writeFiles(const QList<const Examination *> &examinations)
 {
-    QDir().mkpath(folder);
+    const auto noFolder = makeFolder(folder);
     QString paths;
     {
         const messages::Run told;
@@ -92,13 +91,13 @@ bool outsidecomparison::writeFiles(const QList<const Examination *> &examination
             const QString path = eyeFile(idOf(*examination));
             const auto problem = replaceFile(path, eyeFileText(*examination).toUtf8());
             if (problem)
-                tellUnwritable(u"eyefile"_s, *problem);
+                tellUnwritable(u"eyefile"_s, noFolder.value_or(*problem));
             paths += (problem ? QString() : path) + u'\n';
         }
     }
     const auto problem = replaceFile(setFile(), paths.toUtf8());
     if (problem)
-        tellUnwritable(u"setfile"_s, *problem);
+        tellUnwritable(u"setfile"_s, noFolder.value_or(*problem));
     return !problem;
 }
 

@@ -5,7 +5,6 @@
 #include "base/TextFormat.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -74,19 +73,27 @@ QByteArray standalonePage(const ChordData &data)
         .replace("<script src=\"chord.js\"></script>", inlined("chord.js"));
 }
 
-std::optional<QString> writeChordFiles(const ChordData &data, const QString &folder)
+std::optional<ChordFilesProblem> writeChordFiles(const ChordData &data, const QString &folder)
 {
-    const auto write = [&](const char *name, const QByteArray &bytes) {
-        return !replaceFile(folder + u'/' + QLatin1StringView(name), bytes);
+    const QString noMatrix = QStringLiteral("Can't write json");
+    const QString noCities = QStringLiteral("Can't write cites"); // sic
+    const QString noPage = QStringLiteral("The page of the diagram cannot be written to %1").arg(folder);
+    if (const auto problem = makeFolder(folder))
+        return ChordFilesProblem{noMatrix, writeFailure(folder, *problem)};
+    struct File {
+        const char *name;
+        QByteArray bytes;
+        QString complaint;
     };
-    QDir().mkpath(folder);
-    if (!write("matrix.json", matrixJson(data)))
-        return QStringLiteral("Can't write json");
-    if (!write("cities.csv", citiesCsv(data)))
-        return QStringLiteral("Can't write cites"); // sic
-    if (!write("index.htm", page(data, Alone::No)) || !write("d3.min.js", shipped("d3.min.js")) ||
-        !write("chord.js", shipped("chord.js")))
-        return QStringLiteral("The page of the diagram cannot be written to %1").arg(folder);
+    for (const File &file :
+         {File{"matrix.json", matrixJson(data), noMatrix}, File{"cities.csv", citiesCsv(data), noCities},
+          File{"index.htm", page(data, Alone::No), noPage}, File{"d3.min.js", shipped("d3.min.js"), noPage},
+          File{"chord.js", shipped("chord.js"), noPage}})
+    {
+        const QString path = folder + u'/' + QLatin1StringView(file.name);
+        if (const auto problem = replaceFile(path, file.bytes))
+            return ChordFilesProblem{file.complaint, writeFailure(path, *problem)};
+    }
     return std::nullopt;
 }
 

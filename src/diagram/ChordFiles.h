@@ -13,10 +13,16 @@ QByteArray citiesCsv(const ChordData &data);
 /// A page that draws the data and needs no other file.
 QByteArray standalonePage(const ChordData &data);
 
-/// Writes the two files, the page "index.htm" that reads them, and its scripts.
+/// What cannot be written, and why, in words for the user.
+struct ChordFilesProblem {
+    QString text;
+    QString reason;
+};
+
+/// Writes the two files, the page "index.htm" that reads them, and its scripts; makes the folder where it is missing.
 ///
-/// @return what cannot be written, in words for the user; nothing if all is there.
-std::optional<QString> writeChordFiles(const ChordData &data, const QString &folder);
+/// @return nothing if all is there.
+std::optional<ChordFilesProblem> writeChordFiles(const ChordData &data, const QString &folder);
 
 /// The folder of the program, or one of the user's where files cannot be written there.
 QString chordFolder();

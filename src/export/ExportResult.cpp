@@ -26,8 +26,14 @@ void ExportResult::refuse(const QString &path, const QString &reason)
 
 void tellExported(const QString &title, const QString &text, const ExportResult &result)
 {
-    if (result.failed.isEmpty())
+    if (result.failed.isEmpty()) {
         messages::information(title, text);
-    else
-        messages::warning(title, result.problems.join(u'\n'));
+        return;
+    }
+    QStringList lines = result.problems;
+    if (const qsizetype others = result.written.size(); others == 1)
+        lines << QStringLiteral("(the other file of this export is new)");
+    else if (others > 1)
+        lines << QStringLiteral("(the other %1 files of this export are new)").arg(others);
+    messages::warning(title, lines.join(u'\n'));
 }

@@ -19,5 +19,5 @@ struct ExportResult {
 };
 
 /// The end of an export, for the user: `text` says where the files are. If any failed, the user is told which and why
-/// instead.
+/// instead, and that the others are not of the same age as those that stayed.
 void tellExported(const QString &title, const QString &text, const ExportResult &result);

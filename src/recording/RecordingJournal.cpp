@@ -139,7 +139,7 @@ void RecordingJournal::remove(const QString &path)
 
 void RecordingJournal::create(const QString &folder)
 {
-    QDir().mkpath(folder);
+    const auto noFolder = makeFolder(folder);
     const QString stem = QStringLiteral("%1/recording-%2-%3")
                              .arg(folder, QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss-zzz")))
                              .arg(QCoreApplication::applicationPid());
@@ -147,6 +147,8 @@ void RecordingJournal::create(const QString &folder)
     for (int i = 2; QFile::exists(path); ++i)
         path = QStringLiteral("%1-%2.journal").arg(stem).arg(i);
     open(path, QIODevice::WriteOnly | QIODevice::NewOnly);
+    if (noFolder)
+        m_problem = writeFailure(path, *noFolder);
     write(magic);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/StoreRepair.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "settings/SettingsStore.h"
 
@@ -38,7 +39,7 @@ bool hasSettingsForm(const QByteArray &bytes)
 
 bool isFolderWritable(const QString &folder)
 {
-    return QDir().mkpath(folder) && QTemporaryFile(folder + QStringLiteral("/vistrum-XXXXXX")).open();
+    return !makeFolder(folder) && QTemporaryFile(folder + QStringLiteral("/vistrum-XXXXXX")).open();
 }
 
 QString setAside(const QString &file)

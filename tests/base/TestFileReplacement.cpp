@@ -18,6 +18,7 @@ private Q_SLOTS:
     void piecesAppearTogether();
     void fullDiskKeepsTheOlderFile_data();
     void fullDiskKeepsTheOlderFile();
+    void olderFileThatMayNotBeWritten();
     void foldersAndWhyNot();
     void aLinkIsFollowedOrReplaced();
 };
@@ -102,6 +103,18 @@ void TestFileReplacement::fullDiskKeepsTheOlderFile()
     QCOMPARE(problem, qt_error_string(EFBIG)); // though a part of the bytes was taken
     QCOMPARE(contentOf(path), QByteArray("older"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+}
+
+void TestFileReplacement::olderFileThatMayNotBeWritten()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a"));
+    QCOMPARE(replaceFile(path, "older"), std::nullopt);
+    QFile::setPermissions(path, QFileDevice::ReadOwner);
+    if (QFile(path).open(QIODevice::ReadWrite))
+        QSKIP("Whoever runs this may write every file.");
+    QCOMPARE(replaceFile(path, "new"), qt_error_string(EACCES));
+    QCOMPARE(contentOf(path), QByteArray("older"));
 }
 
 void TestFileReplacement::foldersAndWhyNot()

@@ -203,6 +203,13 @@ void TestRecipeReplay::laterSettingsComeLater()
     compareFiles(2, u"/below"_s);
     QVERIFY(m_batch->contents(u"batch/before_fixations__fixations_left.csv"_s) !=
             m_batch->contents(u"batch/below/after_fixations__fixations_left.csv"_s));
+
+    QVERIFY(QDir(m_batch->path(u"batch/below"_s)).removeRecursively());
+    m_batch->write(u"batch/below"_s, "a file in the place of the folder");
+    const auto outcome = replay();
+    QCOMPARE(outcome.status, 1);
+    QVERIFY2(outcome.errors.join(u"; "_s).contains(u"the folder cannot be made: Not a directory"_s),
+             qPrintable(outcome.errors.join(u"; "_s)));
 }
 
 /// The same steps for others: those given take the place of those that the recipe names.

@@ -223,6 +223,8 @@ void TestScanpathCompareControl::aFolderThatIsNotWritable()
         u"Unable to write temporary file!|An Error occurred while trying to write a temporary file (setfile) required "
         u"for "
         "iComp. Please check if you have writing privileges in the current folder."_s));
+    for (const QString &text : m_messages->texts())
+        QVERIFY2(text.endsWith(u"the folder cannot be made: Not a directory"_s), qPrintable(text));
 }
 
 QTEST_MAIN(TestScanpathCompareControl)

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void filesBesideEachOther();
     void unwritableFolder_data();
     void unwritableFolder();
+    void folderThatCannotBeMade();
 };
 
 namespace {
@@ -121,7 +122,21 @@ void TestChordFiles::unwritableFolder()
     const QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkdir(taken));
     const auto told = writeChordFiles(sampleChords(), folder.path());
-    QVERIFY(told && told->startsWith(problem));
+    QVERIFY(told && told->text.startsWith(problem));
+    QVERIFY(told->reason.contains(folder.filePath(taken)) &&
+            told->reason.contains(QStringLiteral("not a regular file")));
+}
+
+void TestChordFiles::folderThatCannotBeMade()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("taken"));
+    QVERIFY(QFile(file).open(QIODevice::WriteOnly));
+    const auto told = writeChordFiles(sampleChords(), file + QStringLiteral("/below"));
+    QVERIFY(told);
+    QCOMPARE(told->text, QStringLiteral("Can't write json"));
+    QVERIFY2(told->reason.contains(QStringLiteral("the folder cannot be made: Not a directory")),
+             qPrintable(told->reason));
 }
 
 QTEST_GUILESS_MAIN(TestChordFiles)

@@ -4,6 +4,7 @@
 #include "export/bids/BidsTables.h"
 #include "export/bids/Gzip.h"
 #include "ExportSamples.h"
+#include "FullDisk.h"
 #include "import/bids/BidsEvents.h"
 #include "import/bids/BidsRecording.h"
 #include "SimulatedStudy.h"
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void sameFilesWithAnyNumberOfThreads();
     void importGivesWhatWasExported();
     void strangersAreTold();
+    void fullDiskLeavesNoEmptyFolders();
     void filesOfAnOlderExportAreTold();
 };
 
@@ -360,6 +362,22 @@ void TestBidsExport::strangersAreTold()
     model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
     exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
     QVERIFY(messages.texts()[0].contains(QStringLiteral("older data set: sub-old")));
+}
+
+void TestBidsExport::fullDiskLeavesNoEmptyFolders()
+{
+    const RecordedMessages messages;
+    const QTemporaryDir folder;
+    DataModel model;
+    model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
+    ExportResult result;
+    {
+        const FullDisk disk(10);
+        result = exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
+    }
+    QVERIFY(result.written.isEmpty() && result.failed.size() > 4);
+    QCOMPARE(QDir(folder.filePath(QStringLiteral("p_bids"))).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList());
 }
 
 /// A smaller export into the folder of a larger one leaves files that it did not write.

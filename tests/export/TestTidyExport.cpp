@@ -240,6 +240,7 @@ void TestTidyExport::failureIsTold()
     QCOMPARE(result.failed, QStringList(m_folder->filePath(QStringLiteral("p_tidy_losses.csv"))));
     QVERIFY(messages.texts().constFirst().startsWith(QStringLiteral("Tidy tables Export|")));
     QVERIFY(messages.texts().constFirst().contains(QStringLiteral("could not be written")));
+    QVERIFY(messages.texts().constFirst().endsWith(QStringLiteral("\n(the other 4 files of this export are new)")));
 }
 
 QTEST_GUILESS_MAIN(TestTidyExport)

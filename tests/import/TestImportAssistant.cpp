@@ -33,6 +33,7 @@ private Q_SLOTS:
     void cancelClosesAndImportsNothing();
     void cancelStopsTheReading();
     void savedLayoutIsFoundAgain();
+    void layoutThatCannotBeSavedIsTold();
     void layoutThatCannotBeReadIsTold();
     void layoutIsChosenFromTheList();
     void badNamesAreRefused();
@@ -204,6 +205,18 @@ void TestImportAssistant::savedLayoutIsFoundAgain()
     m_assistant->add({m_files->write(u"next.csv"_s, tabletexts::table({.samples = 900}))});
     QCOMPARE(find<QComboBox>("layouts")->currentText(), u"our lab"_s);
     QCOMPARE(find<QLineEdit>("place.screenPx")->text(), u"1280 x 1024"_s);
+}
+
+void TestImportAssistant::layoutThatCannotBeSavedIsTold()
+{
+    m_files->write(u"layouts"_s, "a file in the place of the folder");
+    m_assistant->add({m_table});
+    auto *name = find<QComboBox>("layouts")->lineEdit();
+    name->selectAll();
+    QTest::keyClicks(name, u"our lab"_s);
+    click("save");
+    QCOMPARE(text("note"), m_files->path(u"layouts/our lab.layout.json"_s) +
+                               u" could not be written: the folder cannot be made: Not a directory"_s);
 }
 
 void TestImportAssistant::layoutThatCannotBeReadIsTold()

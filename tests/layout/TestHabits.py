@@ -9,7 +9,7 @@ class TestHabits(LayoutTest):
     def test_real_tree(self):
         tree = self.real_tree()
         for rule in (rules.windows_below_panels, rules.connections_by_macro, rules.macros, rules.deletes,
-                     rules.reminders, rules.settings_outside_their_module, rules.unguarded_headers,
+                     rules.reminders, rules.settings_outside_their_module, rules.silent_folders, rules.unguarded_headers,
                      rules.ownerless_objects, rules.sources_without_licence, rules.mixed_spellings):
             with self.subTest(rule.__name__):
                 self.assert_clean(rule(tree))
@@ -45,6 +45,10 @@ class TestHabits(LayoutTest):
         self.assert_complains(self.complaints(rules.settings_outside_their_module, "QSettings store;"), "QSettings")
         self.assert_complains(self.complaints(rules.settings_outside_their_module, "#include <QSettings>"), "QSettings")
         self.assert_clean(self.complaints(rules.settings_outside_their_module, "QSettings s;", "src/settings/A.cpp"))
+
+    def test_silent_folders(self):
+        self.assert_complains(self.complaints(rules.silent_folders, "QDir().mkpath(folder);"), "mkpath")
+        self.assert_clean(self.complaints(rules.silent_folders, "// no mkpath\nmakeFolder(folder);"))
 
     def test_unguarded_headers(self):
         self.assert_complains(self.complaints(rules.unguarded_headers, "int a;\n", "src/aoi/A.h"), "src/aoi/A.h")

@@ -12,6 +12,7 @@ MACRO = re.compile(r"^[ \t]*#[ \t]*define\b[^\n]*", re.MULTILINE)
 DELETE = re.compile(r"(?<!=)(?<!= )\bdelete\b(\s*\[\s*\])?")
 REMINDER = re.compile(r"\b(TODO|FIXME|XXX)\b")
 SETTINGS = re.compile(r"\bQSettings\b")
+FOLDER = re.compile(r"\bmkpath\b")
 NEW = re.compile(r"\bnew\s+(?:[\w:]+)(?:<[^;(]*>)?\s*(?P<arguments>\([^;]*)?")
 STATEMENT_START = re.compile(r"[;{}]")
 PARENT = re.compile(r"(?:^|[(,]\s*)(?:this|&?\*?[A-Za-z_][\w.>:-]*(?:\(\))?)\s*$")
@@ -46,6 +47,10 @@ def reminders(tree):
 def settings_outside_their_module(tree):
     files = [file for file in tree.files_of("src", "tools") if file.module != "settings"]
     return found(files, SETTINGS, "ask SettingsStore")
+
+
+def silent_folders(tree):
+    return found(tree.files_of("src", "tools"), FOLDER, "makeFolder tells why a folder cannot be made")
 
 
 def unguarded_headers(tree):

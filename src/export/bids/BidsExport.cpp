@@ -131,17 +131,30 @@ BidsFiles datasetFiles(const QList<const Examination *> &examinations, const QLi
         {u"participants.json"_s, sidecarBytes(participants.sidecar)}};
 }
 
+QString folderOf(const QString &path)
+{
+    return path.section(u'/', 0, -2);
+}
+
+void writeBidsFile(const BidsFile &each, const QString &path, ExportResult &result)
+{
+    if (const auto problem = makeFolder(folderOf(path))) {
+        result.refuse(path, *problem);
+        return;
+    }
+    FileReplacement file(path, Links::Replaced);
+    file.write(each.bytes);
+    takeTable(file, result);
+}
+
 void writeDataset(const BidsFiles &files, const QString &folder, ExportResult &result)
 {
     for (const BidsFile &each : files) {
         const QString path = folder + u'/' + each.name;
-        if (const auto problem = makeFolder(path.section(u'/', 0, -2))) {
-            result.refuse(path, *problem);
-            continue;
-        }
-        FileReplacement file(path, Links::Replaced);
-        file.write(each.bytes);
-        takeTable(file, result);
+        writeBidsFile(each, path, result);
+        // A folder that was made for a file that then failed is empty, and goes again; no other can be removed so.
+        for (QString made = folderOf(path); made != folder && QDir().rmdir(made);)
+            made = folderOf(made);
     }
 }
 

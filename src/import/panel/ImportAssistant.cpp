@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/panel/ImportAssistant.h"
 
+#include "base/FileReplacement.h"
 #include "base/NamedPlace.h"
 #include "import/panel/DroppedFiles.h"
 #include "import/panel/LayoutForm.h"
@@ -390,7 +391,10 @@ void ImportAssistant::saveLayout()
         say(problem->text());
         return;
     }
-    QDir().mkpath(m_layoutFolder);
+    if (const auto noFolder = makeFolder(m_layoutFolder)) {
+        say(writeFailure(m_layoutFolder + u'/' + name + u".layout.json"_s, *noFolder));
+        return;
+    }
     const std::optional<QString> place = placeInside(m_layoutFolder, name + u".layout.json"_s);
     const auto problem = place ? writeLayoutFile(*place, layout)
                                : TableProblem{name, 0, 0, u"a name that leads elsewhere"_s, u"a plain name"_s, {}};
