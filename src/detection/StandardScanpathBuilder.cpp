@@ -9,6 +9,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <span>
 
 namespace {
@@ -18,8 +19,18 @@ constexpr int filterLength = 1; // no filtering
 constexpr QLatin1StringView tooShort("Fixation too short!");
 constexpr QLatin1StringView tooManyOutliers("Fixation with too many outliers!");
 
-QList<GazePoint> copiesOf(std::span<const WorkSample *const> records)
+bool areInARow(std::span<const WorkSample *const> records)
 {
+    return std::adjacent_find(records.begin(), records.end(), [](const WorkSample *record, const WorkSample *next) {
+               return next->source != record->source + 1;
+           }) == records.end();
+}
+
+/// @param raw  the list that the records were made of.
+GazeSamples samplesOf(std::span<const WorkSample *const> records, const QList<GazePoint> &raw)
+{
+    if (!records.empty() && areInARow(records))
+        return {raw, records.front()->source - raw.constData(), std::ssize(records)};
     QList<GazePoint> copies;
     copies.reserve(std::ssize(records));
     for (const WorkSample *record : records)
@@ -198,7 +209,8 @@ void StandardScanpathBuilder::flushSaccade()
 {
     if (m_pendingSaccade.empty())
         return;
-    m_target.saccades.append(Saccade(copiesOf(m_pendingSaccade), QStringLiteral("saccade"), m_sectionCounter, m_log));
+    m_target.saccades.append(
+        Saccade(samplesOf(m_pendingSaccade, m_target.gazePoints), QStringLiteral("saccade"), m_sectionCounter, m_log));
     ++m_saccadeCount;
     ++m_sectionCounter;
     m_lastSectionWasSaccade = true;
@@ -209,7 +221,8 @@ void StandardScanpathBuilder::closeInvalid()
 {
     if (m_pendingInvalid.empty())
         return;
-    m_target.invalids.append(Invalid(copiesOf(m_pendingInvalid), QStringLiteral("invalid"), m_sectionCounter, m_log));
+    m_target.invalids.append(
+        Invalid(samplesOf(m_pendingInvalid, m_target.gazePoints), QStringLiteral("invalid"), m_sectionCounter, m_log));
     m_target.eventRows.append(eventRowOf(m_target.invalids.constLast()));
     ++m_sectionCounter;
     ++m_invalidCount;
@@ -249,14 +262,14 @@ void StandardScanpathBuilder::handToMovement(qsizetype count)
         flushSaccade();
         return;
     }
-    m_target.saccades.last().extend(copiesOf(m_pendingSaccade));
+    m_target.saccades.last().extend(samplesOf(m_pendingSaccade, m_target.gazePoints));
     m_pendingSaccade.clear();
 }
 
 void StandardScanpathBuilder::appendFixation()
 {
-    Fixation fixation(copiesOf(m_window.samples()), QStringLiteral("fixation"), centroidOf(m_window.samples()),
-                      m_fixationCount);
+    Fixation fixation(samplesOf(m_window.samples(), m_target.gazePoints), QStringLiteral("fixation"),
+                      centroidOf(m_window.samples()), m_fixationCount);
     // The section's own duration has 32 bits.
     if (fixation.duration() < m_parameters.minimumDurationMs)
         messages::critical(

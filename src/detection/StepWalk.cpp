@@ -29,7 +29,7 @@ public:
         return target.minorAxis.length() > std::sqrt(dx * dx + dy * dy);
     }
 
-    void take(const QList<GazePoint> &run)
+    void take(const GazeSamples &run)
     {
         Fixation &target = m_scanpath.last();
         if (m_isSummed && continues(target.samples, run)) {
@@ -53,12 +53,12 @@ public:
     }
 
 private:
-    static bool continues(const QList<GazePoint> &sorted, const QList<GazePoint> &run)
+    static bool continues(const GazeSamples &sorted, const GazeSamples &run)
     {
-        return !isEarlier(run.constFirst(), sorted.constLast()) && std::is_sorted(run.cbegin(), run.cend(), isEarlier);
+        return !isEarlier(run.first(), sorted.last()) && std::is_sorted(run.cbegin(), run.cend(), isEarlier);
     }
 
-    void add(const QList<GazePoint> &samples)
+    void add(const GazeSamples &samples)
     {
         for (const GazePoint &sample : samples) {
             m_sumX += sample.x;
@@ -72,7 +72,7 @@ private:
     double m_sumY = 0;
 };
 
-Fixation fixationOf(const QList<GazePoint> &samples, int number)
+Fixation fixationOf(const GazeSamples &samples, int number)
 {
     CentroidSum sum;
     for (const GazePoint &sample : samples)
@@ -94,7 +94,7 @@ void appendRestingRuns(const QList<GazePoint> &samples, const StepLabels &steps,
         const qsizetype first = std::exchange(start, i + 1);
         if (static_cast<int>(elapsedMs(samples[first].time, samples[i].time)) <= parameters.minimumDurationMs)
             continue;
-        Fixation fixation = fixationOf(samples.sliced(first, i - first + 1), fixationCounter);
+        Fixation fixation = fixationOf({samples, first, i - first + 1}, fixationCounter);
         if (parameters.mergeSequential && merging.takes(fixation)) {
             merging.take(fixation.samples);
             continue;

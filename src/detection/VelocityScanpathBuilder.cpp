@@ -42,7 +42,7 @@ VelocityScanpathBuilder::VelocityScanpathBuilder(const QList<GazePoint> &samples
     detect(thresholdFor(samples, parameters));
 }
 
-/// The run of slow samples is kept as its two ends: the samples between them are copied only if it is a fixation.
+/// The run of slow samples is kept as its two ends: what lies between them is looked at again only if it is a fixation.
 void VelocityScanpathBuilder::detect(const SpeedThreshold &threshold)
 {
     constexpr qsizetype none = -1;
@@ -70,9 +70,9 @@ void VelocityScanpathBuilder::closeRun(qsizetype first, qsizetype last)
     const auto durationMs = static_cast<int>(elapsedMs(m_samples[first].time, m_samples[last].time));
     if (durationMs <= m_minimumDurationMs || !m_scanpath)
         return;
-    QList<GazePoint> run = m_samples.sliced(first, last - first + 1);
-    if (!std::all_of(run.cbegin(), run.cend(), [](const GazePoint &sample) { return sample.validFlag; }))
-        run.removeIf([](const GazePoint &sample) { return !sample.validFlag; });
+    GazeSamples run(m_samples, first, last - first + 1);
+    if (!std::all_of(run.begin(), run.end(), [](const GazePoint &sample) { return sample.validFlag; }))
+        run.own().removeIf([](const GazePoint &sample) { return !sample.validFlag; });
     CentroidSum sum;
     for (const GazePoint &sample : std::as_const(run))
         sum.add(sample.x, sample.y);

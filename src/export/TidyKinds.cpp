@@ -88,7 +88,7 @@ void addAxes(TidyRows &rows, const ScanpathSection &section)
 }
 
 /// Of the valid samples.
-void addMeans(TidyRows &rows, const QList<GazePoint> &samples, std::initializer_list<double GazePoint::*> members)
+void addMeans(TidyRows &rows, std::span<const GazePoint> samples, std::initializer_list<double GazePoint::*> members)
 {
     for (double GazePoint::*const member : members) {
         double sum = 0;

@@ -13,12 +13,13 @@ namespace {
 /// a sort, and no part of it takes long.
 QList<GazePoint> samplesByTime(const QList<Fixation> &fixations)
 {
-    QList<GazePoint> samples;
     std::vector<qsizetype> bounds{0};
-    for (const Fixation &fixation : fixations) {
-        samples.append(fixation.samples);
-        bounds.push_back(samples.size());
-    }
+    for (const Fixation &fixation : fixations)
+        bounds.push_back(bounds.back() + fixation.samples.size());
+    QList<GazePoint> samples;
+    samples.reserve(bounds.back());
+    for (const Fixation &fixation : fixations)
+        std::copy(fixation.samples.begin(), fixation.samples.end(), std::back_inserter(samples));
     if (std::is_sorted(samples.cbegin(), samples.cend(), isEarlier))
         return samples;
     for (size_t run = 1; run < bounds.size(); ++run)

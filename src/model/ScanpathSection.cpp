@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr qsizetype fewestSamplesForAxes = 4;
+constexpr size_t fewestSamplesForAxes = 4;
 
 /// The squares of differences between coordinates below this, summed over any recording, are finite.
 constexpr double coordinateLimit = 1e140;
@@ -29,7 +29,7 @@ bool isFinite(const PrincipalAxes &axes)
 }
 
 /// The mean of the products of the deviations; nothing where a coordinate is beyond the limit.
-std::optional<SymmetricMatrix> covarianceOf(const QList<GazePoint> &samples)
+std::optional<SymmetricMatrix> covarianceOf(std::span<const GazePoint> samples)
 {
     double sumX = 0;
     double sumY = 0;
@@ -58,7 +58,7 @@ std::optional<SymmetricMatrix> covarianceOf(const QList<GazePoint> &samples)
 
 /// The middle of the list as it stands, which is mostly the middle in time. Kept: the textbook median sorts each axis
 /// first and gives another position where the gaze goes back and forth.
-QPoint middleInTime(const QList<GazePoint> &samples)
+QPoint middleInTime(const GazeSamples &samples)
 {
     const qsizetype middle = samples.size() / 2;
     const GazePoint &upper = samples[middle];
@@ -68,15 +68,22 @@ QPoint middleInTime(const QList<GazePoint> &samples)
     return {truncated((upper.x + lower.x) / 2), truncated((upper.y + lower.y) / 2)};
 }
 
-void sortByTime(QList<GazePoint> &samples)
+bool isSorted(std::span<const GazePoint> samples)
 {
-    if (!std::is_sorted(samples.cbegin(), samples.cend(), isEarlier))
-        std::stable_sort(samples.begin(), samples.end(), isEarlier);
+    return std::is_sorted(samples.begin(), samples.end(), isEarlier);
+}
+
+void sortByTime(GazeSamples &samples)
+{
+    if (isSorted(samples))
+        return;
+    QList<GazePoint> &list = samples.own();
+    std::stable_sort(list.begin(), list.end(), isEarlier);
 }
 
 } // namespace
 
-PrincipalAxes principalAxes(const QList<GazePoint> &samples)
+PrincipalAxes principalAxes(std::span<const GazePoint> samples)
 {
     if (samples.size() < fewestSamplesForAxes)
         return {};
@@ -89,7 +96,7 @@ PrincipalAxes principalAxes(const QList<GazePoint> &samples)
     return isFinite(axes) ? axes : none;
 }
 
-QPoint meanOf(const QList<GazePoint> &samples)
+QPoint meanOf(std::span<const GazePoint> samples)
 {
     double sumX = 0;
     double sumY = 0;
@@ -101,7 +108,7 @@ QPoint meanOf(const QList<GazePoint> &samples)
     return {truncated(sumX / count), truncated(sumY / count)};
 }
 
-QPoint varianceAbout(QPoint center, const QList<GazePoint> &samples)
+QPoint varianceAbout(QPoint center, std::span<const GazePoint> samples)
 {
     double sumX = 0;
     double sumY = 0;
@@ -118,7 +125,7 @@ int ScanpathSection::duration() const
     return samples.isEmpty() ? 0 : static_cast<int>(elapsedMs(samples.first().time, samples.last().time));
 }
 
-void ScanpathSection::extend(const QList<GazePoint> &further)
+void ScanpathSection::extend(const GazeSamples &further)
 {
     const qsizetype joint = samples.size();
     samples.append(further);
@@ -126,16 +133,18 @@ void ScanpathSection::extend(const QList<GazePoint> &further)
         sortByTime(samples);
         return;
     }
-    // The front is sorted: only what the new samples reach into is moved, so that many short extensions of one long
-    // section stay linear.
-    const auto middle = samples.begin() + joint;
-    std::stable_sort(middle, samples.end(), isEarlier);
-    if (joint > 0 && middle != samples.end())
-        std::inplace_merge(std::upper_bound(samples.begin(), middle, *middle, isEarlier), middle, samples.end(),
-                           isEarlier);
+    // The front is sorted: only what the new samples reach into is looked at and moved, so that many short extensions
+    // of one long section stay linear.
+    if (isSorted(std::span(samples).subspan(static_cast<size_t>(std::max<qsizetype>(joint - 1, 0)))))
+        return;
+    QList<GazePoint> &list = samples.own();
+    const auto middle = list.begin() + joint;
+    std::stable_sort(middle, list.end(), isEarlier);
+    if (joint > 0)
+        std::inplace_merge(std::upper_bound(list.begin(), middle, *middle, isEarlier), middle, list.end(), isEarlier);
 }
 
-Fixation::Fixation(QList<GazePoint> samples_, const QString &type_, QPoint centroid, int number_)
+Fixation::Fixation(GazeSamples samples_, const QString &type_, QPoint centroid, int number_)
 {
     samples = std::move(samples_);
     mean = centroid;
@@ -160,7 +169,7 @@ void Fixation::updateVariance()
         variance = varianceAbout(mean, samples);
 }
 
-Saccade::Saccade(QList<GazePoint> samples_, const QString &type_, int number_, const Log *log)
+Saccade::Saccade(GazeSamples samples_, const QString &type_, int number_, const Log *log)
 {
     samples = std::move(samples_);
     type = type_;
@@ -171,7 +180,7 @@ Saccade::Saccade(QList<GazePoint> samples_, const QString &type_, int number_, c
     timeSorted = true;
 }
 
-Invalid::Invalid(QList<GazePoint> samples_, const QString &type_, int number_, const Log *log)
+Invalid::Invalid(GazeSamples samples_, const QString &type_, int number_, const Log *log)
 {
     samples = std::move(samples_);
     type = type_;

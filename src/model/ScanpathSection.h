@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/GazePoint.h"
+#include "model/GazeSamples.h"
 
-#include <QList>
 #include <QPoint>
 #include <QVector2D>
+
+#include <span>
 
 class Log;
 
@@ -19,13 +20,13 @@ struct PrincipalAxes {
 /// Their directions are those of our own solver, the same on every machine; see `SymmetricMatrix.h`.
 /// Rounding or samples on one line can make an eigenvalue negative: it counts as 0. Where a coordinate is not a number
 /// below 1e140, so that its square could leave the range of doubles, both axes are (0,0).
-PrincipalAxes principalAxes(const QList<GazePoint> &samples);
+PrincipalAxes principalAxes(std::span<const GazePoint> samples);
 
 /// Mean position of the samples, valid or not, each axis cut to whole pixels; (0,0) without samples.
-QPoint meanOf(const QList<GazePoint> &samples);
+QPoint meanOf(std::span<const GazePoint> samples);
 
 /// Mean of the squared distances from `center` along each axis, in px^2, cut to whole numbers; (0,0) without samples.
-QPoint varianceAbout(QPoint center, const QList<GazePoint> &samples);
+QPoint varianceAbout(QPoint center, std::span<const GazePoint> samples);
 
 /// A stretch of consecutive samples of one eye: what fixations, saccades and invalid sections have in common.
 ///
@@ -40,11 +41,11 @@ struct ScanpathSection {
 
     /// Appends samples and sorts all by time, stable; a section that was sorted before pays only for the new ones. The
     /// statistics stay those of the construction.
-    void extend(const QList<GazePoint> &further);
+    void extend(const GazeSamples &further);
 
     bool operator==(const ScanpathSection &) const = default;
 
-    QList<GazePoint> samples;
+    GazeSamples samples;
     QPoint mean;             ///< centroid, whole pixels
     QPoint median;           ///< middle sample in time, not a sorted median; fixations only
     QPoint variance;         ///< px^2 about `mean`, truncated; fixations only
@@ -62,7 +63,7 @@ struct Fixation : ScanpathSection {
     Fixation() = default;
     /// Computes median, variance and principal axes from the samples. A centroid at (0,0) is taken as unknown and
     /// recomputed from them. Without samples all statistics stay at their defaults, with a line on the debug channel.
-    Fixation(QList<GazePoint> samples, const QString &type, QPoint centroid, int number);
+    Fixation(GazeSamples samples, const QString &type, QPoint centroid, int number);
     bool operator==(const Fixation &) const = default;
 
     /// Computes the variance about `mean` anew, for samples that were added after the construction.
@@ -72,13 +73,13 @@ struct Fixation : ScanpathSection {
 /// A stretch in which the eye moves; its samples are sorted by time.
 struct Saccade : ScanpathSection {
     Saccade() = default;
-    Saccade(QList<GazePoint> samples, const QString &type, int number, const Log *log);
+    Saccade(GazeSamples samples, const QString &type, int number, const Log *log);
     bool operator==(const Saccade &) const = default;
 };
 
 /// A stretch in which the recording cannot be trusted.
 struct Invalid : ScanpathSection {
     Invalid() = default;
-    Invalid(QList<GazePoint> samples, const QString &type, int number, const Log *log);
+    Invalid(GazeSamples samples, const QString &type, int number, const Log *log);
     bool operator==(const Invalid &) const = default;
 };

@@ -33,7 +33,7 @@ private:
 
         QPoint mean;
         qint64 firstTime;
-        const QList<GazePoint> *samples; ///< null where they need not be alike
+        const GazeSamples *samples; ///< null where they need not be alike
     };
     struct Hash {
         size_t operator()(const Key &key) const noexcept;

@@ -80,7 +80,7 @@ GazeSpeed gazeSpeed(std::span<const GazePoint> samples, std::optional<double> pi
     return {pixels.mean(), pixels.peak(), degrees.mean(), degrees.peak()};
 }
 
-std::optional<double> dispersionPx(const QList<GazePoint> &samples)
+std::optional<double> dispersionPx(std::span<const GazePoint> samples)
 {
     std::optional<QPointF> least;
     QPointF most;

@@ -31,7 +31,7 @@ double visualAngleDegree(double distancePx, double pixelPerDistance);
 
 /// Summed extent of the positions: (largest x - smallest x) + (largest y - smallest y) of the valid samples, in px;
 /// nothing without a valid sample. Source: the dispersion of the I-DT detector in Salvucci & Goldberg (2000), ETRA.
-std::optional<double> dispersionPx(const QList<GazePoint> &samples);
+std::optional<double> dispersionPx(std::span<const GazePoint> samples);
 
 /// The way of the gaze from a fixation to the next one, whatever the detector found between them.
 struct GazeStep {

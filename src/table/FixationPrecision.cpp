@@ -21,7 +21,7 @@ struct Sums {
     double squaredPx = 0;
 };
 
-Sums sumsOf(const QList<GazePoint> &samples, double gapAfterMs)
+Sums sumsOf(std::span<const GazePoint> samples, double gapAfterMs)
 {
     Sums sums;
     const GazePoint *first = nullptr;

@@ -295,7 +295,7 @@ void TestSaccadeClusterControl::changedDataMarkAll_data()
     changed("one more", [](DataModel &model) { model.examinations() << samples::examinationAt({{1, 2}, {3, 4}}); });
     changed("the other eye", [](DataModel &model) { model.examinations()[0].dominantEye = QStringLiteral("left"); });
     changed("a sample at another place",
-            [](DataModel &model) { model.examinations()[0].rightEye.scanpath[2].samples[0].x += 1; });
+            [](DataModel &model) { model.examinations()[0].rightEye.scanpath[2].samples.own()[0].x += 1; });
     changed("a fixation less", [](DataModel &model) { model.examinations()[0].rightEye.scanpath.removeLast(); });
     same("calculated again, with the same outcome", [](DataModel &model) {
         model.examinations()[0] = samples::examinationAt({{100, 100}, {500, 100}, {100, 140}, {500, 140}, {100, 180}});

@@ -111,7 +111,7 @@ void TestSaccadeCollection::fixationWithoutSamplesInTheSpanIsSkipped()
     EyeData eye = scanpathAt({{1, 2}, {30, 40}, {5, 6}});
     eye.scanpath[1].samples = {sample(90, 30, 40), sample(120, 30, 40)}; // around the span of the next line
     QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {95, 115})), Ends());
-    eye.scanpath[1].samples.clear();
+    eye.scanpath[1].samples = {};
     QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, always)), Ends{line({1, 2}, {5, 6})});
     QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {300, 400})), Ends()); // all end before
 }
@@ -119,7 +119,7 @@ void TestSaccadeCollection::fixationWithoutSamplesInTheSpanIsSkipped()
 void TestSaccadeCollection::stopsAtTheFirstFixationBehindTheSpan()
 {
     EyeData eye = scanpathAt({{1, 2}, {30, 40}, {5, 6}, {7, 8}});
-    eye.scanpath[2].samples[0].time = 1000;
+    eye.scanpath[2].samples.own()[0].time = 1000;
     QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {0, 500})), Ends{line({1, 2}, {30, 40})});
     QCOMPARE(endsOf(collectSaccadeVectors(eye.scanpath, {100, 500})), Ends()); // the first one is skipped, too
 }

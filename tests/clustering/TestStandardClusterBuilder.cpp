@@ -89,7 +89,7 @@ void TestStandardClusterBuilder::centreAtTheOriginIsThatOfTheSamples()
 {
     Fixation left = fixation({-10, 0});
     Fixation right = fixation({10, 0});
-    right.samples[0].x = 30; // its own centroid came from interpolated values
+    right.samples.own()[0].x = 30; // its own centroid came from interpolated values
     const EyeData eye = built(stream({left, right}), {2, 0, 100});
     QCOMPARE(eye.fixationClusters[0].mean, QPoint(10, 0));
 }

@@ -327,9 +327,10 @@ void TestStandardScanpathBuilder::shortGapKeepsRawSamples()
     QCOMPARE(eye.scanpath.size(), 1);
     const Fixation &fixation = eye.scanpath[0];
     QCOMPARE(fixation.samples, samples);
-    QCOMPARE(fixation.mean, QPoint(100, 100));         // of the interpolated positions
-    QCOMPARE(fixation.variance, QPoint(64094, 64094)); // of the raw ones: 877^2 / 12 = 64094.08
-    QCOMPARE(fixation.median, QPoint(-338, -338));     // (-777 + 100) / 2 = -338.5, towards zero
+    QCOMPARE(fixation.samples.data(), eye.gazePoints.constData()); // shared, not copied
+    QCOMPARE(fixation.mean, QPoint(100, 100));                     // of the interpolated positions
+    QCOMPARE(fixation.variance, QPoint(64094, 64094));             // of the raw ones: 877^2 / 12 = 64094.08
+    QCOMPARE(fixation.median, QPoint(-338, -338));                 // (-777 + 100) / 2 = -338.5, towards zero
 }
 
 void TestStandardScanpathBuilder::centroidIsOfTruncatedSums_data()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void runs_data();
     void runs();
     void recordOfAFixation();
+    void samplesAreSharedWithTheRecording();
     void centroid_data();
     void centroid();
     void numbersFollowTheList();
@@ -188,6 +189,15 @@ void TestVelocityScanpathBuilder::recordOfAFixation()
     QCOMPARE(found.size(), 1);
     QCOMPARE(found[0], Fixation({samples[1], samples[3]}, QStringLiteral("fixation"), {102, 300}, 1));
     QCOMPARE(found[0].cluster, 0);
+}
+
+void TestVelocityScanpathBuilder::samplesAreSharedWithTheRecording()
+{
+    const QList<GazePoint> samples = samplesAt({100, 101, 102, 104, 900});
+    const QList<Fixation> found = fixationsOf(samples, pixelsPerMs(1));
+    QCOMPARE(found.size(), 1);
+    QCOMPARE(found[0].samples, samples.sliced(1, 3));
+    QCOMPARE(found[0].samples.data(), samples.constData() + 1);
 }
 
 void TestVelocityScanpathBuilder::centroid_data()

@@ -8,7 +8,7 @@
 namespace {
 
 /// The samples as "time x y width validity", for comparison.
-QStringList shown(const QList<GazePoint> &samples)
+QStringList shown(const GazeSamples &samples)
 {
     QStringList lines;
     for (const GazePoint &sample : samples)

@@ -64,7 +64,7 @@ void TestFixationCluster::anyNumberOfFixationsIsMergedAsIfSorted()
         for (Fixation &fixation : fixations) {
             for (int i = below(9); i > 0; --i) // few times, so that many are equal; x tells the samples apart
                 fixation.samples << at(below(30), static_cast<double>(expected.size() + i), 0);
-            expected.append(fixation.samples);
+            expected.append(QList(fixation.samples.begin(), fixation.samples.end()));
         }
         std::stable_sort(expected.begin(), expected.end(),
                          [](const GazePoint &a, const GazePoint &b) { return a.time < b.time; });

@@ -137,7 +137,7 @@ void TestRecords::eyeDataCopiesAreIndependent()
     EyeData copy = original;
     QCOMPARE(copy, original);
     copy.gazePoints[0].x = 99;
-    copy.scanpath[0].samples[0].x = 99;
+    copy.scanpath[0].samples.own()[0].x = 99;
     QCOMPARE(original.gazePoints[0].x, 1.0);
     QCOMPARE(original.scanpath[0].samples[0].x, 1.0);
 }

@@ -366,6 +366,12 @@ void TestScanpathSection::extension()
     std::stable_sort(expected.begin(), expected.end(),
                      [](const GazePoint &a, const GazePoint &b) { return a.time < b.time; });
     QCOMPARE(section.samples, expected);
+
+    // as stretches of one list, one behind the other
+    const QList<GazePoint> list = first + further;
+    Saccade stretch({list, 0, first.size()}, QStringLiteral("saccade"), 1, nullptr);
+    stretch.extend({list, first.size(), further.size()});
+    QCOMPARE(stretch.samples, expected);
 }
 
 void TestScanpathSection::extensionOfFixationSortsAll()

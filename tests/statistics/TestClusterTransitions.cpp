@@ -232,15 +232,15 @@ void TestClusterTransitions::likenessOfFixations_data()
     row(
         "one that was given a cluster later", [](Fixation &f) { f.cluster = 1; }, true);
     row(
-        "samples of its own", [](Fixation &f) { f.samples.detach(); }, true);
+        "samples of its own", [](Fixation &f) { f.samples.own().detach(); }, true);
     row(
         "another mean", [](Fixation &f) { f.mean.ry() += 1; }, false);
     row(
-        "another time", [](Fixation &f) { f.samples[0].time += 1; }, false);
+        "another time", [](Fixation &f) { f.samples.own()[0].time += 1; }, false);
     row(
-        "another sample at its end", [](Fixation &f) { f.samples[1].x += 1; }, false);
+        "another sample at its end", [](Fixation &f) { f.samples.own()[1].x += 1; }, false);
     row(
-        "one sample less", [](Fixation &f) { f.samples.removeLast(); }, false);
+        "one sample less", [](Fixation &f) { f.samples.own().removeLast(); }, false);
 }
 
 void TestClusterTransitions::likenessOfFixations()

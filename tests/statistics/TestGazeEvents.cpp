@@ -66,9 +66,10 @@ void TestGazeEvents::speedWithoutPair()
 
 void TestGazeEvents::dispersion()
 {
-    QCOMPARE(dispersionPx({sample(0, 10, 5), sample(4, 12.5, 1), sample(8, 900, 900, 0)}), std::optional(2.5 + 4));
-    QCOMPARE(dispersionPx({sample(0, -3, 5)}), std::optional(0.0));
-    QCOMPARE(dispersionPx({sample(0, 1, 1, 0)}), std::nullopt);
+    QCOMPARE(dispersionPx(GazeSamples{sample(0, 10, 5), sample(4, 12.5, 1), sample(8, 900, 900, 0)}),
+             std::optional(2.5 + 4));
+    QCOMPARE(dispersionPx(GazeSamples{sample(0, -3, 5)}), std::optional(0.0));
+    QCOMPARE(dispersionPx(GazeSamples{sample(0, 1, 1, 0)}), std::nullopt);
 }
 
 /// From (50, 50) to (53, 46): 5 px, up to the right. The window has the last sample of the one and the first of the

@@ -252,7 +252,7 @@ void TestDataQuality::precisionByHand()
     QCOMPARE(quality.fixationRmsPx, 4.0);
     // Unusable samples take no part, and are between no neighbours: two are left.
     for (const int i : {1, 3})
-        examination.leftEye.scanpath[2].samples[i].validFlag = false;
+        examination.leftEye.scanpath[2].samples.own()[i].validFlag = false;
     QCOMPARE(leftOf(examination).measuredFixations, 2);
     examination.leftEye.scanpath.clear();
     quality = leftOf(examination);

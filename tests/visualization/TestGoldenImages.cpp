@@ -66,7 +66,8 @@ Examination TestGoldenImages::recording(double phase)
         const Fixation &first = eye.scanpath[i];
         const Fixation &second = eye.scanpath[i + stays / 2];
         FixationCluster cluster = toy::cluster(first.mean, {first, second}, {110, 40}, {-20, 55});
-        cluster.samples = first.samples + second.samples;
+        cluster.samples = first.samples;
+        cluster.samples.append(second.samples);
         eye.fixationClusters << cluster;
     }
     return examination;

@@ -25,7 +25,7 @@ Fixation frameCopy(const Fixation &fixation, TimeFrame frame)
     return {inside, fixation.type, fixation.mean, fixation.number};
 }
 
-QList<QPointF> positionsInFrame(const QList<GazePoint> &samples, TimeFrame frame)
+QList<QPointF> positionsInFrame(std::span<const GazePoint> samples, TimeFrame frame)
 {
     QList<QPointF> positions;
     for (const GazePoint &sample : samples) {

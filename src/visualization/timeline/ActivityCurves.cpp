@@ -8,10 +8,10 @@
 
 namespace {
 
-double wayLength(const QList<GazePoint> &samples)
+double wayLength(std::span<const GazePoint> samples)
 {
     double length = 0;
-    for (qsizetype i = 1; i < samples.size(); ++i) {
+    for (size_t i = 1; i < samples.size(); ++i) {
         const double dx = samples[i].x - samples[i - 1].x;
         const double dy = samples[i].y - samples[i - 1].y;
         length += std::sqrt(dx * dx + dy * dy);
