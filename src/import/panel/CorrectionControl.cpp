@@ -4,6 +4,7 @@
 
 #include "base/Messages.h"
 #include "commands/IMainWindow.h"
+#include "commands/panel/ColorButton.h"
 #include "import/scene/QGraphicSceneOverlay.h"
 #include "settings/StoredKeys.h"
 
@@ -14,16 +15,7 @@
 
 #include <algorithm>
 
-namespace {
-
 using namespace Qt::StringLiterals;
-
-void paintBackground(QPushButton &button, const QColor &color)
-{
-    button.setStyleSheet(u"background-color:"_s + color.name());
-}
-
-} // namespace
 
 CorrectionControl::CorrectionControl(QWidget *parent)
     : QWidget(parent)
@@ -32,9 +24,9 @@ CorrectionControl::CorrectionControl(QWidget *parent)
     , m_programFolder(QDir(QCoreApplication::applicationDirPath()).filePath(u"correctionmodule"_s))
 {
     m_ui->setupUi(this);
-    paintBackground(*m_ui->colorgp, m_pointColor);
-    paintBackground(*m_ui->colorel, m_originalColor);
-    paintBackground(*m_ui->colorelcorr, m_correctedColor);
+    showColor(m_ui->colorgp, m_pointColor);
+    showColor(m_ui->colorel, m_originalColor);
+    showColor(m_ui->colorelcorr, m_correctedColor);
     using Control = CorrectionControl;
     connect(m_ui->add_elipse, &QPushButton::clicked, this, &Control::sltAddEllipsis);
     connect(m_ui->remove_ellipse, &QPushButton::clicked, this, &Control::sltRemoveEllipsis);
@@ -192,7 +184,7 @@ void CorrectionControl::chooseColor(QColor &color, QPushButton &button)
     if (!chosen.isValid())
         return;
     color = chosen;
-    paintBackground(button, color);
+    showColor(&button, color);
     Q_EMIT sigGraphicsParametersChanged();
 }
 
