@@ -28,11 +28,11 @@ void GazeSamples::append(const GazeSamples &further)
     } else if (end() == further.begin() && m_list.isSharedWith(further.m_list)) {
         m_count = size() + further.size();
     } else {
-        const GazeSamples kept = further; // these samples themselves, perhaps
+        const qsizetype count = further.size();
         QList<GazePoint> &list = own();
         const qsizetype joint = list.size();
-        list.resize(joint + kept.size());
-        std::copy(kept.begin(), kept.end(), list.begin() + joint);
+        list.resize(joint + count);
+        std::copy_n(further.begin(), count, list.begin() + joint); // the front of these samples themselves, perhaps
     }
 }
 

@@ -135,6 +135,11 @@ void TestGazeSamples::appendingItself()
     GazeSamples samples(numbered(3), 1, 2);
     samples.append(samples);
     QCOMPARE(timesOf(samples), (QList<qint64>{1, 2, 1, 2}));
+    GazeSamples whole(numbered(2));
+    const GazeSamples before = whole;
+    whole.append(whole);
+    QCOMPARE(timesOf(whole), (QList<qint64>{0, 1, 0, 1}));
+    QCOMPARE(timesOf(before), (QList<qint64>{0, 1}));
 }
 
 void TestGazeSamples::equality()
