@@ -9,6 +9,7 @@
 #include "settings/StoreRepair.h"
 
 #include <QFile>
+#include <QGuiApplication>
 
 namespace {
 
@@ -42,8 +43,11 @@ void use()
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***)
+/// A value may be a picture, which the toolkit makes for a program with windows only; all that read the store are such.
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QGuiApplication application(*argc, *argv);
     messages::install(nullptr);
     return 0;
 }
