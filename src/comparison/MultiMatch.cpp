@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "comparison/MultiMatch.h"
 
+#include "base/Averages.h"
 #include "comparison/Alignment.h"
 
 #include <algorithm>
@@ -70,15 +71,6 @@ SaccadePath joinedByLength(const SaccadePath &path, const MultiMatchThresholds &
     return pass.result;
 }
 
-double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    if (values.size() % 2 == 1)
-        return *middle;
-    return (*std::max_element(values.begin(), middle) + *middle) / 2;
-}
-
 double directionDifference(const SaccadeVector2D &a, const SaccadeVector2D &b)
 {
     const double difference = std::abs(a.direction() - b.direction());
@@ -136,21 +128,21 @@ MultiMatch multiMatch(const SaccadePath &first, const SaccadePath &second, QSize
         bestAlignment(a.size(), b.size(), [&](std::size_t i, std::size_t j) {
             return lengthOf(a[i].dx - b[j].dx, a[i].dy - b[j].dy);
         }).pairs;
-    const auto medianOf = [&](const auto &difference) {
+    const auto medianOver = [&](const auto &difference) {
         std::vector<double> values;
         values.reserve(pairs.size());
         for (const auto &[i, j] : pairs)
             values.push_back(difference(i, j));
-        return median(values);
+        return *medianOf(values);
     };
     const double diagonal = lengthOf(pictureSizePx.width(), pictureSizePx.height());
     using I = std::size_t;
-    return {.vector =
-                1 - medianOf([&](I i, I j) { return lengthOf(a[i].dx - b[j].dx, a[i].dy - b[j].dy); }) / (2 * diagonal),
-            .direction = 1 - medianOf([&](I i, I j) { return directionDifference(a[i], b[j]); }) / std::numbers::pi,
-            .length = 1 - medianOf([&](I i, I j) { return std::abs(a[i].length() - b[j].length()); }) / diagonal,
-            .position = 1 - medianOf([&](I i, I j) { return lengthOf(a[i].x - b[j].x, a[i].y - b[j].y); }) / diagonal,
-            .duration = 1 - medianOf([&](I i, I j) {
+    return {.vector = 1 - medianOver([&](I i, I j) { return lengthOf(a[i].dx - b[j].dx, a[i].dy - b[j].dy); }) /
+                              (2 * diagonal),
+            .direction = 1 - medianOver([&](I i, I j) { return directionDifference(a[i], b[j]); }) / std::numbers::pi,
+            .length = 1 - medianOver([&](I i, I j) { return std::abs(a[i].length() - b[j].length()); }) / diagonal,
+            .position = 1 - medianOver([&](I i, I j) { return lengthOf(a[i].x - b[j].x, a[i].y - b[j].y); }) / diagonal,
+            .duration = 1 - medianOver([&](I i, I j) {
                             return durationDifference(first.durationsMs[i], second.durationsMs[j]);
                         })};
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/MethodsRecord.h"
 
+#include "base/Averages.h"
 #include "clustering/ClusterJson.h"
 #include "detection/DetectionJson.h"
 #include "detection/DetectionWarnings.h"
 #include "model/ImageCache.h"
-#include "table/FixationPrecision.h"
 #include "table/QualityLimits.h"
 
 #include <QJsonArray>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "statistics/GroupComparison.h"
 
+#include "base/Averages.h"
+
 #include <QMap>
 
 #include <algorithm>
@@ -12,18 +14,6 @@ namespace {
 
 constexpr int rounds = 10000;
 constexpr std::mt19937_64::result_type seed = 20140301; // any number, always the same
-
-double meanOfValues(const QList<double> &values)
-{
-    return std::accumulate(values.cbegin(), values.cend(), 0.0) / static_cast<double>(values.size());
-}
-
-double medianOfValues(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const qsizetype middle = values.size() / 2;
-    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
-}
 
 double deviationOf(const QList<double> &values)
 {
@@ -78,10 +68,11 @@ QMap<QString, QMap<QString, double>> bySubject(const QList<SubjectValue> &values
 
 GroupSummary summaryOf(const QString &group, const QList<double> &values)
 {
+    QList<double> ordered = values; // resampling goes by the order that was given
     GroupSummary summary{.group = group,
                          .subjects = static_cast<int>(values.size()),
                          .mean = meanOfValues(values),
-                         .median = medianOfValues(values)};
+                         .median = *medianOf(ordered)};
     if (values.size() < 2)
         return summary;
     summary.deviation = deviationOf(values);

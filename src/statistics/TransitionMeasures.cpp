@@ -1,28 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "statistics/TransitionMeasures.h"
 
+#include "base/Averages.h"
 #include "statistics/RequiredForms.h"
 
 #include <cmath>
-#include <numeric>
 
 namespace {
 
-struct Spread {
-    double mean = 0;
-    double deviation = 0; ///< of all values, not of a sample of them
-};
-
-Spread spreadOf(const QList<double> &values)
+Spread spreadOrZeros(const QList<double> &values)
 {
-    if (values.isEmpty())
-        return {};
-    const auto count = static_cast<double>(values.size());
-    const double mean = std::accumulate(values.cbegin(), values.cend(), 0.0) / count;
-    const double squares = std::accumulate(values.cbegin(), values.cend(), 0.0, [&](double sum, double value) {
-        return sum + (mean - value) * (mean - value);
-    });
-    return {mean, std::sqrt(squares / count)};
+    return values.isEmpty() ? Spread{0, 0} : spreadOf(values);
 }
 
 QList<double> timesBetween(const QList<qint64> &times)
@@ -37,8 +25,8 @@ QList<double> timesBetween(const QList<qint64> &times)
 
 ClusterSpread clusterSpread(const ClusterTransitions &transitions, qsizetype cluster)
 {
-    const Spread time = spreadOf(timesBetween(transitions.times[cluster]));
-    const Spread length = spreadOf(transitions.lengths[cluster]);
+    const Spread time = spreadOrZeros(timesBetween(transitions.times[cluster]));
+    const Spread length = spreadOrZeros(transitions.lengths[cluster]);
     return {required::fewestInWindow(transitions.times[cluster]), time.mean, time.deviation, length.mean,
             length.deviation};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/DataQuality.h"
 
+#include "base/Averages.h"
 #include "model/Canvas.h"
 #include "model/ImageCache.h"
 #include "table/FixationPrecision.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/FixationPrecision.h"
 
+#include "base/Averages.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -59,17 +61,6 @@ double bceaOf(double xx, double yy, double xy)
     constexpr double share = 0.682;
     const double k = -std::log(1 - share);
     return 2 * k * std::numbers::pi * std::sqrt(std::max(0.0, xx * yy - xy * xy));
-}
-
-std::optional<double> medianOf(std::vector<double> &values)
-{
-    if (values.empty())
-        return {};
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    if (values.size() % 2 == 1)
-        return *middle;
-    return (*std::max_element(values.begin(), middle) + *middle) / 2;
 }
 
 FixationPrecision fixationPrecision(const QList<Fixation> &fixations, TimeFrame frame, double gapAfterMs)

@@ -30,6 +30,3 @@ FixationPrecision fixationPrecision(const QList<Fixation> &fixations, TimeFrame 
 /// Area in px^2 of the ellipse around 68.2 % of normally distributed places: 2 k pi sqrt(xx yy - xy^2), k = -ln(1 -
 /// 0.682), from variances and covariance (Crossland & Rubin 2002, OVS 79(11)).
 double bceaOf(double xx, double yy, double xy);
-
-/// The median, the mean of the two in the middle; nothing without values. The order of the values changes.
-std::optional<double> medianOf(std::vector<double> &values);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/shapes/TransitionShapes.h"
 
+#include "base/Averages.h"
 #include "base/TextFormat.h"
 #include "base/Truncation.h"
 #include "visualization/shapes/ClusterShapes.h"
@@ -10,7 +11,6 @@
 
 #include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace {
 
@@ -24,22 +24,6 @@ struct Mark {
     Shape shape;
     QPointF nameAt;
 };
-
-struct Spread {
-    double mean;
-    double deviation; ///< of all values, not of a sample of them
-};
-
-/// Without values neither is a number.
-Spread spreadOf(const QList<double> &values)
-{
-    const auto count = static_cast<double>(values.size());
-    const double mean = std::accumulate(values.cbegin(), values.cend(), 0.0) / count;
-    const double squares = std::accumulate(values.cbegin(), values.cend(), 0.0, [&](double sum, double value) {
-        return sum + (mean - value) * (mean - value);
-    });
-    return {mean, std::sqrt(squares / count)};
-}
 
 QString clusterToolTip(qsizetype number, QPoint mean, const ClusterTransitions &transitions)
 {
