@@ -57,6 +57,7 @@ private Q_SLOTS:
     void removingNothing();
     void removingDoublesAndStrangers();
     void importing();
+    void boxesComeOnceTheWindowShowsTheRecordings();
     void importingAgainAfterUndo();
     void redoReadsTheFilesAnew();
     void undoOfTheSecondImport();
@@ -270,6 +271,37 @@ void TestDataWidget::importing()
     QVERIFY(m_model->allExaminations().isEmpty());
     QCOMPARE(m_window->removed, (QList<QList<int>>{{1, 2}}));
     QCOMPARE(takeLog(), QStringList{u"CommandDataImport:undo The import of 3 files has been undone!"_s});
+}
+
+void TestDataWidget::boxesComeOnceTheWindowShowsTheRecordings()
+{
+    class Onlooker : public messages::IHandler {
+    public:
+        explicit Onlooker(std::function<void()> look) : m_look(std::move(look)) {}
+        void show(messages::Severity, const QString &, const QString &) override { m_look(); }
+
+    private:
+        std::function<void()> m_look;
+    };
+    QSignalSpy loaded(m_widget.get(), &DataWidget::sigLoadTimeline);
+    int boxes = 0;
+    const auto look = [&] {
+        ++boxes;
+        QCOMPARE(listed(), QStringList());
+        QCOMPARE(m_window->rows, (QList<int>{1}));
+        QCOMPARE(loaded.size() + m_window->shownImports, boxes); // of this import, too
+    };
+    const RecordedMessages restored;
+    messages::install(std::make_unique<Onlooker>(look));
+    const QString bad = m_files->writeRecording(u"bad"_s);
+    m_files->write(u"bad.data"_s, "# nothing\n");
+    m_files->write(u"forest.jpg"_s, "x");
+    add({bad, m_files->writeRecording(u"p01"_s)});
+    click("SM_importButton");
+    QCOMPARE(boxes, 1);
+    stack().undo();
+    stack().redo();
+    QCOMPARE(boxes, 2);
 }
 
 void TestDataWidget::importingAgainAfterUndo()

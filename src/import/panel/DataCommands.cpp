@@ -124,6 +124,7 @@ void CommandDataImport::undo()
 
 void CommandDataImport::redo()
 {
+    const messages::Run told; // once the window shows the recordings
     m_paths = textsOf(m_files);
     {
         const RedrawHold hold(m_window);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/panel/DataWidget.h"
 
+#include "base/Messages.h"
 #include "commands/CommandStack.h"
 #include "import/bids/BidsFiles.h"
 #include "import/conversion/ImportSession.h"
@@ -111,8 +112,7 @@ void DataWidget::takeTables(const QList<ImportedTable> &tables)
 {
     if (!m_model || !m_window)
         return;
-    CommandStack::instance().push(new TableImportCommand(*m_model, *m_window, tables));
-    Q_EMIT sigLoadTimeline();
+    import(new TableImportCommand(*m_model, *m_window, tables));
 }
 
 void DataWidget::sltRemove()
@@ -124,7 +124,14 @@ void DataWidget::sltImport()
 {
     if (!m_model || !m_window)
         return;
-    CommandStack::instance().push(new CommandDataImport(*m_model, *m_window, *m_ui->listView, m_log));
+    import(new CommandDataImport(*m_model, *m_window, *m_ui->listView, m_log));
+}
+
+/// Boxes come once the window shows what they are about.
+void DataWidget::import(QUndoCommand *command)
+{
+    const messages::Run told;
+    CommandStack::instance().push(command);
     Q_EMIT sigLoadTimeline();
 }
 

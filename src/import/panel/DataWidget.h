@@ -63,6 +63,7 @@ private:
     bool askForImage();
     bool askForCalibration();
     void takeTables(const QList<ImportedTable> &tables);
+    void import(QUndoCommand *command);
     void importMillimetres(const QList<MillimetreRecording> &recordings);
     QStringList selectedFiles() const;
 

@@ -50,7 +50,6 @@ void DataWidget::sltImportIlmenau()
     for (const QString &path : paths)
         recordings << MillimetreRecording{path, stimulus};
     importMillimetres(recordings);
-    Q_EMIT sigLoadTimeline();
 }
 
 /// Asks for the picture, its size on the screen and the calibration, and stores them.
@@ -105,7 +104,6 @@ void DataWidget::sltImportIlmenau_internal(QString filepath, int width, int high
     if (!m_model || !m_window)
         return;
     importMillimetres({{filepath, {{width, hight, width_mm, hight_mm}, img_path, ini_path}}});
-    Q_EMIT sigLoadTimeline();
 }
 
 void DataWidget::sltImportIlmenauINI()
@@ -136,6 +134,7 @@ void DataWidget::sltImportIlmenauINI()
 /// A file that is not there is no box, but it shows.
 void DataWidget::importMillimetres(const QList<MillimetreRecording> &recordings)
 {
+    const messages::Run told; // as `import` does
     const QList<int> numbers = importMillimetreRecordings(
         recordings, *m_model, [this](const Examination &examination) { m_window->addTableRow(examination); });
     if (!numbers.isEmpty())
@@ -144,4 +143,5 @@ void DataWidget::importMillimetres(const QList<MillimetreRecording> &recordings)
         if (!QFileInfo::exists(recording.path))
             m_window->tell({u"No such file: %1"_s.arg(QFileInfo(recording.path).fileName()), {recording.path}, {}});
     }
+    Q_EMIT sigLoadTimeline();
 }
