@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "aoi/AoiFile.h"
 
+#include "base/BoundedFile.h"
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/TextDecoding.h"
 
 #include <QDebug>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -186,17 +186,14 @@ private:
 
 AoiFileContents readAoiFile(const QString &path)
 {
-    QFile file(path);
-    QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly))
-        bytes = file.readAll();
-    if (file.error() == QFile::NoError)
-        return parseAoiFile(bytes);
+    const std::variant<QByteArray, QString> read = readBounded(path, largestAoiFile);
+    if (const auto *bytes = std::get_if<QByteArray>(&read))
+        return parseAoiFile(*bytes);
     messages::warning(Text("Cannot read file!"),
                       Text("Error when trying read the specified file. Please make sure you have selected the correct "
                            "file and path and have reading privileges."));
     AoiFileContents none;
-    none.error = file.errorString();
+    none.error = std::get<QString>(read);
     return none;
 }
 

@@ -19,6 +19,9 @@
 /// line, and a line for each vertex in pixels. A block ends where the next one begins.
 
 /// What was found in a file of areas. Lines count from 1.
+/// Larger ones are refused; some thousand areas of a hundred vertices have a few megabytes.
+inline constexpr qint64 largestAoiFile = qint64(256) << 20;
+
 struct AoiFileContents {
     QList<AreaOfInterest> aois;       ///< order of the file, all enabled; a name may occur more than once
     qsizetype badVertexLines = 0;     ///< lines that are no vertex; they are left out

@@ -4,9 +4,9 @@
 #include "aoi/AoiJson.h"
 #include "aoi/AoiTable.h"
 #include "aoi/LabelImage.h"
+#include "base/BoundedFile.h"
 #include "base/Messages.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <iterator>
@@ -19,14 +19,11 @@ using Writer = QByteArray (*)(const QList<AreaOfInterest> &);
 template <AoiFileContents (*Parse)(const QByteArray &)>
 AoiFileContents readWith(const QString &path)
 {
-    QFile file(path);
-    if (file.open(QIODevice::ReadOnly)) {
-        const QByteArray bytes = file.readAll();
-        if (file.error() == QFile::NoError)
-            return Parse(bytes);
-    }
+    const std::variant<QByteArray, QString> read = readBounded(path, largestAoiFile);
+    if (const auto *bytes = std::get_if<QByteArray>(&read))
+        return Parse(*bytes);
     AoiFileContents none;
-    none.error = file.errorString();
+    none.error = std::get<QString>(read);
     return none;
 }
 

@@ -2,10 +2,9 @@
 #include "aoi/LabelImage.h"
 
 #include "aoi/AoiTable.h"
+#include "base/BoundedFile.h"
 #include "base/TextDecoding.h"
-
-#include <QFile>
-#include <QImageReader>
+#include "model/PictureFile.h"
 
 #include <opencv2/imgproc.hpp>
 
@@ -121,13 +120,11 @@ AoiFileContents labelledAois(const QImage &image, const QMap<int, QString> &name
 
 AoiFileContents readLabelImage(const QString &imagePath, const QString &namesPath)
 {
-    QImageReader reader(imagePath);
-    const QImage image = reader.read();
-    if (image.isNull()) {
-        AoiFileContents none;
-        none.error = reader.errorString();
+    AoiFileContents none;
+    const QImage image = readPicture(imagePath, &none.error);
+    if (image.isNull())
         return none;
-    }
-    QFile names(namesPath);
-    return labelledAois(image, names.open(QIODevice::ReadOnly) ? namesIn(names.readAll()) : QMap<int, QString>());
+    const std::variant<QByteArray, QString> names = readBounded(namesPath, largestDescription);
+    const auto *bytes = std::get_if<QByteArray>(&names);
+    return labelledAois(image, bytes ? namesIn(*bytes) : QMap<int, QString>());
 }

@@ -12,6 +12,7 @@
 #include "import/panel/DataCommands.h"
 #include "import/panel/DataWidget.h"
 #include "model/OutlierCut.h"
+#include "model/PictureFile.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
 #include "visualization/panel/VisualizationAOIWidget.h"
@@ -22,7 +23,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
-#include <QImageReader>
 
 #include <algorithm>
 
@@ -164,13 +164,13 @@ void PictureControl::followPicture(const QString &path)
     const QString before = std::exchange(m_missedPicture, isMissed ? path : QString());
     if (!isMissed || before == path)
         return;
-    QImageReader reader(path);
-    reader.read();
+    QString problem;
+    readPicture(path, &problem);
     Q_EMIT told({QStringLiteral("The picture cannot be shown: %1").arg(QFileInfo(path).fileName()),
                  {QStringLiteral(
                       "%1: %2. Without a picture there is no size, and nothing is removed at its edge. Save it anew, "
                       "as PNG or JPEG, and choose it again.")
-                      .arg(path, reader.errorString())},
+                      .arg(path, problem)},
                  {}});
 }
 

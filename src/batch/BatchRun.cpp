@@ -8,6 +8,7 @@
 #include "batch/AoiInput.h"
 #include "batch/EffectChecks.h"
 #include "batch/OptionTable.h"
+#include "batch/OutputChecks.h"
 #include "batch/PictureCheck.h"
 #include "batch/RecipeRun.h"
 #include "batch/RecordingInput.h"
@@ -138,10 +139,8 @@ std::optional<UsageError> BatchRun::readRecipe()
 /// What can be seen to be missing is told before anything is started.
 std::optional<UsageError> BatchRun::checkInputs() const
 {
-    for (const QString &path : m_options.settingsFiles) {
-        if (!isReadable(path))
-            return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
-    }
+    if (auto complaint = outputComplaint(m_options))
+        return complaint;
     if (auto complaint = pictureComplaint(QLatin1StringView("background"), m_options.background))
         return complaint;
     return pictureComplaint(QLatin1StringView("millimetre-image"), m_options.millimetres.imagePath);
@@ -282,7 +281,14 @@ void BatchRun::loadAois()
 
 void BatchRun::setTimeFrame()
 {
-    m_state.model.setTimeFrame(m_options.time.value_or(TimeFrame{0, m_state.model.longestCheckedDuration()}));
+    const qint64 longestMs = m_state.model.longestCheckedDuration();
+    if (m_options.time && m_options.time->startMs > longestMs && longestMs > 0)
+        messages::warning(QStringLiteral("Options"),
+                          QStringLiteral("--time %1:%2: no recording is that long; the longest has %3 ms.")
+                              .arg(m_options.time->startMs)
+                              .arg(m_options.time->endMs)
+                              .arg(longestMs));
+    m_state.model.setTimeFrame(m_options.time.value_or(TimeFrame{0, longestMs}));
 }
 
 void BatchRun::calculate(const QList<CalculationRow> &rows)

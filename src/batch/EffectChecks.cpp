@@ -96,25 +96,33 @@ QStringList optionsWithoutUse(const BatchOptions &options)
     return lines;
 }
 
-bool overlapIsUsed(const BatchOptions &options)
+QStringList overlapWithoutClusters(const BatchOptions &options)
 {
-    const bool clustered =
-        options.calculations.contains(clusterWord) || options.calculations.contains(cumulativeClusterWord);
-    const int method = fromStored<int>(SettingsStore().value(rows::clusterCalculationType.key));
-    return clustered && method == overlapMethod;
+    const CalculationOptions defaults;
+    const bool pooled = options.calculations.contains(cumulativeClusterWord);
+    const bool asksForFixations = options.overlapFixations != defaults.overlapFixations;
+    const bool asksForOutliers = options.overlapOutliers != defaults.overlapOutliers;
+    if (!asksForFixations && !asksForOutliers)
+        return {};
+    if (fromStored<int>(SettingsStore().value(rows::clusterCalculationType.key)) != overlapMethod)
+        return {QStringLiteral("--overlap-fixations, --overlap-outliers: only clusters of the overlap method, %1=%2, "
+                               "have them.")
+                    .arg(rows::clusterCalculationType.key)
+                    .arg(overlapMethod)};
+    QStringList lines;
+    if (asksForFixations && !pooled && !options.calculations.contains(clusterWord))
+        lines << QStringLiteral("--overlap-fixations: without --calculate %1 or --calculate %2 nothing uses it.")
+                     .arg(clusterWord, cumulativeClusterWord);
+    if (asksForOutliers && !pooled)
+        lines
+            << QStringLiteral("--overlap-outliers: without --calculate %1 nothing uses it.").arg(cumulativeClusterWord);
+    return lines;
 }
 
 QStringList clusterOptionsWithoutClusters(const BatchOptions &options)
 {
     const CalculationOptions defaults;
-    QStringList lines;
-    const bool overlap =
-        options.overlapFixations != defaults.overlapFixations || options.overlapOutliers != defaults.overlapOutliers;
-    if (overlap && !overlapIsUsed(options))
-        lines << QStringLiteral("--overlap-fixations, --overlap-outliers: only clusters of the overlap method, %1=%2, "
-                                "have them.")
-                     .arg(rows::clusterCalculationType.key)
-                     .arg(overlapMethod);
+    QStringList lines = overlapWithoutClusters(options);
     const bool saccades = options.calculations.contains(saccadeClusterWord);
     if (!saccades && options.saccadeClusters != defaults.saccadeClusters)
         lines << QStringLiteral("--saccade-cluster: without --calculate %1 nothing uses it.").arg(saccadeClusterWord);
@@ -155,7 +163,7 @@ QStringList repeatedRecordings(const BatchOptions &options)
         if (!file.isEmpty() && files.contains(file))
             lines << QStringLiteral("%1: the same recording as %2, it counts twice.").arg(path, files[file]);
         else if (names.contains(name))
-            lines << QStringLiteral("%1: has the name of %2, files for each recording are shared.")
+            lines << QStringLiteral("%1: has the name of %2; tables tell them apart by their order only.")
                          .arg(path, names[name]);
         files.insert(file, path);
         names.insert(name, path);

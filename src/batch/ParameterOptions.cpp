@@ -42,7 +42,8 @@ constexpr OptionRow parameterOptionRows[] = {
      &texts<&O::settingsFiles>, Reported::Never},
     {Text("set"), Text("KEY=VALUE"), Text("one key of the settings; repeatable, after --settings"), &settingList,
      Reported::Never},
-    {Text("detector"), Text("NAME"), Text("of %1 (default: as the settings say)"), &oneOf<&O::detector, detectors>},
+    {Text("detector"), Text("NAME"), Text("of %1 (default: as the settings say)"), &oneOf<&O::detector, detectors>,
+     Reported::IfGiven, Text("calculate fixations,recipe")},
     {Text("velocity-unit"), Text("U"), Text("of %1 (default: percentile)"), &oneOf<&O::velocityUnit, velocityUnits>},
 };
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/PictureCheck.h"
 
+#include "model/PictureFile.h"
+
 #include <QFileInfo>
-#include <QImage>
 #include <QImageReader>
 
 bool isReadable(const QString &path)
@@ -17,12 +18,12 @@ std::optional<QString> pictureProblem(const QString &path)
         return std::nullopt;
     if (!isReadable(path))
         return QStringLiteral("no such file, or it cannot be read");
-    QImageReader reader(path);
-    if (!reader.canRead())
+    if (!QImageReader(path).canRead())
         return QStringLiteral("not a picture");
-    if (!reader.read().isNull())
+    QString problem;
+    if (!readPicture(path, &problem).isNull())
         return std::nullopt;
     return QStringLiteral("the picture cannot be decoded: %1. Save it anew or, if it is larger than %2 MB in memory, "
                           "smaller.")
-        .arg(reader.errorString(), QString::number(QImageReader::allocationLimit()));
+        .arg(problem, QString::number(QImageReader::allocationLimit()));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/RecipeRun.h"
 
+#include "base/BoundedFile.h"
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/NamedPlace.h"
@@ -19,7 +20,6 @@
 #include "table/ExaminationFilter.h"
 #include "table/Grouping.h"
 
-#include <QFile>
 #include <QSet>
 
 #include <algorithm>
@@ -281,15 +281,14 @@ std::variant<std::monostate, recipe::Recipe, UsageError> recipeOf(const BatchOpt
 {
     if (options.recipeFile.isEmpty())
         return {};
-    QFile file(options.recipeFile);
     const auto complaint = [&](const QString &reason) {
         return UsageError{u"--recipe %1: %2"_s.arg(options.recipeFile, reason)};
     };
-    constexpr qint64 mostBytes = 64'000'000; // far above any recipe; another file need not be read
-    if (!file.open(QIODevice::ReadOnly))
-        return complaint(u"no such file, or it cannot be read"_s);
-    const auto read = file.size() > mostBytes ? std::variant<recipe::Recipe, QString>(u"it is too large for a recipe"_s)
-                                              : recipe::read(file.readAll());
+    constexpr qint64 largest = qint64(64) << 20; // far above any recipe
+    const auto bytes = readBounded(options.recipeFile, largest);
+    if (const auto *problem = std::get_if<QString>(&bytes))
+        return complaint(u"it cannot be read: "_s + *problem);
+    const auto read = recipe::read(std::get<QByteArray>(bytes));
     if (const auto *problem = std::get_if<QString>(&read))
         return complaint(*problem);
     return std::get<recipe::Recipe>(read);

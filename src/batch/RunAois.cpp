@@ -11,6 +11,7 @@
 #include "batch/RunState.h"
 #include "density/DensityTiff.h"
 #include "model/ImageCache.h"
+#include "model/PictureFile.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ QImage pictureOrFailure(RunState &run, const QString &title, const QString &miss
         run.journal.fail(title, missing);
     else if (problem)
         run.journal.fail(title, QStringLiteral("%1: %2").arg(path, *problem));
-    return path.isEmpty() || problem ? QImage() : QImage(path);
+    return path.isEmpty() || problem ? QImage() : readPicture(path);
 }
 
 void insertGenerated(RunState &run, const QList<GeneratedAoi> &generated)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/SettingInput.h"
 
+#include "base/BoundedFile.h"
 #include "base/Messages.h"
 #include "batch/SettingRules.h"
 #include "batch/Suggestion.h"
@@ -8,7 +9,6 @@
 #include "settings/SettingsStore.h"
 #include "visualization/modes/VisualizationKinds.h"
 
-#include <QFile>
 #include <QSet>
 
 namespace {
@@ -72,10 +72,10 @@ void warnOfUnreadLines(const QString &path, const QList<SettingsLine> &lines)
 
 std::optional<UsageError> applySettingsFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return UsageError{QStringLiteral("--settings %1: no such file, or it cannot be read").arg(path)};
-    const QByteArray bytes = file.readAll();
+    const std::variant<QByteArray, QString> read = readBounded(path, largestDescription);
+    if (const auto *problem = std::get_if<QString>(&read))
+        return UsageError{QStringLiteral("--settings %1: it cannot be read: %2").arg(path, *problem)};
+    const QByteArray bytes = std::get<QByteArray>(read);
     const auto rules = settingRules();
     const QList<SettingsLine> unread = unreadLines(bytes, rules);
     for (const SettingsLine &line : unread) {

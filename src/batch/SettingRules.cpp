@@ -154,8 +154,11 @@ std::optional<ParameterValue> SettingRule::value(const QString &text) const
 QString SettingRule::expected() const
 {
     switch (type) {
-    case Type::Text:
-        return QStringLiteral("one of ") + words.join(QLatin1StringView(", "));
+    case Type::Text: {
+        QStringList named = words;
+        named.removeAll(QString());
+        return QStringLiteral("one of ") + named.join(QLatin1StringView(", "));
+    }
     case Type::Flag:
         return QStringLiteral("true or false");
     case Type::Color:
@@ -167,7 +170,9 @@ QString SettingRule::expected() const
     const QString kind =
         type == Type::WholeNumber ? QStringLiteral("a whole number") : QStringLiteral("a number with a decimal point");
     const bool bounded = most < (type == Type::WholeNumber ? std::numeric_limits<int>::max() : 1e300);
-    return bounded ? QStringLiteral("%1 from %2 to %3").arg(kind, shortNumber(least), shortNumber(most)) : kind;
+    if (bounded)
+        return QStringLiteral("%1 from %2 to %3").arg(kind, shortNumber(least), shortNumber(most));
+    return least == 0 ? QStringLiteral("%1 from 0").arg(kind) : kind;
 }
 
 QHash<QString, SettingRule> settingRules()

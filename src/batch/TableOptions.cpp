@@ -25,7 +25,7 @@ constexpr OptionRow tableOptionRows[] = {
     {Text("eyes"), Text("E"), Text("of %1, in tables and pictures (default: as the settings say, else all)"),
      &oneOf<&O::eyes, eyeWords>, Reported::Always},
     {Text("out"), Text("DIR"), Text("where tables go; made if missing (default: .)"), &text<&O::outputFolder>,
-     Reported::Never},
+     Reported::Never, Text("export,recipe")},
     {Text("prefix"), Text("TEXT"), Text("beginning of the names of tables (default: vistrum)"), &prefixText,
      Reported::Never, Text("export")},
 };

@@ -75,7 +75,7 @@ ImportMessage corruptRecording(const QString &path, const QString &reason)
 {
     return {messages::Severity::Critical, importError(),
             QStringLiteral("The file: \n") + path + QStringLiteral("\n is corrupt and has not been loaded!"),
-            QStringLiteral("Reason: %1.").arg(reason)};
+            QStringLiteral("Reason: ") + (reason.endsWith(u'.') ? reason : reason + u'.')};
 }
 
 ImportedFile readRecording(const QString &path, const Log *log)

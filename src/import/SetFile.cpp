@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/SetFile.h"
 
+#include "base/BoundedFile.h"
 #include "base/TextDecoding.h"
 #include "import/RecordingText.h"
 
@@ -10,9 +11,6 @@
 #include <variant>
 
 namespace {
-
-/// Set files have some hundred bytes.
-constexpr qint64 largestSetFile = qint64(16) << 20;
 
 bool isFile(const QString &path)
 {
@@ -136,18 +134,13 @@ private:
     DescribedExamination m_result;
 };
 
-/// The bytes, or why there are none. A file that does not know its size is not read beyond the limit either.
+/// A pipe beside a recording, whose other end may never come, is left alone.
 std::variant<QByteArray, QString> setFileContent(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return file.errorString();
-    const QByteArray bytes = file.read(largestSetFile + 1);
-    if (file.error() != QFile::NoError)
-        return file.errorString();
-    if (bytes.size() > largestSetFile)
-        return QStringLiteral("The file is larger than 16 MB and was not read.");
-    return bytes;
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        return QStringLiteral("It is not a regular file and was not read.");
+    return readBounded(path, largestDescription);
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/SettingsFile.h"
 
+#include "base/BoundedFile.h"
 #include "base/FileReplacement.h"
 #include "base/TextDecoding.h"
 
-#include <QFile>
 #include <QTextStream>
 
 namespace {
@@ -48,10 +48,9 @@ SettingsLine settingsLine(const NumberedLine &line)
 
 std::optional<QList<SettingsLine>> readSettingsFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return parseSettingsFile(file.readAll());
+    const std::variant<QByteArray, QString> read = readBounded(path, largestDescription);
+    const auto *bytes = std::get_if<QByteArray>(&read);
+    return bytes ? std::optional(parseSettingsFile(*bytes)) : std::nullopt;
 }
 
 QList<SettingsLine> parseSettingsFile(const QByteArray &bytes)

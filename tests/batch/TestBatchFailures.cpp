@@ -36,6 +36,8 @@ private Q_SLOTS:
 
     void refusedCalls_data();
     void refusedCalls();
+    void outputsThatWouldDestroy_data();
+    void outputsThatWouldDestroy();
     void wrongValuesInASettingsFile();
     void linesOfASettingsFileThatAreNone_data();
     void linesOfASettingsFileThatAreNone();
@@ -114,9 +116,9 @@ void TestBatchFailures::refusedCalls_data()
     row("no such part below a picture", "--append legend study/S01.data",
         "--append legend: not one of legends, parameters; did you mean legends?");
     row("no such settings file", "--out tables --settings missing.ini study/S01.data",
-        "--settings missing.ini: no such file, or it cannot be read");
+        "--settings missing.ini: it cannot be read: No such file or directory");
     row("a folder for settings", "--settings study study/S01.data",
-        "--settings study: no such file, or it cannot be read");
+        "--settings study: it cannot be read: file to open is a directory");
     row("no such background", "--out tables --background missing.png study/S01.data",
         "--background missing.png: no such file, or it cannot be read");
     row("a background that is no picture", "--out tables --background study/S01.set study/S01.data",
@@ -127,6 +129,32 @@ void TestBatchFailures::refusedCalls_data()
         "--out study/S01.set/tables: the folder cannot be made: Not a directory");
     row("a unit for another detector", "--detector gaussian --velocity-unit percentile study/S01.data",
         "--velocity-unit: only with --detector velocity");
+}
+
+void TestBatchFailures::outputsThatWouldDestroy_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("line");
+    const auto row = [](const char *name, const char *options, const char *line) {
+        QTest::newRow(name) << words(options) << QStringLiteral("vistrum-batch: ") + QString::fromUtf8(line);
+    };
+    row("a report over a recording", "--report study/../study/S01.data study/S01.data",
+        "--report study/../study/S01.data: this run reads that file, as a recording; give another name");
+    row("a report over a set file", "--report study/S01.set study/S01.data",
+        "--report study/S01.set: this run reads that file, as a set file; give another name");
+    row("a drawing over the picture of a recording", "--out tables --image ./study/bay.png study/S01.data",
+        "--image ./study/bay.png: this run reads that file, as the picture of a recording; give another name");
+    row("a chart over the background", "--chart saccades=study/bay.png --background study/bay.png study/S01.data",
+        "--chart saccades=study/bay.png: this run reads that file, as the background; give another name");
+    row("two drawings in one file", "--image a.png --image ./a.png study/S01.data",
+        "--image ./a.png: --image a.png writes the same file; give another name");
+    row("two outputs in one file", "--report a.json --generate-aois grid --aois-out a.json study/S01.data",
+        "--report a.json: --aois-out a.json writes the same file; give another name");
+}
+
+void TestBatchFailures::outputsThatWouldDestroy()
+{
+    refusedCalls();
 }
 
 void TestBatchFailures::refusedCalls()
@@ -246,6 +274,15 @@ void TestBatchFailures::whatHasNoEffectIsTold_data()
     row("numbers of another method", "--calculate fixations,clusters --overlap-fixations 2 study/S01.data",
         {"--overlap-fixations, --overlap-outliers: only clusters of the overlap method, "
          "Calculation/Cluster/CalculationType=2, have them."});
+    row("the overlap method without clusters",
+        "--set Calculation/Cluster/CalculationType=2 --overlap-fixations 2 --overlap-outliers 2 study/S01.data",
+        {"--overlap-fixations: without --calculate clusters or --calculate cumulative-clusters nothing uses it.",
+         "--overlap-outliers: without --calculate cumulative-clusters nothing uses it."});
+    row("a folder for nothing", "--out . study/S01.data", {});
+    row("a detector that detects nothing", "--detector gaussian study/S01.data",
+        {"--detector: without --calculate fixations or --recipe nothing uses it."});
+    row("a time that no recording has", "--time 50000000:60000000 study/S01.data",
+        {"--time 50000000:60000000: no recording is that long; the longest has 9996 ms."});
     row("saccade clusters that are not calculated", "--saccade-cluster mode=lines study/S01.data",
         {"--saccade-cluster: without --calculate saccade-clusters nothing uses it."});
     row("saccade clusters that come out nowhere", "--calculate fixations,saccade-clusters study/S01.data",
@@ -269,8 +306,8 @@ void TestBatchFailures::twoRecordingsOfOneName()
     m_batch->write(QStringLiteral("other/S01.data"), m_batch->contents(QStringLiteral("study/S02.data")));
     m_batch->write(QStringLiteral("other/S01.set"), m_batch->contents(QStringLiteral("study/S02.set")));
     const Outcome outcome = m_batch->run(words("--quiet study/S01.data other/S01.data"));
-    QCOMPARE(outcome.errors.value(0), QStringLiteral("Options: other/S01.data: has the name of study/S01.data, files "
-                                                     "for each recording are shared."));
+    QCOMPARE(outcome.errors.value(0), QStringLiteral("Options: other/S01.data: has the name of study/S01.data; tables "
+                                                     "tell them apart by their order only."));
 }
 
 /// Degrees without a picture rest on an assumed width, which the report has.

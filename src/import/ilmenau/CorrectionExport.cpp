@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/ilmenau/CorrectionExport.h"
 
+#include "base/BoundedFile.h"
 #include "base/TextDecoding.h"
 #include "base/TextFormat.h"
 #include "import/ilmenau/CorrectionIni.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <iterator>
@@ -73,11 +72,12 @@ QStringList ellipseLines(const QList<NamedPair> &ellipses, const QString &source
 
 QString calibrationLines(const QString &iniPath)
 {
-    QFile file(iniPath);
-    if (!file.open(QIODevice::ReadOnly))
+    const std::variant<QByteArray, QString> read = readBounded(iniPath, largestDescription);
+    const auto *bytes = std::get_if<QByteArray>(&read);
+    if (!bytes)
         return {};
     QString lines;
-    for (const QString &line : decodeText(file.readAll()).split(u'\n')) {
+    for (const QString &line : decodeText(*bytes).split(u'\n')) {
         if (std::any_of(std::begin(calibrationKeys), std::end(calibrationKeys),
                         [&](QLatin1StringView key) { return line.contains(key); }))
             lines += (line.endsWith(u'\r') ? line.chopped(1) : line) + u'\n';

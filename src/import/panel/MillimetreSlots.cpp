@@ -5,10 +5,10 @@
 
 #include "base/Messages.h"
 #include "import/ilmenau/CorrectionIni.h"
+#include "model/PictureFile.h"
 #include "settings/StoredKeys.h"
 
 #include <QFileInfo>
-#include <QImageReader>
 
 namespace {
 
@@ -74,17 +74,16 @@ bool DataWidget::askForImage()
     const QString path = m_questions->image(readStored(keys::correctionFolder));
     if (path.isEmpty())
         return false;
-    QImageReader reader(path);
-    const QImage image = reader.read();
+    QString problem;
+    const QImage image = readPicture(path, &problem);
     writeStored(keys::correctionImagePath, path);
     writeStored(keys::correctionWidthPx, image.width());
     writeStored(keys::correctionHeightPx, image.height());
     storeFolderOf(path);
     if (image.isNull())
-        m_window->tell(
-            {u"The picture cannot be read: %1"_s.arg(QFileInfo(path).fileName()),
-             {u"%1: %2. Its size in pixels is needed: save it anew, as PNG or JPEG."_s.arg(path, reader.errorString())},
-             {}});
+        m_window->tell({u"The picture cannot be read: %1"_s.arg(QFileInfo(path).fileName()),
+                        {u"%1: %2. Its size in pixels is needed: save it anew, as PNG or JPEG."_s.arg(path, problem)},
+                        {}});
     return true;
 }
 

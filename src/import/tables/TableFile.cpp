@@ -64,5 +64,12 @@ std::variant<TableContent, TableProblem> readTable(const QString &path, const Ta
 
 std::variant<TableExtract, TableProblem> readExtract(const QString &path)
 {
-    return onFile<TableExtract>(path, [&](QIODevice &device) { return readExtract(device, path); });
+    return onFile<TableExtract>(path, [&](QIODevice &device) -> std::variant<TableExtract, TableProblem> {
+        if (!device.isSequential())
+            return readExtract(device, path);
+        return TableProblem{.file = path,
+                            .found = QStringLiteral("a pipe, of which nothing would be left after a look at it"),
+                            .expected = QStringLiteral("a file"),
+                            .remedy = QStringLiteral("Save it as a file, or name its layout.")};
+    });
 }

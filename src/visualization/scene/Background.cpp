@@ -2,6 +2,7 @@
 #include "visualization/scene/Background.h"
 
 #include "model/Canvas.h"
+#include "model/PictureFile.h"
 
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
@@ -21,7 +22,11 @@ QPixmap plainPixmap()
 
 QPixmap backgroundPixmap(const QString &imagePath, Border border)
 {
-    QPixmap pixmap = imagePath.isEmpty() ? plainPixmap() : QPixmap(imagePath);
+    QPixmap pixmap;
+    if (imagePath.isEmpty())
+        pixmap = plainPixmap();
+    else if (isWholePictureFile(imagePath))
+        pixmap.load(imagePath);
     if (border == Border::Black)
         drawBorder(pixmap);
     return pixmap;
