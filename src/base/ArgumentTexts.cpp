@@ -32,10 +32,20 @@ QStringList ArgumentTexts::texts(const QByteArrayList &arguments)
 {
     QStringList texts;
     for (const QByteArray &argument : arguments) {
-        const QString link = QUtf8StringView(argument).isValidUtf8() ? QString() : linkTo(argument);
+        const bool isValid = QUtf8StringView(argument).isValidUtf8();
+        const QString link = isValid ? QString() : linkTo(argument);
         texts << (link.isNull() ? QString::fromLocal8Bit(argument) : link);
+        if (link.isNull() && !isValid)
+            m_unusable << textOf(argument.toStdString());
     }
     return texts;
+}
+
+QString ArgumentTexts::asGiven(QString text) const
+{
+    for (const auto &[folder, links] : m_folders)
+        text.replace(links + u'/', textOf(folder) + u'/');
+    return text;
 }
 
 QString ArgumentTexts::linkTo(const QByteArray &path)

@@ -16,6 +16,13 @@ public:
     /// @param arguments  as the system gave them, without the program's name.
     QStringList texts(const QByteArrayList &arguments);
 
+    /// A text for the user with the names that the files have, in place of those of the links; bytes that are no valid
+    /// text are shown as the characters of their numbers.
+    QString asGiven(QString text) const;
+
+    /// The arguments that are neither valid texts nor files: what they name could be opened or made by no such name.
+    const QStringList &unusable() const { return m_unusable; }
+
 private:
     /// Null where there is no such file, or no link can be made.
     QString linkTo(const QByteArray &path);
@@ -23,4 +30,5 @@ private:
 
     std::optional<QTemporaryDir> m_links; ///< has a folder for each folder of such files
     std::map<std::filesystem::path, QString> m_folders;
+    QStringList m_unusable;
 };

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <mutex>
 
 /// A message as it was shown.
@@ -20,12 +21,20 @@ struct ShownMessage {
 /// The messages of a run until its report takes them. May be used from several threads.
 class MessageRecord {
 public:
+    using Naming = std::function<QString(const QString &)>;
+
+    /// @param naming  the names of files in a text as users know them; none: as they are.
+    explicit MessageRecord(Naming naming = {}) : m_naming(std::move(naming)) {}
+
+    QString named(const QString &text) const { return m_naming ? m_naming(text) : text; }
+
     void add(const ShownMessage &message);
 
     /// The messages since the last call, in the order in which they came.
     QList<ShownMessage> take();
 
 private:
+    const Naming m_naming;
     std::mutex m_mutex;
     QList<ShownMessage> m_messages;
 };

@@ -14,7 +14,8 @@ RunJournal::RunJournal(MessageRecord &record, Terminal &output, Digests digests)
 
 void RunJournal::addInput(const QString &path, const QString &kind)
 {
-    const ReportedFile file = m_digests == Digests::Made ? reportedFile(path) : ReportedFile{path, 0, {}};
+    ReportedFile file = m_digests == Digests::Made ? reportedFile(path) : ReportedFile{path, 0, {}};
+    file.path = m_record.named(path);
     m_inputs << ReportedInput{.file = file, .kind = kind, .counts = {}, .messages = {}};
 }
 
@@ -48,7 +49,7 @@ void RunJournal::setDigest(const ContentDigest &digest)
 void RunJournal::keep(const QString &path)
 {
     m_written << path;
-    const bool listed = m_output.writeLine(path);
+    const bool listed = m_output.writeLine(m_record.named(path));
     if (!listed && m_listComplete)
         fail(QStringLiteral("Standard output"), QStringLiteral("the list of the files written is cut short"));
     m_listComplete = m_listComplete && listed;
@@ -74,7 +75,9 @@ BatchReport RunJournal::report()
     BatchReport report;
     report.inputs = m_inputs;
     report.messages = m_messages;
-    for (const QString &path : m_written)
+    for (const QString &path : m_written) {
         report.outputs << reportedFile(path);
+        report.outputs.last().path = m_record.named(path);
+    }
     return report;
 }

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
-void TerminalMessages::show(messages::Severity severity, const QString &title, const QString &text)
+void TerminalMessages::show(messages::Severity severity, const QString &rawTitle, const QString &rawText)
 {
+    const QString title = m_record.named(rawTitle);
+    const QString text = m_record.named(rawText);
     m_record.add({severity, title, text});
     if (m_shown == Show::All || severity != messages::Severity::Information)
         m_terminal.writeLine(messageLine(title, text));

@@ -28,7 +28,7 @@ bool TerminalProgram::open()
 
 ExitCode TerminalProgram::run(const Work &work)
 {
-    MessageRecord record;
+    MessageRecord record([this](const QString &text) { return m_arguments.asGiven(text); });
     messages::install(std::make_unique<TerminalMessages>(m_errors, record, work.shown));
     if (work.shown == TerminalMessages::Show::All)
         Progress::install(std::make_unique<TerminalProgress>(m_errors));
@@ -47,6 +47,14 @@ ExitCode TerminalProgram::answerVersion()
 {
     return answer(
         QStringLiteral("%1 %2\nrelease %3").arg(m_name, QCoreApplication::applicationVersion(), releaseText()));
+}
+
+std::optional<UsageError> TerminalProgram::argumentComplaint() const
+{
+    if (m_arguments.unusable().isEmpty())
+        return std::nullopt;
+    return UsageError{QStringLiteral("%1: no such file, and a new one needs a name that is valid UTF-8")
+                          .arg(m_arguments.unusable().constFirst())};
 }
 
 ExitCode TerminalProgram::refuse(const UsageError &error)

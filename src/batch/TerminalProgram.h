@@ -31,6 +31,9 @@ public:
     /// Names of files that are no valid texts can be opened by theirs as long as the program lives.
     QStringList arguments(const QByteArrayList &bytes) { return m_arguments.texts(bytes); }
 
+    /// That one of the arguments names no file and cannot name a new one.
+    std::optional<UsageError> argumentComplaint() const;
+
     /// False where the process has no such channels.
     bool open();
 

@@ -80,7 +80,10 @@ int main(int argc, char *argv[])
     TerminalProgram program(QCoreApplication::applicationName());
     if (!program.open())
         return static_cast<int>(ExitCode::SomethingFailed);
-    const auto parsed = parseBatchOptions(program.arguments({argv + 1, argv + argc}));
+    const QStringList arguments = program.arguments({argv + 1, argv + argc});
+    if (const auto complaint = program.argumentComplaint())
+        return static_cast<int>(program.refuse(*complaint));
+    const auto parsed = parseBatchOptions(arguments);
     if (const auto *error = std::get_if<UsageError>(&parsed))
         return static_cast<int>(program.refuse(*error));
     constexpr unsigned colorSeed = 1; // the same run gives the same colours

@@ -30,7 +30,10 @@ int main(int argc, char *argv[])
     TerminalProgram program(QCoreApplication::applicationName());
     if (!program.open())
         return static_cast<int>(ExitCode::SomethingFailed);
-    const auto parsed = parseConvertOptions(program.arguments({argv + 1, argv + argc}));
+    const QStringList arguments = program.arguments({argv + 1, argv + argc});
+    if (const auto complaint = program.argumentComplaint())
+        return static_cast<int>(program.refuse(*complaint));
+    const auto parsed = parseConvertOptions(arguments);
     if (const auto *error = std::get_if<UsageError>(&parsed))
         return static_cast<int>(program.refuse(*error));
     return static_cast<int>(run(std::get<ConvertOptions>(parsed), program));

@@ -7,12 +7,20 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
 bool isAscii(QByteArrayView bytes)
 {
     return std::all_of(bytes.cbegin(), bytes.cend(), [](char byte) { return (byte & 0x80) == 0; });
+}
+
+bool isDevice(const QString &path)
+{
+    std::error_code problem;
+    return std::filesystem::is_character_file(QFile::encodeName(path).toStdString(), problem);
 }
 
 } // namespace
@@ -29,6 +37,10 @@ std::optional<QByteArray> utf8OfWideText(QByteArrayView bytes)
 
 std::optional<QByteArray> readWholeRecording(const QString &path, QString &problem)
 {
+    if (isDevice(path)) {
+        problem = QStringLiteral("it is a device, which may have no end");
+        return std::nullopt;
+    }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         problem = QStringLiteral("it cannot be opened: ") + file.errorString();

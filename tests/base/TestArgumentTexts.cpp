@@ -77,6 +77,9 @@ void TestArgumentTexts::equalNamesOfTwoFolders()
     const QStringList links = arguments.texts({write("a/\xE9.data", "first"), write("b/\xE9.data", "second")});
     QCOMPARE(contentOf(links[0]), "first");
     QCOMPARE(contentOf(links[1]), "second");
+    const QString given = QStringLiteral("%1: found nothing").arg(m_folder.filePath(QStringLiteral("b/\u00E9.data")));
+    QCOMPARE(arguments.asGiven(QStringLiteral("%1: found nothing").arg(links[1])), given);
+    QCOMPARE(arguments.unusable(), QStringList());
 }
 
 void TestArgumentTexts::missingFileStaysMissing()
@@ -85,6 +88,7 @@ void TestArgumentTexts::missingFileStaysMissing()
     const QStringList texts = arguments.texts({"/no/such/\xFF.data"});
     QCOMPARE(texts.size(), 1);
     QVERIFY(texts.constFirst().startsWith(QStringLiteral("/no/such/")));
+    QCOMPARE(arguments.unusable(), QStringList{QStringLiteral("/no/such/\u00FF.data")});
 }
 
 QTEST_GUILESS_MAIN(TestArgumentTexts)

@@ -346,6 +346,9 @@ void TestBatchFailures::unusableRecordingIsLeftOut_data()
     row("a binary file", "study/bad.data", QByteArray("\xfd\xfd\xfd\xfd\0\x01\n\xff", 8), noSampleLine);
     row("a folder", "study", QByteArray(), "it is a folder");
     row("no such file", "missing.data", QByteArray(), "there is no such file");
+#ifdef Q_OS_LINUX
+    row("a file without an end", "/dev/zero", QByteArray(), "it is a device, which may have no end");
+#endif
     row("a name that looks like a place for text", "study/%1%2%3.data", "no recording\n", noSampleLine);
 }
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Progress.h"
+#include "batch/RunJournal.h"
 #include "batch/TerminalMessages.h"
 #include "batch/TerminalProgress.h"
 
 #include <QBuffer>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 class TestTerminalOutput : public QObject {
     Q_OBJECT
@@ -13,6 +16,7 @@ private Q_SLOTS:
     void messageLines_data();
     void messageLines();
     void messagesAreWrittenAndKept();
+    void filesHaveTheNamesThatUsersKnow();
     void quietKeepsInformationSilent();
     void linesOfSeveralThreadsAreWhole();
     void bars_data();
@@ -96,6 +100,23 @@ void TestTerminalOutput::messagesAreWrittenAndKept()
         {messages::Severity::Warning, QStringLiteral("W"), QStringLiteral("3")},
         {messages::Severity::Critical, QStringLiteral("C"), QStringLiteral("4")}};
     QVERIFY(record.take() == expected);
+}
+
+/// In messages, in the report and in the list of what was written.
+void TestTerminalOutput::filesHaveTheNamesThatUsersKnow()
+{
+    Terminal terminal(m_buffer, Terminal::Kind::Stream);
+    MessageRecord record([](const QString &text) { return QString(text).replace(u"link"_s, u"name"_s); });
+    TerminalMessages(terminal, record, TerminalMessages::Show::All)
+        .show(messages::Severity::Warning, u"link.data"_s, u"/a/link.data: odd"_s);
+    RunJournal journal(record, terminal, RunJournal::Digests::Made);
+    journal.addInputWithMessages(u"/a/link.data"_s, u"recording"_s, true, {});
+    journal.keep(u"/a/link.png"_s);
+    QCOMPARE(written(), u"name.data: /a/name.data: odd\n/a/name.png\n"_s);
+    const BatchReport report = journal.report();
+    QCOMPARE(report.inputs.constFirst().file.path, u"/a/name.data"_s);
+    QCOMPARE(report.inputs.constFirst().messages.constFirst().text, u"/a/name.data: odd"_s);
+    QCOMPARE(report.outputs.constFirst().path, u"/a/name.png"_s);
 }
 
 void TestTerminalOutput::quietKeepsInformationSilent()
