@@ -7,6 +7,7 @@
 #include "batch/Suggestion.h"
 #include "settings/SettingsFile.h"
 #include "settings/SettingsStore.h"
+#include "settings/StoredKeys.h"
 #include "visualization/modes/VisualizationKinds.h"
 
 #include <QSet>
@@ -86,6 +87,8 @@ std::optional<UsageError> applySettingsFile(const QString &path)
     QSet<QString> set;
     QStringList unknown;
     for (const SettingsLine &line : parseSettingsFile(bytes)) {
+        if (line.key == keys::version.key)
+            continue; // of the program that wrote the file
         if (!SettingsStore().contains(line.key)) {
             unknown << line.key;
             continue;
@@ -96,7 +99,10 @@ std::optional<UsageError> applySettingsFile(const QString &path)
         set << line.key;
     }
     if (set.isEmpty())
-        return UsageError{QStringLiteral("--settings %1: no line of it sets a key of this program").arg(path)};
+        return UsageError{QStringLiteral("--settings %1: no line of it sets a key of this program%2")
+                              .arg(path, unknown.isEmpty() ? QString()
+                                                           : QStringLiteral("; unknown are: ") +
+                                                                 unknown.join(QLatin1StringView(", ")))};
     warnOfUnreadLines(path, unread);
     warnOfUnknownKeys(path, unknown);
     followBorders(set);
@@ -106,7 +112,8 @@ std::optional<UsageError> applySettingsFile(const QString &path)
 std::optional<UsageError> applySettings(const QList<BatchOptions::Setting> &settings)
 {
     const auto rules = settingRules();
-    const QStringList known = SettingsStore().allKeys();
+    QStringList known = SettingsStore().allKeys();
+    known.removeAll(keys::version.key); // that of this program
     QSet<QString> set;
     for (const BatchOptions::Setting &setting : settings) {
         if (!known.contains(setting.key))

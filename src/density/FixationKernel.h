@@ -3,6 +3,8 @@
 
 #include "density/DensityEvents.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 #include <vector>
 

@@ -4,6 +4,8 @@
 #include "density/Density.h"
 #include "density/SaccadeMarks.h"
 
+#include <QtGlobal>
+
 /// A saccade as an oriented Gaussian around its middle. With the length L (at least 1), its variance is L across the
 /// saccade and L * (ln L + 1)^2 along it; it fills a square of ceil(L) to each side.
 struct StretchedGaussian {

@@ -4,6 +4,7 @@
 #include "density/DensityEvents.h"
 
 #include <span>
+#include <vector>
 
 enum class SaccadeShape { Tube, Gaussian };
 

@@ -4,6 +4,7 @@
 #include "base/Progress.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace {

@@ -94,7 +94,9 @@ void TestBatchFailures::refusedCalls_data()
     row("a colour that is none", "--set Visualization/Fixation/FillColor=notacolor study/S01.data",
         "--set Visualization/Fixation/FillColor=notacolor: not a color such as #ff8000");
     row("a settings file of which nothing applies", "--settings study/S01.set study/S01.data",
-        "--settings study/S01.set: no line of it sets a key of this program");
+        "--settings study/S01.set: no line of it sets a key of this program; unknown are: picturename, picturepath, "
+        "subjectID, dominant, group, expertise, age");
+    row("the version as a setting", "--set Version=3 study/S01.data", "--set Version: no such key");
     row("an unknown value of drawings", "--draw percent=yes study/S01.data",
         "--draw percent=yes: percent is not one of gaussian-saccades, length-dependent, fixation-duration-dependent, "
         "cluster-percentage, percent-mode, transition-type, aoi-transition-type, aoi-time-window, aoi-global-widths; "

@@ -4,6 +4,7 @@
 #include "import/ilmenau/CorrectionEllipse.h"
 
 #include <QGraphicsEllipseItem>
+#include <QPen>
 
 #include <functional>
 
