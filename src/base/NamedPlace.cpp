@@ -38,6 +38,17 @@ std::optional<QString> placeInside(const QString &folder, const QString &name)
     return folder + QDir::separator() + name;
 }
 
+QString fileIdentity(const QString &path)
+{
+    if (path.isEmpty())
+        return {};
+    const QFileInfo info(path);
+    if (info.exists())
+        return info.canonicalFilePath();
+    const QString folder = info.dir().canonicalPath();
+    return folder.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : QDir(folder).filePath(info.fileName());
+}
+
 QString fileNameOf(const QString &path)
 {
     return path.sliced(std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1);

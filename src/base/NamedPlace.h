@@ -13,5 +13,9 @@
 ///         through a link that leads out.
 std::optional<QString> placeInside(const QString &folder, const QString &name);
 
+/// A text that is the same for every way to a file, by links or other folders, whether it is there or will be. Empty
+/// for an empty path.
+QString fileIdentity(const QString &path);
+
 /// The name of a file, whichever way its folders are separated: its path may be one of another system.
 QString fileNameOf(const QString &path);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/OutputChecks.h"
 
+#include "base/NamedPlace.h"
 #include "batch/BatchOptions.h"
 #include "import/SetFile.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QMap>
 
@@ -14,18 +14,6 @@ struct NamedFile {
     QString option; ///< with its value
     QString path;
 };
-
-/// The same for every way to a file, whether it is there or will be; empty for no path.
-QString identityOf(const QString &path)
-{
-    if (path.isEmpty())
-        return {};
-    const QFileInfo info(path);
-    if (info.exists())
-        return info.canonicalFilePath();
-    const QString folder = info.dir().canonicalPath();
-    return folder.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : QDir(folder).filePath(info.fileName());
-}
 
 QList<NamedFile> outputsOf(const BatchOptions &options)
 {
@@ -55,7 +43,7 @@ QMap<QString, QString> inputsOf(const BatchOptions &options)
     QMap<QString, QString> inputs;
     const auto add = [&](const QString &path, const QString &use) {
         if (QFileInfo(path).isFile())
-            inputs.insert(identityOf(path), use);
+            inputs.insert(fileIdentity(path), use);
     };
     for (const QString &recording : options.recordings) {
         add(recording, QStringLiteral("a recording"));
@@ -86,7 +74,7 @@ std::optional<UsageError> outputComplaint(const BatchOptions &options)
     const QMap<QString, QString> inputs = inputsOf(options);
     QMap<QString, QString> written;
     for (const NamedFile &output : outputs) {
-        const QString file = identityOf(output.path);
+        const QString file = fileIdentity(output.path);
         if (inputs.contains(file))
             return UsageError{QStringLiteral("%1: this run reads that file, as %2; give another name")
                                   .arg(output.option, inputs[file])};

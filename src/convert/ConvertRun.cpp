@@ -3,6 +3,7 @@
 
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
+#include "base/NamedPlace.h"
 #include "base/Progress.h"
 #include "base/SideBySide.h"
 #include "import/conversion/TableReport.h"
@@ -63,10 +64,24 @@ std::optional<UsageError> ConvertRun::prepare()
     m_request = std::get<LayoutRequest>(std::move(request));
     if (QFileInfo(m_options.layout).isFile())
         m_journal.addInput(m_options.layout, u"layout"_s);
+    for (const QString &path : m_options.tables)
+        m_used.insert(fileIdentity(path), path);
+    if (const auto problem = claimReport())
+        return problem;
     if (const auto problem = makeFolder(m_options.outputFolder))
         return UsageError{u"--out %1: %2"_s.arg(m_options.outputFolder, *problem)};
-    for (const QString &path : m_options.tables)
-        m_used.insert(usedName(path), path);
+    return std::nullopt;
+}
+
+/// What is read is not to be lost, and no recording is to be written where the report will stand.
+std::optional<UsageError> ConvertRun::claimReport()
+{
+    const QString file = fileIdentity(m_options.reportFile);
+    if (file.isEmpty())
+        return std::nullopt;
+    if (m_used.contains(file) || file == fileIdentity(m_options.layout))
+        return UsageError{u"--report %1: this run reads that file; give another name"_s.arg(m_options.reportFile)};
+    m_used.insert(file, u"--report"_s);
     return std::nullopt;
 }
 

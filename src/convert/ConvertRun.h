@@ -18,6 +18,7 @@ private:
     using ReadTable = std::variant<ConvertedTable, TableProblem>;
 
     std::optional<UsageError> prepare();
+    std::optional<UsageError> claimReport();
     void convertTables();
     void take(const QString &path, ReadTable &table);
     void write(const QString &path, ConvertedTable &table);

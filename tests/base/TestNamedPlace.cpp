@@ -14,6 +14,7 @@ private Q_SLOTS:
     void aLinkThatLeadsOut();
     void aFolderThatIsNotThereYet();
     void fileNames();
+    void oneFileByManyWays();
 };
 
 void TestNamedPlace::names_data()
@@ -83,6 +84,23 @@ void TestNamedPlace::fileNames()
     QCOMPARE(named("a.txt"), QStringLiteral("a.txt"));
     QCOMPARE(named("/study/"), QString());
     QCOMPARE(named(""), QString());
+}
+
+void TestNamedPlace::oneFileByManyWays()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("a")));
+    QFile file(folder.filePath(QStringLiteral("a/b")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(QFile::link(file.fileName(), folder.filePath(QStringLiteral("link"))));
+    QVERIFY(QFile::link(folder.filePath(QStringLiteral("a")), folder.filePath(QStringLiteral("folder"))));
+    const auto identity = [&](const char *name) { return fileIdentity(folder.filePath(QLatin1StringView(name))); };
+    for (const char *way : {"a/../a/b", "link", "folder/b"})
+        QCOMPARE(identity(way), identity("a/b"));
+    QCOMPARE(identity("folder/new"), identity("a/./new")); // one that will be
+    QCOMPARE(identity("c/../c/new"), identity("c/new"));   // in a folder that will be
+    QVERIFY(identity("a/new") != identity("new"));
+    QVERIFY(fileIdentity(QString()).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestNamedPlace)

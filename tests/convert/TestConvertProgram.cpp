@@ -59,6 +59,7 @@ private Q_SLOTS:
     void namesStayInTheFolder();
     void setFileBesideTheTable();
     void entriesThatNoSetFileHolds();
+    void aReportDestroysNothing();
     void report();
     void usage_data();
     void usage();
@@ -211,6 +212,21 @@ void TestConvertProgram::entriesThatNoSetFileHolds()
     QCOMPARE(read(u"ann.set"_s), QByteArray("[subject]\nsubjectID=Ann\ngroup=None\nmood=a b\n"));
     QVERIFY(!contains(outcome.errors, u"the value of mood"_s).isEmpty());
     QVERIFY(!contains(outcome.errors, u"stimulus is left out of the set file"_s).isEmpty());
+}
+
+void TestConvertProgram::aReportDestroysNothing()
+{
+    const QByteArray before = read(u"ann.csv"_s);
+    const Outcome overInput = convert(u"--layout mine.layout.json --report ./ann.csv ann.csv"_s);
+    QCOMPARE(overInput.status, 2);
+    QCOMPARE(overInput.errors,
+             QStringList{u"vistrum-import: --report ./ann.csv: this run reads that file; give another name"_s});
+    QCOMPARE(read(u"ann.csv"_s), before);
+    const Outcome overLayout = convert(u"--layout mine.layout.json --report mine.layout.json ann.csv"_s);
+    QCOMPARE(overLayout.status, 2);
+    const Outcome overOutput = convert(u"--quiet --layout mine.layout.json --report ann.data ann.csv"_s);
+    QCOMPARE(overOutput.status, 1);
+    QVERIFY(!contains(overOutput.errors, u"that name is taken by --report"_s).isEmpty());
 }
 
 void TestConvertProgram::report()

@@ -62,7 +62,7 @@ QString claim(const QString &folder, const QString &name, const QString &table, 
     if (!place)
         return u"%1 is no name for a file in %2"_s.arg(name, folder);
     file = folder == "."_L1 ? name : QDir::cleanPath(*place);
-    const QString key = usedName(*place);
+    const QString key = fileIdentity(*place);
     if (const auto taken = used.constFind(key); taken != used.cend())
         return takenBy(file, *taken);
     used.insert(key, table);
@@ -79,13 +79,6 @@ std::optional<QString> writeLines(ConvertedTable &table, qsizetype index, const 
 }
 
 } // namespace
-
-QString usedName(const QString &path)
-{
-    const QFileInfo info(path);
-    const QString folder = QFileInfo(info.absolutePath()).canonicalFilePath();
-    return (folder.isEmpty() ? info.absolutePath() : folder) + u'/' + info.fileName();
-}
 
 std::variant<ConvertedTable, TableProblem> readForConversion(const QString &path, const LayoutRequest &request)
 {

@@ -36,6 +36,3 @@ struct WrittenRecording {
 /// @param used    names in use; tables that are converted stand there from the start.
 WrittenRecording writeRecording(ConvertedTable &table, qsizetype index, const QString &path, const QString &folder,
                                 UsedNames &used);
-
-/// The file's place as `UsedNames` has it.
-QString usedName(const QString &path);
