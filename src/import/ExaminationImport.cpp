@@ -170,10 +170,10 @@ ImportOutcome importRecordings(const QStringList &paths, DataModel &model, const
             if (const auto number = addToModel(file, model)) {
                 outcome.numbers << *number;
                 added(model.examinations().constLast());
+                doubts += doubtsWithName(file);
             } else {
                 outcome.notRead << RecordingPath(file.path).baseName;
             }
-            doubts += doubtsWithName(file);
             progress.advance();
         };
         readRecordings(paths, coreCount(), log, take, read);

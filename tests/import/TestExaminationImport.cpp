@@ -75,6 +75,8 @@ private Q_SLOTS:
     void importing();
     void importingNothing();
     void boxesOfOneImport();
+    void doubtsOfAFileThatStaysOut_data();
+    void doubtsOfAFileThatStaysOut();
     void logOfFilesReadSideBySide();
     void hugeSetFileIsRefused();
     void removing();
@@ -410,6 +412,32 @@ void TestExaminationImport::boxesOfOneImport()
                               m_files->path(u"p01.set"_s), m_files->path(u"p02.set"_s)),
                           u"Import|Some recordings hold what is doubtful. They were loaded all the same.\n"_s +
                               doubts.join(u'\n')}));
+}
+
+void TestExaminationImport::doubtsOfAFileThatStaysOut_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("few fields") << QByteArray("1\t1\n2\t1,5\n")
+                                << u"none of its 2 sample lines has eleven fields separated by tabs"_s;
+    QTest::newRow("times that go back") << QByteArray("5\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n"
+                                                      "4\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n")
+                                        << u"none of its 2 samples is valid"_s;
+}
+
+/// It was not loaded "all the same": its own message tells all.
+void TestExaminationImport::doubtsOfAFileThatStaysOut()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, reason);
+    m_files->writeRecording(u"p01"_s);
+    const QString path = m_files->write(u"p01.data"_s, bytes);
+    QVERIFY(!readRecording(path, nullptr).doubts.isEmpty());
+    DataModel model;
+    RecordedMessages shown;
+    importRecordings({path}, model, nullptr, [](const Examination &) {});
+    QCOMPARE(shown.texts().filter(u"corrupt"_s), QStringList{corruptMessage(path, reason)});
+    QCOMPARE(shown.texts().filter(u"doubtful"_s), QStringList());
 }
 
 void TestExaminationImport::logOfFilesReadSideBySide()
