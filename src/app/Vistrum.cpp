@@ -296,8 +296,9 @@ void Vistrum::resizeEvent(QResizeEvent *event)
 
 void Vistrum::importFiles(const QStringList &paths)
 {
-    if (!paths.isEmpty() && !m_ui->control->dataWidget().importFiles(paths))
-        tell({QStringLiteral("No recording in %1").arg(paths.join(QStringLiteral(", "))), {}, {}});
+    const QStringList emptyFolders = m_ui->control->dataWidget().importFiles(paths);
+    if (!emptyFolders.isEmpty())
+        tell({QStringLiteral("No recording in %1").arg(emptyFolders.join(QStringLiteral(", "))), {}, {}});
 }
 
 void Vistrum::dragEnterEvent(QDragEnterEvent *event)

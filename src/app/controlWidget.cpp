@@ -219,10 +219,11 @@ void controlWidget::sltTimespanHasChanged(qint64 duration)
 
 void controlWidget::sltTimeSpinboxChanged()
 {
-    const double end = m_ui->doubleSpinBox_end->value();
-    m_ui->doubleSpinBox_start->setMaximum(end); // pulls back a start that is later
-    const double start = m_ui->doubleSpinBox_start->value();
-    Q_EMIT sigUpdateTimeframe(static_cast<qint64>(start), static_cast<qint64>(end));
+    m_ui->doubleSpinBox_start->setMaximum(m_ui->doubleSpinBox_end->value()); // pulls back a start that is later
+    const auto end = static_cast<qint64>(m_ui->doubleSpinBox_end->value());
+    const auto start = static_cast<qint64>(m_ui->doubleSpinBox_start->value());
+    // A frame is not empty; without this the timeline would move the end, which was typed.
+    Q_EMIT sigUpdateTimeframe(std::max<qint64>(std::min(start, end - 1), 0), end);
 }
 
 QString controlWidget::time2specific_String(qint64 durationMs) const

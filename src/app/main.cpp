@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/PictureControl.h"
+#include "app/ProgramStart.h"
 #include "app/Vistrum.h"
 #include "app/WindowFeedback.h"
 #include "base/ArgumentTexts.h"
-#include "base/Release.h"
 #include "model/PictureLimit.h"
 #include "recording/RecordingJournal.h"
 #include "settings/FirstStart.h"
@@ -16,7 +16,6 @@
 #include <QTimer>
 
 #include <cstdio>
-#include <string_view>
 
 namespace {
 
@@ -29,14 +28,24 @@ void wait(int timeMs)
     loop.exec();
 }
 
+int answer(const QString &text)
+{
+    return std::printf("%s", qPrintable(text)) >= 0 && std::fflush(stdout) == 0 ? 0 : 1;
+}
+
+int refuse(const QString &option)
+{
+    constexpr int wrongCall = 2;
+    std::fprintf(stderr, "vistrum: unknown option %s\nTry vistrum --help.\n", qPrintable(option));
+    return wrongCall;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    if (argc == 2 && std::string_view(argv[1]) == "--version") { // needs no display
-        std::printf("vistrum 0.2014\nrelease %s\n", qPrintable(releaseText()));
-        return 0;
-    }
+    if (const auto text = answerOfStart(QByteArrayList(argv + 1, argv + argc)))
+        return answer(*text);
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // for the web engine, which is loaded later
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brennhaus Institute"));
@@ -46,6 +55,10 @@ int main(int argc, char *argv[])
     QApplication::setApplicationVersion(QStringLiteral("0.2014"));
     QImageReader::setAllocationLimit(largestPictureMegabytes);
     installWindowFeedback();
+    ArgumentTexts texts; // has links to files until the program ends
+    const QStringList arguments = texts.texts(QByteArrayList(argv + 1, argv + argc));
+    if (const auto option = unknownOption(arguments))
+        return refuse(*option);
 
     QSplashScreen splash(QPixmap(QStringLiteral(":/Orbelle/Splash15")));
     splash.show();
@@ -62,8 +75,7 @@ int main(int argc, char *argv[])
         window.setWindowState(Qt::WindowMaximized);
     window.picture().sltFitToScreen();
     splash.finish(&window);
-    ArgumentTexts arguments; // has links to files until the program ends
-    window.importFiles(arguments.texts(QByteArrayList(argv + 1, argv + argc)));
+    window.importFiles(arguments);
     if (!RecordingJournal::interrupted(RecordingJournal::defaultFolder()).isEmpty())
         window.sltEyeTribeRecorder(); // which offers them
     return QApplication::exec();

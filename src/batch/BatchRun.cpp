@@ -225,7 +225,8 @@ void BatchRun::takeRecording(const ImportedFile &file)
         m_failedRecordings << RecordingPath(path).baseName;
     if (!used || file.counts.samples == 0)
         m_journal.fail();
-    for (const QString &doubt : file.doubts)
+    const QStringList doubts = used ? file.doubts : QStringList(); // otherwise its message has the reason
+    for (const QString &doubt : doubts)
         messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);

@@ -71,6 +71,31 @@ QStringList doubtsWithName(const ImportedFile &file)
     return lines;
 }
 
+QStringList repeatedFiles(const QStringList &paths)
+{
+    QMap<QString, QStringList> namesOfFiles;
+    QStringList files; // in the order in which they come
+    for (const QString &path : paths) {
+        const QString file = QFileInfo(path).canonicalFilePath();
+        if (file.isEmpty()) // a pipe, such as the shell makes
+            continue;
+        if (!namesOfFiles.contains(file))
+            files << file;
+        namesOfFiles[file] << QFileInfo(path).fileName();
+    }
+    QStringList lines;
+    for (const QString &file : std::as_const(files)) {
+        QStringList names = namesOfFiles[file];
+        const qsizetype count = names.size();
+        names.removeDuplicates();
+        if (count > 1)
+            lines << QStringLiteral("%1: the same recording, it counts %2 times.")
+                         .arg(names.join(QStringLiteral(", ")))
+                         .arg(count);
+    }
+    return lines;
+}
+
 ImportMessage corruptRecording(const QString &path, const QString &reason)
 {
     return {messages::Severity::Critical, importError(),
@@ -162,6 +187,7 @@ ImportOutcome importRecordings(const QStringList &paths, DataModel &model, const
     ImportOutcome outcome;
     QStringList missingImages;
     QStringList doubts;
+    QStringList loaded;
     {
         const messages::Run told;
         const auto take = [&](const ImportedFile &file) {
@@ -170,16 +196,17 @@ ImportOutcome importRecordings(const QStringList &paths, DataModel &model, const
             if (const auto number = addToModel(file, model)) {
                 outcome.numbers << *number;
                 added(model.examinations().constLast());
+                doubts += doubtsWithName(file);
+                loaded << file.path;
             } else {
                 outcome.notRead << RecordingPath(file.path).baseName;
             }
-            doubts += doubtsWithName(file);
             progress.advance();
         };
         readRecordings(paths, coreCount(), log, take, read);
     }
     reportMissingImages(missingImages);
-    reportDoubts(doubts);
+    reportDoubts(doubts + repeatedFiles(loaded));
     followExaminations(model);
     return outcome;
 }

@@ -29,6 +29,9 @@ void reportDoubts(const QStringList &doubts);
 /// "p01.data: left out 3 of the sample lines, ..." for each of the doubts.
 QStringList doubtsWithName(const ImportedFile &file);
 
+/// A line for each file that stands more than once in the list, whatever the way to it is called.
+QStringList repeatedFiles(const QStringList &paths);
+
 /// That a recording does not fit into the memory, or otherwise was not read.
 ImportMessage corruptRecording(const QString &path, const QString &reason);
 

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -104,6 +105,10 @@ private Q_SLOTS:
     void droppedTableOpensTheAssistant();
     void assistantOpensFromTheMenu();
     void aFolderWithoutRecordingsIsTold();
+    void aFolderWithoutRecordingsIsToldBesideOthers();
+    void companionsOfRecordingsAreNoTables_data();
+    void companionsOfRecordingsAreNoTables();
+    void aMissingFolderHasAName();
 
 private:
     void openOnASmallScreen()
@@ -498,6 +503,50 @@ void TestWindowHabits::aFolderWithoutRecordingsIsTold()
     m_window->importFiles({m_folder->path()});
     QCOMPARE(notice()->text(), QStringLiteral("No recording in ") + m_folder->path());
     QCOMPARE(CommandStack::instance().count(), 0);
+}
+
+void TestWindowHabits::aFolderWithoutRecordingsIsToldBesideOthers()
+{
+    m_window->importFiles({exampleRecordings().constFirst(), m_folder->path()});
+    QCOMPARE(m_window->model().examinations().size(), 1);
+    QCOMPARE(notice()->text(), QStringLiteral("No recording in ") + m_folder->path());
+}
+
+void TestWindowHabits::companionsOfRecordingsAreNoTables_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<qsizetype>("recordings");
+    QTest::addColumn<bool>("isAssistantOpen");
+    const QString study = QStringLiteral(VISTRUM_SOURCE_DIR "/examples/study/");
+    QStringList all;
+    for (const QString &name : QDir(study).entryList(QDir::Files, QDir::Name))
+        all << study + name;
+    const QStringList companions{study + QStringLiteral("S01.set"), study + QStringLiteral("bay.png"),
+                                 study + QStringLiteral("S01.labels.csv")};
+    QTest::newRow("all files of a study") << all << exampleRecordings().size() << false;
+    QTest::newRow("beside a folder") << QStringList(companions) + QStringList(study) << exampleRecordings().size()
+                                     << false;
+    QTest::newRow("a table beside") << QStringList{exampleRecordings().constFirst(), QStringLiteral("p01.csv")}
+                                    << qsizetype(1) << true;
+    QTest::newRow("alone") << companions << qsizetype(0) << true;
+}
+
+void TestWindowHabits::companionsOfRecordingsAreNoTables()
+{
+    QFETCH(QStringList, files);
+    QFETCH(bool, isAssistantOpen);
+    write(path("p01.csv"), tabletexts::table({}));
+    m_window->importFiles(files);
+    QTEST(m_window->model().examinations().size(), "recordings");
+    QCOMPARE(m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant")) != nullptr, isAssistantOpen);
+}
+
+void TestWindowHabits::aMissingFolderHasAName()
+{
+    m_window->importFiles({path("gone/")});
+    const auto *assistant = m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant"));
+    QVERIFY(assistant);
+    QVERIFY(assistant->findChild<QListWidget *>()->item(0)->text().startsWith(QStringLiteral("gone")));
 }
 
 QTEST_MAIN(TestWindowHabits)

@@ -345,6 +345,8 @@ void TestBatchFailures::unusableRecordingIsLeftOut_data()
     row("empty", "study/bad.data", "", "it is empty");
     row("no valid sample", "study/bad.data", "0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n4\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n",
         "none of its 2 samples is valid");
+    row("doubtful besides", "study/bad.data", "0\t0\n4\t0,5\n",
+        "none of its 2 sample lines has eleven fields separated by tabs");
     row("a binary file", "study/bad.data", QByteArray("\xfd\xfd\xfd\xfd\0\x01\n\xff", 8), noSampleLine);
     row("a folder", "study", QByteArray(), "it is a folder");
     row("no such file", "missing.data", QByteArray(), "there is no such file");

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
@@ -41,6 +42,8 @@ private Q_SLOTS:
     void tooManyMovementsLeaveNoOldDone();
     void withoutExaminationsOnlyTheSignalGoesOut();
     void modelOutlivesThePanel();
+    void statusIsReadableInADarkTheme_data();
+    void statusIsReadableInADarkTheme();
 
 private:
     template <class Widget>
@@ -360,6 +363,41 @@ void TestSaccadeClusterControl::modelOutlivesThePanel()
     m_panel.reset();
     model->cluster();
     QCOMPARE(model->stage(), SaccadeClusterStage::Done);
+}
+
+void TestSaccadeClusterControl::statusIsReadableInADarkTheme_data()
+{
+    QTest::addColumn<QString>("state");
+    for (const char *state : {"n", "c", "d"})
+        QTest::newRow(state) << QString::fromLatin1(state);
+}
+
+/// The grounds are those of the state in every theme, so that the text cannot be that of the theme.
+void TestSaccadeClusterControl::statusIsReadableInADarkTheme()
+{
+    QFETCH(QString, state);
+    const QPalette before = QApplication::palette();
+    const auto restore = qScopeGuard([before] { QApplication::setPalette(before); });
+    QPalette dark(QColor(40, 40, 40));
+    dark.setColor(QPalette::WindowText, QColor(251, 252, 253));
+    QApplication::setPalette(dark);
+    if (state == QStringLiteral("d"))
+        click();
+    else if (state == QStringLiteral("c"))
+        child<QSpinBox>(QStringLiteral("distanceCutoffSpinbox"))->stepUp();
+    QCOMPARE(states(), QString(7, state[0]));
+    for (const QString &name : labels) {
+        const QImage picture = child<QLabel>(name)->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        bool isBlackSeen = false;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor color = picture.pixelColor(x, y);
+                isBlackSeen = isBlackSeen || color == Qt::black;
+                QVERIFY2(color.blue() < 128, qPrintable(name + u' ' + color.name())); // no ground has any
+            }
+        }
+        QVERIFY2(isBlackSeen, qPrintable(name));
+    }
 }
 
 QTEST_MAIN(TestSaccadeClusterControl)

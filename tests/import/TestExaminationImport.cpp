@@ -75,6 +75,10 @@ private Q_SLOTS:
     void importing();
     void importingNothing();
     void boxesOfOneImport();
+    void doubtsOfAFileThatStaysOut_data();
+    void doubtsOfAFileThatStaysOut();
+    void repeatedFilesAreTold_data();
+    void repeatedFilesAreTold();
     void logOfFilesReadSideBySide();
     void hugeSetFileIsRefused();
     void removing();
@@ -410,6 +414,71 @@ void TestExaminationImport::boxesOfOneImport()
                               m_files->path(u"p01.set"_s), m_files->path(u"p02.set"_s)),
                           u"Import|Some recordings hold what is doubtful. They were loaded all the same.\n"_s +
                               doubts.join(u'\n')}));
+}
+
+void TestExaminationImport::doubtsOfAFileThatStaysOut_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("few fields") << QByteArray("1\t1\n2\t1,5\n")
+                                << u"none of its 2 sample lines has eleven fields separated by tabs"_s;
+    QTest::newRow("times that go back") << QByteArray("5\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n"
+                                                      "4\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n")
+                                        << u"none of its 2 samples is valid"_s;
+}
+
+/// It was not loaded "all the same": its own message tells all.
+void TestExaminationImport::doubtsOfAFileThatStaysOut()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, reason);
+    m_files->writeRecording(u"p01"_s);
+    const QString path = m_files->write(u"p01.data"_s, bytes);
+    QVERIFY(!readRecording(path, nullptr).doubts.isEmpty());
+    DataModel model;
+    RecordedMessages shown;
+    importRecordings({path}, model, nullptr, [](const Examination &) {});
+    QCOMPARE(shown.texts().filter(u"corrupt"_s), QStringList{corruptMessage(path, reason)});
+    QCOMPARE(shown.texts().filter(u"doubtful"_s), QStringList());
+}
+
+void TestExaminationImport::repeatedFilesAreTold_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QStringList>("told");
+    const QString doubtful = u"Import|Some recordings hold what is doubtful. They were loaded all the same."_s;
+    const auto row = [](const char *name, const QString &files, const QStringList &told) {
+        QTest::newRow(name) << files.split(u' ') << told;
+    };
+    row("two files", u"p01.data p02.data"_s, {});
+    row("a way about", u"p01.data ./p01.data p02.data"_s,
+        {doubtful, u"p01.data: the same recording, it counts 2 times."_s});
+    row("a link, and both again", u"p01.data p02.data link.data p02.data p01.data"_s,
+        {doubtful, u"p01.data, link.data: the same recording, it counts 3 times."_s,
+         u"p02.data: the same recording, it counts 2 times."_s});
+    row("not loaded", u"empty.data empty.data"_s, {});
+}
+
+/// Each of them has a row in the table: nothing else would tell that they are one.
+void TestExaminationImport::repeatedFilesAreTold()
+{
+    QFETCH(QStringList, files);
+    QFETCH(QStringList, told);
+    m_files->writeRecording(u"p01"_s);
+    m_files->writeRecording(u"p02"_s);
+    m_files->write(u"forest.jpg"_s, "x");
+    m_files->writeRecording(u"empty"_s);
+    m_files->write(u"empty.data"_s, "");
+    QVERIFY(QFile::link(m_files->path(u"p01.data"_s), m_files->path(u"link.data"_s)));
+    QVERIFY(QFile::link(m_files->path(u"p01.set"_s), m_files->path(u"link.set"_s)));
+    QStringList paths;
+    for (const QString &file : std::as_const(files))
+        paths << m_files->path(file);
+    DataModel model;
+    RecordedMessages shown;
+    importRecordings(paths, model, nullptr, [](const Examination &) {});
+    const QString doubts = shown.texts().filter(u"doubtful"_s).join(u'\n');
+    QCOMPARE(doubts, told.join(u'\n'));
 }
 
 void TestExaminationImport::logOfFilesReadSideBySide()

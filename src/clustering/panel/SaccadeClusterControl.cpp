@@ -51,9 +51,17 @@ void showStatus(QLabel *label, const Status &status)
 {
     label->setText(status.text);
     label->setStyleSheet(status.style);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, Qt::black); // readable on these grounds, whatever the theme
-    label->setPalette(palette);
+}
+
+/// Black is readable on the grounds of all states, whatever the theme. It is a rule of the panel: a label that has a
+/// style sheet takes no color of its palette, and its own sheet tells the state only.
+template <class Labels>
+QString statusTextRule(const Labels &labels)
+{
+    QStringList names;
+    for (const QLabel *label : labels)
+        names << u'#' + label->objectName();
+    return names.join(u',') + QStringLiteral(" { color: black; }");
 }
 
 } // namespace
@@ -64,6 +72,7 @@ SaccadeClusterControl::SaccadeClusterControl(QWidget *parent)
     , m_clusters(std::make_shared<SaccadeClusterModel>())
 {
     m_ui->setupUi(this);
+    setStyleSheet(statusTextRule(statusLabels()));
     connectParameters();
     connectStages();
     connect(m_ui->clusterButton, &QPushButton::clicked, this, &Control::sltCluster);

@@ -16,6 +16,8 @@
 #include <QFileInfo>
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace {
 
 QStringList askForRecordings(QWidget *parent, const QString &folder)
@@ -29,7 +31,29 @@ QStringList askForRecordings(QWidget *parent, const QString &folder)
 struct FoundFiles {
     QStringList recordings;
     QStringList tables;
+    QStringList emptyFolders; ///< as they were given
 };
+
+/// Whether the file stands beside recordings without being one, or a table: whoever gives all files of a study means
+/// its recordings.
+bool isCompanion(const QString &path)
+{
+    static const QStringList endings{QStringLiteral(".set"),
+                                     QStringLiteral(".png"),
+                                     QStringLiteral(".jpg"),
+                                     QStringLiteral(".jpeg"),
+                                     QStringLiteral(".bmp"),
+                                     QStringLiteral(".gif"),
+                                     QStringLiteral(".tif"),
+                                     QStringLiteral(".tiff"),
+                                     QStringLiteral(".webp"),
+                                     QStringLiteral(".sh"),
+                                     QStringLiteral(".md"),
+                                     QStringLiteral(".labels.csv"),
+                                     QStringLiteral("/Vistrum2013.log")};
+    return std::ranges::any_of(endings,
+                               [&](const QString &ending) { return path.endsWith(ending, Qt::CaseInsensitive); });
+}
 
 /// Files, and what lies in folders under the extension of recordings, in the order of the names; in a folder without
 /// recordings the tables.
@@ -37,7 +61,7 @@ FoundFiles filesAt(const QStringList &paths)
 {
     FoundFiles found;
     for (const QString &path : paths) {
-        const QString absolute = QFileInfo(path).absoluteFilePath();
+        const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath()); // "name/" has no name
         if (!QFileInfo(absolute).isDir()) {
             const bool isRecording =
                 absolute.endsWith(QLatin1StringView(".data"), Qt::CaseInsensitive) || isBidsSamples(absolute);
@@ -50,10 +74,16 @@ FoundFiles filesAt(const QStringList &paths)
             found.recordings << folder.filePath(name);
         const QStringList runs = bidsRunsIn(absolute);
         found.recordings += runs;
-        if (names.isEmpty() && runs.isEmpty())
-            found.tables += tablesIn(absolute);
+        if (!names.isEmpty() || !runs.isEmpty())
+            continue;
+        const QStringList tables = tablesIn(absolute);
+        found.tables += tables;
+        if (tables.isEmpty())
+            found.emptyFolders << path;
     }
     found.recordings = withoutRepeatedRuns(found.recordings);
+    if (!found.recordings.isEmpty())
+        found.tables.removeIf(isCompanion);
     return found;
 }
 
@@ -86,7 +116,7 @@ void DataWidget::sltAdd()
     CommandStack::instance().push(new CommandDataAdd(*m_ui->listView, m_choose, m_log));
 }
 
-bool DataWidget::importFiles(const QStringList &paths)
+QStringList DataWidget::importFiles(const QStringList &paths)
 {
     const FoundFiles found = filesAt(paths);
     if (!found.recordings.isEmpty()) {
@@ -96,7 +126,7 @@ bool DataWidget::importFiles(const QStringList &paths)
     }
     if (!found.tables.isEmpty())
         importOther(found.tables);
-    return !found.recordings.isEmpty() || !found.tables.isEmpty();
+    return found.emptyFolders;
 }
 
 void DataWidget::importOther(const QStringList &paths)

@@ -33,9 +33,9 @@ public:
     void setMillimetreQuestions(std::unique_ptr<IMillimetreQuestions> questions) { m_questions = std::move(questions); }
 
     /// Adds recordings, and those in folders, to the list and imports the list, as the two buttons do. What else is
-    /// there, such as tables, goes to the assistant.
-    /// @return false where there is neither; nothing is changed then.
-    bool importFiles(const QStringList &paths);
+    /// there, such as tables, goes to the assistant; set files and pictures that come with recordings go nowhere.
+    /// @return the folders that have none of both.
+    QStringList importFiles(const QStringList &paths);
 
     /// Opens the assistant for tables and logs of other programs, with these files.
     void importOther(const QStringList &paths);
