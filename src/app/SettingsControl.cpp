@@ -1,28 +1,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SettingsControl.h"
 
+#include "base/BoundedFile.h"
 #include "base/Messages.h"
+#include "rules/SettingsCheck.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
-#include "settings/SettingsFile.h"
-#include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QMessageBox>
 
-#include <algorithm>
-
 namespace {
 
 const QString settingsFilter = QStringLiteral("Settings (*.ini)");
 
-bool holdsSettings(const QList<SettingsLine> &lines)
+/// A store that was edited by hand, or filled by an older version, may hold what an import refuses: what is saved can
+/// be taken back.
+void save(const Log &log, const QString &path)
 {
-    const SettingsStore store;
-    return std::any_of(lines.cbegin(), lines.cend(),
-                       [&](const SettingsLine &line) { return store.contains(line.key); });
+    const auto rules = settingRules();
+    Registry(log).saveSettings(
+        path, [&](const QString &key, const QString &value) { return rules.value(key).nearest(value); });
+}
+
+/// Tells what keeps the file from being taken.
+bool holdsUsableSettings(const QString &path, const SettingsCheck &check)
+{
+    if (check.problem) {
+        messages::warning(QStringLiteral("Settings"),
+                          QStringLiteral("%1, line %2: %3. Nothing was changed.")
+                              .arg(path, QString::number(check.problem->line), check.problem->text));
+        return false;
+    }
+    if (check.lines.isEmpty())
+        messages::warning(QStringLiteral("Settings"),
+                          QStringLiteral("\"%1\" holds no settings of this program.").arg(path));
+    return !check.lines.isEmpty();
 }
 
 } // namespace
@@ -33,7 +48,7 @@ void SettingsControl::sltSaveRegistry()
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("ini"));
     if (dialog.exec() == QDialog::Accepted && dialog.selectedFiles().size() == 1)
-        Registry(m_log).saveSettings(dialog.selectedFiles().constFirst());
+        save(m_log, dialog.selectedFiles().constFirst());
 }
 
 void SettingsControl::sltImportRegistry()
@@ -49,14 +64,17 @@ void SettingsControl::sltImportRegistry()
 /// @return whether the store may have changed.
 bool SettingsControl::load(const QString &path) const
 {
-    if (const auto lines = readSettingsFile(path); lines && !holdsSettings(*lines)) {
-        messages::warning(QStringLiteral("Settings"),
-                          QStringLiteral("\"%1\" holds no settings of this program.").arg(path));
+    const std::variant<QByteArray, QString> read = readBounded(path, largestDescription);
+    std::optional<SettingsCheck> check;
+    if (const auto *bytes = std::get_if<QByteArray>(&read))
+        check = checkSettings(*bytes);
+    if (check && !holdsUsableSettings(path, *check))
         return false;
-    }
     const QString version = readStored(keys::version);
     const bool isLoaded = Registry(m_log).loadSettings(path);
     writeStored(keys::version, version); // another one would reset everything at the next start
+    if (check)
+        tellPassedOver(path, *check);
     return isLoaded;
 }
 

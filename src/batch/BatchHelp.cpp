@@ -3,7 +3,7 @@
 
 #include "batch/OptionHelp.h"
 #include "batch/OptionTable.h"
-#include "batch/SettingRules.h"
+#include "rules/SettingRules.h"
 #include "settings/SettingsStore.h"
 
 QString batchHelp()

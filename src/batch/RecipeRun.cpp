@@ -8,7 +8,6 @@
 #include "batch/CalculationRows.h"
 #include "batch/OptionValues.h"
 #include "batch/SettingInput.h"
-#include "batch/SettingRules.h"
 #include "batch/StatisticsRows.h"
 #include "batch/TableRows.h"
 #include "batch/TransitionWords.h"
@@ -17,6 +16,7 @@
 #include "clustering/CumulativeClusters.h"
 #include "detection/FixationCalculation.h"
 #include "model/OutlierCut.h"
+#include "rules/SettingsCheck.h"
 #include "table/ExaminationFilter.h"
 #include "table/Grouping.h"
 
@@ -46,7 +46,7 @@ std::optional<QString> settingComplaint(const QString &key, const QString &value
     if (rule == rules.cend())
         return u"%1 is no parameter of this program"_s.arg(key);
     if (!rule->value(value))
-        return u"%1=%2: not %3"_s.arg(key, value, rule->expected());
+        return notOfItsRule(key, value, *rule);
     return {};
 }
 

@@ -8,16 +8,20 @@
 
 Registry::Registry(Log log) : m_log(std::move(log)) {}
 
-void Registry::saveSettings(const QString &path) const
+bool Registry::saveSettings(const QString &path, const Form &form) const
 {
     const SettingsStore store;
     QList<SettingsLine> lines;
     for (const QString &key : store.allKeys()) {
-        if (key != keys::eyetrackerModel.key)
-            lines.append({.key = key, .value = store.value(key).toString()});
+        if (key == keys::eyetrackerModel.key)
+            continue;
+        const QString value = store.value(key).toString();
+        lines.append({.key = key, .value = form ? form(key, value) : value});
     }
-    if (const auto problem = writeSettingsFile(path, lines))
+    const auto problem = writeSettingsFile(path, lines);
+    if (problem)
         messages::warning(QStringLiteral("Settings"), writeFailure(path, *problem));
+    return !problem;
 }
 
 bool Registry::loadSettings(const QString &path) const

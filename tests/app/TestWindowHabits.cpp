@@ -91,6 +91,10 @@ private Q_SLOTS:
     void aResetAsksFirst();
     void savedSettingsHaveTheirExtension();
     void aFileWithoutSettingsIsTold();
+    void aSettingsFileWithAWrongValueChangesNothing_data();
+    void aSettingsFileWithAWrongValueChangesNothing();
+    void unknownSettingsAreTold();
+    void whatIsSavedCanBeTakenBack();
     void theVersionIsNotTakenFromAFile();
     void aPictureThatCannotBeReadIsTold();
     void placeAndPanesAreRemembered();
@@ -301,6 +305,65 @@ void TestWindowHabits::aFileWithoutSettingsIsTold()
     find<QAction>("action_ImportSettings")->trigger();
     QCOMPARE(m_messages->texts(),
              QStringList(QStringLiteral("Settings|\"%1\" holds no settings of this program.").arg(path("letter.ini"))));
+}
+
+void TestWindowHabits::aSettingsFileWithAWrongValueChangesNothing_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("no number") << QByteArray("Visualization/Gazepoint/Size=abc")
+                               << QStringLiteral("Visualization/Gazepoint/Size=abc: not a whole number from 1 to 999");
+    QTest::newRow("decimal comma") << QByteArray("Calculation/Fixation/Standard/MaximumRadius=30,5")
+                                   << QStringLiteral("Calculation/Fixation/Standard/MaximumRadius=30,5: not a whole "
+                                                     "number from 10 to 1000");
+    QTest::newRow("out of range") << QByteArray("Visualization/EyeMode=9")
+                                  << QStringLiteral("Visualization/EyeMode=9: not a whole number from 0 to 4");
+    QTest::newRow("two values") << QByteArray("Visualization/EyeMode=1=2")
+                                << QStringLiteral("Visualization/EyeMode: not a key, one \"=\" and a value");
+}
+
+void TestWindowHabits::aSettingsFileWithAWrongValueChangesNothing()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QString, told);
+    const auto stored = [] {
+        QMap<QString, QVariant> values;
+        for (const QString &key : SettingsStore().allKeys())
+            values.insert(key, SettingsStore().value(key));
+        return values;
+    };
+    const auto before = stored();
+    write(path("mine.ini"), "Calculation/Fixation/Standard/Outlier=7\n" + line + '\n');
+    chooseInNextDialog(path("mine.ini"));
+    find<QAction>("action_ImportSettings")->trigger();
+    QCOMPARE(m_messages->texts(),
+             QStringList(QStringLiteral("Settings|%1, line 2: %2. Nothing was changed.").arg(path("mine.ini"), told)));
+    QCOMPARE(stored(), before);
+}
+
+void TestWindowHabits::unknownSettingsAreTold()
+{
+    write(path("mine.ini"), "Visualization/Foo=3\nCalculation/Fixation/Standard/MaximumRadius=33\n");
+    chooseInNextDialog(path("mine.ini"));
+    find<QAction>("action_ImportSettings")->trigger();
+    QCOMPARE(m_messages->texts(),
+             QStringList(QStringLiteral("Settings|%1: keys that this version does not have are passed over: "
+                                        "Visualization/Foo")
+                             .arg(path("mine.ini"))));
+    QCOMPARE(find<QSpinBox>("s_spinBox_rad")->value(), 33);
+}
+
+/// Though the store holds what an import refuses.
+void TestWindowHabits::whatIsSavedCanBeTakenBack()
+{
+    SettingsStore().setValue(QStringLiteral("Visualization/Gazepoint/Size"), QStringLiteral("abc"));
+    SettingsStore().setValue(QStringLiteral("Visualization/EyeMode"), 99);
+    chooseInNextDialog(path("mine.ini"));
+    find<QAction>("action_SaveSettings")->trigger();
+    chooseInNextDialog(path("mine.ini"));
+    find<QAction>("action_ImportSettings")->trigger();
+    QCOMPARE(m_messages->texts(), QStringList());
+    QCOMPARE(SettingsStore().value(QStringLiteral("Visualization/Gazepoint/Size")).toString(), QStringLiteral("1"));
 }
 
 void TestWindowHabits::theVersionIsNotTakenFromAFile()

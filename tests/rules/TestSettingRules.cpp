@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "batch/SettingRules.h"
+#include "rules/SettingRules.h"
 #include "settings/SettingsFile.h"
 
 #include <QTest>
@@ -70,8 +70,14 @@ void TestSettingRules::values_data()
                                                     {"0.01", "0.01"},
                                                     {"nan", "refused"},
                                                     {"inf", "refused"}});
-    rows("Calculation/Fixation/Gaussian/MergeSequential",
-         {{"true", "true"}, {"1", "true"}, {"false", "false"}, {"0", "false"}, {"no", "refused"}, {"", "refused"}});
+    rows("Calculation/Fixation/Gaussian/MergeSequential", {{"true", "true"},
+                                                           {"1", "true"},
+                                                           {"2", "true"},
+                                                           {"false", "false"},
+                                                           {"0", "false"},
+                                                           {"no", "refused"},
+                                                           {"3", "refused"},
+                                                           {"", "refused"}});
     rows("Visualization/Fixation/FillColor",
          {{"#0072b2", "#0072b2"}, {"red", "#ff0000"}, {"notacolor", "refused"}, {"", "refused"}});
     rows("Visualization/Fixation/ACM_start_c1", {{"", ""}, {"notacolor", "refused"}});

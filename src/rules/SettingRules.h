@@ -17,6 +17,10 @@ struct SettingRule {
     /// The value that the text stands for, a colour by its name; nothing where it is none.
     std::optional<ParameterValue> value(const QString &text) const;
 
+    /// The text itself where it is a value; else, as a value, what the program makes of it: the typed reading, brought
+    /// into the range as a form does.
+    QString nearest(const QString &text) const;
+
     /// Such as "a whole number from 10 to 1000".
     QString expected() const;
 
@@ -27,6 +31,7 @@ struct SettingRule {
     double least = std::numeric_limits<double>::lowest();
     double most = std::numeric_limits<double>::max();
     QStringList words = {};  ///< of a text that has only these values
+    QString otherwise = {};  ///< the word as which any other text is read
     bool mayBeEmpty = false; ///< of colours; other empty texts stand for no value
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "batch/SettingRules.h"
+#include "rules/SettingRules.h"
 
 #include "clustering/ClusterSettingsModel.h"
 #include "detection/FixationSettingsModel.h"
@@ -8,6 +8,7 @@
 #include "visualization/modes/VisualizationKinds.h"
 #include "visualization/parameters/AoiVisualizationParameters.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 
@@ -121,6 +122,9 @@ void limitMode(SettingRule &rule, qsizetype modes)
     rule.most = static_cast<double>(modes - 1);
 }
 
+/// Flags were stored as the state of their check box, too.
+const QString checkedBox = QString::number(Qt::Checked);
+
 QString shortNumber(double value)
 {
     return QString::number(value, 'g', 10);
@@ -134,7 +138,7 @@ std::optional<ParameterValue> SettingRule::value(const QString &text) const
     if (type == Type::Text)
         return textIf(words.isEmpty() || words.contains(text));
     if (type == Type::Flag) {
-        const bool on = text == QLatin1StringView("true") || text == QLatin1StringView("1");
+        const bool on = text == QLatin1StringView("true") || text == QLatin1StringView("1") || text == checkedBox;
         const bool off = text == QLatin1StringView("false") || text == QLatin1StringView("0");
         return on || off ? std::optional<ParameterValue>(on) : std::nullopt;
     }
@@ -149,6 +153,26 @@ std::optional<ParameterValue> SettingRule::value(const QString &text) const
     if (type == Type::WholeNumber)
         return static_cast<int>(read);
     return read;
+}
+
+QString SettingRule::nearest(const QString &text) const
+{
+    if (value(text))
+        return text;
+    switch (type) {
+    case Type::Text:
+        return otherwise;
+    case Type::Flag:
+        return toStored(fromStored<bool>(text)).toString();
+    case Type::Color:
+        return mayBeEmpty ? QString() : toStored(fromStored<QColor>(text)).toString();
+    case Type::WholeNumber:
+        return QString::number(std::clamp(fromStored<int>(text), static_cast<int>(least), static_cast<int>(most)));
+    case Type::Number:
+        break;
+    }
+    const double read = fromStored<double>(text);
+    return toStored(std::clamp(std::isfinite(read) ? read : 0, least, most)).toString();
 }
 
 QString SettingRule::expected() const
@@ -197,5 +221,7 @@ QHash<QString, SettingRule> settingRules()
         units << fixationstore::storedVelocityUnit(unit);
     for (const QLatin1StringView text : fixationstore::velocityUnitTexts) // of stores that hold texts
         units << text;
+    rules[rows::velocityUnit.key].otherwise =
+        fixationstore::storedVelocityUnit(fixationstore::loadedVelocityUnit(QString()));
     return rules;
 }
