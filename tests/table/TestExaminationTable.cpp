@@ -39,6 +39,7 @@ class TestExaminationTable : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void columnsGrowWithTheProperties();
+    void aRecordingWithoutSubjectIsNamed();
     void anImportInOrderVanishesAtItsUndo();
     void rowsOutOfOrderStay();
     void numbersSortAsNumbers();
@@ -64,6 +65,15 @@ void TestExaminationTable::columnsGrowWithTheProperties()
     QCOMPARE(table.item(0, ExaminationTable::SubjectColumn)->text(), QStringLiteral("a"));
     QCOMPARE(table.item(1, 5)->text(), QStringLiteral("31"));
     QVERIFY(!table.item(0, 6));
+}
+
+void TestExaminationTable::aRecordingWithoutSubjectIsNamed()
+{
+    Examination nameless = examination(1);
+    nameless.baseName = u"p17_calm"_s;
+    ExaminationTable table;
+    table.addExamination(nameless, {});
+    QCOMPARE(table.item(0, ExaminationTable::NumberColumn)->toolTip(), u"Recording p17_calm"_s);
 }
 
 void TestExaminationTable::anImportInOrderVanishesAtItsUndo()

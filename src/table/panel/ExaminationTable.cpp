@@ -102,6 +102,10 @@ void ExaminationTable::fillRow(int row, const Examination &examination, const QL
         if (key == colorProperty)
             item(row, column)->setBackground(QColor::fromRgba(value.toUInt()));
     }
+    for (const Column column : {NumberColumn, SubjectColumn}) { // without a set file the name stands nowhere else
+        if (QTableWidgetItem *cell = item(row, column))
+            cell->setToolTip(tr("Recording %1").arg(examination.baseName));
+    }
 }
 
 void ExaminationTable::addCheckBox(int row, bool checked)
