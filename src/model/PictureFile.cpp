@@ -49,7 +49,9 @@ bool isWholeBmp(QByteArrayView bytes)
         return true;
     const qint64 rowBits = qint64(number(18)) * qFromLittleEndian<quint16>(bytes.data() + 28);
     const qint64 rowBytes = (rowBits + 31) / 32 * 4;
-    return static_cast<quint32>(number(10)) + rowBytes * std::abs(qint64(number(22))) <= bytes.size();
+    const double height = std::abs(static_cast<double>(number(22))); // a double: a header may claim any size
+    return static_cast<quint32>(number(10)) + static_cast<double>(rowBytes) * height <=
+           static_cast<double>(bytes.size());
 }
 
 /// Blocks up to the end of the first picture's data (GIF89a specification, 1990).

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void cutAnywhere();
     void whatStandsBehindIsNoMatter_data();
     void whatStandsBehindIsNoMatter();
+    void aHeaderThatClaimsTooMuch();
     void gif();
     void aPreviewInsideIsNotTheEnd();
     void problems();
@@ -86,6 +87,15 @@ void TestPictureFile::whatStandsBehindIsNoMatter()
     QFETCH(QByteArray, format);
     QVERIFY(isWholePicture(bytes(format)));
     QVERIFY(isWholePicture(bytes(format) + "a camera's notes"));
+}
+
+/// Its size is beyond 64 bits.
+void TestPictureFile::aHeaderThatClaimsTooMuch()
+{
+    QByteArray claimed = bytes("bmp");
+    claimed.replace(18, 8, QByteArray(8, '\x7f'));
+    claimed.replace(28, 2, QByteArray(2, '\xff'));
+    QVERIFY(!isWholePicture(claimed));
 }
 
 /// Two pixels by one, black; each byte of it is needed but the last, which ends the file.
