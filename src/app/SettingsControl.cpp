@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SettingsControl.h"
 
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/SettingsFile.h"
-#include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
+#include "settings/StoreRepair.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -44,6 +45,18 @@ void SettingsControl::sltImportRegistry()
         return;
     if (load(dialog.selectedFiles().constFirst()))
         Q_EMIT sigUpdateSettings();
+    tellUnwritten();
+}
+
+void SettingsControl::tellUnwritten() const
+{
+    if (const auto problem = storeProblem())
+        messages::warning(
+            QStringLiteral("Settings"),
+            writeFailure(SettingsStore::path(), *problem) +
+                QStringLiteral(".\nChanged settings hold for this run only. Please make room on the disk, "
+                               "or the file writable: the program writes it again when it ends. \"Save "
+                               "settings\" keeps them in a file elsewhere."));
 }
 
 /// @return whether the store may have changed.
@@ -65,6 +78,7 @@ void SettingsControl::sltLoadDefaultSettings()
     Registry(m_log).loadSettings(
         findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
     Q_EMIT sigUpdateSettings();
+    tellUnwritten();
 }
 
 void SettingsControl::sltResetSettings()

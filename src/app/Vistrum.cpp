@@ -315,6 +315,7 @@ void Vistrum::dropEvent(QDropEvent *event)
 
 void Vistrum::closeEvent(QCloseEvent *event)
 {
+    m_settings->tellUnwritten(); // before the question, so that there is a way back
     const auto answer =
         QMessageBox::question(this, QStringLiteral("Vistrum"), QStringLiteral("Do you really want to quit Vistrum?\n"),
                               QMessageBox::Yes | QMessageBox::No);

@@ -3,6 +3,7 @@
 #include "app/NoticeLine.h"
 #include "app/SettingsControl.h"
 #include "base/Release.h"
+#include "FullDisk.h"
 #include "settings/StoredKeys.h"
 #include "WindowTest.h"
 
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void aFileWithoutSettingsIsTold();
     void theVersionIsNotTakenFromAFile();
     void aPictureThatCannotBeReadIsTold();
+    void unwrittenSettingsAreToldAndKept();
     void placeAndPanesAreRemembered();
     void thePaneOfTheTableIsWideEnough();
     void allTabsAreSeen_data();
@@ -360,6 +362,30 @@ void TestWindowHabits::aPictureThatCannotBeReadIsTold()
     find<QComboBox>("comboVelocityUnit")->setCurrentIndex(0);
     find<QAbstractButton>("fixationsPage", "toolButton")->click();
     QCOMPARE(CommandStack::instance().undoText(), QStringLiteral("Calculate Fixations"));
+}
+
+/// With as many settings as the program has, which is more than the toolkit remembers of a file that nobody has open.
+void TestWindowHabits::unwrittenSettingsAreToldAndKept()
+{
+    const auto quit = [this](QMessageBox::StandardButton answer) {
+        answerNextBox(answer);
+        m_window->close();
+        return m_messages->texts();
+    };
+    {
+        const FullDisk full(0);
+        find<QSpinBox>("s_spinBox_rad")->setValue(77);
+        const QStringList told = quit(QMessageBox::No);
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told[0].startsWith(
+                     QStringLiteral("Settings|%1 could not be written: File too large.\n").arg(SettingsStore::path())),
+                 qPrintable(told[0]));
+    }
+    QCOMPARE(quit(QMessageBox::Yes).size(), 1); // there is room again
+    QVERIFY(!m_window->isVisible());
+    QFile store(SettingsStore::path());
+    QVERIFY(store.open(QIODevice::ReadOnly));
+    QVERIFY(store.readAll().contains("Standard\\MaximumRadius=77\n"));
 }
 
 void TestWindowHabits::placeAndPanesAreRemembered()
