@@ -47,6 +47,7 @@ private:
     void followImport();
     void followDrawing();
     /// @param what  has been calculated, over the checked recordings.
+    void tellSaccadeClusters();
     void tellStatistics(const QString &what);
 
     Sources m_sources;
