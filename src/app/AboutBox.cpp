@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDialog>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
@@ -23,6 +24,24 @@ QString link(const QString &path, const QString &text)
 QString paragraph(const QString &caption, const QString &text)
 {
     return QStringLiteral("<p><b>%1</b><br>%2</p>").arg(caption, text);
+}
+
+/// The lines as they are; of a long file the last ones, which are the news.
+void showLines(QTextBrowser &page, const QString &path)
+{
+    constexpr qint64 mostBytes = qint64{1024} * 1024;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        page.setPlainText(QStringLiteral("%1: %2").arg(path, file.errorString()));
+        return;
+    }
+    if (file.size() > mostBytes) {
+        file.seek(file.size() - mostBytes);
+        file.readLine(); // the end of one
+    }
+    page.setPlainText(QString::fromUtf8(file.read(mostBytes)));
+    page.setLineWrapMode(QTextEdit::NoWrap);
+    page.moveCursor(QTextCursor::End);
 }
 
 QString documentationFile(const QString &name)
@@ -78,9 +97,10 @@ void showPage(QWidget *parent, const QString &path)
     window->setWindowTitle(QFileInfo(path).fileName());
     auto *page = new QTextBrowser(window);
     page->setOpenExternalLinks(true); // those into the web; the others are pages
-    const bool isMarkdown = path.endsWith(QStringLiteral(".md"));
-    page->setSource(QUrl::fromLocalFile(path),
-                    isMarkdown ? QTextDocument::MarkdownResource : QTextDocument::UnknownResource);
+    if (path.endsWith(QStringLiteral(".md")))
+        page->setSource(QUrl::fromLocalFile(path), QTextDocument::MarkdownResource);
+    else
+        showLines(*page, path);
     auto *layout = new QVBoxLayout(window);
     layout->addWidget(page);
     window->resize(820, 640);

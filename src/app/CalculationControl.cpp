@@ -7,6 +7,7 @@
 #include "clustering/panel/ClusterControl.h"
 #include "clustering/panel/SaccadeClusterControl.h"
 #include "commands/CommandStack.h"
+#include "commands/CountText.h"
 #include "detection/panel/FixationControl.h"
 #include "export/panel/ExportWidget.h"
 #include "export/TransitionTables.h"
@@ -37,6 +38,8 @@ void CalculationControl::connectCalculations()
     const ClusterControl *clusters = &control.clusterControl();
     connect(clusters, &ClusterControl::sigCalculateClusters, this, &Self::sltCalculateClusters);
     connect(clusters, &ClusterControl::sigCalculateCumulativeClusters, this, &Self::sltCalculateCumulativeClusters);
+    connect(&control.saccadeClusterControl(), &SaccadeClusterControl::sigRedrawClusters, this,
+            &Self::tellSaccadeClusters);
     const StatisticsWidget *statistics = &control.statisticsWidget();
     connect(statistics, &StatisticsWidget::sigCalculateGeneralStatistics, this, &Self::sltCalculateGeneralStatistics);
     connect(statistics, &StatisticsWidget::sigCalcAOIstats, this, &Self::sltCalcAOIStats);
@@ -92,9 +95,24 @@ void CalculationControl::sltCalcAOIStats()
 
 void CalculationControl::tellStatistics(const QString &what)
 {
-    const auto recordings = m_sources.model.checkedExaminations().size();
+    const QString recordings = recordingsText(m_sources.model.checkedExaminations().size());
     m_sources.window.tell(
-        {QStringLiteral("%1 in %2 recordings; \"Export statistics\" writes them").arg(what).arg(recordings), {}, {}});
+        {QStringLiteral("%1 in %2; \"Export statistics\" writes them").arg(what, recordings), {}, {}});
+}
+
+/// What was not calculated has been told why, in a box.
+void CalculationControl::tellSaccadeClusters()
+{
+    const auto clusters = m_sources.control.saccadeClusterControl().saccadeClusterModel();
+    const qsizetype recordings = m_sources.model.checkedExaminations().size();
+    if (recordings == 0 || clusters->stage() != SaccadeClusterStage::Done)
+        return;
+    m_sources.window.tell({QStringLiteral("Saccade clusters in %1: %2, from %3 movements")
+                               .arg(recordingsText(recordings))
+                               .arg(clusters->distanceClusters().size())
+                               .arg(clusters->vectors().size()),
+                           {},
+                           {}});
 }
 
 /// Some recordings come with their fixations.

@@ -46,6 +46,7 @@ private:
     void connectExports();
     void followImport();
     void followDrawing();
+    void tellSaccadeClusters();
     /// @param what  has been calculated, over the checked recordings.
     void tellStatistics(const QString &what);
 

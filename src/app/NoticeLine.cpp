@@ -14,19 +14,33 @@ NoticeLine::NoticeLine(QWidget *parent) : QPushButton(parent)
 
 void NoticeLine::tell(const Notice &notice)
 {
-    m_warnings = notice.warnings;
-    QString text = notice.text;
-    if (m_warnings.size() == 1)
+    m_notice = notice;
+    refresh();
+}
+
+void NoticeLine::withdraw(const Notice &notice)
+{
+    if (m_notice == notice)
+        tell({});
+}
+
+void NoticeLine::refresh()
+{
+    const QStringList &warnings = m_notice.warnings;
+    QString text = m_notice.text;
+    if (m_notice.kind && m_isDrawn && !m_isDrawn(*m_notice.kind))
+        text += QStringLiteral("; not drawn: mode none");
+    if (warnings.size() == 1)
         text += QStringLiteral("; 1 warning");
-    else if (!m_warnings.isEmpty())
-        text += QStringLiteral("; %1 warnings").arg(m_warnings.size());
+    else if (!warnings.isEmpty())
+        text += QStringLiteral("; %1 warnings").arg(warnings.size());
     setText(text.replace(u'&', QStringLiteral("&&")));
-    setCursor(m_warnings.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
-    setToolTip(m_warnings.isEmpty() ? QString() : QStringLiteral("Click to read the warnings"));
+    setCursor(warnings.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    setToolTip(warnings.isEmpty() ? QString() : QStringLiteral("Click to read the warnings"));
 }
 
 void NoticeLine::showWarnings() const
 {
-    if (!m_warnings.isEmpty())
-        messages::warning(QStringLiteral("Warnings"), m_warnings.join(u'\n'));
+    if (!m_notice.warnings.isEmpty())
+        messages::warning(QStringLiteral("Warnings"), m_notice.warnings.join(u'\n'));
 }

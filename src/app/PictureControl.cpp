@@ -162,16 +162,19 @@ void PictureControl::followPicture(const QString &path)
     m_form.control->fixationControl().showStimulusWidth(m_backgroundPixmap.width());
     const bool isMissed = !path.isEmpty() && m_backgroundPixmap.isNull();
     const QString before = std::exchange(m_missedPicture, isMissed ? path : QString());
+    if (!isMissed && !before.isEmpty())
+        Q_EMIT withdrawn(m_missedNotice);
     if (!isMissed || before == path)
         return;
     QString problem;
     readPicture(path, &problem);
-    Q_EMIT told({QStringLiteral("The picture cannot be shown: %1").arg(QFileInfo(path).fileName()),
-                 {QStringLiteral(
-                      "%1: %2. Without a picture there is no size, and nothing is removed at its edge. Save it anew, "
-                      "as PNG or JPEG, and choose it again.")
-                      .arg(path, problem)},
-                 {}});
+    m_missedNotice = {
+        QStringLiteral("The picture cannot be shown: %1").arg(QFileInfo(path).fileName()),
+        {QStringLiteral("%1: %2. Without a picture there is no size, and nothing is removed at its edge. Save it anew, "
+                        "as PNG or JPEG, and choose it again.")
+             .arg(path, problem)},
+        {}};
+    Q_EMIT told(m_missedNotice);
 }
 
 void PictureControl::cutOrRestoreOutliers()

@@ -74,6 +74,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     void aboutToDraw();
     void told(const Notice &notice);
+    /// What was told holds no longer.
+    void withdrawn(const Notice &notice);
 
 private:
     void followPanels();
@@ -93,6 +95,7 @@ private:
     QPixmap m_backgroundPixmap;
     QGraphicsPixmapItem *m_background = nullptr; ///< owned by the scene
     QString m_missedPicture;                     ///< told to be unreadable
+    Notice m_missedNotice;                       ///< that tells it
     QSizeF m_cutPicture;
     QList<HeatmapFigures> m_figures;
     SaliencyOverlay m_saliency;

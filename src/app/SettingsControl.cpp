@@ -2,11 +2,13 @@
 #include "app/SettingsControl.h"
 
 #include "base/BoundedFile.h"
+#include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "rules/SettingsCheck.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
 #include "settings/StoredKeys.h"
+#include "settings/StoreRepair.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -59,6 +61,18 @@ void SettingsControl::sltImportRegistry()
         return;
     if (load(dialog.selectedFiles().constFirst()))
         Q_EMIT sigUpdateSettings();
+    tellUnwritten();
+}
+
+void SettingsControl::tellUnwritten() const
+{
+    if (const auto problem = storeProblem())
+        messages::warning(
+            QStringLiteral("Settings"),
+            writeFailure(SettingsStore::path(), *problem) +
+                QStringLiteral(".\nChanged settings hold for this run only. Please make room on the disk, "
+                               "or the file writable: the program writes it again when it ends. \"Save "
+                               "settings\" keeps them in a file elsewhere."));
 }
 
 /// @return whether the store may have changed.
@@ -83,6 +97,7 @@ void SettingsControl::sltLoadDefaultSettings()
     Registry(m_log).loadSettings(
         findDataFile(QStringLiteral("factory_settings.ini"), QCoreApplication::applicationDirPath()));
     Q_EMIT sigUpdateSettings();
+    tellUnwritten();
 }
 
 void SettingsControl::sltResetSettings()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "settings/SettingsStore.h"
+
 #include <QObject>
 
 class Log;
@@ -13,6 +15,9 @@ public:
     /// Both outlive this.
     /// @param window  parent of dialogs.
     SettingsControl(QWidget &window, const Log &log) : m_window(window), m_log(log) {}
+
+    /// Tells where changes could not be written, such as on a full disk, and what to do.
+    void tellUnwritten() const;
 
 public Q_SLOTS:
     /// Asks for a file and saves the settings there.
@@ -32,4 +37,5 @@ private:
 
     QWidget &m_window;
     const Log &m_log;
+    const SettingsStore m_pending; ///< as long as one is open, changes that the disk does not take wait, and hold
 };

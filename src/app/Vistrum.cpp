@@ -38,6 +38,7 @@ Vistrum::Vistrum(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<U
     m_log.write(QStringLiteral("Starting program"));
     m_ui->setupUi(this);
     m_notice = new NoticeLine(this);
+    m_notice->setDrawnCheck([this](DataKind kind) { return m_picture->records()[kind]->visualizationMode != 0; });
     m_ui->statusBar->addWidget(m_notice, 1);
     dividePanes(*m_ui->splitter, width());
     constexpr QSize leastPanels(330, 380); // pages scroll; the widest would keep the window from small screens
@@ -151,6 +152,8 @@ void Vistrum::connectControls()
     controlWidget &control = *m_ui->control;
     connectPanels(control);
     connect(m_picture.get(), &PictureControl::told, this, &Vistrum::tell);
+    connect(m_picture.get(), &PictureControl::withdrawn, m_notice, &NoticeLine::withdraw);
+    connect(m_picture.get(), &PictureControl::aboutToDraw, m_notice, &NoticeLine::refresh);
     connect(m_picture.get(), &PictureControl::aboutToDraw, m_diagram.get(), &DiagramControl::hide);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
     connect(&control, &controlWidget::sigShowTable, this, &Vistrum::sltShowTable);
@@ -230,13 +233,9 @@ void Vistrum::updateAndRedraw()
     m_picture->redraw();
 }
 
-/// Data that no mode shows would be missed in the picture.
 void Vistrum::tell(const Notice &notice)
 {
-    Notice told = notice;
-    if (told.kind && m_picture->records()[*told.kind]->visualizationMode == 0)
-        told.text += QStringLiteral("; not drawn: mode none");
-    m_notice->tell(told);
+    m_notice->tell(notice);
 }
 
 // ---- areas and recorders
@@ -315,6 +314,7 @@ void Vistrum::dropEvent(QDropEvent *event)
 
 void Vistrum::closeEvent(QCloseEvent *event)
 {
+    m_settings->tellUnwritten(); // before the question, so that there is a way back
     const auto answer =
         QMessageBox::question(this, QStringLiteral("Vistrum"), QStringLiteral("Do you really want to quit Vistrum?\n"),
                               QMessageBox::Yes | QMessageBox::No);

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -55,11 +56,14 @@ void addScrollingText(QMessageBox &box, const QString &text)
         grid->addWidget(view, 0, grid->columnCount() - 1);
 }
 
-/// A box follows the width of its text; the title above a short one would be cut.
+/// A box follows the width of its text; the title above a short one would be cut. Window managers draw titles bold, and
+/// those in the middle of the frame keep as much room on their left as the buttons take on their right.
 void makeAsWideAsItsTitle(QMessageBox &box)
 {
-    constexpr int frameAndButtons = 100; // px, of the window's frame
-    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + frameAndButtons;
+    constexpr int symbolAndButtons = 200; // px, of the window's frame
+    QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + symbolAndButtons;
     if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
         grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }

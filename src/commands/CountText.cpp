@@ -12,12 +12,15 @@ EyeCounts countsOf(const QList<const Examination *> &examinations, qsizetype (*c
     return counts;
 }
 
+QString recordingsText(qsizetype count)
+{
+    return count == 1 ? QStringLiteral("1 recording") : QStringLiteral("%1 recordings").arg(count);
+}
+
 QString countText(QLatin1StringView what, qsizetype recordings, const EyeCounts &counts)
 {
-    return QStringLiteral("%1 in %2 %3: left eye %4, right eye %5, mean eye %6")
-        .arg(what)
-        .arg(recordings)
-        .arg(recordings == 1 ? QLatin1StringView("recording") : QLatin1StringView("recordings"))
+    return QStringLiteral("%1 in %2: left eye %3, right eye %4, mean eye %5")
+        .arg(what, recordingsText(recordings))
         .arg(counts[0])
         .arg(counts[1])
         .arg(counts[2]);

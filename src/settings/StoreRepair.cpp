@@ -101,6 +101,23 @@ StoreState examineStore(const QString &file)
     return writable ? StoreState::Usable : StoreState::Unwritable;
 }
 
+/// The store says only that it failed; a file of its size beside it meets the same, and is told the reason.
+std::optional<QString> storeProblem()
+{
+    SettingsStore store;
+    store.sync();
+    if (store.status() == QSettings::NoError)
+        return std::nullopt;
+    const QString path = SettingsStore::path();
+    if (QFile file(path); file.exists() && !file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+        return file.errorString();
+    constexpr qsizetype roomForChanges = 4096;
+    const QString beside = path + QStringLiteral(".part");
+    const auto problem = replaceFile(beside, QByteArray(QFileInfo(path).size() + roomForChanges, '\n'));
+    QFile::remove(beside);
+    return problem.value_or(QStringLiteral("it is not writable"));
+}
+
 std::unique_ptr<QTemporaryDir> prepareStore()
 {
     const QString file = SettingsStore::path();

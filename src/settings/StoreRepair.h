@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <optional>
 
 /// What can be wrong with the file of the store.
 enum class StoreState {
@@ -29,3 +30,8 @@ StoreState examineStore(const QString &file);
 
 /// The same for the file of the store in a state found by other means.
 [[nodiscard]] std::unique_ptr<QTemporaryDir> prepareStore(const QString &file, StoreState state);
+
+/// Writes what is still pending in the store.
+///
+/// @return what went wrong, in words for the user: "No space left on device"; nothing if all is written.
+std::optional<QString> storeProblem();

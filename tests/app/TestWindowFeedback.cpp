@@ -100,16 +100,18 @@ void TestWindowFeedback::aBoxWithoutWindowCanBeAnswered()
     QVERIFY(seen);
 }
 
-/// The window's frame has a symbol and buttons beside the title.
+/// The window's frame has a bold title, and a symbol and buttons beside it.
 void TestWindowFeedback::aBoxIsAsWideAsItsTitle()
 {
-    constexpr int symbolAndButtons = 100; // px
+    constexpr int symbolAndButtons = 200; // px
     const QString title = QStringLiteral("A title that is longer than its text");
     int width = 0;
     int titleWidth = 0;
     whenABoxComes([&](const QMessageBox &box) {
         width = box.width();
-        titleWidth = box.fontMetrics().horizontalAdvance(title);
+        QFont bold = box.font();
+        bold.setBold(true);
+        titleWidth = QFontMetrics(bold).horizontalAdvance(title);
     });
     messages::information(title, QStringLiteral("text"));
     QVERIFY(titleWidth > 0);

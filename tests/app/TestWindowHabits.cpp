@@ -3,7 +3,7 @@
 #include "app/NoticeLine.h"
 #include "app/SettingsControl.h"
 #include "base/Release.h"
-#include "import/TableTexts.h"
+#include "FullDisk.h"
 #include "settings/StoredKeys.h"
 #include "WindowTest.h"
 
@@ -12,11 +12,9 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
-#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -68,7 +66,7 @@ void write(const QString &path, const QByteArray &content)
 
 } // namespace
 
-/// Keys, menus, wheel, settings files, dropped files, and what the window remembers.
+/// Keys, menus, wheel, settings files, and what the window remembers.
 class TestWindowHabits : public WindowTest {
     Q_OBJECT
 private Q_SLOTS:
@@ -83,6 +81,7 @@ private Q_SLOTS:
     void menusHaveTheirKeys();
     void noMnemonicStandsTwice();
     void aboutTellsReleaseLicenceAndLog();
+    void theLogKeepsItsLines();
     void theTourOpens();
     void theUndoViewStaysAbove();
     void theWheelChangesNothingWithoutFocus_data();
@@ -97,6 +96,7 @@ private Q_SLOTS:
     void whatIsSavedCanBeTakenBack();
     void theVersionIsNotTakenFromAFile();
     void aPictureThatCannotBeReadIsTold();
+    void unwrittenSettingsAreToldAndKept();
     void placeAndPanesAreRemembered();
     void thePaneOfTheTableIsWideEnough();
     void allTabsAreSeen_data();
@@ -104,15 +104,6 @@ private Q_SLOTS:
     void noPageScrollsSideways_data();
     void noPageScrollsSideways();
     void thePageOfTheOverlapMethodFits();
-    void filesAndFoldersAreImported();
-    void droppedFilesAreImported();
-    void droppedTableOpensTheAssistant();
-    void assistantOpensFromTheMenu();
-    void aFolderWithoutRecordingsIsTold();
-    void aFolderWithoutRecordingsIsToldBesideOthers();
-    void companionsOfRecordingsAreNoTables_data();
-    void companionsOfRecordingsAreNoTables();
-    void aMissingFolderHasAName();
 
 private:
     void openOnASmallScreen()
@@ -150,10 +141,18 @@ void TestWindowHabits::menusHaveTheirKeys()
 {
     QCOMPARE(find<QAction>("action_Quit")->shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
     QCOMPARE(find<QAction>("action_Help")->shortcut(), QKeySequence(QStringLiteral("F1")));
-    QStringList mnemonics;
+    const auto checkMnemonics = [](const QList<QAction *> &entries) {
+        QStringList mnemonics;
+        for (const QAction *entry : entries) {
+            if (!entry->isSeparator())
+                mnemonics << QKeySequence::mnemonic(entry->text()).toString();
+            QVERIFY2(entry->isSeparator() || !mnemonics.constLast().isEmpty(), qPrintable(entry->text()));
+        }
+        QCOMPARE(mnemonics.removeDuplicates(), 0);
+    };
+    checkMnemonics(find<QMenuBar>("menuBar")->actions());
     for (const QAction *menu : find<QMenuBar>("menuBar")->actions())
-        mnemonics << menu->text().section(u'&', 1).left(1);
-    QCOMPARE(mnemonics.removeDuplicates(), 0);
+        checkMnemonics(menu->menu()->actions());
     QCOMPARE(find<QMenu>("menuEdit")->actions().constFirst()->shortcut(), QKeySequence(QStringLiteral("Ctrl+Z")));
     answerNextBox(QMessageBox::No);
     find<QAction>("action_Quit")->trigger();
@@ -219,6 +218,24 @@ void TestWindowHabits::aboutTellsReleaseLicenceAndLog()
     QCOMPARE(box->text(), text);
     QTest::keyClick(box, Qt::Key_Escape);
     QTRY_VERIFY(!m_window->findChild<QMessageBox *>());
+}
+
+void TestWindowHabits::theLogKeepsItsLines()
+{
+    constexpr int many = 60'000; // more than are shown
+    write(path("short.log"), "First *line*\n<b>second</b>\n\n# fourth\n");
+    write(path("long.log"), QByteArray("a line of the log\n").repeated(many) + "the last line\n");
+    const auto shown = [this](const char *name) {
+        showPage(m_window.get(), path(name));
+        const auto *window = m_window->findChildren<QDialog *>(Qt::FindDirectChildrenOnly).constLast();
+        return window->findChild<QTextBrowser *>()->toPlainText();
+    };
+    QCOMPARE(shown("short.log"), QStringLiteral("First *line*\n<b>second</b>\n\n# fourth\n"));
+    const QStringList lines = shown("long.log").split(u'\n', Qt::SkipEmptyParts);
+    QVERIFY(lines.size() < many);
+    QCOMPARE(lines.constFirst(), QStringLiteral("a line of the log"));
+    QCOMPARE(lines.constLast(), QStringLiteral("the last line"));
+    QVERIFY(shown("gone.log").startsWith(path("gone.log")));
 }
 
 void TestWindowHabits::theTourOpens()
@@ -410,6 +427,30 @@ void TestWindowHabits::aPictureThatCannotBeReadIsTold()
     QCOMPARE(CommandStack::instance().undoText(), QStringLiteral("Calculate Fixations"));
 }
 
+/// With as many settings as the program has, which is more than the toolkit remembers of a file that nobody has open.
+void TestWindowHabits::unwrittenSettingsAreToldAndKept()
+{
+    const auto quit = [this](QMessageBox::StandardButton answer) {
+        answerNextBox(answer);
+        m_window->close();
+        return m_messages->texts();
+    };
+    {
+        const FullDisk full(0);
+        find<QSpinBox>("s_spinBox_rad")->setValue(77);
+        const QStringList told = quit(QMessageBox::No);
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told[0].startsWith(
+                     QStringLiteral("Settings|%1 could not be written: File too large.\n").arg(SettingsStore::path())),
+                 qPrintable(told[0]));
+    }
+    QCOMPARE(quit(QMessageBox::Yes).size(), 1); // there is room again
+    QVERIFY(!m_window->isVisible());
+    QFile store(SettingsStore::path());
+    QVERIFY(store.open(QIODevice::ReadOnly));
+    QVERIFY(store.readAll().contains("Standard\\MaximumRadius=77\n"));
+}
+
 void TestWindowHabits::placeAndPanesAreRemembered()
 {
     QVERIFY(!m_window->restorePlace()); // a first start
@@ -493,123 +534,6 @@ void TestWindowHabits::thePageOfTheOverlapMethodFits()
                                         .arg(shown->width())
                                         .arg(shown->height())));
     QVERIFY(longest->width() >= longest->sizeHint().width());
-}
-
-void TestWindowHabits::filesAndFoldersAreImported()
-{
-    const QStringList recordings = exampleRecordings();
-    m_window->importFiles({QStringLiteral(VISTRUM_SOURCE_DIR "/examples/study"), recordings.constFirst()});
-    QCOMPARE(m_window->model().examinations().size(), recordings.size() + 1);
-    QCOMPARE(CommandStack::instance().text(0), QStringLiteral("Data add"));
-    QCOMPARE(CommandStack::instance().text(1), QStringLiteral("Data import"));
-}
-
-void TestWindowHabits::droppedFilesAreImported()
-{
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(exampleRecordings().constFirst())});
-    QDragEnterEvent enter(QPoint(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop(QPointF(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &drop);
-    QCOMPARE(m_window->model().examinations().size(), 1);
-    QVERIFY(!find<QGraphicsView>("visualization")->viewport()->acceptDrops()); // would swallow what is dropped there
-}
-
-/// A file that is no recording is looked at first; its import is one step of the undo list.
-void TestWindowHabits::droppedTableOpensTheAssistant()
-{
-    const QString path = m_folder->filePath(QStringLiteral("p01.csv"));
-    write(path, tabletexts::table({}));
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
-    QDragEnterEvent enter(QPoint(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &enter);
-    QDropEvent drop(QPointF(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &drop);
-    const QPointer<QDialog> assistant = m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant"));
-    QVERIFY(assistant);
-    QVERIFY(QTest::qWaitForWindowExposed(assistant));
-    QCOMPARE(m_window->model().examinations().size(), 0);
-    QTest::mouseClick(assistant->findChild<QPushButton *>(QStringLiteral("import")), Qt::LeftButton);
-    QTRY_COMPARE(m_window->model().examinations().size(), 1);
-    QTRY_VERIFY(!assistant);
-    QCOMPARE(m_window->model().examinations()[0].baseName, QStringLiteral("p01"));
-    QCOMPARE(find<QTableWidget>("tableWidget")->rowCount(), 1);
-    CommandStack &stack = CommandStack::instance();
-    QCOMPARE(stack.count(), 1);
-    QCOMPARE(stack.text(0), QStringLiteral("Import of other formats"));
-    const auto samples = m_window->model().examinations()[0].leftEye.gazePoints;
-    QCOMPARE(samples.size(), 500);
-    stack.undo();
-    QCOMPARE(m_window->model().examinations().size(), 0);
-    QCOMPARE(find<QTableWidget>("tableWidget")->rowCount(), 0);
-    stack.redo();
-    QCOMPARE(m_window->model().examinations()[0].leftEye.gazePoints, samples);
-    QCOMPARE(find<QTableWidget>("tableWidget")->rowCount(), 1);
-}
-
-void TestWindowHabits::assistantOpensFromTheMenu()
-{
-    find<QAction>("action_ImportOther")->trigger();
-    const QPointer<QDialog> assistant = m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant"));
-    QVERIFY(assistant);
-    QVERIFY(QTest::qWaitForWindowExposed(assistant));
-    QTest::keyClick(assistant, Qt::Key_Escape);
-    QTRY_VERIFY(!assistant);
-    QCOMPARE(CommandStack::instance().count(), 0);
-}
-
-void TestWindowHabits::aFolderWithoutRecordingsIsTold()
-{
-    m_window->importFiles({m_folder->path()});
-    QCOMPARE(notice()->text(), QStringLiteral("No recording in ") + m_folder->path());
-    QCOMPARE(CommandStack::instance().count(), 0);
-}
-
-void TestWindowHabits::aFolderWithoutRecordingsIsToldBesideOthers()
-{
-    m_window->importFiles({exampleRecordings().constFirst(), m_folder->path()});
-    QCOMPARE(m_window->model().examinations().size(), 1);
-    QCOMPARE(notice()->text(), QStringLiteral("No recording in ") + m_folder->path());
-}
-
-void TestWindowHabits::companionsOfRecordingsAreNoTables_data()
-{
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<qsizetype>("recordings");
-    QTest::addColumn<bool>("isAssistantOpen");
-    const QString study = QStringLiteral(VISTRUM_SOURCE_DIR "/examples/study/");
-    QStringList all;
-    for (const QString &name : QDir(study).entryList(QDir::Files, QDir::Name))
-        all << study + name;
-    const QStringList companions{study + QStringLiteral("S01.set"), study + QStringLiteral("bay.png"),
-                                 study + QStringLiteral("S01.labels.csv")};
-    QTest::newRow("all files of a study") << all << exampleRecordings().size() << false;
-    QTest::newRow("beside a folder") << QStringList(companions) + QStringList(study) << exampleRecordings().size()
-                                     << false;
-    QTest::newRow("a table beside") << QStringList{exampleRecordings().constFirst(), QStringLiteral("p01.csv")}
-                                    << qsizetype(1) << true;
-    QTest::newRow("alone") << companions << qsizetype(0) << true;
-}
-
-void TestWindowHabits::companionsOfRecordingsAreNoTables()
-{
-    QFETCH(QStringList, files);
-    QFETCH(bool, isAssistantOpen);
-    write(path("p01.csv"), tabletexts::table({}));
-    m_window->importFiles(files);
-    QTEST(m_window->model().examinations().size(), "recordings");
-    QCOMPARE(m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant")) != nullptr, isAssistantOpen);
-}
-
-void TestWindowHabits::aMissingFolderHasAName()
-{
-    m_window->importFiles({path("gone/")});
-    const auto *assistant = m_window->findChild<QDialog *>(QStringLiteral("ImportAssistant"));
-    QVERIFY(assistant);
-    QVERIFY(assistant->findChild<QListWidget *>()->item(0)->text().startsWith(QStringLiteral("gone")));
 }
 
 QTEST_MAIN(TestWindowHabits)

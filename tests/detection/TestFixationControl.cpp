@@ -186,6 +186,7 @@ void TestFixationControl::unknownTypeHasNoCurrentItem()
     SettingsStore().setValue(typeKey, text);
     m_panel->sltUpdateSettings();
     QCOMPARE(child<QComboBox>(*m_panel, "Fix_comboBox")->currentIndex(), -1);
+    QCOMPARE(child<QComboBox>(*m_panel, "Fix_comboBox")->placeholderText(), QStringLiteral("Standard")); // shown then
     QCOMPARE(SettingsStore().value(typeKey).toString(), text);
     const RecordedMessages messages;
     child<QToolButton>(*m_panel, "toolButton")->click();

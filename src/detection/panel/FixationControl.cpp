@@ -14,6 +14,7 @@ FixationControl::FixationControl(QWidget *parent)
     m_ui->setupUi(this);
     for (const QLatin1StringView &type : calculationTypeNames)
         m_ui->Fix_comboBox->addItem(type);
+    m_ui->Fix_comboBox->setPlaceholderText(calculationTypeNames[0]); // what runs without a current item
     for (const QLatin1StringView &unit : velocityUnitNames)
         m_ui->comboVelocityUnit->addItem(unit);
     bindControls();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/panel/DataCommands.h"
 
+#include "commands/CountText.h"
 #include "import/bids/BidsRecording.h"
 #include "settings/StoredKeys.h"
 
@@ -116,6 +117,7 @@ void CommandDataImport::undo()
     m_files.addItems(m_paths);
     removeFromModel(m_outcome.numbers, m_model);
     m_window.removeTableRows(m_outcome.numbers);
+    m_window.tell({QStringLiteral("Undone: the import of %1").arg(recordingsText(m_outcome.numbers.size())), {}, {}});
     if (m_log)
         m_log->write(
             QStringLiteral("CommandDataImport:undo The import of %1 files has been undone!").arg(m_paths.size()));
@@ -137,8 +139,11 @@ void CommandDataImport::redo()
     m_files.clear();
     if (m_log)
         m_log->write(QStringLiteral("CommandDataImport:redo The import of %1 files is done!").arg(m_paths.size()));
-    if (!std::exchange(m_firstRun, false))
+    if (!std::exchange(m_firstRun, false)) {
+        m_window.tell(
+            {QStringLiteral("Redone: the import of %1").arg(recordingsText(m_outcome.numbers.size())), {}, {}});
         m_window.showImported();
+    }
 }
 
 CommandPictureImport::CommandPictureImport(DataModel &model, QString path)

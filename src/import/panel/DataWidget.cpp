@@ -154,7 +154,10 @@ void DataWidget::sltImport()
 {
     if (!m_model || !m_window)
         return;
+    const bool isEmpty = m_ui->listView->count() == 0;
     import(new CommandDataImport(*m_model, *m_window, *m_ui->listView, m_log));
+    if (isEmpty)
+        m_window->tell({QStringLiteral("Nothing was imported: the list of data files is empty"), {}, {}});
 }
 
 /// Boxes come once the window shows what they are about.

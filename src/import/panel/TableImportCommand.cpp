@@ -2,6 +2,7 @@
 #include "import/panel/TableImportCommand.h"
 
 #include "base/Messages.h"
+#include "commands/CountText.h"
 #include "model/OutlierCut.h"
 
 #include <QFileInfo>
@@ -20,6 +21,7 @@ void TableImportCommand::undo()
 {
     removeFromModel(m_numbers, m_model);
     m_window.removeTableRows(m_numbers);
+    m_window.tell({QStringLiteral("Undone: the import of %1").arg(recordingsText(m_numbers.size())), {}, {}});
     m_window.redraw();
 }
 
@@ -29,10 +31,12 @@ void TableImportCommand::redo()
     followExaminations(m_model);
     if (!m_numbers.isEmpty())
         m_window.refreshPlainBackground();
-    if (std::exchange(m_firstRun, false))
+    if (std::exchange(m_firstRun, false)) {
         tell();
-    else
-        m_window.showImported();
+        return;
+    }
+    m_window.tell({QStringLiteral("Redone: the import of %1").arg(recordingsText(m_numbers.size())), {}, {}});
+    m_window.showImported();
 }
 
 void TableImportCommand::addRecordings()
