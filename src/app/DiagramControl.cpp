@@ -8,6 +8,7 @@
 #include "diagram/panel/add_diagram.h"
 #include "diagram/scene/DiagramExport.h"
 #include "export/panel/ExportWidget.h"
+#include "export/panel/VisualizationExportBox.h"
 #include "visualization/charts/AoiCharts.h"
 #include "visualization/modes/AoiModes.h"
 #include "visualization/panel/VisualizationAOIWidget.h"
@@ -25,6 +26,7 @@ DiagramControl::DiagramControl(std::function<DrawingContext()> context, controlW
             &DiagramControl::followAreas);
     connect(&control.exportWidget(), &ExportWidget::sigExport_aoi_trans_Visualization, this,
             &DiagramControl::sltExport_aoi_trans_vis_Image);
+    control.exportWidget().visualizationBox().setDiagramCheck([this] { return emptyDiagram(m_context().model); });
 }
 
 DiagramControl::~DiagramControl() = default;

@@ -8,6 +8,7 @@
 #include "clustering/panel/ClusterCalculationCommands.h"
 #include "clustering/SaccadeClusterModel.h"
 #include "commands/CommandStack.h"
+#include "commands/panel/SaveDialog.h"
 #include "detection/panel/FixationCommands.h"
 #include "detection/StoredGeometry.h"
 #include "export/panel/ExportCommands.h"
@@ -17,8 +18,6 @@
 #include "report/panel/MethodsWindow.h"
 #include "settings/ParameterTexts.h"
 #include "settings/StoredKeys.h"
-
-#include <QFileDialog>
 
 namespace {
 
@@ -123,9 +122,8 @@ void SessionControl::noteTransitions(const QString &stem, const TransitionChoice
 
 void SessionControl::sltSaveRecipe()
 {
-    const QString path =
-        QFileDialog::getSaveFileName(&m_window, QStringLiteral("Save recipe"), QStringLiteral("vistrum.recipe.json"),
-                                     QStringLiteral("Recipe (*.json)"));
+    const QString path = chooseSaveFile(&m_window, QStringLiteral("Save recipe"), QStringLiteral("vistrum.recipe.json"),
+                                        QStringLiteral("Recipe (*.json)"));
     if (!path.isEmpty())
         saveRecipe(path);
 }

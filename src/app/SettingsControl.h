@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "commands/IMainWindow.h"
 #include "settings/SettingsStore.h"
 
 #include <QObject>
@@ -31,8 +32,11 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The store may have changed: panels show it.
     void sigUpdateSettings();
+    /// For the status bar.
+    void told(const Notice &notice);
 
 private:
+    void save(const QString &path);
     bool load(const QString &path) const;
 
     QWidget &m_window;

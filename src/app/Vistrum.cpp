@@ -154,6 +154,8 @@ void Vistrum::connectControls()
     connect(m_picture.get(), &PictureControl::told, this, &Vistrum::tell);
     connect(m_picture.get(), &PictureControl::withdrawn, m_notice, &NoticeLine::withdraw);
     connect(m_picture.get(), &PictureControl::aboutToDraw, m_notice, &NoticeLine::refresh);
+    connect(m_exports.get(), &WindowExports::told, this, &Vistrum::tell);
+    connect(m_settings.get(), &SettingsControl::told, this, &Vistrum::tell);
     connect(m_picture.get(), &PictureControl::aboutToDraw, m_diagram.get(), &DiagramControl::hide);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
     connect(&control, &controlWidget::sigShowTable, this, &Vistrum::sltShowTable);

@@ -95,7 +95,7 @@ void clusterFixations(RunState &run)
 void clusterCumulatively(RunState &run)
 {
     run.done.pooledClusters = runClusterParameters(run.options, run.options.overlapOutliers);
-    calculateCumulativeClusters(run.model, *run.done.pooledClusters);
+    poolClusters(run.model, *run.done.pooledClusters);
 }
 
 void clusterSaccades(RunState &run)
@@ -113,8 +113,20 @@ void tellDetection(const FixationCalculationOutcome &outcome)
 {
     for (const RecordingReport &report : outcome.reports)
         messages::information(detectionReportTitle, QStringLiteral("%1: %2").arg(report.recording, report.text));
-    for (const DetectionWarning &warning : outcome.warnings)
-        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+    for (const DetectionWarning &warning : outcome.warnings) {
+        if (warning.recording.isEmpty())
+            messages::warning(QStringLiteral("Fixations"), warning.text);
+        else
+            messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+    }
+}
+
+void poolClusters(DataModel &model, const ClusterParameters &parameters)
+{
+    if (!calculateCumulativeClusters(model, parameters))
+        return;
+    if (const auto missing = missingClusters(model, parameters))
+        messages::warning(QStringLiteral("Cumulative clusters"), *missing);
 }
 
 QList<CalculationRow> findingCalculations()

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void eachChartHasItsSignal_data();
     void eachChartHasItsSignal();
     void areasAreWrittenInPlace();
+    void whatIsMissingIsToldBeforeAPlaceIsAskedFor();
     void videoIsAskedForWithItsStep();
 
 private:
@@ -81,6 +82,7 @@ void TestVisualizationExportBox::cancelledChoiceWritesNothing()
     QSignalSpy chart(m_panel.get(), &ExportWidget::sigExportSaccadenHistogram);
     writeStored(keys::visualizationExportFolder, QStringLiteral("/before"));
     m_answer.clear();
+    m_model.insertAoi(AreaOfInterest(QStringLiteral("Door"), QPolygon(QRect(0, 0, 5, 5))));
     click("visualizationExportButton");
     click("chartExportButton");
     click("aoiImageExportButton");
@@ -160,6 +162,20 @@ void TestVisualizationExportBox::areasAreWrittenInPlace()
     QCOMPARE(readStored(keys::aoiImageExportFolder), folder.path());
     QCOMPARE(m_messages->texts(),
              QStringList(QStringLiteral("AOI Images exported|AOI Images exported to: ") + folder.path()));
+}
+
+/// Nobody chooses a place for nothing.
+void TestVisualizationExportBox::whatIsMissingIsToldBeforeAPlaceIsAskedFor()
+{
+    QSignalSpy wanted(m_panel.get(), &ExportWidget::sigExport_aoi_trans_Visualization);
+    m_answer = QStringLiteral("/some/where/diagram.png");
+    click("aoiImageExportButton");
+    m_panel->visualizationBox().setDiagramCheck([] { return QStringLiteral("No fixations available"); });
+    click("diagramExportButton");
+    QCOMPARE(m_asked, QStringList());
+    QCOMPARE(wanted.size(), 0);
+    QCOMPARE(m_messages->texts(), (QStringList{QStringLiteral("Save AOI Images|There is no area of interest."),
+                                               QStringLiteral("Transition diagramm export|No fixations available")}));
 }
 
 void TestVisualizationExportBox::videoIsAskedForWithItsStep()

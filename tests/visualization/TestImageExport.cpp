@@ -133,21 +133,27 @@ void TestImageExport::repeatedRunsGiveTheSameBytes()
 void TestImageExport::failures_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("an ending that no format has") << QStringLiteral("a.xyz");
-    QTest::newRow("no ending") << QStringLiteral("a");
-    QTest::newRow("image in a folder that does not exist") << QStringLiteral("none/a.png");
-    QTest::newRow("vector graphics in a folder that does not exist") << QStringLiteral("none/a.svg");
+    QTest::addColumn<QString>("reason"); // its beginning
+    QTest::newRow("an ending that no format has")
+        << QStringLiteral("a.xyz")
+        << QStringLiteral("\".xyz\" is no ending of a picture; let the name end in .png, .svg, .tiff or .jpg");
+    QTest::newRow("no ending") << QStringLiteral("a")
+                               << QStringLiteral(
+                                      "the name has no ending; let the name end in .png, .svg, .tiff or .jpg");
+    QTest::newRow("image in a folder that does not exist") << QStringLiteral("none/a.png") << QString();
+    QTest::newRow("vector graphics in a folder that does not exist") << QStringLiteral("none/a.svg") << QString();
 }
 
 void TestImageExport::failures()
 {
     QFETCH(QString, name);
+    QFETCH(QString, reason);
     QGraphicsScene scene;
     fill(scene);
     const QString path = m_folder.filePath(name);
     const std::optional<QString> failure = exportScene(scene, path);
     QVERIFY(failure.has_value());
-    QVERIFY2(failure->startsWith(path + QStringLiteral(" could not be written: ")), qPrintable(*failure));
+    QVERIFY2(failure->startsWith(path + QStringLiteral(" could not be written: ") + reason), qPrintable(*failure));
     QVERIFY(!QFile::exists(path));
 }
 

@@ -10,6 +10,7 @@
 #include "base/Messages.h"
 #include "commands/CommandStack.h"
 #include "commands/IMainWindow.h"
+#include "commands/panel/SaveDialog.h"
 #include "model/DataModel.h"
 #include "settings/StoredKeys.h"
 
@@ -48,21 +49,14 @@ void keepFolder(const StoredKey<QString> &key, const QString &path)
     writeStored(key, path.left(path.lastIndexOf(u'/')));
 }
 
-/// A name without an ending gets that of the form which is chosen.
-QString askForSaveFile(QWidget *parent, const QString &folder)
-{
-    QString filter;
-    const QString path = QFileDialog::getSaveFileName(parent, QStringLiteral("Save AOI to File"), folder,
-                                                      QStringLiteral("*.aoi;;*.csv;;*.json"), &filter);
-    return path.isEmpty() || !QFileInfo(path).suffix().isEmpty() ? path : path + filter.mid(1);
-}
-
 } // namespace
 
 AoiControl::AoiControl(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::AoiControl>())
 {
     m_ui->setupUi(this);
-    m_chooseSaveFile = [this](const QString &folder) { return askForSaveFile(this, folder); };
+    m_chooseSaveFile = [this](const QString &folder) {
+        return chooseSaveFile(this, QStringLiteral("Save AOI to File"), folder, QStringLiteral("*.aoi;;*.csv;;*.json"));
+    };
     m_chooseLoadFile = [this](const QString &folder) {
         return QFileDialog::getOpenFileName(this, QStringLiteral("Load AOI from File"), folder,
                                             QStringLiteral("*.aoi;;*.csv;;*.json;;*.png"));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/panel/VisualizationExportBox.h"
 
+#include "base/Messages.h"
+#include "commands/panel/SaveDialog.h"
 #include "export/AoiImages.h"
 #include "model/DataModel.h"
 #include "ui_VisualizationExportBox.h"
@@ -14,7 +16,7 @@ VisualizationExportBox::VisualizationExportBox(QWidget *parent)
     : QGroupBox(parent)
     , m_ui(std::make_unique<Ui::VisualizationExportBox>())
     , m_chooseFile([this](const QString &title, const QString &folder, const QString &filter) {
-        return QFileDialog::getSaveFileName(this, title, folder, filter);
+        return chooseSaveFile(this, title, folder, filter);
     })
     , m_chooseFolder([this](const QString &title, const QString &folder) {
         return QFileDialog::getExistingDirectory(this, title, folder,
@@ -81,6 +83,10 @@ void VisualizationExportBox::exportVideo()
 
 void VisualizationExportBox::exportDiagram()
 {
+    if (const auto problem = m_diagramProblem()) {
+        messages::warning(QStringLiteral("Transition diagramm export"), *problem); // sic
+        return;
+    }
     const QString path = askForFile(QStringLiteral("Save Visualization"), keys::aoiTransitionExportFolder,
                                     "PNG (*.png);;Vector Graphics (*.svg);; TIFF(*.tiff);; JPEG(*.jpg);;Page (*.html)");
     if (!path.isEmpty())
@@ -97,8 +103,13 @@ void VisualizationExportBox::exportChart(const QString &kind)
 
 void VisualizationExportBox::exportAoiImages()
 {
-    const QString folder = m_chooseFolder(QStringLiteral("Save AOI Images"), readStored(keys::aoiImageExportFolder));
-    if (folder.isEmpty() || !m_model)
+    const QString title = QStringLiteral("Save AOI Images");
+    if (!m_model || m_model->aoiList().isEmpty()) {
+        messages::warning(title, QStringLiteral("There is no area of interest."));
+        return;
+    }
+    const QString folder = m_chooseFolder(title, readStored(keys::aoiImageExportFolder));
+    if (folder.isEmpty())
         return;
     writeStored(keys::aoiImageExportFolder, folder);
     tellExported(QStringLiteral("AOI Images exported"), QStringLiteral("AOI Images exported to: ") + folder,

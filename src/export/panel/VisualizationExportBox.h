@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class VisualizationExportBox;
@@ -21,6 +22,7 @@ class VisualizationExportBox : public QGroupBox {
 public:
     /// Asks for a file to write, or for a folder; empty where the user gives none.
     using FileChooser = std::function<QString(const QString &title, const QString &folder, const QString &filter)>;
+    using Check = std::function<std::optional<QString>()>;
     using FolderChooser = std::function<QString(const QString &title, const QString &folder)>;
 
     explicit VisualizationExportBox(QWidget *parent = nullptr);
@@ -31,6 +33,8 @@ public:
     /// In place of the dialogs.
     void setFileChooser(const FileChooser &chooser) { m_chooseFile = chooser; }
     void setFolderChooser(const FolderChooser &chooser) { m_chooseFolder = chooser; }
+    /// What keeps the transition diagram from being drawn; told before a file is asked for.
+    void setDiagramCheck(const Check &check) { m_diagramProblem = check; }
 
     /// As the controls choose it.
     PictureSettings pictureSettings() const;
@@ -59,4 +63,5 @@ private:
     const DataModel *m_model = nullptr;
     FileChooser m_chooseFile;
     FolderChooser m_chooseFolder;
+    Check m_diagramProblem = [] { return std::nullopt; };
 };

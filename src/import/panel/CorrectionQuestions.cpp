@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/panel/CorrectionQuestions.h"
 
+#include "commands/panel/SaveDialog.h"
 #include "settings/StoredKeys.h"
 
 #include <QColorDialog>
@@ -16,7 +17,7 @@ QString CorrectionDialogs::folder()
 
 QString CorrectionDialogs::saveName(const QString &title, const QString &proposal)
 {
-    return QFileDialog::getSaveFileName(m_parent, title, proposal, u"Text files (*.txt)"_s);
+    return chooseSaveFile(m_parent, title, proposal, u"Text files (*.txt)"_s);
 }
 
 QString CorrectionDialogs::iniFile(const QString &title)

@@ -5,6 +5,7 @@
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
 #include "base/TextFormat.h"
+#include "commands/panel/SaveDialog.h"
 #include "recording/panel/QCalibrationWidget.h"
 #include "recording/panel/SetFileDialog.h"
 #include "recording/RecordingFile.h"
@@ -12,7 +13,6 @@
 
 #include <QCloseEvent>
 #include <QDebug>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QScreen>
@@ -335,10 +335,7 @@ void TheEyeTribeRecorder::sltRecord()
 
 bool TheEyeTribeRecorder::sltSave()
 {
-    QFileDialog dialog(this, QStringLiteral("Save file"), QString(), QStringLiteral(".data"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("data"));
-    const QString path = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    const QString path = chooseSaveFile(this, QStringLiteral("Save file"), QString(), QStringLiteral(".data"));
     const qsizetype count = m_frames.count();
     const auto problem = path.isEmpty() ? QStringLiteral("No file was chosen.") : saveRecording(path, m_frames, count);
     if (problem) {

@@ -3,10 +3,10 @@
 
 #include "base/FileReplacement.h"
 #include "base/Messages.h"
+#include "commands/panel/SaveDialog.h"
 
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -29,8 +29,7 @@ MethodsWindow::MethodsWindow(const MethodsRecord &record, QWidget *parent)
     : QDialog(parent)
     , m_record(record)
     , m_choose([this](const QString &proposed) {
-        return QFileDialog::getSaveFileName(this, tr("Save methods section"), proposed,
-                                            tr("Markdown (*.md);;Text (*.txt)"));
+        return chooseSaveFile(this, tr("Save methods section"), proposed, tr("Markdown (*.md);;Text (*.txt)"));
     })
     , m_format(new QComboBox(this))
     , m_text(new QPlainTextEdit(this))

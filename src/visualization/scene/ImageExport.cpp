@@ -49,6 +49,17 @@ bool isLossy(const QString &path)
            path.endsWith(QLatin1StringView(".jpeg"), Qt::CaseInsensitive);
 }
 
+/// In place of the word of the encoder, which names no remedy.
+QString problemOf(const QImageWriter &writer)
+{
+    if (writer.error() != QImageWriter::UnsupportedFormatError)
+        return writer.errorString();
+    const QString ending = QString::fromLatin1(writer.format());
+    const QString trouble = ending.isEmpty() ? QStringLiteral("the name has no ending")
+                                             : QStringLiteral("\".%1\" is no ending of a picture").arg(ending);
+    return trouble + QStringLiteral("; let the name end in .png, .svg, .tiff or .jpg");
+}
+
 Encoded encodedImage(QGraphicsScene &scene, const QString &path, const QRectF &area, const ImageSettings &settings)
 {
     constexpr int bestQuality = 100;
@@ -65,7 +76,7 @@ Encoded encodedImage(QGraphicsScene &scene, const QString &path, const QRectF &a
         writer.setQuality(bestQuality);
     if (writer.write(image))
         return {buffer.data(), std::nullopt};
-    return {{}, writer.errorString()};
+    return {{}, problemOf(writer)};
 }
 
 } // namespace
