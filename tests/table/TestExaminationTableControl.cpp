@@ -39,6 +39,8 @@ private Q_SLOTS:
     void clearingIsNoCommand();
 
     void groupingByAProperty();
+    void groupingIsUndone();
+    void groupsOfOthersOutliveTheUndo();
     void groupingAppliesTheFilterOnceMore();
     void choosingNothingGroupsNothing();
     void aGroupChosenInTheRow();
@@ -287,10 +289,50 @@ void TestExaminationTableControl::groupingByAProperty()
         QCOMPARE(m_table->groupBox(row)->currentIndex(), row + 1); // behind "None"
     QCOMPARE(m_table->groupBy->currentIndex(), 0);
     QCOMPARE(changed.size(), 1);
-    QCOMPARE(m_table->stack().count(), 0);
+    QCOMPARE(m_table->stack().count(), 1);
+    QCOMPARE(m_table->stack().undoText(), u"Group by: dominant"_s);
     QCOMPARE(m_table->window.updates, 1);
     m_table->groupBy->setCurrentText(u"dominant"_s);
     QCOMPARE(m_table->groupNames().size(), 3);
+}
+
+void TestExaminationTableControl::groupingIsUndone()
+{
+    m_table->groupBy->setCurrentText(u"subjectID"_s);
+    const QStringList bySubject = m_table->memberships();
+    m_table->groupBy->setCurrentText(u"dominant"_s);
+    const QStringList names = m_table->groupNames();
+    const QStringList byEye = m_table->memberships();
+    QVERIFY(byEye != bySubject);
+    const auto shown = [this] { return m_table->groupBox(0)->currentText(); };
+    m_table->stack().undo();
+    QCOMPARE(m_table->memberships(), bySubject);
+    QCOMPARE(m_table->groupNames(), QStringList({u"Cid"_s, u"Bob"_s, u"Ann"_s}));
+    QCOMPARE(shown(), u"Cid"_s);
+    m_table->stack().undo();
+    QCOMPARE(m_table->memberships(), QStringList(3, u"None 0"_s));
+    QCOMPARE(m_table->groupNames(), QStringList());
+    QCOMPARE(shown(), u"None"_s);
+    m_table->stack().setIndex(2);
+    QCOMPARE(m_table->memberships(), byEye);
+    QCOMPARE(m_table->groupNames(), names);
+    QCOMPARE(shown(), u"left"_s);
+}
+
+/// The dialog of groups makes no command.
+void TestExaminationTableControl::groupsOfOthersOutliveTheUndo()
+{
+    m_table->groupBy->setCurrentText(u"dominant"_s);
+    QList<Group> groups = m_table->model.groups();
+    groups[0].colorsLeft[u"FixationVisualization"_s] = Qt::cyan;
+    groups << Group(u"mine"_s, {});
+    m_table->control.sltRefreshTable(groups);
+    m_table->stack().undo();
+    QCOMPARE(m_table->groupNames(), QStringList(u"mine"_s));
+    m_table->stack().redo();
+    QCOMPARE(m_table->groupNames(), QStringList({u"mine"_s, u"left"_s, u"right"_s, u"invalid"_s}));
+    QCOMPARE(m_table->model.groups()[1].colorsLeft.value(u"FixationVisualization"_s), QColor(Qt::cyan));
+    QCOMPARE(m_table->memberships(), QStringList({u"left 1"_s, u"right 2"_s, u"invalid 3"_s}));
 }
 
 void TestExaminationTableControl::groupingAppliesTheFilterOnceMore()

@@ -53,15 +53,13 @@ void showStatus(QLabel *label, const Status &status)
     label->setStyleSheet(status.style);
 }
 
-/// Black is readable on the grounds of all states, whatever the theme. It is a rule of the panel: a label that has a
-/// style sheet takes no color of its palette, and its own sheet tells the state only.
-template <class Labels>
-QString statusTextRule(const Labels &labels)
+/// Colors of the texts that are readable on the grounds of their states, whatever the theme. They are rules of the
+/// panel: a label that has a style sheet takes no color of its palette, and its own sheet tells the state only.
+QString statusTextRules()
 {
-    QStringList names;
-    for (const QLabel *label : labels)
-        names << u'#' + label->objectName();
-    return names.join(u',') + QStringLiteral(" { color: black; }");
+    return QStringLiteral("QLabel[text=\"%1\"] { color: white; } QLabel[text=\"%2\"], QLabel[text=\"%3\"] { color: "
+                          "black; }")
+        .arg(done.text, changed.text, none.text);
 }
 
 } // namespace
@@ -72,7 +70,7 @@ SaccadeClusterControl::SaccadeClusterControl(QWidget *parent)
     , m_clusters(std::make_shared<SaccadeClusterModel>())
 {
     m_ui->setupUi(this);
-    setStyleSheet(statusTextRule(statusLabels()));
+    setStyleSheet(statusTextRules());
     connectParameters();
     connectStages();
     connect(m_ui->clusterButton, &QPushButton::clicked, this, &Control::sltCluster);

@@ -5,6 +5,7 @@
 #include "commands/CommandStack.h"
 #include "commands/IMainWindow.h"
 #include "table/Grouping.h"
+#include "table/panel/CommandGroupBy.h"
 #include "table/panel/CommandTabelCheckbox.h"
 #include "table/panel/editGroupsDialog.h"
 #include "table/panel/ExaminationTable.h"
@@ -188,7 +189,7 @@ void ExaminationTableControl::sltGroupBy(const QString &name)
 {
     if (name.isEmpty())
         return;
-    groupBy(m_model, name, colorTable());
     m_groupByBox.setCurrentIndex(0); // comes back here with an empty name
-    sltRefreshTable(QList<Group>(m_model.groups()));
+    CommandStack::instance().push(new CommandGroupBy(name, m_model, colorTable(),
+                                                     [this](const QList<Group> &groups) { sltRefreshTable(groups); }));
 }

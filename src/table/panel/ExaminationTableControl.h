@@ -71,7 +71,7 @@ public Q_SLOTS:
     /// Takes new groups and builds all rows anew, with the current filter applied once more.
     void sltRefreshTable(const QList<Group> &groups);
     void sltGroupChanged(int row);
-    /// Makes groups of the values of a property; nothing for an empty name.
+    /// Makes groups of the values of a property, by a command; nothing for an empty name.
     void sltGroupBy(const QString &name);
 
 private:
