@@ -3,6 +3,7 @@
 
 #include "aoi/AoiThumbnail.h"
 #include "base/FileReplacement.h"
+#include "base/Messages.h"
 #include "base/NamedPlace.h"
 #include "batch/CalculationRows.h"
 #include "batch/PictureCheck.h"
@@ -169,11 +170,15 @@ void exportVideo(RunState &run)
     QGraphicsScene scene;
     runDrawingPass(scene, run.model, content.context, content.layers);
     content.area = scene.sceneRect();
-    const VideoOutcome outcome = exportVideo(content, run.options.videoStepMs, run.options.videoFile);
-    if (outcome == VideoOutcome::Written)
-        run.journal.keep(run.options.videoFile);
-    else
-        run.journal.fail(QStringLiteral("Video"), run.options.videoFile + QStringLiteral(": ") + videoText(outcome));
+    const QString &path = run.options.videoFile;
+    const VideoOutcome outcome = exportVideo(content, run.options.videoStepMs, path);
+    if (outcome == VideoOutcome::Written) {
+        run.journal.keep(path);
+        return;
+    }
+    run.journal.fail();
+    messages::show(
+        {messages::Severity::Warning, QStringLiteral("Video"), videoText(outcome), videoFailure(outcome, path)});
 }
 
 void exportAoiImages(RunState &run)

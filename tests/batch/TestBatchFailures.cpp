@@ -59,6 +59,8 @@ private Q_SLOTS:
     void picturesAndReportInAMissingFolder();
     void aListThatCannotBeWritten();
     void devicesAreNotReplaced();
+    void aVideoThatCannotBeMadeTellsWhy_data();
+    void aVideoThatCannotBeMadeTellsWhy();
     void withoutTemporaryFolderTheUsersStoreIsNotUsedInstead();
 
 private:
@@ -549,6 +551,34 @@ void TestBatchFailures::devicesAreNotReplaced()
     QCOMPARE(outcome.errors.size(), 2);
     QCOMPARE(outcome.errors[1], QStringLiteral("Report: /dev/full could not be written: it is not a regular file"));
     QVERIFY(!QFileInfo(QStringLiteral("/dev/full")).isFile());
+}
+
+void TestBatchFailures::aVideoThatCannotBeMadeTellsWhy_data()
+{
+    QTest::addColumn<bool>("moved"); // the program, away from its library
+    QTest::addColumn<QString>("error");
+    QTest::newRow("a step that is too long")
+        << false
+        << QStringLiteral("Video: Timespan is too short!!! a.avi could not be written: the time is shorter than that "
+                          "of one image");
+    QTest::newRow("no library of encoders")
+        << true
+        << QStringLiteral("Video: Can't create video!!! a.avi could not be written: libvistrum_video.so, which has "
+                          "the encoders, is missing or cannot be loaded");
+}
+
+void TestBatchFailures::aVideoThatCannotBeMadeTellsWhy()
+{
+    QFETCH(bool, moved);
+    QString program = QStringLiteral(VISTRUM_BATCH);
+    if (moved) {
+        program = m_batch->path(QStringLiteral("vistrum-batch"));
+        QVERIFY(QFile::copy(QStringLiteral(VISTRUM_BATCH), program));
+    }
+    const Outcome outcome = m_batch->run(program, words("--quiet --video a.avi --video-step 999999 study/S01.data"));
+    QCOMPARE(outcome.status, 1);
+    QTEST(outcome.errors.value(0), "error");
+    QCOMPARE(outcome.errors.size(), 1);
 }
 
 void TestBatchFailures::withoutTemporaryFolderTheUsersStoreIsNotUsedInstead()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void failures();
     void stoppedVideoLeavesTheOlderFile();
     void fullDiskLeavesTheOlderFile();
+    void fullDiskIsTheReason();
     void aFolderOfItsNameStays();
     void theModelStaysAsItIs();
 
@@ -160,7 +161,9 @@ void TestVideoExport::failures_data()
                                     << "its folder cannot be written";
     QTest::newRow("no such container") << "a.xyz" << qint64(100) << VideoOutcome::CannotCreate
                                        << "Can't create video!!!"
-                                       << "nothing encodes a picture of this size for \".xyz\"";
+                                       << "\".xyz\" is no ending of a video; let the name end in .avi, .mp4 or .mkv";
+    QTest::newRow("no ending") << "a" << qint64(100) << VideoOutcome::CannotCreate << "Can't create video!!!"
+                               << "the name has no ending; let the name end in .avi, .mp4 or .mkv";
 }
 
 void TestVideoExport::failures()
@@ -209,6 +212,15 @@ void TestVideoExport::fullDiskLeavesTheOlderFile()
     QVERIFY(contentOf("a.avi") == older);
     QCOMPARE(videoFailure(VideoOutcome::Failed, path("a.avi")),
              path("a.avi") + QStringLiteral(" could not be written: the disk may be full"));
+}
+
+/// Where not even the head of a video has room, the encoder gives no reason.
+void TestVideoExport::fullDiskIsTheReason()
+{
+    const FullDisk disk(0);
+    QCOMPARE(videoFailure(VideoOutcome::CannotCreate, path("a.avi")),
+             path("a.avi") + QStringLiteral(" could not be written: File too large"));
+    QCOMPARE(left(), QStringList());
 }
 
 void TestVideoExport::aFolderOfItsNameStays()

@@ -19,6 +19,9 @@
 
 namespace {
 
+const QString videoLibrary = QStringLiteral("vistrum_video");
+constexpr qsizetype probeBytes = 64 << 10; // what is written to see whether a disk takes more
+
 QSize sizeOf(const VideoContent &content)
 {
     return {truncated(content.area.width()), truncated(content.area.height())};
@@ -26,7 +29,7 @@ QSize sizeOf(const VideoContent &content)
 
 QFunctionPointer inVideoLibrary(const char *name)
 {
-    return ownLibraryFunction(QStringLiteral("vistrum_video"), name);
+    return ownLibraryFunction(videoLibrary, name);
 }
 
 std::unique_ptr<IVideoFile> openVideo(const QString &path, QSize size)
@@ -41,7 +44,6 @@ std::unique_ptr<IVideoFile> openVideo(const QString &path, QSize size)
 /// On a full disk it has not.
 bool hasRoomForMore(const QString &path)
 {
-    constexpr qsizetype probeBytes = 64 << 10;
     QFile file(path);
     const qint64 size = file.size();
     const bool isWritten =
@@ -99,6 +101,30 @@ bool replace(const QString &path, const QString &byFile)
     return !problem;
 }
 
+/// Why a file of this folder does not take what the head of a video takes.
+std::optional<QString> roomProblem(const QString &folder)
+{
+    const QTemporaryDir place(folder + QStringLiteral("/.video-XXXXXX"));
+    return place.isValid() ? replaceFile(place.filePath(QStringLiteral("probe")), QByteArray(probeBytes, '\0'))
+                           : std::optional(place.errorString());
+}
+
+QString reasonForNone(const QFileInfo &file)
+{
+    const QString ending = file.suffix().toLower();
+    if (!QFileInfo(file.path()).isWritable())
+        return QStringLiteral("its folder cannot be written");
+    if (!inVideoLibrary(openVideoName))
+        return QStringLiteral("lib%1.so, which has the encoders, is missing or cannot be loaded").arg(videoLibrary);
+    if (const auto problem = roomProblem(file.path()))
+        return *problem;
+    if (!QStringList{QStringLiteral("avi"), QStringLiteral("mp4"), QStringLiteral("mkv")}.contains(ending))
+        return (ending.isEmpty() ? QStringLiteral("the name has no ending")
+                                 : QStringLiteral("\".%1\" is no ending of a video").arg(file.suffix())) +
+               QStringLiteral("; let the name end in .avi, .mp4 or .mkv");
+    return QStringLiteral("nothing encodes a picture of this size for \".%1\"").arg(file.suffix());
+}
+
 QString reasonOf(VideoOutcome outcome, const QFileInfo &file)
 {
     switch (outcome) {
@@ -108,9 +134,7 @@ QString reasonOf(VideoOutcome outcome, const QFileInfo &file)
     case VideoOutcome::TooShort:
         return QStringLiteral("the time is shorter than that of one image");
     case VideoOutcome::CannotCreate:
-        return QFileInfo(file.path()).isWritable()
-                   ? QStringLiteral("nothing encodes a picture of this size for \".%1\"").arg(file.suffix())
-                   : QStringLiteral("its folder cannot be written");
+        return reasonForNone(file);
     case VideoOutcome::Failed:
         return file.isDir() ? QStringLiteral("a folder has this name") : QStringLiteral("the disk may be full");
     }
