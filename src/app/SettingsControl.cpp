@@ -3,6 +3,7 @@
 
 #include "base/BoundedFile.h"
 #include "base/Messages.h"
+#include "commands/panel/SaveDialog.h"
 #include "rules/SettingsCheck.h"
 #include "settings/FirstStart.h"
 #include "settings/Registry.h"
@@ -15,15 +16,6 @@
 namespace {
 
 const QString settingsFilter = QStringLiteral("Settings (*.ini)");
-
-/// A store that was edited by hand, or filled by an older version, may hold what an import refuses: what is saved can
-/// be taken back.
-void save(const Log &log, const QString &path)
-{
-    const auto rules = settingRules();
-    Registry(log).saveSettings(
-        path, [&](const QString &key, const QString &value) { return rules.value(key).nearest(value); });
-}
 
 /// Tells what keeps the file from being taken.
 bool holdsUsableSettings(const QString &path, const SettingsCheck &check)
@@ -44,11 +36,21 @@ bool holdsUsableSettings(const QString &path, const SettingsCheck &check)
 
 void SettingsControl::sltSaveRegistry()
 {
-    QFileDialog dialog(&m_window, QStringLiteral("Save Vistrum Settings"), QStringLiteral("."), settingsFilter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("ini"));
-    if (dialog.exec() == QDialog::Accepted && dialog.selectedFiles().size() == 1)
-        save(m_log, dialog.selectedFiles().constFirst());
+    const QString path =
+        chooseSaveFile(&m_window, QStringLiteral("Save Vistrum Settings"), QStringLiteral("."), settingsFilter);
+    if (!path.isEmpty())
+        save(path);
+}
+
+/// A store that was edited by hand, or filled by an older version, may hold what an import refuses: what is saved can
+/// be taken back.
+void SettingsControl::save(const QString &path)
+{
+    const auto rules = settingRules();
+    const bool isSaved = Registry(m_log).saveSettings(
+        path, [&](const QString &key, const QString &value) { return rules.value(key).nearest(value); });
+    if (isSaved)
+        Q_EMIT told({QStringLiteral("Settings saved to: ") + path, {}, {}});
 }
 
 void SettingsControl::sltImportRegistry()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "commands/IMainWindow.h"
+
 #include <QObject>
 
 class Log;
@@ -26,8 +28,11 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The store may have changed: panels show it.
     void sigUpdateSettings();
+    /// For the status bar.
+    void told(const Notice &notice);
 
 private:
+    void save(const QString &path);
     bool load(const QString &path) const;
 
     QWidget &m_window;

@@ -151,6 +151,8 @@ void Vistrum::connectControls()
     controlWidget &control = *m_ui->control;
     connectPanels(control);
     connect(m_picture.get(), &PictureControl::told, this, &Vistrum::tell);
+    connect(m_exports.get(), &WindowExports::told, this, &Vistrum::tell);
+    connect(m_settings.get(), &SettingsControl::told, this, &Vistrum::tell);
     connect(m_picture.get(), &PictureControl::aboutToDraw, m_diagram.get(), &DiagramControl::hide);
     connect(&control.dataWidget(), &DataWidget::sigLoadTimeline, this, &Vistrum::refreshGroups);
     connect(&control, &controlWidget::sigShowTable, this, &Vistrum::sltShowTable);

@@ -79,6 +79,8 @@ void WindowExports::sltExportImage(const QString &path)
         records};
     if (const auto problem = exportPicture(drawn, m_sources.control.exportWidget().pictureSettings(), path))
         messages::warning(QStringLiteral("Save Visualization"), *problem);
+    else
+        Q_EMIT told({QStringLiteral("Visualization saved to: ") + path, {}, {}});
 }
 
 void WindowExports::sltexport_video(const QString &path)
@@ -91,6 +93,8 @@ void WindowExports::sltexport_video(const QString &path)
         const std::stop_token stop = progress.token();
         outcome = exportVideo(content, m_sources.control.exportWidget().videoStepMs(), path, stop);
     }
+    if (outcome == VideoOutcome::Written)
+        Q_EMIT told({QStringLiteral("Video saved to: ") + path, {}, {}});
     const QString failure = videoFailure(outcome, path);
     const auto severity = failure.isEmpty() ? messages::Severity::Information : messages::Severity::Warning;
     messages::show({severity, QStringLiteral("Save Video"), videoText(outcome), failure});

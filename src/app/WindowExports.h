@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "commands/IMainWindow.h"
 #include "report/ReportRecords.h"
 
 #include <QObject>
@@ -45,6 +46,10 @@ public Q_SLOTS:
     void sltExportAOIFixationHistogram(const QString &path);
     void sltExportAOITransitionHistogram(const QString &path);
     void sltExportAOIFixationShareHistogram(const QString &path);
+
+Q_SIGNALS:
+    /// For the status bar.
+    void told(const Notice &notice);
 
 private:
     void exportChart(const QString &kind, const QString &path);

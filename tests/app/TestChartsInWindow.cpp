@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/NoticeLine.h"
 #include "diagram/panel/add_diagram.h"
 #include "export/panel/VisualizationExportBox.h"
 #include "WindowTest.h"
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void chartStandsBesideTheCanvas();
     void emptyChartIsToldOnDemandOnly();
     void diagramIsShownAndWritten();
+    void savedPictureIsTold();
     void diagramOfNothingIsTold();
     void diagramGoesWithTheNextDrawing();
     void videoLeavesTheViewAlone();
@@ -119,8 +121,29 @@ void TestChartsInWindow::diagramIsShownAndWritten()
                  m_folder->filePath(QStringLiteral("d.png")));
 }
 
+void TestChartsInWindow::savedPictureIsTold()
+{
+    const QString path = m_folder->filePath(QStringLiteral("drawn & seen.png"));
+    find<VisualizationExportBox>("visualizationBox")
+        ->setFileChooser([&](const QString &, const QString &, const QString &) { return path; });
+    find<QAbstractButton>("visualizationExportButton")->click();
+    QVERIFY(QFile::exists(path));
+    QCOMPARE(m_messages->texts(), QStringList());
+    QCOMPARE(m_window->findChild<NoticeLine *>()->text(),
+             QStringLiteral("Visualization saved to: ") + m_folder->filePath(QStringLiteral("drawn && seen.png")));
+}
+
 void TestChartsInWindow::diagramOfNothingIsTold()
 {
+    bool isAsked = false;
+    find<VisualizationExportBox>("visualizationBox")
+        ->setFileChooser([&](const QString &, const QString &, const QString &) {
+            isAsked = true;
+            return QString();
+        });
+    find<QAbstractButton>("diagramExportButton")->click();
+    QCOMPARE(m_messages->texts().last(), QStringLiteral("Transition diagramm export|No AOIs available"));
+    QVERIFY(!isAsked);
     drawAreas(2);
     QCOMPARE(m_messages->texts().last(), QStringLiteral("|No AOIs available"));
     makeAreas();
@@ -154,6 +177,7 @@ void TestChartsInWindow::videoLeavesTheViewAlone()
     find<QSpinBox>("videoTimespanSpinBox")->setValue(4000);
     find<QAbstractButton>("videoExportButton")->click();
     QCOMPARE(m_messages->texts().last(), QStringLiteral("Save Video|Writing video is done!!!"));
+    QCOMPARE(m_window->findChild<NoticeLine *>()->text(), QStringLiteral("Video saved to: ") + path);
     QVERIFY(QFileInfo(path).size() > 10000);
     QVERIFY(picture() == before);
 }

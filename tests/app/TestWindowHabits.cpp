@@ -291,6 +291,7 @@ void TestWindowHabits::savedSettingsHaveTheirExtension()
     chooseInNextDialog(path("way of working"));
     find<QAction>("action_SaveSettings")->trigger();
     QVERIFY(QFile::exists(path("way of working.ini")));
+    QCOMPARE(notice()->text(), QStringLiteral("Settings saved to: ") + path("way of working.ini"));
 }
 
 void TestWindowHabits::aFileWithoutSettingsIsTold()
