@@ -113,8 +113,12 @@ void tellDetection(const FixationCalculationOutcome &outcome)
 {
     for (const RecordingReport &report : outcome.reports)
         messages::information(detectionReportTitle, QStringLiteral("%1: %2").arg(report.recording, report.text));
-    for (const DetectionWarning &warning : outcome.warnings)
-        messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+    for (const DetectionWarning &warning : outcome.warnings) {
+        if (warning.recording.isEmpty())
+            messages::warning(QStringLiteral("Fixations"), warning.text);
+        else
+            messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
+    }
 }
 
 QList<CalculationRow> findingCalculations()

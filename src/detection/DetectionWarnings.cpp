@@ -120,8 +120,17 @@ QList<Warning> warningsOf(const QList<GazePoint> &samples, const VelocityParamet
 {
     return {durationWarning(samples, parameters.minimumDurationMs),
             parameters.unit == VelocityUnit::Percentile ? percentileWarning(samples) : Warning(),
-            equalTimesWarning(samples, QLatin1StringView("each ends a fixation")),
-            thresholdWarning(parameters.threshold), geometryWarning(parameters)};
+            equalTimesWarning(samples, QLatin1StringView("each ends a fixation"))};
+}
+
+QStringList textsOf(const QList<Warning> &warnings)
+{
+    QStringList texts;
+    for (const Warning &warning : warnings) {
+        if (warning)
+            texts << *warning;
+    }
+    return texts;
 }
 
 } // namespace
@@ -164,10 +173,11 @@ QStringList detectionWarnings(const QList<GazePoint> &samples, const FixationCal
 {
     if (!wasRecorded(samples))
         return {};
-    QStringList texts;
-    for (const Warning &warning : std::visit([&](const auto &p) { return warningsOf(samples, p); }, parameters)) {
-        if (warning)
-            texts << *warning;
-    }
-    return texts;
+    return textsOf(std::visit([&](const auto &p) { return warningsOf(samples, p); }, parameters));
+}
+
+QStringList parameterWarnings(const FixationCalculationParameters &parameters)
+{
+    const auto *velocity = std::get_if<VelocityParameters>(&parameters);
+    return velocity ? textsOf({thresholdWarning(velocity->threshold), geometryWarning(*velocity)}) : QStringList();
 }

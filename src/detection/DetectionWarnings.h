@@ -13,11 +13,13 @@
 /// - A percentile of fewer than 100 speeds, which finds nothing whatever the percentage; velocity detector.
 /// - Valid samples at the time of the sample before them, as in recordings faster than their clock: each ends a
 ///   fixation of the velocity detector, and durations of the standard detector are coarse.
-/// - A velocity threshold below 1, of which no whole part is left; a distance or an image size of 0, where speeds are
-///   in degrees.
 ///
 /// @param samples  of one eye in file order; an eye without a valid sample was not recorded and gives no warning.
 QStringList detectionWarnings(const QList<GazePoint> &samples, const FixationCalculationParameters &parameters);
+
+/// What is doubtful whatever the recording is: a velocity threshold below 1, of which no whole part is left; a distance
+/// or an image size of 0, where speeds are in degrees.
+QStringList parameterWarnings(const FixationCalculationParameters &parameters);
 
 /// Whether there is a valid sample at all.
 bool wasRecorded(const QList<GazePoint> &samples);

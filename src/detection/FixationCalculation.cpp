@@ -10,6 +10,7 @@
 #include "detection/GaussianMixtureScanpathBuilder.h"
 #include "model/DataModel.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -153,6 +154,14 @@ QList<Examination *> checkedOf(DataModel &model)
     return checked;
 }
 
+bool anyRecorded(const QList<Examination *> &examinations)
+{
+    return std::any_of(examinations.cbegin(), examinations.cend(), [](const Examination *examination) {
+        const auto eyes = examination->streams();
+        return std::any_of(eyes.begin(), eyes.end(), [](const EyeData *eye) { return wasRecorded(eye->gazePoints); });
+    });
+}
+
 FixationCalculationOutcome detectAll(const QList<Examination *> &examinations,
                                      const FixationCalculationParameters &parameters, const Log *log, int threads)
 {
@@ -160,6 +169,11 @@ FixationCalculationOutcome detectAll(const QList<Examination *> &examinations,
                       static_cast<int>(examinations.size()));
     messages::Run told;
     FixationCalculationOutcome outcome;
+    for (const QString &text : anyRecorded(examinations) ? parameterWarnings(parameters) : QStringList()) {
+        outcome.warnings << DetectionWarning{{}, {}, text};
+        if (log)
+            log->write(text);
+    }
     std::vector<Detected> detected(static_cast<std::size_t>(examinations.size()));
     sideBySide(
         examinations.size(), threads,

@@ -18,13 +18,19 @@ class Log;
 /// name the percentile.
 FixationCalculationParameters calculationParameters(int calculationType, const FixationSettingsModel &settings);
 
-/// What is doubtful in the result of one eye.
+/// What is doubtful in the result of one eye or, without recording and eye, of all: the cause lies in the parameters.
 struct DetectionWarning {
     bool operator==(const DetectionWarning &) const = default;
 
     QString recording; ///< base name of its file
     QString eye;       ///< "left eye", "right eye" or "mean eye"
     QString text;
+
+    /// "S01, left eye: ..."
+    QString line() const
+    {
+        return recording.isEmpty() ? text : QStringLiteral("%1, %2: %3").arg(recording, eye, text);
+    }
 };
 
 /// What the detector did with the samples of one recording.
@@ -55,7 +61,7 @@ void showReports(const FixationCalculationOutcome &outcome);
 ///
 /// Examinations are worked on side by side; result, messages and log do not depend on how many threads do it. What the
 /// detectors have to tell is told at the end, once for each cause. Reports and warnings are shown to nobody.
-/// @param log  gets each warning as a line with recording and eye; may be null.
+/// @param log  gets each warning as a line; may be null.
 /// @return nothing, after a message, where no examination is checked.
 std::optional<FixationCalculationOutcome> calculateFixations(DataModel &model,
                                                              const FixationCalculationParameters &parameters,

@@ -48,6 +48,8 @@ class TestDetectionWarnings : public QObject {
 private Q_SLOTS:
     void warnings_data();
     void warnings();
+    void warningsOfParameters_data();
+    void warningsOfParameters();
     void noise_data();
     void noise();
 };
@@ -58,6 +60,11 @@ void row(const char *name, const QList<GazePoint> &samples, const FixationCalcul
          const QStringList &texts = {})
 {
     QTest::newRow(name) << samples << parameters << texts;
+}
+
+void parameterRow(const char *name, const FixationCalculationParameters &parameters, const QStringList &texts = {})
+{
+    QTest::newRow(name) << parameters << texts;
 }
 
 void durations()
@@ -105,20 +112,21 @@ void thresholds()
 {
     const QString text =
         QStringLiteral("The velocity threshold of %1 works as 0, since only its whole part counts: no eye is slower.");
-    row("threshold of 1", recording(120, 1), velocityWith(1, 0.6, 0.4));
-    row("threshold below 1", recording(120, 1), velocityWith(0.99, 0.6, 0.4), {text.arg(QStringLiteral("0.99"))});
-    row("threshold of 0", recording(120, 1), velocityWith(0, 0.6, 0.4), {text.arg(0)});
+    parameterRow("threshold of 1", velocityWith(1, 0.6, 0.4));
+    parameterRow("threshold below 1", velocityWith(0.99, 0.6, 0.4), {text.arg(QStringLiteral("0.99"))});
+    parameterRow("threshold of 0", velocityWith(0, 0.6, 0.4), {text.arg(0)});
 }
 
 void geometries()
 {
-    row("no distance", recording(120, 1), velocityWith(10, 0, 0.4),
-        {QStringLiteral("The screen distance is 0: each movement counts as 90 degrees.")});
-    row("no size", recording(120, 1), velocityWith(10, 0.6, 0),
-        {QStringLiteral("The image size is 0: all speeds in degrees are 0.")});
+    parameterRow("no distance", velocityWith(10, 0, 0.4),
+                 {QStringLiteral("The screen distance is 0: each movement counts as 90 degrees.")});
+    parameterRow("no size", velocityWith(10, 0.6, 0),
+                 {QStringLiteral("The image size is 0: all speeds in degrees are 0.")});
     VelocityParameters pixels = velocityWith(10, 0, 0);
     pixels.unit = VelocityUnit::PixelPerMs;
-    row("no geometry, not asked for", recording(120, 1), pixels);
+    parameterRow("no geometry, not asked for", pixels);
+    parameterRow("other detectors", standard);
 }
 
 } // namespace
@@ -146,8 +154,7 @@ void TestDetectionWarnings::warnings_data()
         {QStringLiteral("Samples with the time of the sample before them: 2 of 120; times are coarser than the "
                         "recording.")});
     row("equal times, mixture", hasty, mixture);
-    thresholds();
-    geometries();
+    row("parameters are told elsewhere", recording(120, 1), velocityWith(0, 0, 0));
     row("no samples", {}, velocity(VelocityUnit::Percentile, 0));
     row("an eye that was not recorded", unrecorded(50), velocity(VelocityUnit::Percentile, 0));
     row("several, in order", recording(50, 1000), StandardParameters{0, 30, 2},
@@ -161,6 +168,20 @@ void TestDetectionWarnings::warnings()
     QFETCH(QList<GazePoint>, samples);
     QFETCH(FixationCalculationParameters, parameters);
     QTEST(detectionWarnings(samples, parameters), "texts");
+}
+
+void TestDetectionWarnings::warningsOfParameters_data()
+{
+    QTest::addColumn<FixationCalculationParameters>("parameters");
+    QTest::addColumn<QStringList>("texts");
+    thresholds();
+    geometries();
+}
+
+void TestDetectionWarnings::warningsOfParameters()
+{
+    QFETCH(FixationCalculationParameters, parameters);
+    QTEST(parameterWarnings(parameters), "texts");
 }
 
 void TestDetectionWarnings::noise_data()

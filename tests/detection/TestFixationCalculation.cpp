@@ -113,6 +113,7 @@ private Q_SLOTS:
     void otherDetectorsAddFixationsOnly_data();
     void otherDetectorsAddFixationsOnly();
     void warningsGoToTheLogOnly();
+    void causesInTheParametersAreToldOnce();
     void failureOfTheMixtureIsTold();
     void threadsChangeNothing_data();
     void threadsChangeNothing();
@@ -434,6 +435,29 @@ void TestFixationCalculation::warningsGoToTheLogOnly()
     QCOMPARE(log.lines(),
              QStringList({QStringLiteral("S07, left eye: ") + text, QStringLiteral("S07, mean eye: ") + text}));
     QCOMPARE(messages.texts(), QStringList());
+}
+
+/// However many recordings and eyes there are.
+void TestFixationCalculation::causesInTheParametersAreToldOnce()
+{
+    const TemporarySettings store;
+    const RecordedLog log;
+    VelocityParameters doubtful = velocityInPixels(100);
+    doubtful.threshold = 0.5;
+    doubtful.unit = VelocityUnit::DegreePerS;
+    doubtful.screenDistanceM = 0;
+    DataModel model = modelOf({saccadesOf(3), saccadesOf(4)});
+    const auto outcome = calculateFixations(model, doubtful, &log.log());
+    const QStringList texts{
+        QStringLiteral("The velocity threshold of 0.5 works as 0, since only its whole part counts: no eye is slower."),
+        QStringLiteral("The screen distance is 0: each movement counts as 90 degrees.")};
+    QVERIFY(outcome);
+    QCOMPARE(outcome->warnings, (QList<DetectionWarning>{{{}, {}, texts[0]}, {{}, {}, texts[1]}}));
+    QCOMPARE(outcome->warnings[0].line(), texts[0]);
+    QCOMPARE(log.lines(), texts);
+    DataModel empty = modelOf({Examination()});
+    const auto none = calculateFixations(empty, doubtful, nullptr);
+    QVERIFY(none && none->warnings.isEmpty());
 }
 
 void TestFixationCalculation::failureOfTheMixtureIsTold()

@@ -83,7 +83,7 @@ void CommandCalculateFixations::tell(const FixationCalculationOutcome &outcome) 
     const EyeCounts counts = countsOf(checked, [](const EyeData &eye) { return eye.scanpath.size(); });
     QStringList warnings;
     for (const DetectionWarning &warning : outcome.warnings)
-        warnings << QStringLiteral("%1, %2: %3").arg(warning.recording, warning.eye, warning.text);
+        warnings << warning.line();
     m_window->tell({countText(QLatin1StringView("Fixations"), checked.size(), counts), warnings, DataKind::Fixations});
 }
 
