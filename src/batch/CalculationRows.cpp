@@ -95,7 +95,7 @@ void clusterFixations(RunState &run)
 void clusterCumulatively(RunState &run)
 {
     run.done.pooledClusters = runClusterParameters(run.options, run.options.overlapOutliers);
-    calculateCumulativeClusters(run.model, *run.done.pooledClusters);
+    poolClusters(run.model, *run.done.pooledClusters);
 }
 
 void clusterSaccades(RunState &run)
@@ -119,6 +119,14 @@ void tellDetection(const FixationCalculationOutcome &outcome)
         else
             messages::warning(warning.recording, QStringLiteral("%1: %2").arg(warning.eye, warning.text));
     }
+}
+
+void poolClusters(DataModel &model, const ClusterParameters &parameters)
+{
+    if (!calculateCumulativeClusters(model, parameters))
+        return;
+    if (const auto missing = missingClusters(model, parameters))
+        messages::warning(QStringLiteral("Cumulative clusters"), *missing);
 }
 
 QList<CalculationRow> findingCalculations()

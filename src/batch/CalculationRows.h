@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "clustering/ClusterParameters.h"
+
 #include <QLatin1StringView>
 #include <QList>
 
+class DataModel;
 struct BatchOptions;
 struct FixationCalculationOutcome;
 struct ReportRecords;
@@ -30,6 +33,9 @@ QList<CalculationRow> calculationRows();
 
 /// Tells what came of a detection: a line for each recording, with its name, and one for each warning.
 void tellDetection(const FixationCalculationOutcome &outcome);
+
+/// Clusters the fixations of all recordings together, and tells why there are none.
+void poolClusters(DataModel &model, const ClusterParameters &parameters);
 
 /// The parameters of the calculations of a run, for what stands below its pictures.
 ReportRecords reportRecords(const BatchOptions &options);

@@ -241,7 +241,7 @@ void RecipeRun::take(const recipe::Clusters &step)
     m_options.calculations << (step.pooled ? cumulativeClusterWord : clusterWord);
     (step.pooled ? m_state.done.pooledClusters : m_state.done.clusters) = step.parameters;
     if (step.pooled)
-        calculateCumulativeClusters(m_state.model, step.parameters);
+        poolClusters(m_state.model, step.parameters);
     else
         calculateClusters(m_state.model, step.parameters, m_state.threads());
     followTime();

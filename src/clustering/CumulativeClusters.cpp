@@ -99,6 +99,31 @@ bool calculateCumulativeClusters(DataModel &model, const ClusterParameters &para
     return true;
 }
 
+std::optional<QString> missingClusters(const DataModel &model, const ClusterParameters &parameters)
+{
+    const auto *standard = std::get_if<StandardClusterParameters>(&parameters);
+    const auto examinations = static_cast<int>(model.checkedExaminations().size());
+    if (!standard || examinations < 2)
+        return {};
+    GrowingMinimum minimum(standard->minimumFixations, examinations);
+    QStringList missing;
+    for (const Eye eye : pools) {
+        const int asked = minimum.next();
+        const EyeData &pooled = model.pooled(eye);
+        if (!pooled.scanpath.isEmpty() && pooled.fixationClusters.isEmpty())
+            missing << QStringLiteral("%1 %2 (of %3)")
+                           .arg(eyeWord(eye), QString::number(asked), QString::number(pooled.scanpath.size()));
+    }
+    if (missing.isEmpty())
+        return {};
+    return QStringLiteral(
+               "Eyes without a cumulative cluster, with the fixations that one cluster would need: %1. The standard "
+               "method multiplies the minimum of %2 by the number of recordings, %3, anew for each eye. Choose a "
+               "smaller minimum, fewer recordings, or another method.")
+        .arg(missing.join(QLatin1StringView(", ")), QString::number(standard->minimumFixations),
+             QString::number(examinations));
+}
+
 int GrowingMinimum::next()
 {
     using Limits = std::numeric_limits<int>;

@@ -3,6 +3,10 @@
 
 #include "clustering/ClusterParameters.h"
 
+#include <QString>
+
+#include <optional>
+
 class DataModel;
 
 /// Clusters the fixations of all checked examinations together: the pooled containers are filled anew with copies of
@@ -13,6 +17,10 @@ class DataModel;
 /// texts on fixations and clusters become those of the last checked examination.
 /// @return false, after a message, where no examination is checked.
 bool calculateCumulativeClusters(DataModel &model, const ClusterParameters &parameters);
+
+/// Why there is no cluster where there are pooled fixations, after a calculation with these parameters: what the
+/// standard method asked for, in a sentence for the user. Nothing where a single examination left the minimum as it is.
+std::optional<QString> missingClusters(const DataModel &model, const ClusterParameters &parameters);
 
 /// The minimum of the standard method for pooled fixations. It is multiplied by the number of examinations before each
 /// run and keeps the product, so that with k examinations the four runs ask for k, k^2, k^3 and k^4 times the minimum.

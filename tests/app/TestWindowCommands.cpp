@@ -214,6 +214,13 @@ void TestWindowCommands::aCalculationIsTold()
                  notice()->text().endsWith(QStringLiteral("; not drawn: mode none")),
              qPrintable(notice()->text()));
 
+    find<QToolButton>("clusterCalc_widget", "toolButton")->click();
+    QVERIFY2(notice()->text().endsWith(QStringLiteral("; not drawn: mode none; 1 warning")),
+             qPrintable(notice()->text()));
+    notice()->click();
+    QVERIFY(m_messages->texts().constLast().startsWith(QStringLiteral(
+        "Warnings|Eyes without a cumulative cluster, with the fixations that one cluster would need: ")));
+
     find<QPushButton>("generalButton")->click();
     QCOMPARE(notice()->text(),
              QStringLiteral("General statistics in %1 recordings; \"Export statistics\" writes them").arg(recordings));

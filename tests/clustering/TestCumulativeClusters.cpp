@@ -40,6 +40,9 @@ private Q_SLOTS:
     void growingMinimum_data();
     void growingMinimum();
     void minimumGrowsFromRunToRun();
+    void missingClustersAreExplained_data();
+    void missingClustersAreExplained();
+    void withoutFixationsNoClusterIsMissing();
     void oneExaminationKeepsTheMinimum();
     void eachCalculationBeginsWithTheParameter();
     void clustersAreNotSorted();
@@ -121,6 +124,44 @@ void TestCumulativeClusters::minimumGrowsFromRunToRun()
     model.examinations()[0].meanEye.scanpath.removeLast();
     calculateCumulativeClusters(model, StandardClusterParameters{1, 0, 100});
     QCOMPARE(clusterSizes(model.pooled(Eye::Mean)), QList<qsizetype>());
+}
+
+/// One recording has enough for a cluster of its own; pooled, the second and later eyes lack what is asked for.
+void TestCumulativeClusters::missingClustersAreExplained_data()
+{
+    QTest::addColumn<int>("recordings");
+    QTest::addColumn<ClusterParameters>("parameters");
+    QTest::addColumn<QString>("eyes"); // none where nothing is told
+    QTest::newRow("one recording") << 1 << ClusterParameters(StandardClusterParameters{5, 0, 100}) << QString();
+    QTest::newRow("two recordings") << 2 << ClusterParameters(StandardClusterParameters{2, 0, 100})
+                                    << QStringLiteral("left 16 (of 8), mean 32 (of 8)");
+    QTest::newRow("three recordings") << 3 << ClusterParameters(StandardClusterParameters{2, 0, 100})
+                                      << QStringLiteral("right 18 (of 12), left 54 (of 12), mean 162 (of 12)");
+    QTest::newRow("other methods") << 2 << ClusterParameters(MeanShiftClusterParameters{100, 0.25, 50, 9}) << QString();
+}
+
+void TestCumulativeClusters::missingClustersAreExplained()
+{
+    QFETCH(int, recordings);
+    QFETCH(ClusterParameters, parameters);
+    QFETCH(QString, eyes);
+    DataModel model = modelOf(QList<Examination>(recordings, examination(4, 4, 4)));
+    calculateCumulativeClusters(model, parameters);
+    const QString expected =
+        QStringLiteral("Eyes without a cumulative cluster, with the fixations that one cluster would need: %1. The "
+                       "standard method multiplies the minimum of 2 by the number of recordings, %2, anew for each "
+                       "eye. Choose a smaller minimum, fewer recordings, or another method.")
+            .arg(eyes)
+            .arg(recordings);
+    QCOMPARE(missingClusters(model, parameters).value_or(QString()), eyes.isEmpty() ? QString() : expected);
+}
+
+void TestCumulativeClusters::withoutFixationsNoClusterIsMissing()
+{
+    DataModel model = modelOf({Examination(), Examination()});
+    const RecordedMessages messages;
+    calculateCumulativeClusters(model, StandardClusterParameters{2, 0, 100});
+    QVERIFY(!missingClusters(model, StandardClusterParameters{2, 0, 100}));
 }
 
 void TestCumulativeClusters::oneExaminationKeepsTheMinimum()

@@ -105,10 +105,12 @@ void CommandCalculateCumulativeClusters::redo()
     }
     calculateCumulativeClusters(m_model, m_parameters);
     const qsizetype checked = m_model.checkedExaminations().size();
+    QStringList warnings;
+    if (const auto missing = missingClusters(m_model, m_parameters))
+        warnings << *missing;
     const auto count = [this](Eye eye) { return clusterCount(std::as_const(m_model).pooled(eye)); };
     if (m_window && checked > 0)
         m_window->tell({countText(QLatin1StringView("Cumulative clusters"), checked,
                                   {count(Eye::Left), count(Eye::Right), count(Eye::Mean)}),
-                        {},
-                        DataKind::Clusters});
+                        warnings, DataKind::Clusters});
 }
