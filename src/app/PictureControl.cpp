@@ -15,6 +15,7 @@
 #include "model/PictureFile.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredKeys.h"
+#include "visualization/modes/Picture.h"
 #include "visualization/panel/VisualizationAOIWidget.h"
 #include "visualization/panel/VisualizationSaccadeClustersWidget.h"
 #include "visualization/panel/VisualizationWidget.h"
@@ -202,7 +203,29 @@ void PictureControl::sltUpdateBorder()
 
 void PictureControl::sltFitToScreen()
 {
-    m_form.visualization->fit(m_backgroundPixmap.rect());
+    m_form.visualization->fit(areaToShow());
+}
+
+QRectF PictureControl::areaToShow() const
+{
+    const QRectF picture = m_backgroundPixmap.rect();
+    return m_hasChart ? picture | m_scene.itemsBoundingRect() : picture;
+}
+
+/// A chart that comes out of sight is shown once; when it goes, the view goes back unless it was moved.
+void PictureControl::followChart()
+{
+    const bool hadChart = std::exchange(m_hasChart, hasChart(context()));
+    if (hadChart == m_hasChart)
+        return;
+    const QGraphicsView &view = *m_form.visualization;
+    const QRectF seen = view.mapToScene(view.viewport()->rect()).boundingRect();
+    if (m_hasChart && !seen.contains(areaToShow())) {
+        sltFitToScreen();
+        m_chartView = view.viewportTransform();
+    } else if (!m_hasChart && view.viewportTransform() == m_chartView) {
+        sltFitToScreen();
+    }
 }
 
 void PictureControl::sltOriginalSize()
@@ -272,6 +295,7 @@ void PictureControl::redraw()
     const DrawnScene drawn = runDrawingPass(m_scene, m_model, context(), layers(saliency));
     m_background = drawn.background;
     m_figures = drawn.figures;
+    followChart();
     m_form.control->saccadeClustersWidget().adoptGroup(drawn.saccadeClusters);
     const auto panels = m_form.control->visualizationWidgets();
     for (const HeatmapFigures &figures : drawn.figures)

@@ -12,6 +12,7 @@
 
 #include <QObject>
 #include <QPixmap>
+#include <QTransform>
 
 class QGraphicsPixmapItem;
 class Timeline;
@@ -59,6 +60,7 @@ public Q_SLOTS:
     void sltUpdateBorder();
     void sltCutData(int state);
     void sltImportPicture();
+    /// The picture, and a chart where one stands beside it.
     void sltFitToScreen();
     void sltOriginalSize();
     /// Recordings were imported: outliers, time span and picture follow.
@@ -83,6 +85,8 @@ private:
     void followPicture(const QString &path);
     void cutOrRestoreOutliers();
     void followCommands(int index);
+    QRectF areaToShow() const;
+    void followChart();
     QImage saliencyOverlay();
     SceneLayers layers(const QImage &saliency) const;
     Timeline &timeline() const;
@@ -101,6 +105,8 @@ private:
     SaliencyOverlay m_saliency;
     int m_commandIndex;                ///< on the undo stack, when it was last followed
     int m_holds = 0;                   ///< not drawn while there are any
+    bool m_hasChart = false;           ///< beside the picture
+    QTransform m_chartView;            ///< of the view, when it was last fitted to show a chart
     bool m_isMissed = false;           ///< a redraw, meanwhile
     bool m_toldMissingPicture = false; ///< that saliency needs one
     bool m_skipOutlierCut = true;      ///< false while the next background has to cut or restore the outliers

@@ -30,6 +30,8 @@ private Q_SLOTS:
 
     void chartStandsBesideTheCanvas_data();
     void chartStandsBesideTheCanvas();
+    void aChartThatComesIsSeen_data();
+    void aChartThatComesIsSeen();
     void emptyChartIsToldOnDemandOnly();
     void diagramIsShownAndWritten();
     void savedPictureIsTold();
@@ -50,6 +52,11 @@ private:
         find<QAbstractButton>("visAOIWidget", "stat_calc")->click();
     }
     void makeAreas() const { find<QAbstractButton>("addAOI_grid")->click(); }
+    QRectF seen() const
+    {
+        const auto *view = find<QGraphicsView>("visualization");
+        return view->mapToScene(view->viewport()->rect()).boundingRect();
+    }
     double rightEdge() const { return find<QGraphicsView>("visualization")->scene()->itemsBoundingRect().right(); }
     static add_diagram *shownDiagram()
     {
@@ -60,6 +67,9 @@ private:
         }
         return nullptr;
     }
+
+    static constexpr QRectF picturePlace{0, 0, 2560, 1600};
+    static constexpr QRectF chart{2560, 0, 2401, 1000};
 
     QList<QUrl> m_pages;
 };
@@ -82,6 +92,57 @@ void TestChartsInWindow::chartStandsBesideTheCanvas()
     drawAreas(mode);
     QVERIFY(rightEdge() > 4900);
     QVERIFY(!m_messages->texts().contains(QStringLiteral("|No fixations available")));
+}
+
+void TestChartsInWindow::aChartThatComesIsSeen_data()
+{
+    QTest::addColumn<QString>("panel");
+    QTest::addColumn<int>("mode");
+    const auto rows = [](const char *panel, std::initializer_list<int> modes) {
+        for (const int mode : modes)
+            QTest::addRow("%s, mode %d", panel, mode) << QString::fromLatin1(panel) << mode;
+    };
+    rows("fixation_widget", {5, 6});
+    rows("saccade_widget", {5, 6, 7});
+    rows("visAOIWidget", {4, 5, 6, 7});
+}
+
+/// It comes beside the picture, where nobody looks.
+void TestChartsInWindow::aChartThatComesIsSeen()
+{
+    QFETCH(QString, panel);
+    QFETCH(int, mode);
+    importExamples();
+    calculateFixations();
+    makeAreas();
+    const auto draw = [&](int number) {
+        auto *form = find<QWidget>(panel.toLatin1());
+        form->findChild<QComboBox *>(QStringLiteral("comboBox_vismode"))->setCurrentIndex(number);
+        const bool isOfAreas = panel == QStringLiteral("visAOIWidget");
+        form->findChild<QAbstractButton *>(isOfAreas ? QStringLiteral("stat_calc") : QStringLiteral("start_calc"))
+            ->click();
+    };
+    draw(0);
+    find<QAbstractButton>("fitToScreenButton")->click();
+    const QRectF before = seen();
+    QVERIFY(!seen().contains(chart));
+    draw(mode);
+    QVERIFY(seen().contains(chart) && seen().contains(picturePlace));
+    draw(0);
+    QVERIFY(seen().contains(picturePlace));
+    QCOMPARE(seen().size(), before.size()); // as it was
+
+    draw(mode);
+    auto *view = find<QGraphicsView>("visualization");
+    view->scale(5, 5);
+    const QTransform own = view->transform();
+    draw(mode);
+    QCOMPARE(view->transform(), own); // only once
+    draw(0);
+    QCOMPARE(view->transform(), own);
+    draw(mode);
+    find<QAbstractButton>("fitToScreenButton")->click();
+    QVERIFY(seen().contains(chart) && seen().contains(picturePlace));
 }
 
 void TestChartsInWindow::emptyChartIsToldOnDemandOnly()

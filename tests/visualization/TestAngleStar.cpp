@@ -29,7 +29,7 @@ private Q_SLOTS:
     void opacityIsTakenAsItIs();
     void barsStandOutWithFactoryValues();
     void recordingsArePooledButNotLinked();
-    void eyesHaveAChartEach();
+    void eyesHaveTheirBarsOnOneFrame();
     void nothingWithoutSaccades();
 };
 
@@ -330,7 +330,8 @@ void TestAngleStar::recordingsArePooledButNotLinked()
     QCOMPARE(std::get<LineShape>(drawing.last()).line.length(), 0.0);
 }
 
-void TestAngleStar::eyesHaveAChartEach()
+/// On the discs of the first of them, which would be covered by others.
+void TestAngleStar::eyesHaveTheirBarsOnOneFrame()
 {
     Examination examination = examinationWith({10, 50}, {20, 40});
     toy::Scenery scenery = sceneryOf({examination});
@@ -338,10 +339,18 @@ void TestAngleStar::eyesHaveAChartEach()
     examination.rightEye.scanpath = examinationWith({30, 90}, {20, 100}).leftEye.scanpath;
     scenery.model.examinations() = {examination};
     const Drawing both = pictureOf(scenery.context()).drawing;
-    QCOMPARE(both.size(), qsizetype(2 * (10 + 8 + 4)));
+    QCOMPARE(both.size(), qsizetype(10 + 8 + 4 + 4));
+    scenery.eyeMode = EyeMode::showLeft;
+    scenery.saccades.fillColorLeft = scenery.saccades.fillColor;
+    QCOMPARE(toText(both.mid(0, 22)), toText(pictureOf(scenery.context()).drawing));
     scenery.eyeMode = EyeMode::showRight;
     scenery.saccades.fillColorRight = scenery.saccades.fillColor;
-    QCOMPARE(toText(both.mid(22)), toText(pictureOf(scenery.context()).drawing)); // on top
+    const Drawing right = pictureOf(scenery.context()).drawing;
+    QCOMPARE(toText(both.mid(22)), toText(right.mid(18))); // on top
+    examination.leftEye.scanpath.clear();
+    scenery.model.examinations() = {examination};
+    scenery.eyeMode = EyeMode::showAll;
+    QCOMPARE(toText(pictureOf(scenery.context()).drawing), toText(right)); // with the frame, since there is none below
 }
 
 void TestAngleStar::nothingWithoutSaccades()

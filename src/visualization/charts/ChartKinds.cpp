@@ -13,16 +13,21 @@ using Text = QLatin1StringView;
 using Owner = ChartOwner;
 
 constexpr ChartKind kinds[] = {
-    {Text("saccades"), Text("Saccade histogram"), saccadeChart, Owner::Saccades},
-    {Text("saccades-by-eye"), Text("Saccade histogram separated"), saccadesByEyeChart, Owner::Saccades},
-    {Text("saccades-and-fixations"), Text("Saccade and fixation histogram"), saccadesAndFixationsChart,
-     Owner::Saccades},
-    {Text("fixations"), Text("Fixation histogram"), fixationChart, Owner::Fixations},
-    {Text("fixations-by-eye"), Text("Fixation histogram separated"), fixationsByEyeChart, Owner::Fixations},
-    {Text("aoi-transitions"), Text("Time dependent transitions"), aoiTransitionChart, Owner::Areas},
-    {Text("aoi-fixations"), Text("Fixations over time"), aoiFixationChart, Owner::Areas},
-    {Text("aoi-transitions-by-pair"), Text("Transitions over time"), aoiTransitionPairChart, Owner::Areas},
-    {Text("aoi-fixation-shares"), Text("Fixations relative to time window"), aoiFixationShareChart, Owner::Areas},
+    {Text("saccades"), Text("Saccade histogram"), saccadeChart, Owner::Saccades, drawnChart<saccadeChart>},
+    {Text("saccades-by-eye"), Text("Saccade histogram separated"), saccadesByEyeChart, Owner::Saccades,
+     drawnChart<saccadesByEyeChart>},
+    {Text("saccades-and-fixations"), Text("Saccade and fixation histogram"), saccadesAndFixationsChart, Owner::Saccades,
+     drawnChart<saccadesAndFixationsChart>},
+    {Text("fixations"), Text("Fixation histogram"), fixationChart, Owner::Fixations, drawnChart<fixationChart>},
+    {Text("fixations-by-eye"), Text("Fixation histogram separated"), fixationsByEyeChart, Owner::Fixations,
+     drawnChart<fixationsByEyeChart>},
+    {Text("aoi-transitions"), Text("Time dependent transitions"), aoiTransitionChart, Owner::Areas,
+     drawnChart<aoiTransitionChart>},
+    {Text("aoi-fixations"), Text("Fixations over time"), aoiFixationChart, Owner::Areas, drawnChart<aoiFixationChart>},
+    {Text("aoi-transitions-by-pair"), Text("Transitions over time"), aoiTransitionPairChart, Owner::Areas,
+     drawnChart<aoiTransitionPairChart>},
+    {Text("aoi-fixation-shares"), Text("Fixations relative to time window"), aoiFixationShareChart, Owner::Areas,
+     drawnChart<aoiFixationShareChart>},
 };
 
 ChartStyle styleOf(const VisualizationParameters &record)

@@ -18,6 +18,7 @@ struct ChartKind {
     QLatin1StringView title; ///< of what the user is told
     Chart (*build)(const DrawingContext &);
     ChartOwner owner;
+    Drawing (*draw)(const DrawingContext &); ///< as the records of the context want it
 };
 
 std::span<const ChartKind> chartKinds();

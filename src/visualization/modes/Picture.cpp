@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "visualization/modes/Picture.h"
 
+#include "visualization/charts/ChartKinds.h"
 #include "visualization/heatmap/Heatmap.h"
 #include "visualization/modes/AoiModes.h"
 #include "visualization/modes/DistinctShapes.h"
 #include "visualization/modes/DrawingModes.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -49,6 +52,12 @@ void addPooled(Picture &picture, DataKind kind, const DrawingContext &context)
         addHeatmap(picture, kind, heatmapOf(kind, context, *look));
 }
 
+bool isChart(const ModeBuild &build)
+{
+    return std::any_of(chartKinds().begin(), chartKinds().end(),
+                       [&](const ChartKind &kind) { return build == ModeBuild(PooledBuild(kind.draw)); });
+}
+
 } // namespace
 
 Picture pictureOf(const DrawingContext &context)
@@ -65,4 +74,13 @@ Picture pictureOf(const DrawingContext &context)
         addPooled(picture, kind, context);
     picture.drawing << aoiDrawing(context);
     return picture;
+}
+
+bool hasChart(const DrawingContext &context)
+{
+    if (std::any_of(allDataKinds.begin(), allDataKinds.end(),
+                    [&](DataKind kind) { return isChart(buildOf(kind, context.of(kind))); }))
+        return true;
+    const AoiMode *mode = aoiMode(context.areas.drawMode);
+    return mode && mode->options.testFlag(AoiModeOption::TimeWindow) && !context.model.checkedAois().isEmpty();
 }

@@ -14,3 +14,6 @@ struct Picture {
 /// The checked examinations in the modes of the records: first examination by examination, then eye by eye, then what
 /// pools them all, and the areas of interest on top.
 Picture pictureOf(const DrawingContext &context);
+
+/// Whether a chart is part of it, which stands beside the canvas.
+bool hasChart(const DrawingContext &context);

@@ -104,9 +104,30 @@ QColor barColor(EyeMode mode, const VisualizationParameters &parameters)
     return mode == EyeMode::showMean ? QColor() : fillColorOf(parameters, colorEyeOf(mode));
 }
 
+QList<double> vectorsOf(const QList<ExaminationEye> &pass, TimeFrame frame)
+{
+    QList<double> triples;
+    for (const ExaminationEye &each : pass)
+        triples << saccadeVectors(each.stream(), frame);
+    return triples;
+}
+
+/// That of a pass before this one, unless it has no saccades.
+StarFrame frameFor(Eye eye, const DrawingContext &context)
+{
+    for (const QList<ExaminationEye> &pass : passesToDraw(context.model.checkedExaminations(), context.eyeMode)) {
+        if (pass.first().eye == eye)
+            break;
+        if (!vectorsOf(pass, context.frame).isEmpty())
+            return StarFrame::Below;
+    }
+    return StarFrame::Drawn;
+}
+
 } // namespace
 
-Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const VisualizationParameters &parameters)
+Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const VisualizationParameters &parameters,
+                       StarFrame frame)
 {
     constexpr int opaque = 255;
     QColor translucent = color;
@@ -116,7 +137,7 @@ Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const Vis
     for (const StarMeasure &measure : measures) {
         if (!(parameters.*measure.isShown))
             continue;
-        if (drawing.isEmpty())
+        if (drawing.isEmpty() && frame == StarFrame::Drawn)
             drawing << discs() << spokes(count, parameters.angleOffset);
         const int shift = truncated(measure.thirds * binDegrees(count) / 3);
         const QPen pen(translucent, std::max(0, parameters.borderWidth), measure.line);
@@ -127,12 +148,10 @@ Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const Vis
 
 Drawing angleStarOfPass(const QList<ExaminationEye> &pass, const DrawingContext &context)
 {
-    QList<double> triples;
-    for (const ExaminationEye &each : pass)
-        triples << saccadeVectors(each.stream(), context.frame);
+    const QList<double> triples = vectorsOf(pass, context.frame);
     if (triples.isEmpty())
         return {};
     const VisualizationParameters &parameters = context.of(DataKind::Saccades);
     return angleStarChart(angleStarBins(triples, parameters.numberOfHistogramBins),
-                          barColor(context.eyeMode, parameters), parameters);
+                          barColor(context.eyeMode, parameters), parameters, frameFor(pass.first().eye, context));
 }
