@@ -369,9 +369,13 @@ void TestSaccadeClusterControl::statusIsReadableInADarkTheme_data()
 {
     QTest::addColumn<QString>("state");
     QTest::addColumn<QColor>("text");
-    QTest::newRow("not calculated") << QStringLiteral("n") << QColor(Qt::black);
-    QTest::newRow("changed") << QStringLiteral("c") << QColor(Qt::black);
-    QTest::newRow("done") << QStringLiteral("d") << QColor(Qt::white);
+    QTest::addColumn<QString>("sheet"); // of the program; without one the theme is a palette
+    for (const QString &sheet : {QString(), QStringLiteral("QWidget { background: #282828; color: #c8d2dc; }")}) {
+        const char *theme = sheet.isEmpty() ? "palette" : "style sheet";
+        QTest::addRow("not calculated, %s", theme) << QStringLiteral("n") << QColor(Qt::black) << sheet;
+        QTest::addRow("changed, %s", theme) << QStringLiteral("c") << QColor(Qt::black) << sheet;
+        QTest::addRow("done, %s", theme) << QStringLiteral("d") << QColor(Qt::white) << sheet;
+    }
 }
 
 /// The grounds are those of the state in every theme, so that the text cannot be that of the theme.
@@ -379,12 +383,19 @@ void TestSaccadeClusterControl::statusIsReadableInADarkTheme()
 {
     QFETCH(QString, state);
     QFETCH(QColor, text);
+    QFETCH(QString, sheet);
     const QPalette before = QApplication::palette();
-    const auto restore = qScopeGuard([before] { QApplication::setPalette(before); });
+    const auto restore = qScopeGuard([before] {
+        QApplication::setPalette(before);
+        qApp->setStyleSheet(QString());
+    });
     QPalette dark(QColor(40, 40, 40));
     const QColor ofTheTheme(200, 210, 220);
     dark.setColor(QPalette::WindowText, ofTheTheme);
-    QApplication::setPalette(dark);
+    if (sheet.isEmpty())
+        QApplication::setPalette(dark);
+    qApp->setStyleSheet(sheet);
+    init(); // a panel that begins with it
     if (state == QStringLiteral("d"))
         click();
     else if (state == QStringLiteral("c"))
