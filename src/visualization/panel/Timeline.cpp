@@ -80,20 +80,11 @@ void paintFocus(QPainter &painter, const QRect &handle)
     paintOutline(painter, handle.adjusted(1, 1, -1, -1), focusColor, 2);
 }
 
-/// Ticks stand on the lower edge or, where a label is in their way, on the label: a shorter one is half as high then.
-void paintTicks(QPainter &painter, const QList<TimeTick> &ticks, int height, const QList<QRect> &texts)
+void paintTicks(QPainter &painter, const QList<TimeTick> &ticks, int height)
 {
-    constexpr int gap = 4; // a tick close behind a text reads as a letter
     for (const TimeTick &tick : ticks) {
-        const int highest = height - height / 3;
-        int foot = height;
-        for (const QRect &text : texts) {
-            if (text.bottom() > highest && text.left() - gap <= tick.pixel && tick.pixel <= text.right() + gap)
-                foot = std::min(foot, text.top());
-        }
-        const int lower = foot < height ? foot - (foot - highest) / 2 : height - height / 6;
-        const int top = tick.isLabelled ? highest : lower;
-        painter.fillRect(tick.pixel, top, 1, foot - top, tickColor);
+        const int length = height / (tick.isLabelled ? 3 : 6);
+        painter.fillRect(tick.pixel, height - length, 1, length, tickColor);
     }
 }
 
@@ -295,14 +286,10 @@ void Timeline::paintEvent(QPaintEvent *)
     paintFrame(painter, frame, m_enabled ? activeColors : greyColors);
     if (hasFocus())
         paintFocus(painter, handleRect(frame, m_focusedHandle));
+    paintTicks(painter, ticks, height());
     painter.setFont(fittingFont(font()));
     painter.setPen(Qt::black);
-    const QList<TimeLabel> labels = timeLabels(m_scale, size(), painter.fontMetrics());
-    QList<QRect> texts;
-    for (const TimeLabel &label : labels)
-        texts << textArea(label, painter.fontMetrics());
-    paintTicks(painter, ticks, height(), texts);
-    for (const TimeLabel &label : labels)
+    for (const TimeLabel &label : timeLabels(m_scale, size(), painter.fontMetrics()))
         painter.drawText(label.box, static_cast<int>(label.alignment) | Qt::TextDontClip, label.text);
 }
 

@@ -66,17 +66,6 @@ QList<TimeLabel> upperLabels(const TimeScale &scale, int stripWidth, const QFont
 
 } // namespace
 
-QRect textArea(const TimeLabel &label, const QFontMetrics &font)
-{
-    QRect area(QPoint(), QSize(font.horizontalAdvance(label.text), font.height()));
-    area.moveCenter(label.box.center());
-    if (label.alignment.testFlag(Qt::AlignLeft))
-        area.moveLeft(label.box.left());
-    else if (label.alignment.testFlag(Qt::AlignRight))
-        area.moveRight(label.box.right());
-    return area;
-}
-
 QString frameText(const TimeScale &scale)
 {
     return text::timeText(scale.startMs()) + QStringLiteral(" - ") + text::timeText(scale.endMs());

@@ -16,9 +16,6 @@ struct TimeLabel {
     bool operator==(const TimeLabel &) const = default;
 };
 
-/// Where the text of the label stands in its box.
-QRect textArea(const TimeLabel &label, const QFontMetrics &font);
-
 /// The chosen frame in words.
 QString frameText(const TimeScale &scale);
 
