@@ -20,8 +20,6 @@ private Q_SLOTS:
     void shapeOptions_data();
     void shapeOptions();
     void deviationsAsABand();
-    void hiddenAreasShowTheirOutlines();
-    void labelsOfTheScaleHaveGround();
     void stackedCurves();
     void stackedOutlinesStandAlone();
     void legend();
@@ -206,44 +204,6 @@ void TestChartDrawing::deviationsAsABand()
     QVERIFY(std::abs(band[3999 - 100].y() - (800 - 100 / 1999.0 * 800 + 80)) < 1e-9);
     QCOMPARE(band[3999 - 100].x(), band[100].x());
     QCOMPARE(curveIn(chartDrawing(chart, plainStyle)).size(), 2002); // no part of filled curves
-}
-
-/// The lower curve fills its area over that of the higher one, or the other way round.
-void TestChartDrawing::hiddenAreasShowTheirOutlines()
-{
-    const QList<PolygonShape> shapes = all<PolygonShape>(chartDrawing(rampChart(3), plainStyle));
-    QCOMPARE(shapes.size(), 1 + 3 + 2); // ground, areas, outlines of the first two
-    for (qsizetype i = 0; i < 2; ++i) {
-        const PolygonShape &outline = shapes[4 + i];
-        QCOMPARE(outline.polygon, shapes[1 + i].polygon);
-        QCOMPARE(outline.pen, QPen(QColor(10, 20, int(i)), 2));
-        QCOMPARE(outline.brush, QBrush(Qt::NoBrush));
-        QCOMPARE(outline.toolTip, QStringLiteral("curve %1").arg(i));
-    }
-    Chart stacked = rampChart(3);
-    stacked.isStacked = true;
-    QCOMPARE(all<PolygonShape>(chartDrawing(stacked, plainStyle)).size(), 1 + 3); // each part is in sight
-    QCOMPARE(all<PolygonShape>(chartDrawing(rampChart(3), {.linesOnly = true, .legend = false})).size(), 1 + 3);
-}
-
-/// Below all else, so that no label of time is covered.
-void TestChartDrawing::labelsOfTheScaleHaveGround()
-{
-    const Drawing drawing = chartDrawing(rampChart(), plainStyle);
-    const QList<TextGroundShape> grounds = all<TextGroundShape>(drawing);
-    QStringList texts;
-    for (const TextGroundShape &ground : grounds) {
-        QCOMPARE(ground.brush, QBrush(Qt::white));
-        texts << toText({ground.text});
-    }
-    QStringList labels;
-    for (const TextShape &label : all<TextShape>(drawing)) {
-        if (label.anchor == TextAnchor::Beside)
-            labels << toText({label});
-    }
-    QCOMPARE(texts, labels);
-    for (qsizetype i = 0; i < grounds.size(); ++i)
-        QVERIFY(std::holds_alternative<TextGroundShape>(drawing[1 + i]));
 }
 
 void TestChartDrawing::stackedCurves()

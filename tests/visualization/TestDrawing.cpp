@@ -25,7 +25,6 @@ void TestDrawing::oneShapeALine()
         LineShape{{{0, 0}, {1, 1}}, QPen(Qt::black, 2.5), QStringLiteral("a\r\nb")},
         TextShape{{1.5, -2}, QStringLiteral("14.4°"), QFont(QStringLiteral("Arial"), 30), Qt::blue},
         TextShape{{1, 2}, QStringLiteral("C0"), QFont(QStringLiteral("Arial"), 30), Qt::blue, TextAnchor::Middle},
-        TextGroundShape{{{1, 2}, QStringLiteral("C0"), QFont(QStringLiteral("Arial"), 30), Qt::blue}, Qt::white},
     };
     QCOMPARE(toText(drawing), QStringLiteral("ellipse 640 400 major 30 0.5 minor -0.25 20 pen #ff0000 3 "
                                              "brush #7f00ff00 tip a | b\n"
@@ -38,8 +37,7 @@ void TestDrawing::oneShapeALine()
                                              "line 0 0 to 1 1 pen #ff000000 1 style 4\n"
                                              "line 0 0 to 1 1 pen #ff000000 2.5 solid tip a | b\n"
                                              "text 1.5 -2 #0000ff font Arial 30 reads 14.4°\n"
-                                             "text middle 1 2 #0000ff font Arial 30 reads C0\n"
-                                             "ground #ffffff of text 1 2 #0000ff font Arial 30 reads C0\n"));
+                                             "text middle 1 2 #0000ff font Arial 30 reads C0\n"));
 }
 
 void TestDrawing::rastersWithOneDifferentPixelDiffer()

@@ -31,7 +31,6 @@ private Q_SLOTS:
     void heatmapsLieOverEachOther();
     void clustersFollowTheFixationsOfTheirExamination();
     void namesStandInTheMiddle();
-    void groundIsAsLargeAsItsText();
     void wholePicture();
     void angleStarPicture();
     void plainBackground();
@@ -309,21 +308,6 @@ void TestDrawingPass::namesStandInTheMiddle()
     QCOMPARE(items[0]->sceneBoundingRect().center().x(), 200.0);
     QCOMPARE(items[0]->pos().y(), 100.0);
     QCOMPARE(items[1]->pos(), QPointF(200, 100));
-}
-
-void TestDrawingPass::groundIsAsLargeAsItsText()
-{
-    const QFont font(QStringLiteral("Times New Roman"), 30);
-    const TextShape label{{200, 0}, QStringLiteral("93 sac"), font, Qt::black, TextAnchor::Beside};
-    QGraphicsScene scene;
-    addItems(scene, {TextGroundShape{label, Qt::white}, label});
-    const QList<QGraphicsItem *> items = scene.items(Qt::AscendingOrder);
-    QCOMPARE(items[0]->sceneBoundingRect(), items[1]->sceneBoundingRect());
-    QVERIFY(items[0]->sceneBoundingRect().top() < -10);
-    const auto *ground = qgraphicsitem_cast<QGraphicsRectItem *>(items[0]);
-    QVERIFY(ground);
-    QCOMPARE(ground->brush(), QBrush(Qt::white));
-    QCOMPARE(ground->pen().style(), Qt::NoPen);
 }
 
 void TestDrawingPass::wholePicture()

@@ -93,19 +93,6 @@ QList<ChartCurve> stacked(QList<ChartCurve> curves)
     return curves;
 }
 
-/// The outlines of all areas but the last, which would be hidden by those in front of them.
-Drawing outlinesOver(const Drawing &areas)
-{
-    constexpr double width = 2.0; // a wider one would hide bars of few bins
-    Drawing outlines = areas.mid(0, areas.size() - 1);
-    for (Shape &shape : outlines) {
-        auto &area = std::get<PolygonShape>(shape);
-        area.pen.setWidthF(width);
-        area.brush = Qt::NoBrush;
-    }
-    return outlines;
-}
-
 Drawing curveShapes(const Chart &chart, const ChartStyle &style)
 {
     Drawing drawing;
@@ -113,7 +100,7 @@ Drawing curveShapes(const Chart &chart, const ChartStyle &style)
         return drawing;
     for (const ChartCurve &curve : chart.isStacked && !style.linesOnly ? stacked(chart.curves) : chart.curves)
         drawing << PolygonShape{polygonOf(curve, chart.top, style), QPen(curve.color), QBrush(curve.color), curve.name};
-    return chart.isStacked || style.linesOnly ? drawing : drawing + outlinesOver(drawing);
+    return drawing;
 }
 
 // ---- axes and labels
@@ -140,35 +127,21 @@ Drawing timeAxisLabels(TimeFrame frame)
     return drawing;
 }
 
-TextShape valueLabel(const Chart &chart, int step)
-{
-    constexpr double labelLeft = 4810;
-    const double fraction = step / double(axisSteps);
-    return {{labelLeft, baseLine - fraction * baseLine},
-            text::general6(fraction * std::max(0.0, chart.labelAtTop)) + chart.unit,
-            labelFont(),
-            Qt::black,
-            TextAnchor::Beside};
-}
-
 Drawing valueLabels(const Chart &chart)
 {
+    constexpr double labelLeft = 4810;
     constexpr double gridRight = 4801;
     Drawing drawing;
     for (int step = 0; step <= axisSteps; ++step) {
-        const TextShape label = valueLabel(chart, step);
-        drawing << label << LineShape{{axisLeft, label.top.y(), gridRight, label.top.y()}, gridPen()};
+        const double fraction = step / double(axisSteps);
+        const double y = baseLine - fraction * baseLine;
+        drawing << TextShape{{labelLeft, y},
+                             text::general6(fraction * std::max(0.0, chart.labelAtTop)) + chart.unit,
+                             labelFont(),
+                             Qt::black,
+                             TextAnchor::Beside}
+                << LineShape{{axisLeft, y, gridRight, y}, gridPen()};
     }
-    return drawing;
-}
-
-/// Labels reach beyond the ground, the top one above it and long ones to the right: on a dark window they would be
-/// lost.
-Drawing groundOfLabels(const Chart &chart)
-{
-    Drawing drawing;
-    for (int step = 0; step <= axisSteps; ++step)
-        drawing << TextGroundShape{valueLabel(chart, step), QBrush(Qt::white)};
     return drawing;
 }
 
@@ -221,6 +194,6 @@ Drawing groundFor(qsizetype names)
 Drawing chartDrawing(const Chart &chart, const ChartStyle &style)
 {
     const QList<ChartCurve> named = style.legend && chart.curves.size() > 1 ? chart.curves : QList<ChartCurve>();
-    return groundFor(named.size()) + groundOfLabels(chart) + curveShapes(chart, style) + axes() +
-           timeAxisLabels(chart.frame) + valueLabels(chart) + legend(named);
+    return groundFor(named.size()) + curveShapes(chart, style) + axes() + timeAxisLabels(chart.frame) +
+           valueLabels(chart) + legend(named);
 }

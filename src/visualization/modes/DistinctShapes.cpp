@@ -35,11 +35,6 @@ std::size_t hashOf(const TextShape &shape)
     return qHashMulti(0, shape.top.x(), shape.top.y(), shape.text);
 }
 
-std::size_t hashOf(const TextGroundShape &shape)
-{
-    return hashOf(shape.text);
-}
-
 std::size_t hashOf(const PolygonShape &shape)
 {
     const QPointF center = shape.polygon.boundingRect().center();

@@ -49,30 +49,17 @@ void addItem(QGraphicsScene &scene, const LineShape &shape)
     scene.addLine(shape.line, shape.pen)->setToolTip(shape.toolTip);
 }
 
-void place(QGraphicsTextItem &item, const TextShape &shape)
-{
-    const QSizeF size = item.boundingRect().size();
-    const bool isCentered = shape.anchor == TextAnchor::Middle || shape.anchor == TextAnchor::Center;
-    const bool isBeside = shape.anchor == TextAnchor::Beside || shape.anchor == TextAnchor::Center;
-    const double left = isCentered ? size.width() * 0.5 : 0;
-    const double above = isBeside ? size.height() * 0.5 : 0;
-    item.setPos(shape.top - QPointF(left, above));
-}
-
 void addItem(QGraphicsScene &scene, const TextShape &shape)
 {
     QGraphicsTextItem *item = scene.addText(shape.text, shape.font);
     item->setDefaultTextColor(shape.color);
     item->setAcceptHoverEvents(false); // the mouse on a name is on its area
-    place(*item, shape);
-}
-
-void addItem(QGraphicsScene &scene, const TextGroundShape &shape)
-{
-    QGraphicsTextItem measure(shape.text.text);
-    measure.setFont(shape.text.font);
-    place(measure, shape.text);
-    scene.addRect(measure.sceneBoundingRect(), Qt::NoPen, shape.brush);
+    const QSizeF size = item->boundingRect().size();
+    const bool isCentered = shape.anchor == TextAnchor::Middle || shape.anchor == TextAnchor::Center;
+    const bool isBeside = shape.anchor == TextAnchor::Beside || shape.anchor == TextAnchor::Center;
+    const double left = isCentered ? size.width() * 0.5 : 0;
+    const double above = isBeside ? size.height() * 0.5 : 0;
+    item->setPos(shape.top - QPointF(left, above));
 }
 
 /// Keeps a ribbon that is shown by its area, which may come before it or after it.

@@ -100,11 +100,6 @@ QString lineOf(const TextShape &shape)
                .arg(shape.text);
 }
 
-QString lineOf(const TextGroundShape &shape)
-{
-    return QStringLiteral("ground %1 of %2").arg(shape.brush.color().name(), lineOf(shape.text));
-}
-
 QString vertices(const QPolygonF &polygon)
 {
     QStringList texts;

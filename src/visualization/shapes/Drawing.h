@@ -85,14 +85,6 @@ struct TextShape {
     bool operator==(const TextShape &) const = default;
 };
 
-/// The ground of a text, a rectangle as large as its box.
-struct TextGroundShape {
-    TextShape text;
-    QBrush brush;
-
-    bool operator==(const TextGroundShape &) const = default;
-};
-
 /// A closed polygon.
 struct PolygonShape {
     QPolygonF polygon;
@@ -115,8 +107,8 @@ struct AreaShape {
     bool operator==(const AreaShape &) const = default;
 };
 
-using Shape = std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape, TextGroundShape,
-                           PolygonShape, AreaShape>;
+using Shape =
+    std::variant<EllipseShape, OvalShape, RasterShape, ArrowShape, LineShape, TextShape, PolygonShape, AreaShape>;
 
 /// A picture as data: shapes from back to front, in canvas pixels.
 using Drawing = QList<Shape>;
@@ -137,7 +129,6 @@ void addToolTipLine(Drawing &drawing, const QString &line);
 ///     text 10 20 #000000 font Arial 30 reads 14.4°
 ///     text middle 10 20 #000000 font Arial 30 reads C0
 ///     text beside 10 20 #000000 font Arial 30 reads 12 %
-///     ground #ffffff of text beside 10 20 #000000 font Arial 30 reads 12 %
 ///     polygon 10 20 30 40 50 60 pen #ff0000 1 brush #ffff0000 tip Transitions out ... shown on area 0
 ///     area 0 10 20 30 40 50 60 pen #0000ff 7 brush #800000ff tip Transitions (4):50%
 QString toText(const Drawing &drawing);
