@@ -66,7 +66,7 @@ std::optional<UsageError> ConvertRun::prepare()
         m_journal.addInput(m_options.layout, u"layout"_s);
     for (const QString &path : m_options.tables)
         m_used.insert(fileIdentity(path), path);
-    if (const auto problem = claimReport())
+    if (auto problem = claimReport())
         return problem;
     if (const auto problem = makeFolder(m_options.outputFolder))
         return UsageError{u"--out %1: %2"_s.arg(m_options.outputFolder, *problem)};

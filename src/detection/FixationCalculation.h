@@ -27,10 +27,7 @@ struct DetectionWarning {
     QString text;
 
     /// "S01, left eye: ..."
-    QString line() const
-    {
-        return recording.isEmpty() ? text : QStringLiteral("%1, %2: %3").arg(recording, eye, text);
-    }
+    QString line() const { return recording.isEmpty() ? text : QStringLiteral("%1, %2: %3").arg(recording, eye, text); }
 };
 
 /// What the detector did with the samples of one recording.
