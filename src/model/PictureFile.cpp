@@ -54,7 +54,7 @@ bool isWholeBmp(QByteArrayView bytes)
            static_cast<double>(bytes.size());
 }
 
-/// Blocks up to the end of the first picture's data (GIF89a specification, 1990).
+/// Blocks up to the end of the first picture's data (GIF89a, 1990).
 class GifBlocks {
 public:
     explicit GifBlocks(QByteArrayView bytes) : m_bytes(bytes) {}

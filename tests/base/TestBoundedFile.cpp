@@ -53,8 +53,7 @@ void TestBoundedFile::largerThanMemory()
     const QTemporaryDir folder;
     QFile file(folder.filePath(QStringLiteral("a")));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    if (!file.resize(20'000 * megabyte))
-        QSKIP("The file system has no files with holes.");
+    QVERIFY2(file.resize(20'000 * megabyte), qPrintable(file.errorString()));
     QCOMPARE(std::get<QString>(readBounded(file.fileName(), megabyte)), tooLarge);
 }
 
