@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 
 #include <algorithm>
 
@@ -43,10 +44,28 @@ QString fileIdentity(const QString &path)
     if (path.isEmpty())
         return {};
     const QFileInfo info(path);
-    if (info.exists())
-        return info.canonicalFilePath();
+    if (const QString file = info.canonicalFilePath(); !file.isEmpty()) // a pipe of the shell has none
+        return file;
     const QString folder = info.dir().canonicalPath();
     return folder.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : QDir(folder).filePath(info.fileName());
+}
+
+QList<QStringList> waysToOneFile(const QStringList &paths)
+{
+    QMap<QString, QStringList> ways;
+    QStringList files; // in the order in which they come
+    for (const QString &path : paths) {
+        const QString file = fileIdentity(path);
+        if (!ways.contains(file))
+            files << file;
+        ways[file] << path;
+    }
+    QList<QStringList> several;
+    for (const QString &file : std::as_const(files)) {
+        if (ways[file].size() > 1)
+            several << ways[file];
+    }
+    return several;
 }
 
 QString fileNameOf(const QString &path)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -16,6 +18,9 @@ std::optional<QString> placeInside(const QString &folder, const QString &name);
 /// A text that is the same for every way to a file, by links or other folders, whether it is there or will be. Empty
 /// for an empty path.
 QString fileIdentity(const QString &path);
+
+/// For each file to which several of the paths lead, these paths in their order.
+QList<QStringList> waysToOneFile(const QStringList &paths);
 
 /// The name of a file, whichever way its folders are separated: its path may be one of another system.
 QString fileNameOf(const QString &path);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/EffectChecks.h"
 
+#include "base/NamedPlace.h"
 #include "batch/CalculationRows.h"
 #include "batch/OptionTable.h"
 #include "batch/RecordingInput.h"
@@ -153,20 +154,21 @@ QStringList layoutWithoutTable(const BatchOptions &options)
 /// Files are told apart by what they are, whatever the way to them is called.
 QStringList repeatedRecordings(const BatchOptions &options)
 {
-    QMap<QString, QString> files;
-    QMap<QString, QString> names;
     QStringList lines;
-    for (const QString &path : options.recordings) {
-        const QFileInfo info(path);
-        const QString file = info.canonicalFilePath();
-        const QString name = info.completeBaseName();
-        if (!file.isEmpty() && files.contains(file))
-            lines << QStringLiteral("%1: the same recording as %2, it counts twice.").arg(path, files[file]);
-        else if (names.contains(name))
+    QStringList different = options.recordings;
+    for (const QStringList &ways : waysToOneFile(options.recordings)) {
+        for (qsizetype i = 1; i < ways.size(); ++i) {
+            lines << QStringLiteral("%1: the same recording as %2, it counts twice.").arg(ways[i], ways[i - 1]);
+            different.removeAt(different.lastIndexOf(ways[i]));
+        }
+    }
+    QMap<QString, QString> names;
+    for (const QString &path : std::as_const(different)) {
+        QString &before = names[QFileInfo(path).completeBaseName()];
+        if (!before.isNull())
             lines << QStringLiteral("%1: has the name of %2; tables tell them apart by their order only.")
-                         .arg(path, names[name]);
-        files.insert(file, path);
-        names.insert(name, path);
+                         .arg(path, before);
+        before = path;
     }
     return lines;
 }

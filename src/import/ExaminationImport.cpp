@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "import/ExaminationImport.h"
 
+#include "base/NamedPlace.h"
 #include "base/Progress.h"
 #include "base/SideBySide.h"
 #include "model/OutlierCut.h"
@@ -73,25 +74,15 @@ QStringList doubtsWithName(const ImportedFile &file)
 
 QStringList repeatedFiles(const QStringList &paths)
 {
-    QMap<QString, QStringList> namesOfFiles;
-    QStringList files; // in the order in which they come
-    for (const QString &path : paths) {
-        const QString file = QFileInfo(path).canonicalFilePath();
-        if (file.isEmpty()) // a pipe, such as the shell makes
-            continue;
-        if (!namesOfFiles.contains(file))
-            files << file;
-        namesOfFiles[file] << QFileInfo(path).fileName();
-    }
     QStringList lines;
-    for (const QString &file : std::as_const(files)) {
-        QStringList names = namesOfFiles[file];
-        const qsizetype count = names.size();
+    for (const QStringList &ways : waysToOneFile(paths)) {
+        QStringList names;
+        for (const QString &path : ways)
+            names << QFileInfo(path).fileName();
         names.removeDuplicates();
-        if (count > 1)
-            lines << QStringLiteral("%1: the same recording, it counts %2 times.")
-                         .arg(names.join(QStringLiteral(", ")))
-                         .arg(count);
+        lines << QStringLiteral("%1: the same recording, it counts %2 times.")
+                     .arg(names.join(QStringLiteral(", ")))
+                     .arg(ways.size());
     }
     return lines;
 }

@@ -101,6 +101,10 @@ void TestNamedPlace::oneFileByManyWays()
     QCOMPARE(identity("c/../c/new"), identity("c/new"));   // in a folder that will be
     QVERIFY(identity("a/new") != identity("new"));
     QVERIFY(fileIdentity(QString()).isEmpty());
+    const auto path = [&](const char *name) { return folder.filePath(QLatin1StringView(name)); };
+    QCOMPARE(waysToOneFile({path("new"), path("link"), path("a/b"), path("other"), path("a/../new"), path("link")}),
+             (QList<QStringList>{{path("new"), path("a/../new")}, {path("link"), path("a/b"), path("link")}}));
+    QCOMPARE(waysToOneFile({path("new"), path("other")}), QList<QStringList>());
 }
 
 QTEST_GUILESS_MAIN(TestNamedPlace)
