@@ -12,22 +12,23 @@ namespace {
 using Text = QLatin1StringView;
 using Owner = ChartOwner;
 
+template <Chart (*Build)(const DrawingContext &)>
+constexpr ChartKind rowOf(Text word, Text title, Owner owner)
+{
+    return {word, title, Build, owner, drawnChart<Build>};
+}
+
 constexpr ChartKind kinds[] = {
-    {Text("saccades"), Text("Saccade histogram"), saccadeChart, Owner::Saccades, drawnChart<saccadeChart>},
-    {Text("saccades-by-eye"), Text("Saccade histogram separated"), saccadesByEyeChart, Owner::Saccades,
-     drawnChart<saccadesByEyeChart>},
-    {Text("saccades-and-fixations"), Text("Saccade and fixation histogram"), saccadesAndFixationsChart, Owner::Saccades,
-     drawnChart<saccadesAndFixationsChart>},
-    {Text("fixations"), Text("Fixation histogram"), fixationChart, Owner::Fixations, drawnChart<fixationChart>},
-    {Text("fixations-by-eye"), Text("Fixation histogram separated"), fixationsByEyeChart, Owner::Fixations,
-     drawnChart<fixationsByEyeChart>},
-    {Text("aoi-transitions"), Text("Time dependent transitions"), aoiTransitionChart, Owner::Areas,
-     drawnChart<aoiTransitionChart>},
-    {Text("aoi-fixations"), Text("Fixations over time"), aoiFixationChart, Owner::Areas, drawnChart<aoiFixationChart>},
-    {Text("aoi-transitions-by-pair"), Text("Transitions over time"), aoiTransitionPairChart, Owner::Areas,
-     drawnChart<aoiTransitionPairChart>},
-    {Text("aoi-fixation-shares"), Text("Fixations relative to time window"), aoiFixationShareChart, Owner::Areas,
-     drawnChart<aoiFixationShareChart>},
+    rowOf<saccadeChart>(Text("saccades"), Text("Saccade histogram"), Owner::Saccades),
+    rowOf<saccadesByEyeChart>(Text("saccades-by-eye"), Text("Saccade histogram separated"), Owner::Saccades),
+    rowOf<saccadesAndFixationsChart>(Text("saccades-and-fixations"), Text("Saccade and fixation histogram"),
+                                     Owner::Saccades),
+    rowOf<fixationChart>(Text("fixations"), Text("Fixation histogram"), Owner::Fixations),
+    rowOf<fixationsByEyeChart>(Text("fixations-by-eye"), Text("Fixation histogram separated"), Owner::Fixations),
+    rowOf<aoiTransitionChart>(Text("aoi-transitions"), Text("Time dependent transitions"), Owner::Areas),
+    rowOf<aoiFixationChart>(Text("aoi-fixations"), Text("Fixations over time"), Owner::Areas),
+    rowOf<aoiTransitionPairChart>(Text("aoi-transitions-by-pair"), Text("Transitions over time"), Owner::Areas),
+    rowOf<aoiFixationShareChart>(Text("aoi-fixation-shares"), Text("Fixations relative to time window"), Owner::Areas),
 };
 
 ChartStyle styleOf(const VisualizationParameters &record)

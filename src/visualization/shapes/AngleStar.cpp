@@ -6,6 +6,7 @@
 #include "model/Canvas.h"
 #include "visualization/shapes/ShapeStyle.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -104,21 +105,16 @@ QColor barColor(EyeMode mode, const VisualizationParameters &parameters)
     return mode == EyeMode::showMean ? QColor() : fillColorOf(parameters, colorEyeOf(mode));
 }
 
-QList<double> vectorsOf(const QList<ExaminationEye> &pass, TimeFrame frame)
-{
-    QList<double> triples;
-    for (const ExaminationEye &each : pass)
-        triples << saccadeVectors(each.stream(), frame);
-    return triples;
-}
-
 /// That of a pass before this one, unless it has no saccades.
 StarFrame frameFor(Eye eye, const DrawingContext &context)
 {
+    const auto hasSaccades = [&](const ExaminationEye &each) {
+        return !saccadeVectors(each.stream(), context.frame).isEmpty();
+    };
     for (const QList<ExaminationEye> &pass : passesToDraw(context.model.checkedExaminations(), context.eyeMode)) {
         if (pass.first().eye == eye)
             break;
-        if (!vectorsOf(pass, context.frame).isEmpty())
+        if (std::any_of(pass.cbegin(), pass.cend(), hasSaccades))
             return StarFrame::Below;
     }
     return StarFrame::Drawn;
@@ -148,7 +144,9 @@ Drawing angleStarChart(const AngleStarBins &bins, const QColor &color, const Vis
 
 Drawing angleStarOfPass(const QList<ExaminationEye> &pass, const DrawingContext &context)
 {
-    const QList<double> triples = vectorsOf(pass, context.frame);
+    QList<double> triples;
+    for (const ExaminationEye &each : pass)
+        triples << saccadeVectors(each.stream(), context.frame);
     if (triples.isEmpty())
         return {};
     const VisualizationParameters &parameters = context.of(DataKind::Saccades);
