@@ -44,7 +44,7 @@ QString fileIdentity(const QString &path)
     if (path.isEmpty())
         return {};
     const QFileInfo info(path);
-    if (const QString file = info.canonicalFilePath(); !file.isEmpty()) // a pipe of the shell has none
+    if (QString file = info.canonicalFilePath(); !file.isEmpty()) // a pipe of the shell has none
         return file;
     const QString folder = info.dir().canonicalPath();
     return folder.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : QDir(folder).filePath(info.fileName());
