@@ -144,7 +144,8 @@ std::optional<ParameterValue> SettingRule::value(const QString &text) const
     }
     if (type == Type::Color) {
         const QColor color(text);
-        return color.isValid() ? std::optional<ParameterValue>(color.name()) : textIf(text.isEmpty() && mayBeEmpty);
+        const bool isKept = color.isValid() && color.alpha() == 255; // transparency is stored elsewhere or not at all
+        return isKept ? std::optional<ParameterValue>(color.name()) : textIf(text.isEmpty() && mayBeEmpty);
     }
     bool ok = false;
     const double read = type == Type::WholeNumber ? text.toInt(&ok) : text.toDouble(&ok);
@@ -186,7 +187,7 @@ QString SettingRule::expected() const
     case Type::Flag:
         return QStringLiteral("true or false");
     case Type::Color:
-        return QStringLiteral("a color such as #ff8000");
+        return QStringLiteral("an opaque color such as #ff8000");
     case Type::WholeNumber:
     case Type::Number:
         break;

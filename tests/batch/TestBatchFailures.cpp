@@ -92,7 +92,7 @@ void TestBatchFailures::refusedCalls_data()
     row("a radius below that of the panel", "--set Calculation/Fixation/Standard/MaximumRadius=-1 study/S01.data",
         "--set Calculation/Fixation/Standard/MaximumRadius=-1: not a whole number from 10 to 1000");
     row("a colour that is none", "--set Visualization/Fixation/FillColor=notacolor study/S01.data",
-        "--set Visualization/Fixation/FillColor=notacolor: not a color such as #ff8000");
+        "--set Visualization/Fixation/FillColor=notacolor: not an opaque color such as #ff8000");
     row("a settings file of which nothing applies", "--settings study/S01.set study/S01.data",
         "--settings study/S01.set: no line of it sets a key of this program; unknown are: picturename, picturepath, "
         "subjectID, dominant, group, expertise, age");

@@ -80,6 +80,7 @@ void TestSettingRules::values_data()
                                                            {"", "refused"}});
     rows("Visualization/Fixation/FillColor",
          {{"#0072b2", "#0072b2"}, {"red", "#ff0000"}, {"notacolor", "refused"}, {"", "refused"}});
+    rows("Visualization/Fixation/FillColor", {{"#ff0072b2", "#0072b2"}, {"#800072b2", "refused"}});
     rows("Visualization/Fixation/ACM_start_c1", {{"", ""}, {"notacolor", "refused"}});
     rows("Visualization/EyeMode", {{"4", "4"}, {"5", "refused"}, {"-1", "refused"}});
     rows("Visualization/Fixation/VisualizationMode", {{"6", "6"}, {"7", "refused"}});
@@ -118,7 +119,7 @@ void TestSettingRules::expectations()
     QCOMPARE(expected("Calculation/Cluster/Meanshift/Gradient"),
              QStringLiteral("a number with a decimal point from 0.01 to 1"));
     QCOMPARE(expected("CorrectionModule/width"), QStringLiteral("a whole number"));
-    QCOMPARE(expected("Visualization/Fixation/FillColor"), QStringLiteral("a color such as #ff8000"));
+    QCOMPARE(expected("Visualization/Fixation/FillColor"), QStringLiteral("an opaque color such as #ff8000"));
     QCOMPARE(expected("Statistics/General/HGA"), QStringLiteral("true or false"));
 }
 
