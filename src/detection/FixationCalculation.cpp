@@ -69,8 +69,8 @@ QString parameterText(const VelocityParameters &parameters)
 
 QString resultText(const FixationCalculationParameters &parameters, const Examination &examination)
 {
-    return std::visit([](const auto &p) { return parameterText(p); }, parameters) +
-           QStringLiteral("Fixations found:\n Left Eye:%1, Right Eye:%2, Mean Eye:%3\n")
+    return std::visit([](const auto &p) { return parameterText(p); }, parameters) + QString(fixationsFoundLine) +
+           QStringLiteral(" Left Eye:%1, Right Eye:%2, Mean Eye:%3\n")
                .arg(examination.leftEye.scanpath.size())
                .arg(examination.rightEye.scanpath.size())
                .arg(examination.meanEye.scanpath.size());

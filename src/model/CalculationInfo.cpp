@@ -3,6 +3,11 @@
 
 #include <utility>
 
+QString CalculationInfo::fixationParameters() const
+{
+    return fixationCalculationInfo.section(fixationsFoundLine, 0, 0) + fixationRemark;
+}
+
 QString CalculationInfo::report() const
 {
     const std::pair<QLatin1StringView, QString> sections[] = {

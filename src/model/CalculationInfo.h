@@ -3,6 +3,9 @@
 
 #include <QString>
 
+/// The line before the numbers of fixations in the text on their calculation.
+inline constexpr QLatin1StringView fixationsFoundLine{"Fixations found:\n"};
+
 /// How the data of an examination was last processed and drawn, in words for the user.
 struct CalculationInfo {
     /// All seven texts with their captions, as shown on a double click in the table.
@@ -10,6 +13,9 @@ struct CalculationInfo {
 
     /// How the fixations were calculated, with what is to be known beside it.
     QString fixationLines() const { return fixationCalculationInfo + fixationRemark; }
+
+    /// The same without the numbers of fixations, which differ between recordings of one calculation.
+    QString fixationParameters() const;
 
     bool operator==(const CalculationInfo &) const = default;
 

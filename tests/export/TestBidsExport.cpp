@@ -273,7 +273,7 @@ void TestBidsExport::parametersOfAllRecordings()
     for (const char *duration : {"80", "80", "120", "80"}) {
         model.examinations() << person(QStringLiteral("1"), QStringLiteral("r"));
         model.examinations().last().calculationInfo.fixationCalculationInfo =
-            QStringLiteral("Minimum Duration:%1\nFixations found: 7\n").arg(QLatin1StringView(duration));
+            QStringLiteral("Minimum Duration:%1\nFixations found:\n Left Eye:7\n").arg(QLatin1StringView(duration));
     }
     const auto written = [&]() -> QJsonValue {
         exportBids(model, {folder.path(), QStringLiteral("p"), EyeMode::showLeft}, {});
@@ -285,6 +285,10 @@ void TestBidsExport::parametersOfAllRecordings()
     QCOMPARE(written(), QJsonValue(QJsonArray{first, QStringLiteral("Minimum Duration:120")}));
     model.examinations()[2].calculationInfo.fixationCalculationInfo.clear();
     QCOMPARE(written(), QJsonValue(first));
+    for (Examination &examination : model.examinations())
+        examination.calculationInfo.fixationRemark = QStringLiteral("Other fixations.\n");
+    model.examinations()[2].calculationInfo = model.examinations()[0].calculationInfo;
+    QCOMPARE(written(), QJsonValue(first + QStringLiteral("\nOther fixations.")));
 }
 
 void TestBidsExport::participantsHaveWhatIsTheSameInAllTheirRecordings()

@@ -95,7 +95,7 @@ QJsonValue fixationTexts(const QList<const Examination *> &examinations)
 {
     QStringList texts;
     for (const Examination *examination : examinations)
-        texts << examination->calculationInfo.fixationLines().section(u"Fixations found"_s, 0, 0).trimmed();
+        texts << examination->calculationInfo.fixationParameters().trimmed();
     texts.removeDuplicates();
     if (texts.size() > 1)
         texts.removeAll(QString());
