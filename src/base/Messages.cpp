@@ -91,12 +91,26 @@ Run::~Run()
     for (const Counted &counted : std::as_const(m_counted)) {
         Message message = counted.message;
         if (counted.count > 1 && message.details.isEmpty())
-            message.details = QStringLiteral("%1 times").arg(counted.count);
+            message.details = timesText(counted);
         show(message);
     }
 }
 
-void Run::addRecording(const QList<Message> &messages)
+/// Such as "6 times in S01, S02 and 3 more".
+QString Run::timesText(const Counted &counted)
+{
+    constexpr qsizetype mostNamed = 10;
+    const QString times = QStringLiteral("%1 times").arg(counted.count);
+    if (counted.recordings.isEmpty())
+        return times;
+    const QString named =
+        counted.recordings.first(std::min(mostNamed, counted.recordings.size())).join(QLatin1StringView(", "));
+    const qsizetype others = counted.recordings.size() - mostNamed;
+    return others > 0 ? QStringLiteral("%1 in %2 and %3 more").arg(times, named).arg(others)
+                      : QStringLiteral("%1 in %2").arg(times, named);
+}
+
+void Run::addRecording(const QString &name, const QList<Message> &messages)
 {
     addOwn();
     QList<Counted> causes;
@@ -104,31 +118,33 @@ void Run::addRecording(const QList<Message> &messages)
         const auto same = std::find_if(causes.begin(), causes.end(),
                                        [&](const Counted &known) { return haveOneCause(known.message, message); });
         if (same == causes.end())
-            causes.append({message, 1});
+            causes.append({message, 1, name.isEmpty() ? QStringList() : QStringList(name)});
         else
             ++same->count;
     }
     for (const Counted &cause : std::as_const(causes))
-        add(cause.message, cause.count);
+        add(cause);
 }
 
 /// What this thread said meanwhile, in its place among the recordings.
 void Run::addOwn()
 {
     for (const Message &message : take())
-        add(message, 1);
+        add({message, 1});
 }
 
-void Run::add(const Message &message, qsizetype count)
+void Run::add(const Counted &added)
 {
+    const Message &message = added.message;
     const auto same = std::find_if(m_counted.begin(), m_counted.end(), [&](const Counted &known) {
         return haveOneCause(known.message, message) && known.message.text == message.text;
     });
     if (same == m_counted.end()) {
-        m_counted.append({message, count});
+        m_counted.append(added);
         return;
     }
-    same->count += count;
+    same->count += added.count;
+    same->recordings += added.recordings;
     if (!message.details.isEmpty() && !same->message.details.isEmpty())
         same->message.details += u'\n' + message.details;
 }

@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -66,20 +67,23 @@ private:
 /// Work over many recordings: whatever they hold, nobody has to close more than one box for each recording and cause.
 ///
 /// Keeps the messages of its thread, and those that it is given, while it lives. Its end tells each of them once: those
-/// of equal title and text with all their details or, where they have none, with their number.
+/// of equal title and text with all their details or, where they have none, with their number and recordings.
 class Run : public Collector {
 public:
     ~Run() override;
 
     /// Adds what came of one recording. Of the messages with one title, which have one cause, the first stands for all.
-    void addRecording(const QList<Message> &messages);
+    /// @param name  of the recording, told beside the number; empty where it has none.
+    void addRecording(const QString &name, const QList<Message> &messages);
 
 private:
     struct Counted {
         Message message;
         qsizetype count;
+        QStringList recordings = {};
     };
-    void add(const Message &message, qsizetype count);
+    static QString timesText(const Counted &counted);
+    void add(const Counted &added);
     void addOwn();
 
     QList<Counted> m_counted;

@@ -134,7 +134,8 @@ bool calculateClusters(DataModel &model, const ClusterParameters &parameters, in
             messages[static_cast<std::size_t>(i)] = collector.take();
         },
         [&](qsizetype i) {
-            told.addRecording(messages[static_cast<std::size_t>(i)]);
+            const auto place = static_cast<std::size_t>(i);
+            told.addRecording(checked[place]->baseName, messages[place]);
             progress.advance();
         });
     return true;

@@ -184,7 +184,7 @@ FixationCalculationOutcome detectAll(const QList<Examination *> &examinations,
             const Detected &one = detected[static_cast<std::size_t>(i)];
             outcome.reports << one.outcome.reports;
             outcome.warnings << one.outcome.warnings;
-            told.addRecording(one.messages);
+            told.addRecording(examinations[i]->baseName, one.messages);
             if (log)
                 log->write(one.logLines);
             progress.advance();

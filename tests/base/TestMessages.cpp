@@ -27,6 +27,7 @@ private Q_SLOTS:
     void otherThreadsAreNotCollected();
     void recordingHasOneMessageForEachCause();
     void equalMessagesOfRecordingsAreOne();
+    void manyRecordingsAreCounted();
     void detailsOfRecordingsAreAllNamed();
     void severitiesStayApart();
     void ownMessagesKeepTheirPlace();
@@ -80,11 +81,11 @@ void TestMessages::recordingHasOneMessageForEachCause()
     const RecordedMessages shown;
     {
         messages::Run run;
-        run.addRecording(many(u"lost"_s, u"no sample"_s, 6000) + many(u"short"_s, u"by 1 ms"_s, 1) +
-                         many(u"short"_s, u"by 2 ms"_s, 1));
+        run.addRecording(u"S01"_s, many(u"lost"_s, u"no sample"_s, 6000) + many(u"short"_s, u"by 1 ms"_s, 1) +
+                                       many(u"short"_s, u"by 2 ms"_s, 1));
         QCOMPARE(shown.texts(), QStringList());
     }
-    QCOMPARE(shown.texts(), (QStringList{u"lost|no sample\n6000 times"_s, u"short|by 1 ms\n2 times"_s}));
+    QCOMPARE(shown.texts(), (QStringList{u"lost|no sample\n6000 times in S01"_s, u"short|by 1 ms\n2 times in S01"_s}));
 }
 
 void TestMessages::equalMessagesOfRecordingsAreOne()
@@ -92,12 +93,25 @@ void TestMessages::equalMessagesOfRecordingsAreOne()
     const RecordedMessages shown;
     {
         messages::Run run;
-        run.addRecording(many(u"lost"_s, u"no sample"_s, 2));
-        run.addRecording(many(u"short"_s, u"by 1 ms"_s, 1));
-        run.addRecording(many(u"lost"_s, u"no sample"_s, 3));
-        run.addRecording(many(u"short"_s, u"by 2 ms"_s, 1)); // another text: another message
+        run.addRecording(u"S01"_s, many(u"lost"_s, u"no sample"_s, 2));
+        run.addRecording(u"S02"_s, many(u"short"_s, u"by 1 ms"_s, 1));
+        run.addRecording(u"S03"_s, many(u"lost"_s, u"no sample"_s, 3));
+        run.addRecording(u"S04"_s, many(u"short"_s, u"by 2 ms"_s, 1)); // another text: another message
     }
-    QCOMPARE(shown.texts(), (QStringList{u"lost|no sample\n5 times"_s, u"short|by 1 ms"_s, u"short|by 2 ms"_s}));
+    QCOMPARE(shown.texts(),
+             (QStringList{u"lost|no sample\n5 times in S01, S03"_s, u"short|by 1 ms"_s, u"short|by 2 ms"_s}));
+}
+
+void TestMessages::manyRecordingsAreCounted()
+{
+    const RecordedMessages shown;
+    {
+        messages::Run run;
+        for (int i = 1; i <= 12; ++i)
+            run.addRecording(u"S%1"_s.arg(i), many(u"lost"_s, u"no sample"_s, 1));
+    }
+    QCOMPARE(shown.texts(),
+             QStringList{u"lost|no sample\n12 times in S1, S2, S3, S4, S5, S6, S7, S8, S9, S10 and 2 more"_s});
 }
 
 void TestMessages::detailsOfRecordingsAreAllNamed()
@@ -128,7 +142,7 @@ void TestMessages::ownMessagesKeepTheirPlace()
     {
         messages::Run run;
         messages::warning(u"first"_s, QString());
-        run.addRecording(many(u"second"_s, QString(), 1));
+        run.addRecording(QString(), many(u"second"_s, QString(), 1));
         messages::warning(u"third"_s, QString());
     }
     QCOMPARE(shown.texts(), (QStringList{u"first|"_s, u"second|"_s, u"third|"_s}));
@@ -139,7 +153,7 @@ void TestMessages::oneMessageIsToldAsItIs()
     const RecordedMessages shown;
     {
         messages::Run run;
-        run.addRecording(many(u"a"_s, u"b"_s, 1));
+        run.addRecording(QString(), many(u"a"_s, u"b"_s, 1));
     }
     QCOMPARE(shown.texts(), QStringList{u"a|b"_s});
 }

@@ -542,6 +542,8 @@ void TestFixationCalculation::oneBoxForEachCause()
         blind.meanEye.gazePoints << GazePoint(0, -1, -1, -1, -1, 0);
     }
     DataModel model = modelOf({blind, blind});
+    model.examinations()[0].baseName = QStringLiteral("S01");
+    model.examinations()[1].baseName = QStringLiteral("S02");
     const RecordedMessages messages;
     const auto outcome = calculateFixations(model, parameters, nullptr);
     QVERIFY(outcome);
@@ -549,7 +551,7 @@ void TestFixationCalculation::oneBoxForEachCause()
     QCOMPARE(messages.texts().size(), 2);
     QCOMPARE(messages.texts()[0],
              QStringLiteral("All samples are invalid.|Your data seems to contain not a single valid "
-                            "sample.\n12000 times"));
+                            "sample.\n12000 times in S01, S02"));
     QVERIFY(messages.texts()[1].startsWith(reportTitle));
 }
 
