@@ -131,6 +131,18 @@ SceneLayers layersOf(const RunState &run, const QString &background)
             saccadeClusterArrows(run.saccadeClusters.distanceClusters(), clusters.mode, clusters.style)};
 }
 
+/// A recording whose own picture is not there is drawn on white, and that is not what was asked for.
+void tellMissingPictures(RunState &run, const PictureOf &picture)
+{
+    for (const int place : picture.places) {
+        const Examination &examination = run.model.examinations()[place];
+        if (picture.background.isEmpty() && !examination.missingImagePath.isEmpty())
+            run.journal.fail(QStringLiteral("Image"),
+                             QStringLiteral("%1: its picture %2 is missing, it is drawn on the white canvas.")
+                                 .arg(examination.baseName, examination.missingImagePath));
+    }
+}
+
 void drawPicture(RunState &run, const PictureOf &wanted, const StoredRecords &parameters, const ReportRecords &records)
 {
     DataModel model = run.model;
@@ -156,8 +168,10 @@ void exportImages(RunState &run)
     const QList<PictureOf> pictures = picturesOf(run);
     const QSet<QString> broken = brokenBackgrounds(run, pictures);
     for (const PictureOf &picture : pictures) {
-        if (!broken.contains(picture.background))
-            drawPicture(run, picture, parameters, records);
+        if (broken.contains(picture.background))
+            continue;
+        tellMissingPictures(run, picture);
+        drawPicture(run, picture, parameters, records);
     }
 }
 

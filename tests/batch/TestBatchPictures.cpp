@@ -16,6 +16,7 @@ private Q_SLOTS:
     void aPictureForEach_data();
     void aPictureForEach();
     void aRecordingsPictureThatCannotBeDecoded();
+    void aRecordingsPictureThatIsMissing();
     void saliencyOfAPictureThatCannotBeDecoded_data();
     void saliencyOfAPictureThatCannotBeDecoded();
     void namesOfPicturesStayInTheFolder();
@@ -128,6 +129,23 @@ void TestBatchPictures::aRecordingsPictureThatCannotBeDecoded()
     QCOMPARE(outcome.written, words("a_S02.png report.json"));
     const QString beginning = QStringLiteral("Image: study/cut.png: the picture cannot be decoded: ");
     QCOMPARE(outcome.errors.filter(beginning).size(), 1);
+}
+
+/// It is drawn all the same, on white; a picture that stands in for it is what was asked for.
+void TestBatchPictures::aRecordingsPictureThatIsMissing()
+{
+    QVERIFY(QFile::remove(m_batch->path(QStringLiteral("study/bay.png"))));
+    const QStringList common = words("--quiet --image-per recording --image a.png study/S01.data");
+    const Outcome alone = m_batch->run(common);
+    QCOMPARE(alone.status, 1);
+    QCOMPARE(alone.written, words("a_S01.png"));
+    QCOMPARE(alone.errors
+                 .filter(QStringLiteral("Image: S01: its picture study/bay.png is missing, it is drawn on the "
+                                        "white canvas."))
+                 .size(),
+             1);
+    QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(m_batch->path(QStringLiteral("other.png"))));
+    QCOMPARE(m_batch->run(common + words("--background other.png")).status, 0);
 }
 
 void TestBatchPictures::saliencyOfAPictureThatCannotBeDecoded_data()
