@@ -4,8 +4,6 @@
 #include "aoi/AoiFiles.h"
 #include "base/Messages.h"
 
-#include <QFileInfo>
-
 namespace {
 
 QString numberText(qsizetype value)
@@ -89,7 +87,7 @@ AoiInput loadAoiFile(const QString &path, DataModel &model)
                                     : contents.remarks;
     for (const QString &problem : QStringList{missing} + leftOut + QStringList{replaced}) {
         if (!problem.isEmpty())
-            messages::warning(QFileInfo(path).fileName(), path + QStringLiteral(": ") + problem);
+            messages::warning(QStringLiteral("Areas of interest"), path + QStringLiteral(": ") + problem);
     }
     return {.used = !contents.aois.isEmpty(),
             .complete = missing.isEmpty(),

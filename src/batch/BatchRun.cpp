@@ -38,10 +38,11 @@
 
 namespace {
 
-/// The name of the recording in messages and in the report.
-QString nameOf(const QString &recording)
+/// @param lines  with the file that each is about.
+void tellDoubts(const QStringList &lines)
 {
-    return QFileInfo(recording).fileName();
+    for (const QString &line : lines)
+        messages::warning(QStringLiteral("Import"), line);
 }
 
 std::optional<UsageError> pictureComplaint(QLatin1StringView option, const QString &path)
@@ -225,9 +226,10 @@ void BatchRun::takeRecording(const ImportedFile &file)
         m_failedRecordings << RecordingPath(path).baseName;
     if (!used || file.counts.samples == 0)
         m_journal.fail();
-    const QStringList doubts = used ? file.doubts : QStringList(); // otherwise its message has the reason
-    for (const QString &doubt : doubts)
-        messages::warning(nameOf(path), QStringLiteral("%1: %2").arg(path, doubt));
+    QStringList doubts = used ? file.doubts : QStringList(); // otherwise its message has the reason
+    for (QString &doubt : doubts)
+        doubt.prepend(path + QStringLiteral(": "));
+    tellDoubts(doubts);
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
     if (file.pipeDigest)
@@ -239,20 +241,17 @@ void BatchRun::takeRecording(const ImportedFile &file)
 void BatchRun::takeTable(const ImportedTable &table)
 {
     m_journal.beginInput();
-    const QString name = nameOf(table.path);
     if (!table.note.isEmpty())
-        messages::information(name, QStringLiteral("%1: %2.").arg(table.path, table.note));
+        messages::information(QStringLiteral("Import"), QStringLiteral("%1: %2.").arg(table.path, table.note));
     for (const ImportMessage &message : table.messages)
         messages::show(message);
     if (!table.messages.isEmpty())
         m_journal.fail();
     m_failedRecordings += table.notRead;
-    for (const QString &doubt : table.doubts)
-        messages::warning(name, doubt);
+    tellDoubts(table.doubts);
     for (const ImportedFile &file : table.recordings) {
         addToModel(file, m_state.model);
-        for (const QString &doubt : file.doubts)
-            messages::warning(name, doubt);
+        tellDoubts(file.doubts);
     }
     QStringList names;
     for (const ImportedFile &file : table.recordings)

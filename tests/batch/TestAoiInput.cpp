@@ -83,7 +83,7 @@ void TestAoiInput::whatIsWrong()
     QTEST(input.used, "used");
     QTEST(input.complete, "complete");
     QVERIFY(!messages.texts().isEmpty());
-    QCOMPARE(messages.texts().constLast(), QStringLiteral("areas.aoi|") + m_path + QStringLiteral(": ") + text);
+    QCOMPARE(messages.texts().constLast(), QStringLiteral("Areas of interest|") + m_path + QStringLiteral(": ") + text);
 }
 
 void TestAoiInput::missingFile()
@@ -92,7 +92,8 @@ void TestAoiInput::missingFile()
     const QString path = m_folder.filePath(QStringLiteral("missing.aoi"));
     const AoiInput input = loadAoiFile(path, m_model);
     QVERIFY(!input.used && !input.complete);
-    QVERIFY(messages.texts().constLast().startsWith(QStringLiteral("missing.aoi|%1: cannot be read: ").arg(path)));
+    QVERIFY(
+        messages.texts().constLast().startsWith(QStringLiteral("Areas of interest|%1: cannot be read: ").arg(path)));
 }
 
 void TestAoiInput::areasOfOneNameReplaceEachOther()
@@ -103,10 +104,11 @@ void TestAoiInput::areasOfOneNameReplaceEachOther()
     const AoiInput input = load("AOI FILE\ntype=static\nname=twice\n7 8\n9 9\n");
     QVERIFY(input.used && input.complete);
     QCOMPARE(m_model.aoi(QStringLiteral("twice")).polygon.constFirst(), QPoint(7, 8));
-    QCOMPARE(messages.texts().constLast(),
-             QStringLiteral("areas.aoi|%1: areas that replace one of the same name: 1; the first is \"twice\". Each "
-                            "area needs a name of its own.")
-                 .arg(m_path));
+    QCOMPARE(
+        messages.texts().constLast(),
+        QStringLiteral("Areas of interest|%1: areas that replace one of the same name: 1; the first is \"twice\". Each "
+                       "area needs a name of its own.")
+            .arg(m_path));
 }
 
 QTEST_GUILESS_MAIN(TestAoiInput)

@@ -407,7 +407,7 @@ void TestBatchFailures::linesOfWrongLengthAreTold()
     const Outcome outcome = m_batch->run(words("--quiet --report report.json study/%2.data"));
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.errors,
-             QStringList{QStringLiteral("%2.data: study/%2.data: sample lines without eleven fields, left out: 2; "
+             QStringList{QStringLiteral("Import: study/%2.data: sample lines without eleven fields, left out: 2; "
                                         "the first is line 3. Fields are separated by one tab each.")});
     const QJsonValue recording = reportedInputs()[0];
     QCOMPARE(recording[QStringLiteral("counts")][QStringLiteral("samples")].toInteger(), 3);
@@ -462,8 +462,7 @@ void TestBatchFailures::areasOfInterest()
                                          QStringList{name} + words("study/S01.data"));
     QTEST(outcome.status, "status");
     QCOMPARE(outcome.written.size(), 3); // the rest goes on: a table for each eye, and the report
-    QCOMPARE(outcome.errors.last(),
-             QFileInfo(name).fileName() + QStringLiteral(": ") + name + QStringLiteral(": ") + warning);
+    QCOMPARE(outcome.errors.last(), QStringLiteral("Areas of interest: ") + name + QStringLiteral(": ") + warning);
     const QJsonValue input = reportedInputs().last();
     QCOMPARE(input[QStringLiteral("path")].toString(), name);
     QCOMPARE(input[QStringLiteral("used")].toBool(), areas > 0);
@@ -479,9 +478,10 @@ void TestBatchFailures::areasOfOneNameInTwoFiles()
         m_batch->write(name, "AOI FILE\nname=" + longName + "\n1 2\n");
     const Outcome outcome = m_batch->run(words("--aois 1.aoi --aois 2.aoi study/S01.data"));
     QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors, QStringList{QStringLiteral("2.aoi: 2.aoi: areas that replace one of the same name: 1; the "
-                                                        "first is \"%1...\". Each area needs a name of its own.")
-                                             .arg(QLatin1StringView(longName.first(40)))});
+    QCOMPARE(outcome.errors,
+             QStringList{QStringLiteral("Areas of interest: 2.aoi: areas that replace one of the same name: 1; the "
+                                        "first is \"%1...\". Each area needs a name of its own.")
+                             .arg(QLatin1StringView(longName.first(40)))});
 }
 
 void TestBatchFailures::aTableThatCannotBeWritten()

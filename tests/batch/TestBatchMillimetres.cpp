@@ -95,8 +95,8 @@ void TestBatchMillimetres::whatIsWrongIsALineEach()
     QCOMPARE(outcome.status, 1); // b has no sample, c is not there
     QCOMPARE(outcome.errors.filter(u"a.txt"_s).size(), 1);
     QVERIFY(outcome.errors.filter(u"a.txt"_s)[0].startsWith(
-        u"a.txt: study/a.txt: lines with another number of fields than the header, left out: 1;"_s));
-    QVERIFY(outcome.errors.filter(u"b.txt"_s)[0].startsWith(u"b.txt: study/b.txt: no sample was read"_s));
+        u"Import: study/a.txt: lines with another number of fields than the header, left out: 1;"_s));
+    QVERIFY(outcome.errors.filter(u"b.txt"_s)[0].startsWith(u"Import: study/b.txt: no sample was read"_s));
     QVERIFY(!outcome.errors.filter(u"c.txt"_s).isEmpty());
     QVERIFY(!outcome.errors.filter(u"there is no such file"_s).isEmpty());
 }
