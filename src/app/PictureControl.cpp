@@ -142,6 +142,7 @@ void PictureControl::sltUpdateImageView(int index)
         m_background->setPixmap(m_backgroundPixmap);
     else
         m_background = addBackground(m_scene, m_backgroundPixmap);
+    followSize();
 }
 
 void PictureControl::chooseBackground(int index)
@@ -204,6 +205,20 @@ void PictureControl::sltUpdateBorder()
 void PictureControl::sltFitToScreen()
 {
     m_form.visualization->fit(areaToShow());
+    m_fittedSize = m_backgroundPixmap.size();
+    m_fittedScale = m_form.visualization->transform();
+}
+
+bool PictureControl::isFitted() const
+{
+    return m_form.visualization->transform() == m_fittedScale;
+}
+
+/// Another picture is seen as a whole, too, unless the user has chosen a scale.
+void PictureControl::followSize()
+{
+    if (m_backgroundPixmap.size() != m_fittedSize && isFitted())
+        sltFitToScreen();
 }
 
 QRectF PictureControl::areaToShow() const
@@ -295,6 +310,7 @@ void PictureControl::redraw()
     const DrawnScene drawn = runDrawingPass(m_scene, m_model, context(), layers(saliency));
     m_background = drawn.background;
     m_figures = drawn.figures;
+    followSize();
     followChart();
     m_form.control->saccadeClustersWidget().adoptGroup(drawn.saccadeClusters);
     const auto panels = m_form.control->visualizationWidgets();

@@ -39,6 +39,8 @@ public:
     QString chosenPicture() const;
     /// Size of the picture at whose edges the samples were cut; empty if they never were.
     QSizeF cutPicture() const { return m_cutPicture; }
+    /// Whether the scale of the view is that of the last *Fit to Screen*.
+    bool isFitted() const;
     /// Of the heatmaps that were drawn last.
     const QList<HeatmapFigures> &figures() const { return m_figures; }
 
@@ -86,6 +88,7 @@ private:
     void cutOrRestoreOutliers();
     void followCommands(int index);
     QRectF areaToShow() const;
+    void followSize();
     void followChart();
     QImage saliencyOverlay();
     SceneLayers layers(const QImage &saliency) const;
@@ -107,6 +110,8 @@ private:
     int m_holds = 0;                   ///< not drawn while there are any
     bool m_hasChart = false;           ///< beside the picture
     QTransform m_chartView;            ///< of the view, when it was last fitted to show a chart
+    QTransform m_fittedScale;          ///< of the view, when it was last fitted
+    QSize m_fittedSize;                ///< of the picture at that time
     bool m_isMissed = false;           ///< a redraw, meanwhile
     bool m_toldMissingPicture = false; ///< that saliency needs one
     bool m_skipOutlierCut = true;      ///< false while the next background has to cut or restore the outliers

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void uncheckedExaminationsAreNotDrawn();
     void theLeftPane();
     void aFilterTakesWhatOnlyTheHandBringsBack();
+    void theViewStaysFitted();
     void aFilterLeavesTheBackground();
     void groupsHaveTheColorsOfThePanels();
     void aCheckMarkShowsTheWholeSpan();
@@ -253,6 +254,38 @@ void TestMainWindow::aFilterTakesWhatOnlyTheHandBringsBack()
     table->selectAll();
     click("check_Button");
     QCOMPARE(picture(), all);
+}
+
+/// Another picture, or another size of the window, is seen as a whole until the user has chosen a scale.
+void TestMainWindow::theViewStaysFitted()
+{
+    importExamples();
+    auto *view = find<QGraphicsView>("visualization");
+    auto *images = find<QComboBox>("image_comboBox");
+    const auto fitted = [&] {
+        const QRectF seen = view->mapToScene(view->viewport()->rect()).boundingRect();
+        const QRectF picture = m_window->picture().backgroundArea();
+        return std::max(picture.width() / seen.width(), picture.height() / seen.height());
+    };
+    find<QAbstractButton>("fitToScreenButton")->click();
+    const auto isFitted = [&] { return fitted() > 0.97 && fitted() <= 1.001; };
+    QVERIFY(isFitted());
+    images->setCurrentIndex(1);
+    QVERIFY(isFitted());
+    find<QAbstractButton>("start_calc")->click(); // draws
+    QVERIFY(isFitted());
+    m_window->resize(m_window->size() - QSize(150, 120));
+    QTRY_VERIFY(isFitted());
+
+    view->scale(3, 3);
+    const QTransform own = view->transform();
+    images->setCurrentIndex(0);
+    m_window->resize(m_window->size() + QSize(50, 40));
+    QCOMPARE(view->transform(), own);
+    find<QAbstractButton>("originalSiteButton")->click();
+    const QTransform original = view->transform();
+    images->setCurrentIndex(1);
+    QCOMPARE(view->transform(), original);
 }
 
 void TestMainWindow::aFilterLeavesTheBackground()
