@@ -100,14 +100,13 @@ Run::~Run()
 QString Run::timesText(const Counted &counted)
 {
     constexpr qsizetype mostNamed = 10;
-    const QString times = QStringLiteral("%1 times").arg(counted.count);
-    if (counted.recordings.isEmpty())
-        return times;
-    const QString named =
-        counted.recordings.first(std::min(mostNamed, counted.recordings.size())).join(QLatin1StringView(", "));
-    const qsizetype others = counted.recordings.size() - mostNamed;
-    return others > 0 ? QStringLiteral("%1 in %2 and %3 more").arg(times, named).arg(others)
-                      : QStringLiteral("%1 in %2").arg(times, named);
+    const qsizetype all = counted.recordings.size();
+    QString text = QStringLiteral("%1 times").arg(counted.count);
+    if (all > 0)
+        text += QStringLiteral(" in ") + counted.recordings.first(std::min(mostNamed, all)).join(QStringLiteral(", "));
+    if (all > mostNamed)
+        text += QStringLiteral(" and %1 more").arg(all - mostNamed);
+    return text;
 }
 
 void Run::addRecording(const QString &name, const QList<Message> &messages)
