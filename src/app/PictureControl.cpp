@@ -214,7 +214,7 @@ bool PictureControl::isFitted() const
     return m_form.visualization->transform() == m_fittedScale;
 }
 
-/// Another picture is seen as a whole, too, unless the user has chosen a scale.
+/// A picture of another size is seen as a whole, too, unless the user has chosen a scale.
 void PictureControl::followSize()
 {
     if (m_backgroundPixmap.size() != m_fittedSize && isFitted())
@@ -227,7 +227,7 @@ QRectF PictureControl::areaToShow() const
     return m_hasChart ? picture | m_scene.itemsBoundingRect() : picture;
 }
 
-/// A chart that comes out of sight is shown once; when it goes, the view goes back unless it was moved.
+/// A chart that comes out of sight is shown once; when it goes, the view goes back unless the user has chosen a scale.
 void PictureControl::followChart()
 {
     const bool hadChart = std::exchange(m_hasChart, hasChart(context()));
@@ -235,12 +235,9 @@ void PictureControl::followChart()
         return;
     const QGraphicsView &view = *m_form.visualization;
     const QRectF seen = view.mapToScene(view.viewport()->rect()).boundingRect();
-    if (m_hasChart && !seen.contains(areaToShow())) {
+    const bool isOutOfSight = m_hasChart && !seen.contains(areaToShow());
+    if (isOutOfSight || isFitted())
         sltFitToScreen();
-        m_chartView = view.viewportTransform();
-    } else if (!m_hasChart && view.viewportTransform() == m_chartView) {
-        sltFitToScreen();
-    }
 }
 
 void PictureControl::sltOriginalSize()

@@ -109,7 +109,6 @@ private:
     int m_commandIndex;                ///< on the undo stack, when it was last followed
     int m_holds = 0;                   ///< not drawn while there are any
     bool m_hasChart = false;           ///< beside the picture
-    QTransform m_chartView;            ///< of the view, when it was last fitted to show a chart
     QTransform m_fittedScale;          ///< of the view, when it was last fitted
     QSize m_fittedSize;                ///< of the picture at that time
     bool m_isMissed = false;           ///< a redraw, meanwhile

@@ -290,8 +290,8 @@ bool Vistrum::restorePlace()
 void Vistrum::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
-    if (m_model.examinations().isEmpty() || m_picture->isFitted())
-        m_picture->sltFitToScreen(); // the window gets its size in steps; later the user's own zoom stays
+    if (m_picture->isFitted())
+        m_picture->sltFitToScreen(); // the window gets its size in steps; a scale that the user chose stays
     redraw();
 }
 
