@@ -226,10 +226,8 @@ void BatchRun::takeRecording(const ImportedFile &file)
         m_failedRecordings << RecordingPath(path).baseName;
     if (!used || file.counts.samples == 0)
         m_journal.fail();
-    QStringList doubts = used ? file.doubts : QStringList(); // otherwise its message has the reason
-    for (QString &doubt : doubts)
-        doubt.prepend(path + QStringLiteral(": "));
-    tellDoubts(doubts);
+    if (used) // otherwise its message has the reason
+        tellDoubts(doubtsWithName(file, path));
     m_journal.addInputWithMessages(path, QStringLiteral("recording"), used,
                                    file.furtherCounts.isEmpty() ? reportedCounts(file.counts) : file.furtherCounts);
     if (file.pipeDigest)

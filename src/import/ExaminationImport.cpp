@@ -63,9 +63,8 @@ void reportDoubts(const QStringList &doubts)
                         doubts.join(u'\n')});
 }
 
-QStringList doubtsWithName(const ImportedFile &file)
+QStringList doubtsWithName(const ImportedFile &file, const QString &name)
 {
-    const QString name = QFileInfo(file.path).fileName();
     QStringList lines;
     for (const QString &doubt : file.doubts)
         lines << QStringLiteral("%1: %2").arg(name, doubt);
@@ -187,7 +186,7 @@ ImportOutcome importRecordings(const QStringList &paths, DataModel &model, const
             if (const auto number = addToModel(file, model)) {
                 outcome.numbers << *number;
                 added(model.examinations().constLast());
-                doubts += doubtsWithName(file);
+                doubts += doubtsWithName(file, QFileInfo(file.path).fileName());
                 loaded << file.path;
             } else {
                 outcome.notRead << RecordingPath(file.path).baseName;

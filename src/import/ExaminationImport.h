@@ -27,7 +27,8 @@ struct ImportedFile {
 void reportDoubts(const QStringList &doubts);
 
 /// "p01.data: left out 3 of the sample lines, ..." for each of the doubts.
-QStringList doubtsWithName(const ImportedFile &file);
+/// @param name  of the file, as the user is told it: its path, or the name alone.
+QStringList doubtsWithName(const ImportedFile &file, const QString &name);
 
 /// A line for each file that stands more than once in the list, whatever the way to it is called.
 QStringList repeatedFiles(const QStringList &paths);

@@ -99,7 +99,7 @@ QList<int> importMillimetreRecordings(const QList<MillimetreRecording> &recordin
                 if (const auto number = addToModel(file, model)) {
                     numbers << *number;
                     added(model.examinations().constLast());
-                    doubts += doubtsWithName(file);
+                    doubts += doubtsWithName(file, QFileInfo(file.path).fileName());
                 }
                 progress.advance();
             });
