@@ -134,9 +134,11 @@ SceneLayers layersOf(const RunState &run, const QString &background)
 /// A recording whose own picture is not there is drawn on white, and that is not what was asked for.
 void tellMissingPictures(RunState &run, const PictureOf &picture)
 {
+    if (!picture.background.isEmpty())
+        return;
     for (const int place : picture.places) {
         const Examination &examination = run.model.examinations()[place];
-        if (picture.background.isEmpty() && !examination.missingImagePath.isEmpty())
+        if (!examination.missingImagePath.isEmpty())
             run.journal.fail(QStringLiteral("Image"),
                              QStringLiteral("%1: its picture %2 is missing, it is drawn on the white canvas.")
                                  .arg(examination.baseName, examination.missingImagePath));
