@@ -23,7 +23,7 @@ class MessageRecord {
 public:
     using Naming = std::function<QString(const QString &)>;
 
-    /// @param naming  puts the names that users know in place of those of links, in a text; may be empty.
+    /// @param naming  replaces each path of a link in a text by the path on the command line; may be empty.
     explicit MessageRecord(Naming naming = {}) : m_naming(std::move(naming)) {}
 
     QString named(const QString &text) const { return m_naming ? m_naming(text) : text; }

@@ -69,7 +69,7 @@ QString parameterText(const VelocityParameters &parameters)
 
 QString resultText(const FixationCalculationParameters &parameters, const Examination &examination)
 {
-    return std::visit([](const auto &p) { return parameterText(p); }, parameters) + QString(fixationsFoundLine) +
+    return std::visit([](const auto &p) { return parameterText(p); }, parameters) + fixationsFoundLine +
            QStringLiteral(" Left Eye:%1, Right Eye:%2, Mean Eye:%3\n")
                .arg(examination.leftEye.scanpath.size())
                .arg(examination.rightEye.scanpath.size())
